@@ -1,0 +1,20 @@
+# Headers, library, CMake package and pkg-config file.
+include(CMakePackageConfigHelpers)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/KelDriver)
+install(TARGETS KelDriver EXPORT KelDriverTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/keldriver DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(EXPORT KelDriverTargets NAMESPACE KelDriver:: DESTINATION ${package_dir})
+
+configure_package_config_file(cmake/KelDriverConfig.cmake.in KelDriverConfig.cmake INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(KelDriverConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/KelDriverConfig.cmake
+              ${CMAKE_CURRENT_BINARY_DIR}/KelDriverConfigVersion.cmake DESTINATION ${package_dir})
+
+# The prefix may be chosen at install time, so the file is written then.
+install(CODE "set(PROJECT_DESCRIPTION \"${PROJECT_DESCRIPTION}\")
+set(PROJECT_VERSION ${PROJECT_VERSION})
+set(CMAKE_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR})
+set(CMAKE_INSTALL_LIBDIR ${CMAKE_INSTALL_LIBDIR})
+configure_file(\"${PROJECT_SOURCE_DIR}/cmake/keldriver.pc.in\" \"${CMAKE_CURRENT_BINARY_DIR}/keldriver.pc\" @ONLY)")
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/keldriver.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+
+#include "keldriver/Export.h"
+
+/// A point in the driver's plot units.
+struct HT_Double_Point {
+    double x;
+    double y;
+};
+
+/// An axis-parallel rectangle in plot units.
+struct HT_Double_Rectangle {
+    double minX;
+    double minY;
+    double maxX;
+    double maxY;
+};
+
+/// A size in device units.
+struct HT_Int_Size {
+    int32_t width;
+    int32_t height;
+};
+
+/// A colour: byte 0 (the least significant) is red, byte 1 green, byte 2 blue; byte 3 is not read.
+using HT_Color = uint32_t;
+
+static_assert(sizeof(HT_Double_Point) == 16 && sizeof(HT_Double_Rectangle) == 32 && sizeof(HT_Int_Size) == 8,
+              "records shared with drivers");
+
+/// Tells whether two values differ by strictly less than `tol`; false when any of them is NaN.
+/// Geometric equality in this library uses a tolerance of 1e-10.
+KELDRIVER_API bool isEqual(double a, double b, double tol);

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <iosfwd>
+#include <string>
+
+namespace kelplot {
+
+/// What the user reads while drawings are plotted: messages, and one line of progress that comes and goes.
+class Console {
+public:
+    enum class Progress {
+        never,
+        whenLong, ///< only for work that takes its time
+        always,
+    };
+    using Time = std::chrono::steady_clock::time_point;
+    using Clock = std::function<Time()>;
+
+    /// `stream` is borrowed for the console's life.
+    Console(
+        std::ostream& stream, Progress progress, bool warnings,
+        Clock clock = [] { return std::chrono::steady_clock::now(); });
+
+    void error(const std::string& text);
+    void warning(const std::string& text);
+
+    /// Begins a piece of work that its label names.
+    void startWork(const std::string& label);
+    /// Shows how far the work has come, from 0 to 1, if it is time to.
+    void showProgress(double fraction);
+    /// Takes the line of progress away.
+    void endWork();
+
+private:
+    void write(const std::string& text);
+
+    std::ostream& m_stream;
+    Progress m_progress;
+    bool m_warnings;
+    Clock m_clock;
+    std::string m_label;
+    Time m_nextUpdate;
+    std::size_t m_shownWidth = 0;
+};
+
+} // namespace kelplot

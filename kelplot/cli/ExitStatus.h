@@ -1,0 +1,14 @@
+#pragma once
+
+namespace kelplot {
+
+/// What the program tells its caller; of several drawings, the highest counts.
+enum class ExitStatus {
+    done = 0,
+    usage = 1,
+    cannotOpen = 2,
+    notADrawing = 3,
+    outputFailed = 4,
+};
+
+} // namespace kelplot

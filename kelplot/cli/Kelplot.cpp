@@ -1,0 +1,134 @@
+#include "cli/Kelplot.h"
+
+#include <QGuiApplication>
+#include <QTextCodec>
+#include <algorithm>
+#include <clocale>
+#include <functional>
+#include <iostream>
+#include <new>
+#include <unistd.h>
+
+#include "cli/Console.h"
+#include "cli/ExitStatus.h"
+#include "cli/Options.h"
+#include "cli/OutputNames.h"
+#include "cli/PlotJob.h"
+#include "reader/DrawingReader.h"
+
+namespace kelplot {
+namespace {
+
+/// Qt's own remarks are about its installation, not about the user's drawing.
+void keepQtQuiet(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) {
+        std::cerr << "kelplot: " << text.toStdString() << std::endl;
+    }
+}
+
+/// Makes ready what Qt wants to know before its application object exists.
+void prepareQt() {
+    qInstallMessageHandler(keepQtQuiet);
+    // No window is ever shown, so no display is needed.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    // File names are taken as they are, also by a job that runs without a locale.
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+}
+
+QStringList argumentsOf(int argc, char** argv) {
+    QStringList arguments;
+    std::for_each(argv, argv + argc, [&](const char* argument) { arguments << QString::fromUtf8(argument); });
+    return arguments;
+}
+
+Console::Progress progressMode(const Options& options) {
+    if (options.forceProgress) {
+        return Console::Progress::always;
+    }
+    return !options.quiet && isatty(STDERR_FILENO) ? Console::Progress::whenLong : Console::Progress::never;
+}
+
+/// Does one drawing's work and tells of what goes wrong with it.
+ExitStatus guarded(const QString& input, Console& console, const std::function<void()>& work) {
+    try {
+        work();
+        return ExitStatus::done;
+    } catch (const ReadError& error) {
+        console.error(error.what());
+        return error.reason == ReadError::Reason::cannotOpen ? ExitStatus::cannotOpen : ExitStatus::notADrawing;
+    } catch (const StrictFailure& error) {
+        console.error(error.what());
+        return ExitStatus::notADrawing;
+    } catch (const OutputError& error) {
+        console.error(error.what());
+    } catch (const std::bad_alloc&) {
+        console.error((input + QStringLiteral(": not enough memory")).toStdString());
+    }
+    return ExitStatus::outputFailed;
+}
+
+ExitStatus plotAll(const Options& options, Console& console) {
+    const QStringList outputs = outputPaths(options);
+    ExitStatus worst = ExitStatus::done;
+    for (int i = 0; i < options.inputs.size(); ++i) {
+        const QString& input = options.inputs[i];
+        const auto plot = [&] {
+            plotDrawing(input, outputs[i], options, console);
+        };
+        worst = std::max(worst, guarded(input, console, plot));
+    }
+    return worst;
+}
+
+ExitStatus listAll(const Options& options, Console& console) {
+    ExitStatus worst = ExitStatus::done;
+    for (const QString& input : options.inputs) {
+        const auto list = [&] {
+            if (options.inputs.size() > 1) {
+                std::cout << input.toStdString() << ":\n";
+            }
+            listLayers(input, std::cout, console);
+        };
+        worst = std::max(worst, guarded(input, console, list));
+    }
+    return worst;
+}
+
+ExitStatus run(const Options& options) {
+    Console console(std::cerr, progressMode(options), !options.quiet);
+    switch (options.action) {
+    case Action::showHelp:
+        std::cout << helpText().toStdString();
+        return ExitStatus::done;
+    case Action::showVersion:
+        std::cout << "kelplot " KELPLOT_VERSION << std::endl;
+        return ExitStatus::done;
+    case Action::listLayers:
+        return listAll(options, console);
+    case Action::plot:
+        break;
+    }
+    return plotAll(options, console);
+}
+
+} // namespace
+
+int runKelplot(int argc, char** argv) {
+    prepareQt();
+    // The application gets the program's name only: it would take some options for its own.
+    char name[] = "kelplot";
+    char* nameOnly[] = {name, nullptr};
+    int count = 1;
+    const QGuiApplication application(count, nameOnly);
+    std::setlocale(LC_NUMERIC, "C");
+    try {
+        return static_cast<int>(run(optionsFromArguments(argumentsOf(argc, argv))));
+    } catch (const UsageError& error) {
+        std::cerr << "kelplot: " << error.what() << "\nTry 'kelplot --help'." << std::endl;
+        return static_cast<int>(ExitStatus::usage);
+    }
+}
+
+} // namespace kelplot

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace kelplot {
+
+/// Runs the program and returns its exit status.
+int runKelplot(int argc, char** argv);
+
+} // namespace kelplot

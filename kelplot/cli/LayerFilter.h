@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QStringList>
+
+#include "drawing/Drawing.h"
+
+namespace kelplot {
+
+/// Tells whether a layer's name is what `pattern` means: letters in any case, `*` for any text.
+bool matchesLayer(const QString& pattern, const QString& name);
+
+/// Keeps all layers off paper that are not among `wanted` or are among `unwanted`; an empty `wanted` means
+/// all. Returns the patterns that no layer matches.
+QStringList filterLayers(Drawing& drawing, const QStringList& wanted, const QStringList& unwanted);
+
+} // namespace kelplot

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <iosfwd>
+#include <stdexcept>
+
+#include "cli/Console.h"
+#include "cli/Options.h"
+
+namespace kelplot {
+
+/// A warning about a drawing that the caller wants taken for a failure; the text names the file.
+class StrictFailure : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Plots one drawing to one file. Throws `ReadError`, `OutputError` or `StrictFailure`; then there is no file.
+void plotDrawing(const QString& input, const QString& output, const Options& options, Console& console);
+
+/// Prints the layers of a drawing, a line each: the name, a tab and the state. Throws `ReadError`.
+void listLayers(const QString& input, std::ostream& stream, Console& console);
+
+} // namespace kelplot

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cmath>
+
+#include "page/PageSetup.h"
+
+namespace kelplot {
+
+/// The plot grid of the devices without pixels: a hundredth of a millimetre. It takes every whole metric and
+/// every inch size without a rest, so that plots to scale are exact, and still keeps the numbers short that
+/// these devices write out in digits.
+constexpr int fineDotsPerInch = 2540;
+constexpr double fineUnitsPerMillimetre = 100.0;
+
+inline DeviceGrid fineGrid() {
+    // A line of a tenth of a millimetre shows on any printer; a flattened curve errs no more than the grid does.
+    return {fineUnitsPerMillimetre, 10.0, 1.0};
+}
+
+inline int fineUnits(double millimetres) {
+    return static_cast<int>(std::lround(millimetres * fineUnitsPerMillimetre));
+}
+
+} // namespace kelplot

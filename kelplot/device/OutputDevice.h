@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QPainter>
+#include <QString>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "device/OutputFile.h"
+#include "page/PageSetup.h"
+
+namespace kelplot {
+
+/// A sheet that takes a plot through the painter it lends, and puts it into a file.
+class OutputDevice {
+public:
+    virtual ~OutputDevice() = default;
+    OutputDevice(const OutputDevice&) = delete;
+    OutputDevice& operator=(const OutputDevice&) = delete;
+
+    /// The units in which the painter takes coordinates. The painter's world transform is free for drawing:
+    /// what maps these units to the device lies beneath it.
+    virtual DeviceGrid grid() const = 0;
+
+    /// The painter, begun and ready; lent until `finish`.
+    virtual QPainter& painter() = 0;
+
+    /// Ends the plot and puts the file in its place, or throws `OutputError` and leaves none.
+    virtual void finish() = 0;
+
+protected:
+    OutputDevice() = default;
+};
+
+/// What a device makes.
+struct OutputSetup {
+    QString path;
+    QString title;   ///< for formats that carry one
+    SheetSize sheet; ///< as the sheet lies before the drawing
+    int dotsPerInch = 200;
+};
+
+enum class OutputFormat { pdf, png, svg };
+
+/// The format of a name such as "pdf", in any case.
+std::optional<OutputFormat> formatFromName(const QString& name);
+
+/// The names that `formatFromName` knows, for a message.
+QString formatNames();
+
+/// The file name ending of a format, without its point.
+QString suffixOf(OutputFormat format);
+
+/// Opens the output, or throws `OutputError`.
+std::unique_ptr<OutputDevice> createOutputDevice(OutputFormat format, const OutputSetup& setup);
+
+} // namespace kelplot

@@ -1,0 +1,34 @@
+#include "device/PdfDevice.h"
+
+#include <QPageLayout>
+
+#include "device/FineGrid.h"
+
+namespace kelplot {
+
+PdfDevice::PdfDevice(const OutputSetup& setup) : m_path(setup.path), m_file(setup.path), m_writer(&m_file.device()) {
+    // The writer states the page in whole points, so its lower edge may be a sixth of a millimetre off. The plot
+    // hangs on the upper edge and keeps its size.
+    const QPageSize page(QSizeF(setup.sheet.width, setup.sheet.height), QPageSize::Millimeter, QString(),
+                         QPageSize::ExactMatch);
+    m_writer.setPageLayout(QPageLayout(page, QPageLayout::Portrait, QMarginsF(0.0, 0.0, 0.0, 0.0)));
+    m_writer.setResolution(fineDotsPerInch);
+    m_writer.setTitle(setup.title);
+    m_writer.setCreator(QStringLiteral("kelplot"));
+    if (!m_painter.begin(&m_writer)) {
+        throw outputError(m_path, QStringLiteral("cannot start a PDF document"));
+    }
+}
+
+DeviceGrid PdfDevice::grid() const {
+    return fineGrid();
+}
+
+void PdfDevice::finish() {
+    if (!m_painter.end()) {
+        throw outputError(m_path, QStringLiteral("cannot finish the PDF document"));
+    }
+    m_file.commit();
+}
+
+} // namespace kelplot

@@ -1,0 +1,31 @@
+#include "device/SvgDevice.h"
+
+#include "device/FineGrid.h"
+
+namespace kelplot {
+
+SvgDevice::SvgDevice(const OutputSetup& setup) : m_path(setup.path), m_file(setup.path) {
+    const QSize size(fineUnits(setup.sheet.width), fineUnits(setup.sheet.height));
+    m_generator.setOutputDevice(&m_file.device());
+    m_generator.setResolution(fineDotsPerInch);
+    m_generator.setSize(size);
+    m_generator.setViewBox(QRect(QPoint(0, 0), size));
+    m_generator.setTitle(setup.title);
+    m_generator.setDescription(QStringLiteral("Plotted with kelplot"));
+    if (!m_painter.begin(&m_generator)) {
+        throw outputError(m_path, QStringLiteral("cannot start an SVG document"));
+    }
+}
+
+DeviceGrid SvgDevice::grid() const {
+    return fineGrid();
+}
+
+void SvgDevice::finish() {
+    if (!m_painter.end()) {
+        throw outputError(m_path, QStringLiteral("cannot finish the SVG document"));
+    }
+    m_file.commit();
+}
+
+} // namespace kelplot

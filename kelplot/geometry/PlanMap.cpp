@@ -1,0 +1,27 @@
+#include "geometry/PlanMap.h"
+
+namespace kelplot {
+
+Frame3 frameOfPlane(const Vec3& normal) {
+    const double length = normal.length();
+    if (!(length > 0.0) || !std::isfinite(length)) {
+        return {};
+    }
+    constexpr double nearlyVertical = 1.0 / 64.0;
+    const Vec3 up = normal * (1.0 / length);
+    const bool vertical = std::abs(up.x) < nearlyVertical && std::abs(up.y) < nearlyVertical;
+    const Vec3 across = vertical ? cross(Vec3{0.0, 1.0, 0.0}, up) : cross(Vec3{0.0, 0.0, 1.0}, up);
+    Frame3 frame;
+    frame.x = across * (1.0 / across.length());
+    frame.y = cross(up, frame.x);
+    frame.z = up;
+    return frame;
+}
+
+bool PlanMap::keepsShapes() const {
+    constexpr double tolerance = 1e-6;
+    const double square = dot(x, x) + dot(y, y);
+    return std::abs(dot(x, y)) <= tolerance * square && std::abs(dot(x, x) - dot(y, y)) <= tolerance * square;
+}
+
+} // namespace kelplot

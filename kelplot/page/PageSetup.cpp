@@ -1,0 +1,158 @@
+#include "page/PageSetup.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "page/Numbers.h"
+
+namespace kelplot {
+namespace {
+
+/// A drawing may be larger than its room by a rounding error of its own coordinates.
+constexpr double fitTolerance = 1e-9;
+
+/// Extents smaller than this part of their coordinates are those coordinates' rounding error.
+constexpr double pointTolerance = 1e-12;
+
+/// The part of the sheet between the margins, in millimetres from its upper left corner, y downwards.
+Box2 roomOn(const SheetSize& sheet, const Margins& margins) {
+    Box2 room;
+    room.min = {margins.left, margins.top};
+    room.max = {sheet.width - margins.right, sheet.height - margins.bottom};
+    return room;
+}
+
+bool hasArea(const Box2& box) {
+    return box.width() > 0.0 && box.height() > 0.0;
+}
+
+bool isFinite(const Box2& box) {
+    return std::isfinite(box.min.x) && std::isfinite(box.min.y) && std::isfinite(box.max.x) && std::isfinite(box.max.y);
+}
+
+/// Tells whether the box is too small to be made as large as a page.
+bool isPoint(const Box2& box) {
+    const double magnitude =
+        std::max({std::abs(box.min.x), std::abs(box.min.y), std::abs(box.max.x), std::abs(box.max.y)});
+    return std::max(box.width(), box.height()) <= pointTolerance * magnitude;
+}
+
+/// Sheet millimetres a drawing unit at which `extents` just fill `room`; nothing where no factor does,
+/// as for a single point.
+std::optional<double> fittingFactor(const Box2& extents, const Box2& room) {
+    if (isPoint(extents)) {
+        return std::nullopt;
+    }
+    const double inWidth = extents.width() > 0.0 ? room.width() / extents.width() : INFINITY;
+    const double inHeight = extents.height() > 0.0 ? room.height() / extents.height() : INFINITY;
+    const double factor = std::min(inWidth, inHeight);
+    if (!std::isnormal(factor)) {
+        return std::nullopt;
+    }
+    return factor;
+}
+
+SheetSize upright(const SheetSize& size) {
+    return size.width <= size.height ? size : size.turned();
+}
+
+/// The position in which the drawing comes out larger; it is also the one that holds a drawing to scale
+/// where only one does.
+SheetSize roomierPosition(const SheetSize& size, const Box2& extents, const Margins& margins) {
+    constexpr double noRoom = -1.0;
+    const auto factorIn = [&](const SheetSize& sheet) {
+        const Box2 room = roomOn(sheet, margins);
+        return hasArea(room) ? fittingFactor(extents, room).value_or(0.0) : noRoom;
+    };
+    return factorIn(size.turned()) > factorIn(size) ? size.turned() : size;
+}
+
+SheetSize positionedSheet(const Box2& extents, const PageOptions& options) {
+    const SheetSize& size = options.paper.size;
+    switch (options.orientation) {
+    case Orientation::portrait:
+        return upright(size);
+    case Orientation::landscape:
+        return upright(size).turned();
+    case Orientation::automatic:
+        break;
+    }
+    return options.paper.keepsPosition ? size : roomierPosition(size, extents, options.margins);
+}
+
+/// Puts the middle of `extents` in the middle of `room`, with y turned over.
+Affine2 centredMap(const Box2& extents, const Box2& room, double factor) {
+    const Vec2 from = extents.center();
+    const Vec2 to = room.center();
+    return {factor, 0.0, 0.0, -factor, to.x - factor * from.x, to.y + factor * from.y};
+}
+
+/// Puts the lower left corner of `extents` on that of `room`, with y turned over.
+Affine2 corneredMap(const Box2& extents, const Box2& room, double factor) {
+    return {factor, 0.0, 0.0, -factor, room.min.x - factor * extents.min.x, room.max.y + factor * extents.min.y};
+}
+
+} // namespace
+
+std::optional<double> scaleFromText(const std::string& text) {
+    std::optional<double> scale = numberFromText(text);
+    if (const auto ratio = numberPairFromText(text, ":/")) {
+        const bool positive = ratio->first > 0.0 && ratio->second > 0.0;
+        scale = positive ? ratio->first / ratio->second : 0.0;
+    }
+    if (!scale || !std::isnormal(*scale) || *scale < 0.0) {
+        return std::nullopt;
+    }
+    return scale;
+}
+
+std::optional<Margins> marginsFromText(const std::string& text) {
+    const auto edges = numberListFromText(text);
+    if (!edges || std::any_of(edges->begin(), edges->end(), [](double edge) { return edge < 0.0; })) {
+        return std::nullopt;
+    }
+    if (edges->size() == 1) {
+        const double edge = edges->front();
+        return Margins{edge, edge, edge, edge};
+    }
+    if (edges->size() != 4) {
+        return std::nullopt;
+    }
+    return Margins{(*edges)[0], (*edges)[1], (*edges)[2], (*edges)[3]};
+}
+
+bool leavesRoom(const PageOptions& options) {
+    return hasArea(roomOn(positionedSheet(Box2(), options), options.margins));
+}
+
+PageLayout layOutPage(const Box2& extents, double millimetresPerUnit, const PageOptions& options) {
+    Box2 subject;
+    subject.add(Vec2{0.0, 0.0});
+    if (!extents.isEmpty() && isFinite(extents)) {
+        subject = extents;
+    }
+    PageLayout layout;
+    layout.sheet = positionedSheet(subject, options);
+    const Box2 room = roomOn(layout.sheet, options.margins);
+    const auto fitting = fittingFactor(subject, room);
+    const double factor = options.scale ? *options.scale * millimetresPerUnit : fitting.value_or(millimetresPerUnit);
+    layout.scale = factor / millimetresPerUnit;
+    layout.drawingFits = !fitting || factor <= *fitting * (1.0 + fitTolerance);
+    const bool centred = !options.scale || options.centred;
+    layout.toSheet = centred ? centredMap(subject, room, factor) : corneredMap(subject, room, factor);
+    return layout;
+}
+
+PlotTarget plotTargetFor(const PageLayout& layout, const DeviceGrid& grid) {
+    const double units = grid.unitsPerMillimetre;
+    PlotTarget target;
+    target.toDevice = Affine2::scaling(units, units).after(layout.toSheet);
+    target.deviceUnitsPerMillimetre = units;
+    target.hairlineWidth = grid.hairlineWidth;
+    target.flatteningError = grid.flatteningError;
+    target.pageBox.add(Vec2{0.0, 0.0});
+    target.pageBox.add(Vec2{layout.sheet.width * units, layout.sheet.height * units});
+    return target;
+}
+
+} // namespace kelplot

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "geometry/Affine2.h"
+#include "geometry/Box2.h"
+#include "page/Paper.h"
+#include "plot/DrawingPlot.h"
+
+namespace kelplot {
+
+/// The strip along each edge of the sheet that the plot keeps clear of, in millimetres.
+struct Margins {
+    double left = 5.0;
+    double top = 5.0;
+    double right = 5.0;
+    double bottom = 5.0;
+};
+
+enum class Orientation { automatic, portrait, landscape };
+
+/// What the caller asked of the page.
+struct PageOptions {
+    Paper paper{{210.0, 297.0}, false};
+    Margins margins;
+    Orientation orientation = Orientation::automatic;
+    std::optional<double> scale; ///< paper millimetres a drawing millimetre; none: as large as the page allows
+    bool centred = false;        ///< with a scale: in the middle, not at the lower left
+};
+
+/// Where a drawing lies on its sheet.
+struct PageLayout {
+    SheetSize sheet;         ///< as the sheet lies before the drawing
+    Affine2 toSheet;         ///< from drawing units to millimetres from the sheet's upper left corner, y downwards
+    double scale = 1.0;      ///< paper millimetres a drawing millimetre
+    bool drawingFits = true; ///< false: the scaled drawing is larger than the margins leave
+};
+
+/// The units in which a device takes a plot.
+struct DeviceGrid {
+    double unitsPerMillimetre = 1.0;
+    double hairlineWidth = 1.0;   ///< units; the thinnest line that shows
+    double flatteningError = 0.1; ///< units; how far a flattened curve may leave the true one
+};
+
+/// Reads "1:50", "2:1" or "0.5": a finite scale above zero.
+std::optional<double> scaleFromText(const std::string& text);
+
+/// Reads one length for all edges or "LEFT,TOP,RIGHT,BOTTOM"; none is negative.
+std::optional<Margins> marginsFromText(const std::string& text);
+
+/// Tells whether `margins` leave room for a plot, in one position of the sheet at least that the options allow.
+bool leavesRoom(const PageOptions& options);
+
+/// Lays a drawing with these extents out on the sheet. Extents without width or height, or none at all, are
+/// laid out too: what cannot be scaled to fit keeps its true size.
+PageLayout layOutPage(const Box2& extents, double millimetresPerUnit, const PageOptions& options);
+
+/// The target for a plot laid out so on a device with this grid.
+PlotTarget plotTargetFor(const PageLayout& layout, const DeviceGrid& grid);
+
+} // namespace kelplot

@@ -1,0 +1,98 @@
+#include "geometry/EvenOddJoin.h"
+#include "plot/EntityPlotter.h"
+#include "plot/HatchLoops.h"
+#include "plot/Ink.h"
+#include "plot/PolylinePath.h"
+
+namespace kelplot {
+
+namespace {
+
+/// On the grid of the device, where the renderer puts the points anyway, it is certain which loops touch.
+void snapToGrid(std::vector<Vec2>& points) {
+    for (Vec2& point : points) {
+        point = {std::round(point.x), std::round(point.y)};
+    }
+    points.erase(std::unique(points.begin(), points.end()), points.end());
+}
+
+} // namespace
+
+void EntityPlotter::draw(const Hatch& hatch, const Current& current) {
+    if (!hatch.solid) {
+        return;
+    }
+    std::vector<AreaLoop> loops;
+    for (const HatchLoop& loop : hatch.loops) {
+        std::vector<Vec2> points = m_canvas.nearPage(loopPoints(loop, current.map, m_canvas.flattening()));
+        snapToGrid(points);
+        loops.push_back({std::move(points), loop.textBox});
+    }
+    useFill(current);
+    for (const std::vector<Vec2>& polygon : joinEvenOdd(loops)) {
+        m_canvas.fillPolygon(polygon);
+    }
+}
+
+void EntityPlotter::draw(const Polyline& polyline, const Current& current) {
+    const std::vector<PolylineSegment> segments = segmentsOf(polyline.vertices, polyline.closed);
+    const std::optional<double> width = commonWidth(segments);
+    const bool unbroken = polyline.continuousPattern;
+    if (width && !(*width > 0.0)) {
+        useLinePen(current);
+        strokeSegments(segments, polyline.closed, false, unbroken, current.map);
+    } else if (width && current.map.keepsShapes()) {
+        Pen pen = linePen(current.style);
+        pen.width = std::max(*width * current.map.meanScale(), m_target.hairlineWidth);
+        pen.cornered = true;
+        m_pens.setPen(pen);
+        strokeSegments(segments, polyline.closed, true, unbroken, current.map);
+    } else {
+        drawVaryingWidth(segments, polyline.closed, current);
+    }
+}
+
+/// Dashes start anew at each vertex unless they run on `unbroken`.
+void EntityPlotter::strokeSegments(const std::vector<PolylineSegment>& segments, bool closed, bool wide, bool unbroken,
+                                   const PlanMap& map) {
+    m_path.clear();
+    const bool restarts = m_pens.isDashed() && !unbroken;
+    for (const PolylineSegment& segment : segments) {
+        flattenSegment(segment, map, m_canvas.flattening(), m_path);
+        if (restarts) {
+            m_canvas.drawPolyline(m_path);
+            m_path.clear();
+        }
+    }
+    // A wide line gets its mitre at the vertex where it closes by running on over its beginning.
+    if (wide && closed && !m_pens.isDashed() && m_path.size() > 3) {
+        const Vec2 second = m_path[1];
+        m_path.push_back(second);
+    }
+    if (!m_path.empty()) {
+        m_canvas.drawPolyline(m_path);
+    }
+}
+
+void EntityPlotter::drawVaryingWidth(const std::vector<PolylineSegment>& segments, bool closed,
+                                     const Current& current) {
+    const Flattening rules{m_canvas.flattening().tolerance, {}};
+    constexpr double overlap = 1.5; // device units; the renderer rounds to whole ones
+    const auto outlines = wideOutlines(segments, closed, current.map, rules, overlap);
+    if (!outlines.empty()) {
+        m_pens.setFill(inkFor(current.style.colour, InkUse::line, m_options.monochrome));
+    }
+    for (const std::vector<Vec2>& outline : outlines) {
+        m_canvas.fillPolygon(outline);
+    }
+    useLinePen(current);
+    for (const PolylineSegment& segment : segments) {
+        if (!segment.isWide()) {
+            m_path.clear();
+            flattenSegment(segment, current.map, m_canvas.flattening(), m_path);
+            m_canvas.drawPolyline(m_path);
+        }
+    }
+}
+
+} // namespace kelplot

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "geometry/Affine2.h"
+#include "geometry/Box2.h"
+#include "keldriver/Renderer.h"
+#include "reader/DrawingReader.h"
+
+namespace kelplot {
+
+/// How the entities of a drawing become ink.
+struct PlotStyleOptions {
+    bool monochrome = false;
+    double lineWeightScale = 1.0;
+};
+
+/// Where a plot goes: the map from drawing units to device units, and the size of a millimetre there.
+struct PlotTarget {
+    Affine2 toDevice; ///< turns the y axis over: device y grows downwards
+    double deviceUnitsPerMillimetre = 1.0;
+    double hairlineWidth = 1.0;   ///< device units; the thinnest line that shows on the device
+    double flatteningError = 0.1; ///< device units; how far a flattened curve may leave the true one
+    Box2 pageBox;                 ///< the page in device units
+};
+
+/// The extents of what `plotEntities` would draw, in drawing units; empty when that is nothing.
+Box2 visibleExtents(const Drawing& drawing, const std::vector<Entity>& entities);
+
+/// Draws `entities` of `drawing` through `renderer`, which has started to render.
+void plotEntities(const Drawing& drawing, const std::vector<Entity>& entities, const PlotTarget& target,
+                  const PlotStyleOptions& style, HT_Renderer& renderer, const Progress& progress);
+
+} // namespace kelplot

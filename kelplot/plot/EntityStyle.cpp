@@ -1,0 +1,62 @@
+#include "plot/EntityStyle.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kelplot {
+
+namespace {
+
+constexpr uint32_t floatingLayer = 0; // what a block holds on layer "0" takes the layer of the reference
+constexpr LineWeight ordinaryWeight = 25;
+
+/// Dimensions leave their measuring points on this layer, which no program plots.
+bool isHelperLayer(const std::string& name) {
+    const std::string helper = "DEFPOINTS";
+    return std::equal(name.begin(), name.end(), helper.begin(), helper.end(),
+                      [](char a, char b) { return (a >= 'a' && a <= 'z' ? a - 'a' + 'A' : a) == b; });
+}
+
+double orOne(double scale) {
+    return scale > 0.0 && std::isfinite(scale) ? scale : 1.0;
+}
+
+} // namespace
+
+StyleResolver::StyleResolver(const Drawing& drawing) : m_drawing(drawing) {
+    m_plotted.reserve(drawing.layers.size());
+    for (const Layer& layer : drawing.layers) {
+        m_plotted.push_back(layer.on && !layer.frozen && layer.plotted && !isHelperLayer(layer.name));
+    }
+    m_outside.lineWeight = weightOf(lineWeightDefault);
+}
+
+LineWeight StyleResolver::weightOf(LineWeight stated) const {
+    if (stated >= 0) {
+        return stated;
+    }
+    return m_drawing.defaultLineWeight >= 0 ? m_drawing.defaultLineWeight : ordinaryWeight;
+}
+
+EntityStyle StyleResolver::resolve(const Attributes& attributes, const EntityStyle& reference) const {
+    EntityStyle style;
+    const uint32_t stated = attributes.layer < m_drawing.layers.size() ? attributes.layer : floatingLayer;
+    style.layer = stated == floatingLayer ? reference.layer : stated;
+    const Layer& layer = m_drawing.layers[style.layer];
+
+    const Colour colour = attributes.colour.kind == Colour::Kind::byLayer ? layer.colour : attributes.colour;
+    const bool concrete = colour.kind == Colour::Kind::index || colour.kind == Colour::Kind::trueColour;
+    style.colour = concrete ? colour : reference.colour;
+
+    const uint32_t lineType = attributes.lineType == lineTypeByLayer ? layer.lineType : attributes.lineType;
+    style.lineType = lineType == lineTypeByBlock ? reference.lineType : lineType;
+    style.lineType = style.lineType < m_drawing.lineTypes.size() ? style.lineType : 0;
+
+    const LineWeight weight = attributes.lineWeight == lineWeightByLayer ? layer.lineWeight : attributes.lineWeight;
+    style.lineWeight = weight == lineWeightByBlock ? reference.lineWeight : weightOf(weight);
+
+    style.lineTypeScale = orOne(attributes.lineTypeScale) * orOne(m_drawing.lineTypeScale);
+    return style;
+}
+
+} // namespace kelplot

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <vector>
+
+#include "drawing/Drawing.h"
+
+namespace kelplot {
+
+/// What an entity looks like once layers and blocks have had their say.
+struct EntityStyle {
+    uint32_t layer = 0;
+    Colour colour{Colour::Kind::index, 7}; ///< a colour number or a true colour
+    uint32_t lineType = 0;                 ///< index into Drawing::lineTypes
+    LineWeight lineWeight = 0;             ///< hundredths of a millimetre, not negative
+    double lineTypeScale = 1.0;            ///< of the entity and the drawing together
+};
+
+/// Works out the styles of the entities of a drawing, which outlives this.
+class StyleResolver {
+public:
+    explicit StyleResolver(const Drawing& drawing);
+
+    /// The style of an entity that stands in the drawing itself.
+    EntityStyle resolve(const Attributes& attributes) const { return resolve(attributes, m_outside); }
+    /// The style of an entity in a block whose reference has the style `reference`.
+    EntityStyle resolve(const Attributes& attributes, const EntityStyle& reference) const;
+
+    /// Tells whether entities on a layer get on paper.
+    bool isPlotted(uint32_t layer) const { return m_plotted[layer] != 0; }
+    /// Tells whether a layer hides even what a block on it holds on other layers.
+    bool isFrozen(uint32_t layer) const { return m_drawing.layers[layer].frozen; }
+
+private:
+    LineWeight weightOf(LineWeight stated) const;
+
+    const Drawing& m_drawing;
+    EntityStyle m_outside; ///< what "by block" means where there is no block
+    std::vector<char> m_plotted;
+};
+
+} // namespace kelplot

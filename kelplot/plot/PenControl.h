@@ -1,0 +1,42 @@
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "keldriver/Renderer.h"
+
+namespace kelplot {
+
+/// A pen as the plot wants it.
+struct Pen {
+    HT_Color ink = 0;
+    double width = 1.0;                 ///< device units
+    const LineType* lineType = nullptr; ///< null: continuous
+    double patternScale = 1.0;          ///< device units in a unit of the line type's pattern
+    bool cornered = false;              ///< flat ends and mitred corners, for areas drawn as wide lines
+};
+
+/// Hands styles to a renderer, and only what differs from the last ones: each setter costs the renderer a
+/// new pen.
+class PenControl {
+public:
+    PenControl(HT_Renderer& renderer, double hairlineWidth);
+
+    void setPen(const Pen& pen);
+    /// Prepares filling. A polygon too small for an area is drawn with the pen, so that becomes a hairline.
+    void setFill(HT_Color ink) { setPen({ink, m_hairlineWidth, nullptr, 1.0, false}); }
+
+    /// Tells whether the pen in force draws dashes.
+    bool isDashed() const { return m_dashed; }
+
+private:
+    void sendLineType(const Pen& pen, int width);
+
+    HT_Renderer& m_renderer;
+    double m_hairlineWidth;
+    Pen m_pen;
+    int m_width = 0; ///< 0: nothing sent yet
+    bool m_dashed = false;
+    int m_ends = -1;
+    int m_joins = -1;
+};
+
+} // namespace kelplot

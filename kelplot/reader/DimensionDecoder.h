@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "reader/RecordDecoder.h"
+
+namespace kelplot {
+
+/// Dimensions of every kind: each is drawn by a block of its own.
+class DimensionDecoder : public RecordDecoder {
+public:
+    void begin(std::string_view type) override;
+    void take(const Group& group) override;
+    void end(const RecordHeader& header, DrawingBuilder& builder) override;
+
+private:
+    std::string block_;
+    Vec3 position_; ///< off the origin for a copy that shares the block of another dimension
+};
+
+} // namespace kelplot

@@ -1,0 +1,134 @@
+#include "reader/DrawingBuilder.h"
+
+#include <QByteArray>
+#include <cmath>
+#include <utility>
+
+#include "reader/RecordHeader.h"
+
+namespace kelplot {
+
+namespace {
+
+constexpr std::string_view defaultLayer = "0";
+constexpr std::string_view continuousLineType = "Continuous";
+
+bool equalsIgnoringCase(std::string_view left, const char* right) {
+    return qstrnicmp(left.data(), static_cast<qsizetype>(left.size()), right) == 0;
+}
+
+/// `direction` when it is one, else the plain one.
+Vec3 usableExtrusion(const Vec3& direction) {
+    constexpr double shortest = 1e-12;
+    const double length = std::hypot(direction.x, direction.y, direction.z);
+    return length > shortest ? direction : Vec3{0.0, 0.0, 1.0};
+}
+
+} // namespace
+
+DrawingBuilder::DrawingBuilder() {
+    layer(defaultLayer);
+    lineType(continuousLineType);
+}
+
+uint32_t DrawingBuilder::layer(std::string_view name) {
+    std::string newName;
+    const NameTable::Found found = layers_.find(name.empty() ? defaultLayer : name, decoder_, newName);
+    if (found.added) {
+        drawing_.layers.emplace_back().name = std::move(newName);
+    }
+    return found.index;
+}
+
+uint32_t DrawingBuilder::lineType(std::string_view name) {
+    if (name.empty() || equalsIgnoringCase(name, "BYLAYER")) {
+        return lineTypeByLayer;
+    }
+    if (equalsIgnoringCase(name, "BYBLOCK")) {
+        return lineTypeByBlock;
+    }
+    std::string newName;
+    const NameTable::Found found = lineTypes_.find(name, decoder_, newName);
+    if (found.added) {
+        drawing_.lineTypes.emplace_back().name = std::move(newName);
+    }
+    return found.index;
+}
+
+uint32_t DrawingBuilder::block(std::string_view name) {
+    std::string newName;
+    const NameTable::Found found = blocks_.find(name, decoder_, newName);
+    if (found.added) {
+        drawing_.blocks.emplace_back().name = std::move(newName);
+    }
+    return found.index;
+}
+
+void DrawingBuilder::beginBlock(std::string_view name, const Vec3& basePoint) {
+    // The dollar form is what programs wrote that had to avoid the asterisk.
+    if (equalsIgnoringCase(name, "*MODEL_SPACE") || equalsIgnoringCase(name, "$MODEL_SPACE")) {
+        destination_ = Destination::modelSpace;
+        return;
+    }
+    if (equalsIgnoringCase(name, "*PAPER_SPACE") || equalsIgnoringCase(name, "$PAPER_SPACE")) {
+        destination_ = Destination::paperSpace;
+        return;
+    }
+    currentBlock_ = block(name);
+    // A block that is defined twice is what its last definition says.
+    drawing_.blocks[currentBlock_].basePoint = basePoint;
+    drawing_.blocks[currentBlock_].entities.clear();
+    destination_ = Destination::block;
+}
+
+void DrawingBuilder::beginNamelessBlock() {
+    destination_ = Destination::nowhere;
+}
+
+void DrawingBuilder::endBlock() {
+    destination_ = Destination::space;
+}
+
+std::vector<Entity>* DrawingBuilder::destinationFor(bool inPaperSpace) {
+    switch (destination_) {
+    case Destination::block:
+        return &drawing_.blocks[currentBlock_].entities;
+    case Destination::modelSpace:
+        return &drawing_.modelSpace;
+    case Destination::paperSpace:
+        return &drawing_.paperSpace;
+    case Destination::space:
+        return inPaperSpace ? &drawing_.paperSpace : &drawing_.modelSpace;
+    case Destination::nowhere:
+        break;
+    }
+    return nullptr;
+}
+
+void DrawingBuilder::add(const RecordHeader& header, Geometry&& geometry) {
+    if (Entity* const entity = append(header, std::move(geometry))) {
+        entity->extrusion = usableExtrusion(header.extrusion);
+    }
+}
+
+void DrawingBuilder::addInWorld(const RecordHeader& header, Geometry&& geometry) {
+    append(header, std::move(geometry));
+}
+
+Entity* DrawingBuilder::append(const RecordHeader& header, Geometry&& geometry) {
+    std::vector<Entity>* const entities = destinationFor(header.inPaperSpace);
+    if (entities == nullptr) {
+        return nullptr;
+    }
+    Entity& entity = entities->emplace_back();
+    entity.attributes = header.attributes;
+    entity.attributes.colour = header.colour();
+    entity.geometry = std::move(geometry);
+    return &entity;
+}
+
+Drawing DrawingBuilder::take() {
+    return std::move(drawing_);
+}
+
+} // namespace kelplot

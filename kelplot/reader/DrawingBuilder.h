@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "drawing/Drawing.h"
+#include "reader/NameDecoder.h"
+#include "reader/NameTable.h"
+
+namespace kelplot {
+
+struct RecordHeader;
+
+/// Puts a drawing together from its records, in whatever order the file refers to things and defines
+/// them: what is named before it is defined, or never is, stands in the drawing with default values.
+class DrawingBuilder {
+public:
+    DrawingBuilder();
+
+    /// How the names in the file are to be read from here on.
+    NameDecoder& decoder() { return decoder_; }
+    Drawing& drawing() { return drawing_; }
+
+    /// Index of the layer of this name, as the file writes it.
+    uint32_t layer(std::string_view name);
+    /// Index of the line type of this name, or the mark for "by layer" or "by block".
+    uint32_t lineType(std::string_view name);
+    /// Index of the block of this name.
+    uint32_t block(std::string_view name);
+
+    /// From here on entities go where block `name` says: into the block, or into the model or paper
+    /// space that it is the file's way to write.
+    void beginBlock(std::string_view name, const Vec3& basePoint);
+    /// As `beginBlock`, for a block without a name: nothing can refer to it, so its content is dropped.
+    void beginNamelessBlock();
+    void endBlock();
+
+    /// Adds an entity whose coordinates belong to the plane of its extrusion.
+    void add(const RecordHeader& header, Geometry&& geometry);
+    /// Adds an entity whose coordinates are the world's, whatever extrusion the file gives it.
+    void addInWorld(const RecordHeader& header, Geometry&& geometry);
+
+    /// Hands over the finished drawing.
+    Drawing take();
+
+private:
+    enum class Destination { space, block, modelSpace, paperSpace, nowhere };
+
+    std::vector<Entity>* destinationFor(bool inPaperSpace);
+    Entity* append(const RecordHeader& header, Geometry&& geometry);
+
+    Drawing drawing_;
+    NameDecoder decoder_;
+    NameTable layers_;
+    NameTable lineTypes_;
+    NameTable blocks_;
+    Destination destination_ = Destination::space;
+    uint32_t currentBlock_ = noBlock;
+};
+
+} // namespace kelplot

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <fstream>
+#include <string>
+
+namespace kelplot {
+
+/// A drawing file that is open for reading and worth it.
+struct DrawingFile {
+    std::ifstream stream; ///< at the first byte
+    std::uintmax_t size = 0;
+};
+
+/// Opens `path`, or throws `ReadError`: `cannotOpen` where there is no readable regular file, and
+/// `notADrawing` where the file is empty or a binary drawing.
+DrawingFile openDrawingFile(const std::string& path);
+
+} // namespace kelplot

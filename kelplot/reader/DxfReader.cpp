@@ -1,0 +1,50 @@
+#include "reader/DxfReader.h"
+
+#include <dl_dxf.h>
+
+#include <istream>
+
+#include "reader/DrawingFault.h"
+#include "reader/DrawingFile.h"
+#include "reader/GroupFilter.h"
+
+namespace kelplot {
+
+namespace {
+
+void checkWhole(const RecordRouter& router) {
+    if (!router.sawDrawing()) {
+        throw DrawingFault("not a drawing: it has no sections and no entities");
+    }
+    if (!router.sawEnd()) {
+        throw DrawingFault("the drawing is truncated: the mark at its end is missing");
+    }
+}
+
+Drawing readGroups(DrawingFile& file, const Progress& progress) {
+    GroupReader groups(file.stream, file.size, progress);
+    DrawingBuilder builder;
+    RecordRouter router(builder);
+    GroupFilter filter(groups, router);
+    std::istream input(&filter);
+    DL_Dxf().in(input, &router.libraryRecords());
+    filter.rethrowFailure();
+    checkWhole(router);
+    if (progress) {
+        progress(1.0);
+    }
+    return builder.take();
+}
+
+} // namespace
+
+Drawing DxfReader::read(const std::string& path, const Progress& progress) {
+    DrawingFile file = openDrawingFile(path);
+    try {
+        return readGroups(file, progress);
+    } catch (const DrawingFault& fault) {
+        throw ReadError(ReadError::Reason::notADrawing, path + ": " + fault.what());
+    }
+}
+
+} // namespace kelplot

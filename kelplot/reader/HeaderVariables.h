@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string_view>
+
+#include "reader/DrawingBuilder.h"
+
+namespace kelplot {
+
+/// The variables of a drawing's header that matter for a plot.
+class HeaderVariables {
+public:
+    explicit HeaderVariables(DrawingBuilder& builder) : builder_(builder) {}
+
+    void setText(std::string_view key, std::string_view value);
+    void setInteger(std::string_view key, int value);
+    void setReal(std::string_view key, double value);
+
+private:
+    void applyUnits();
+
+    DrawingBuilder& builder_;
+    int insertUnits_ = 0;
+    bool metric_ = true; ///< a drawing that says nothing is taken for millimetres
+};
+
+} // namespace kelplot

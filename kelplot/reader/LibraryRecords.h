@@ -1,0 +1,62 @@
+#pragma once
+
+#include <dl_creationadapter.h>
+
+#include <functional>
+#include <vector>
+
+#include "reader/HeaderVariables.h"
+#include "reader/RecordHeader.h"
+
+namespace kelplot {
+
+/// Receives the records that the DXF library reads, and builds entities and table entries from them.
+class LibraryRecords : public DL_CreationAdapter {
+public:
+    /// `recordDone` is called whenever the library has handed over what it had read.
+    LibraryRecords(DrawingBuilder& builder, std::function<void()> recordDone);
+
+    /// A record of `type` begins.
+    void begin(std::string_view type);
+    /// Takes what the library does not hand over from a group of the record that it is reading.
+    void take(const Group& group);
+    /// Takes in what a program attached to the record; a layer keeps its opacity there.
+    void takeExtended(const Group& group);
+
+    void endSection() override;
+    void setVariableString(const std::string& key, const std::string& value, int code) override;
+    void setVariableInt(const std::string& key, int value, int code) override;
+    void setVariableDouble(const std::string& key, double value, int code) override;
+
+    void addLayer(const DL_LayerData& data) override;
+    void addLinetype(const DL_LinetypeData& data) override;
+    void addLinetypeDash(double length) override;
+    void addBlock(const DL_BlockData& data) override;
+    void endBlock() override;
+
+    void addPoint(const DL_PointData& data) override;
+    void addLine(const DL_LineData& data) override;
+    void addArc(const DL_ArcData& data) override;
+    void addCircle(const DL_CircleData& data) override;
+    void addEllipse(const DL_EllipseData& data) override;
+    void addInsert(const DL_InsertData& data) override;
+    void addTrace(const DL_TraceData& data) override;
+    void addSolid(const DL_SolidData& data) override;
+    void add3dFace(const DL_3dFaceData& data) override;
+
+private:
+    std::array<Vec3, 4> cornersOf(const DL_TraceData& data) const;
+
+    DrawingBuilder& builder_;
+    std::function<void()> recordDone_;
+    HeaderVariables variables_;
+
+    RecordHeader header_;
+    int flags_ = 0;                ///< code 70
+    bool plotted_ = true;          ///< code 290 of a layer
+    bool hasFourthCorner_ = false; ///< of an area or a face
+    bool statesOpacity_ = false;   ///< the attached data in hand is the one that does
+    std::vector<double> dashes_;
+};
+
+} // namespace kelplot

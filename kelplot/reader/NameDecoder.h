@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+class QTextCodec;
+
+namespace kelplot {
+
+/// Turns the bytes of a drawing's names and texts into UTF-8, by the drawing's version and code page.
+class NameDecoder {
+public:
+    /// The drawing's version as its header has it, such as "AC1015".
+    void setVersion(std::string_view version);
+
+    /// The drawing's code page as its header has it, such as "ANSI_1251".
+    void setCodePage(std::string_view name);
+
+    /// `bytes` as UTF-8, with the escapes \\U+XXXX and \\M+NXXXX replaced by what they stand for.
+    std::string decode(std::string_view bytes) const;
+
+private:
+    std::string decodeBytes(std::string_view bytes) const;
+
+    bool unicode_ = false;
+    QTextCodec* codec_ = nullptr;
+};
+
+} // namespace kelplot

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace kelplot {
+
+/// Bits of code 70 that flat and old polylines share.
+constexpr int polylineClosed = 1;
+constexpr int polylineContinuousPattern = 128;
+
+} // namespace kelplot

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string_view>
+
+#include "reader/DrawingBuilder.h"
+#include "reader/GroupReader.h"
+#include "reader/RecordHeader.h"
+
+namespace kelplot {
+
+/// Builds the entities of one family straight from the groups of their records, where the DXF library
+/// trusts counts in the file or drops what a plot needs.
+class RecordDecoder {
+public:
+    virtual ~RecordDecoder() = default;
+
+    /// A record of `type` begins; `type` is valid during the call only.
+    virtual void begin(std::string_view type) = 0;
+    /// Takes a group of the record, except the one that begins it and extended data.
+    virtual void take(const Group& group) = 0;
+    /// The record is complete.
+    virtual void end(const RecordHeader& header, DrawingBuilder& builder) = 0;
+};
+
+} // namespace kelplot

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "reader/DimensionDecoder.h"
+#include "reader/HatchDecoder.h"
+#include "reader/LibraryRecords.h"
+#include "reader/LwPolylineDecoder.h"
+#include "reader/PolylineDecoder.h"
+#include "reader/SplineDecoder.h"
+
+namespace kelplot {
+
+/// Sees every group of a drawing first, and gives each record to whoever reads records of its type: the
+/// DXF library, a decoder of ours, or nobody.
+class RecordRouter {
+public:
+    explicit RecordRouter(DrawingBuilder& builder);
+
+    /// Routes `group`, after which `remaining` bytes follow in the file. True where the DXF library is to
+    /// read the group; its value may then be another than in the file. Throws `DrawingFault`.
+    bool take(Group& group, std::uintmax_t remaining);
+
+    /// Whether the mark that ends a drawing has come.
+    bool sawEnd() const { return sawEnd_; }
+    /// Whether anything has come that tells a drawing from another file of numbers and lines.
+    bool sawDrawing() const { return sawDrawing_; }
+
+    /// What the DXF library has to report to.
+    LibraryRecords& libraryRecords() { return libraryRecords_; }
+
+private:
+    enum class Section { none, header, tables, blocks, entities, other };
+    enum class Reader { nobody, library, decoder };
+
+    bool takeOfHeader(Group& group);
+    bool takeRecordStart(Group& group);
+    void enterSection(std::string_view name);
+    void chooseReader(std::string_view& readAs);
+    void beginRecord();
+    RecordDecoder* decoderFor(std::string_view type);
+
+    DrawingBuilder& builder_;
+    LibraryRecords libraryRecords_;
+    LwPolylineDecoder lwPolylines_;
+    PolylineDecoder polylines_;
+    SplineDecoder splines_;
+    HatchDecoder hatches_;
+    DimensionDecoder dimensions_;
+
+    Section section_ = Section::none;
+    std::string type_; ///< of the current record
+    Reader reader_ = Reader::nobody;
+    RecordDecoder* decoder_ = nullptr; ///< with Reader::decoder
+    RecordHeader header_;              ///< of a record that a decoder reads
+    bool embedded_ = false;            ///< in an object within the record, with codes of its own
+    bool libraryBusy_ = false;         ///< the library holds a record that it has not handed over
+    bool sawEnd_ = false;
+    bool sawDrawing_ = false;
+};
+
+} // namespace kelplot

@@ -1,0 +1,64 @@
+#include "reader/SplineDecoder.h"
+
+#include <utility>
+
+#include "reader/GroupValue.h"
+#include "reader/SplineShape.h"
+
+namespace kelplot {
+
+namespace {
+
+constexpr int closedFlag = 1;
+
+/// Starts a point with its first coordinate, or sets a later one of the point started last.
+void takeCoordinate(std::vector<Vec3>& points, int axis, double value) {
+    if (axis == 0) {
+        points.push_back({value, 0.0, 0.0});
+    } else if (!points.empty()) {
+        (axis == 1 ? points.back().y : points.back().z) = value;
+    }
+}
+
+} // namespace
+
+void SplineDecoder::begin(std::string_view) {
+    spline_ = Spline();
+}
+
+void SplineDecoder::take(const Group& group) {
+    switch (group.code) {
+    case 10:
+    case 20:
+    case 30:
+        takeCoordinate(spline_.controlPoints, group.code / 10 - 1, toReal(group.value));
+        break;
+    case 11:
+    case 21:
+    case 31:
+        takeCoordinate(spline_.fitPoints, group.code / 10 - 1, toReal(group.value));
+        break;
+    case 40:
+        spline_.knots.push_back(toReal(group.value));
+        break;
+    case 41:
+        spline_.weights.push_back(toReal(group.value));
+        break;
+    case 70:
+        spline_.closed = (toInteger(group.value) & closedFlag) != 0;
+        break;
+    case 71:
+        spline_.degree = toInteger(group.value);
+        break;
+    default:
+        break;
+    }
+}
+
+void SplineDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
+    if (completeSpline(spline_)) {
+        builder.addInWorld(header, std::move(spline_));
+    }
+}
+
+} // namespace kelplot

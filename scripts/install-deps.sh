@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# Installs what building and testing need from Debian's packages; asks for nothing when all of it is there.
+set -euo pipefail
+
+packages=(
+    g++ cmake ninja-build pkg-config
+    qtbase5-dev libqt5svg5-dev
+    libdxflib-dev
+    libgtest-dev
+    libbenchmark-dev
+    poppler-utils
+)
+
+missing=()
+for package in "${packages[@]}"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+as_root=()
+[ "$(id -u)" -eq 0 ] || as_root=(sudo)
+echo "installing: ${missing[*]}"
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}"

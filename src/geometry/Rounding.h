@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+
+/// Cuts off the fraction, saturating at the ends of the range; NaN gives 0.
+inline int32_t truncateToInt32(double value) {
+    if (std::fabs(value) < 2147483648.0) { // ordinary values pass after one comparison
+        return static_cast<int32_t>(value);
+    }
+    if (std::isnan(value)) {
+        return 0;
+    }
+    return value > 0.0 ? INT32_MAX : INT32_MIN;
+}
+
+/// Rounds to the nearest integer, halves away from zero, saturating at the ends of the range; NaN gives 0.
+///
+/// Every rounding of a double to a device integer in this library goes through here, so that a line, a
+/// polygon and an arc through the same point meet on the same pixel.
+inline int32_t roundToInt32(double value) {
+    return truncateToInt32(value + std::copysign(0.5, value));
+}

@@ -1,0 +1,4 @@
+#pragma once
+
+/// Lengths and angles closer than this count as equal wherever this library compares geometry.
+constexpr double geometricTolerance = 1e-10;

@@ -1,0 +1,72 @@
+#include "keldriver/QTRenderer.h"
+
+#include <QBrush>
+#include <QPainter>
+#include <QPen>
+
+QTRenderer::~QTRenderer() {
+    if (painter != nullptr) {
+        painter->restore();
+    }
+}
+
+uint32_t QTRenderer::Features() const {
+    return 31;
+}
+
+void QTRenderer::AttachDriver(void* target, const HT_Int_Size&, bool) {
+    painter = static_cast<QPainter*>(target);
+    minArcSize = 1;
+    if (painter != nullptr) {
+        painter->save();
+    }
+}
+
+void QTRenderer::DetachDriver() {
+    // The painter stays recorded: drivers count on the destructor's restore as well as on this one.
+    if (painter != nullptr) {
+        painter->restore();
+    }
+}
+
+bool QTRenderer::StartRender() {
+    if (painter == nullptr) {
+        return false;
+    }
+    painter->save();
+    painter->setPen(QPen(QColor(0, 0, 0)));
+    painter->setBrush(QBrush(QColor(0, 0, 0), Qt::SolidPattern));
+    return true;
+}
+
+void QTRenderer::FinishRender() {
+}
+
+void QTRenderer::setScale(double factor) {
+    scale = factor;
+}
+
+void QTRenderer::SetMergeControlType(HT_PlotStyle::MergeControlType type) {
+    if (painter == nullptr) {
+        return;
+    }
+    switch (type) {
+    case HT_PlotStyle::MergeControlCopy:
+        painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
+        break;
+    case HT_PlotStyle::MergeControlMerge:
+        painter->setCompositionMode(QPainter::CompositionMode_Multiply);
+        break;
+    default:
+        break;
+    }
+}
+
+void QTRenderer::SetClipRgn(const HT_ClipRgn*) {
+}
+
+void QTRenderer::DrawText(wchar_t*, int, const HT_Font&, const HT_Double_Point&, double, double, double*) {
+}
+
+void QTRenderer::DrawImage(HT_RasterImage_Record*) {
+}

@@ -1,0 +1,107 @@
+#include "keldriver/QTRenderer.h"
+
+#include <QPainter>
+#include <QPen>
+
+#include "geometry/Rounding.h"
+#include "geometry/Tolerance.h"
+
+namespace {
+
+Qt::PenCapStyle capStyleFor(HT_PlotStyle::LineEndStyle style) {
+    switch (style) {
+    case HT_PlotStyle::LineEndFlat:
+        return Qt::FlatCap;
+    case HT_PlotStyle::LineEndSquare:
+        return Qt::SquareCap;
+    default:
+        return Qt::RoundCap;
+    }
+}
+
+Qt::PenJoinStyle joinStyleFor(HT_PlotStyle::LineJoinStyle style) {
+    switch (style) {
+    case HT_PlotStyle::LineJoinMiter:
+        return Qt::MiterJoin;
+    case HT_PlotStyle::LineJoinBevel:
+        return Qt::BevelJoin;
+    default:
+        return Qt::RoundJoin;
+    }
+}
+
+Qt::PenStyle penStyleFor(HT_PlotStyle::LineType type) {
+    switch (type) {
+    case HT_PlotStyle::LineTypeDash:
+        return Qt::DashLine;
+    case HT_PlotStyle::LineTypeDot:
+        return Qt::DotLine;
+    case HT_PlotStyle::LineTypeDashDot:
+        return Qt::DashDotLine;
+    case HT_PlotStyle::LineTypeCustom:
+        return Qt::CustomDashLine;
+    default:
+        return Qt::SolidLine;
+    }
+}
+
+// A dash or gap of `length` device units in multiples of the pen width, before the scale.
+double dashElement(double length, bool isGap, double width) {
+    const bool isZero = !(length > geometricTolerance) && !(length < -geometricTolerance);
+    if (isZero) {
+        return 1.0; // a dot shows one pen width long, whatever the weight
+    }
+    double element = roundToInt32(length);
+    if (isGap) {
+        element -= width; // caps take up half a pen width at either end of a gap
+    }
+    return width > geometricTolerance ? element / width : element;
+}
+
+} // namespace
+
+void QTRenderer::SetLineWeight(double weight) {
+    penWidth = roundToInt32(weight);
+    CreatePen();
+}
+
+void QTRenderer::SetLineEndStyle(HT_PlotStyle::LineEndStyle style) {
+    capStyle = capStyleFor(style);
+    CreatePen();
+}
+
+void QTRenderer::SetLineJoinStyle(HT_PlotStyle::LineJoinStyle style) {
+    joinStyle = joinStyleFor(style);
+    CreatePen();
+}
+
+void QTRenderer::SetLineType(HT_PlotStyle::LineType type, double* pattern, unsigned int count) {
+    penStyle = penStyleFor(type);
+    dashPattern.clear();
+    if (type == HT_PlotStyle::LineTypeCustom && pattern != nullptr) {
+        const double width = static_cast<uint32_t>(penWidth);
+        for (unsigned int i = 0; i < count; ++i) {
+            dashPattern.append(dashElement(pattern[i], i % 2 != 0, width) * scale);
+        }
+    }
+    CreatePen();
+}
+
+QPen QTRenderer::penForStyle() const {
+    QPen pen;
+    pen.setStyle(penStyle);
+    pen.setCapStyle(capStyle);
+    pen.setJoinStyle(joinStyle);
+    pen.setWidth(penWidth);
+    pen.setColor(color);
+    if (!dashPattern.isEmpty()) {
+        pen.setDashPattern(dashPattern);
+    }
+    return pen;
+}
+
+void QTRenderer::CreatePen() {
+    if (painter != nullptr) {
+        painter->setPen(penForStyle());
+    }
+}

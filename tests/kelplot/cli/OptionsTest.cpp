@@ -1,0 +1,145 @@
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+#include "cli/Options.h"
+
+namespace kelplot {
+namespace {
+
+Options parse(const QStringList& arguments) {
+    return optionsFromArguments(QStringList{"kelplot"} + arguments);
+}
+
+TEST(Options, DefaultsFitAPdfOnA4) {
+    const Options options = parse({"plan.dxf"});
+    EXPECT_EQ(options.action, Action::plot);
+    EXPECT_EQ(options.inputs, QStringList{"plan.dxf"});
+    EXPECT_EQ(options.format, OutputFormat::pdf);
+    EXPECT_EQ(options.page.paper.size, (SheetSize{210.0, 297.0}));
+    EXPECT_EQ(options.page.orientation, Orientation::automatic);
+    EXPECT_FALSE(options.page.scale.has_value());
+    EXPECT_DOUBLE_EQ(options.page.margins.bottom, 5.0);
+}
+
+TEST(Options, AllReachTheirPlace) {
+    const Options options = parse({"--paper",
+                                   "a2",
+                                   "--landscape",
+                                   "--margins=1,2,3,4",
+                                   "--scale",
+                                   "1:20",
+                                   "--center",
+                                   "--monochrome",
+                                   "--lineweight-scale",
+                                   "0.7",
+                                   "--layers",
+                                   "A,B*",
+                                   "--layers",
+                                   "C",
+                                   "--exclude-layers",
+                                   "D",
+                                   "--dpi=300",
+                                   "--progress",
+                                   "--strict",
+                                   "-t",
+                                   "out",
+                                   "a.dxf",
+                                   "b.dxf"});
+    EXPECT_EQ(options.page.paper.size, (SheetSize{420.0, 594.0}));
+    EXPECT_EQ(options.page.orientation, Orientation::landscape);
+    EXPECT_DOUBLE_EQ(options.page.margins.left, 1.0);
+    EXPECT_DOUBLE_EQ(options.page.margins.bottom, 4.0);
+    EXPECT_DOUBLE_EQ(options.page.scale.value_or(0.0), 0.05);
+    EXPECT_TRUE(options.page.centred);
+    EXPECT_TRUE(options.style.monochrome);
+    EXPECT_DOUBLE_EQ(options.style.lineWeightScale, 0.7);
+    EXPECT_EQ(options.layers, (QStringList{"A", "B*", "C"}));
+    EXPECT_EQ(options.excludedLayers, QStringList{"D"});
+    EXPECT_EQ(options.dotsPerInch, 300);
+    EXPECT_TRUE(options.forceProgress);
+    EXPECT_TRUE(options.strict);
+    EXPECT_EQ(options.outputDirectory, "out");
+    EXPECT_EQ(options.inputs, (QStringList{"a.dxf", "b.dxf"}));
+}
+
+TEST(Options, ADoubleHyphenEndsThem) {
+    EXPECT_EQ(parse({"--", "--strict"}).inputs, QStringList{"--strict"});
+}
+
+struct FormatCase {
+    const char* name;
+    QStringList arguments;
+    OutputFormat format;
+};
+
+std::ostream& operator<<(std::ostream& stream, const FormatCase& row) {
+    return stream << row.name;
+}
+
+class ChosenFormat : public ::testing::TestWithParam<FormatCase> {};
+
+TEST_P(ChosenFormat, ComesFromTheOptionOrTheEnding) {
+    EXPECT_EQ(parse(GetParam().arguments + QStringList{"plan.dxf"}).format, GetParam().format);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, ChosenFormat,
+    ::testing::Values(FormatCase{"option", {"--format", "PNG"}, OutputFormat::png},
+                      FormatCase{"ending", {"-o", "plan.SVG"}, OutputFormat::svg},
+                      FormatCase{"option before ending", {"--format=svg", "-o", "plan.png"}, OutputFormat::svg},
+                      FormatCase{"option with foreign ending", {"--format=png", "-o", "plan.xyz"}, OutputFormat::png},
+                      FormatCase{"no ending", {"-o", "dir.svg/plan"}, OutputFormat::pdf},
+                      FormatCase{"directory", {"-t", "dir.svg"}, OutputFormat::pdf}));
+
+struct UsageCase {
+    const char* name;
+    QStringList arguments;
+    QStringList told; ///< what the message must hold
+};
+
+std::ostream& operator<<(std::ostream& stream, const UsageCase& row) {
+    return stream << row.name;
+}
+
+class WrongUsage : public ::testing::TestWithParam<UsageCase> {};
+
+TEST_P(WrongUsage, IsToldWithTheOptionAndWhatItAllows) {
+    try {
+        parse(GetParam().arguments);
+        FAIL() << "accepted";
+    } catch (const UsageError& error) {
+        for (const QString& part : GetParam().told) {
+            EXPECT_TRUE(QString::fromUtf8(error.what()).contains(part)) << error.what();
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, WrongUsage,
+    ::testing::Values(
+        UsageCase{"no drawing", {}, {"no drawing"}}, UsageCase{"options only", {"--fit"}, {"no drawing"}},
+        UsageCase{"unknown option", {"--frobnicate", "a.dxf"}, {"frobnicate"}},
+        UsageCase{"no such option yet", {"--window", "0,0,1,1", "a.dxf"}, {"window"}},
+        UsageCase{"value missing", {"a.dxf", "--scale"}, {"scale"}},
+        UsageCase{"value too many", {"--fit=2", "a.dxf"}, {"fit"}},
+        UsageCase{"paper", {"--paper", "A99", "a.dxf"}, {"--paper", "A99", "WIDTHxHEIGHT", "Letter"}},
+        UsageCase{"scale", {"--scale", "1:0", "a.dxf"}, {"--scale", "1:0", "1:50"}},
+        UsageCase{"margins", {"--margins", "1,2", "a.dxf"}, {"--margins", "1,2", "LEFT,TOP,RIGHT,BOTTOM"}},
+        UsageCase{"margins too wide", {"--margins", "150", "a.dxf"}, {"--margins", "no room"}},
+        UsageCase{"format", {"--format", "dwf", "a.dxf"}, {"--format", "dwf", "pdf, png, svg"}},
+        UsageCase{"ending", {"-o", "plan.jpg", "a.dxf"}, {"plan.jpg", "pdf, png, svg", "--format"}},
+        UsageCase{"no output name", {"-o", "", "a.dxf"}, {"--output"}},
+        UsageCase{"dpi is no number", {"--dpi", "fine", "a.dxf"}, {"--dpi", "fine", "2400"}},
+        UsageCase{"dpi too high", {"--dpi", "2401", "a.dxf"}, {"--dpi", "2401"}},
+        UsageCase{"dpi too low", {"--dpi", "9", "a.dxf"}, {"--dpi", "from 10"}},
+        UsageCase{"dpi wraps", {"--dpi", "4294967496", "a.dxf"}, {"--dpi"}},
+        UsageCase{"weight scale", {"--lineweight-scale", "-1", "a.dxf"}, {"--lineweight-scale", "0 to 100"}},
+        UsageCase{"no layers", {"--layers", ",", "a.dxf"}, {"--layers"}},
+        UsageCase{"both positions", {"--portrait", "--landscape", "a.dxf"}, {"--portrait", "--landscape"}},
+        UsageCase{"fit and scale", {"--fit", "--scale", "1:2", "a.dxf"}, {"--fit", "--scale"}},
+        UsageCase{"file and directory", {"-o", "x.pdf", "-t", "d", "a.dxf"}, {"--output", "--target-directory"}},
+        UsageCase{"one file for two drawings", {"-o", "x.pdf", "a.dxf", "b.dxf"}, {"--output", "one drawing"}}));
+
+} // namespace
+} // namespace kelplot

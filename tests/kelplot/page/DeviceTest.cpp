@@ -1,0 +1,149 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QImage>
+#include <QRegularExpression>
+#include <cmath>
+#include <map>
+
+#include "device/OutputDevice.h"
+#include "support/TemporaryDirectory.h"
+
+namespace kelplot {
+namespace {
+
+constexpr SheetSize a4Landscape{297.0, 210.0};
+
+/// Puts a sheet out with a filled square of ten millimetres whose upper left corner is at (50, 20) mm.
+std::string plotSquare(OutputFormat format, const TemporaryDirectory& directory, const SheetSize& sheet, int dpi) {
+    const std::string name = "plot." + suffixOf(format).toStdString();
+    const OutputSetup setup{QString::fromStdString(directory.path(name)), "Fl\u00e4che", sheet, dpi};
+    const auto device = createOutputDevice(format, setup);
+    const double units = device->grid().unitsPerMillimetre;
+    device->painter().fillRect(QRectF(50 * units, 20 * units, 10 * units, 10 * units), Qt::black);
+    device->finish();
+    return directory.read(name);
+}
+
+std::vector<double> numbersAfter(const std::string& bytes, const QString& pattern) {
+    const QString text = QString::fromLatin1(bytes.data(), static_cast<int>(bytes.size()));
+    const QRegularExpressionMatch match = QRegularExpression(pattern).match(text);
+    std::vector<double> numbers;
+    for (int i = 1; i <= match.lastCapturedIndex(); ++i) {
+        numbers.push_back(match.captured(i).toDouble());
+    }
+    return numbers;
+}
+
+TEST(PdfDevice, PageIsThePaper) {
+    const std::map<const char*, SheetSize> sheets = {
+        {"A4 on its side", a4Landscape}, {"A4", {210, 297}}, {"A0", {841, 1189}}, {"own", {333.3, 77.7}}};
+    for (const auto& [name, sheet] : sheets) {
+        const TemporaryDirectory directory;
+        const std::string pdf = plotSquare(OutputFormat::pdf, directory, sheet, 200);
+        EXPECT_EQ(pdf.rfind("%PDF-", 0), 0U);
+        const auto page = numbersAfter(pdf, R"(/MediaBox \[0 0 ([\d.]+) ([\d.]+)\])");
+        ASSERT_EQ(page.size(), 2U) << name;
+        EXPECT_NEAR(page[0] / 72.0 * 25.4, sheet.width, 0.18) << name;
+        EXPECT_NEAR(page[1] / 72.0 * 25.4, sheet.height, 0.18) << name;
+    }
+}
+
+TEST(PdfDevice, TitleIsTheDrawing) {
+    const TemporaryDirectory directory;
+    const std::string pdf = plotSquare(OutputFormat::pdf, directory, a4Landscape, 200);
+    const std::string utf16("/Title (\xfe\xff\0F\0l\0\xe4\0c\0h\0e)", 23);
+    EXPECT_NE(pdf.find(utf16), std::string::npos);
+}
+
+TEST(SvgDevice, StatesTheSheetInMillimetres) {
+    const TemporaryDirectory directory;
+    const std::string svg = plotSquare(OutputFormat::svg, directory, {297.0, 215.9}, 200);
+    const auto size = numbersAfter(svg, R"(<svg width="([\d.]+)mm" height="([\d.]+)mm")");
+    const auto viewBox = numbersAfter(svg, R"(viewBox="0 0 ([\d.]+) ([\d.]+)\")");
+    ASSERT_EQ(size.size(), 2U);
+    ASSERT_EQ(viewBox.size(), 2U);
+    EXPECT_DOUBLE_EQ(size[0], 297.0);
+    EXPECT_DOUBLE_EQ(size[1], 215.9);
+    EXPECT_DOUBLE_EQ(viewBox[0] / size[0], 100.0);
+    EXPECT_DOUBLE_EQ(viewBox[1] / size[1], 100.0);
+}
+
+TEST(PngDevice, SquareLiesWhereItShould) {
+    const TemporaryDirectory directory;
+    const std::string png = plotSquare(OutputFormat::png, directory, a4Landscape, 254);
+    const QImage image = QImage::fromData(QByteArray::fromStdString(png), "PNG");
+    ASSERT_EQ(image.size(), QSize(2970, 2100));
+    EXPECT_EQ(image.dotsPerMeterX(), 10000);
+    EXPECT_EQ(image.dotsPerMeterY(), 10000);
+    for (int y = 190; y < 310; ++y) {
+        for (int x = 490; x < 610; ++x) {
+            const bool inside = x >= 500 && x < 600 && y >= 200 && y < 300;
+            ASSERT_EQ(image.pixelColor(x, y), QColor(inside ? Qt::black : Qt::white)) << x << ',' << y;
+        }
+    }
+}
+
+TEST(PngDevice, GridIsFinerThanThePixels) {
+    const TemporaryDirectory directory;
+    const OutputSetup setup{QString::fromStdString(directory.path("plot.png")), "", {25.4, 25.4}, 100};
+    const auto device = createOutputDevice(OutputFormat::png, setup);
+    const int pixel = static_cast<int>(std::lround(device->grid().unitsPerMillimetre * 0.254));
+    ASSERT_GE(pixel, 8);
+    device->painter().fillRect(QRect(10 * pixel, 10 * pixel, pixel, pixel / 2), Qt::black);
+    device->finish();
+    const QImage image(QString::fromStdString(directory.path("plot.png")));
+    EXPECT_NEAR(qGray(image.pixel(10, 10)), 127, 3) << "half a pixel is covered";
+    EXPECT_EQ(qGray(image.pixel(11, 10)), 255);
+    EXPECT_EQ(qGray(image.pixel(10, 11)), 255);
+}
+
+TEST(PngDevice, RefusesAnImageBeyondReason) {
+    const TemporaryDirectory directory;
+    for (const SheetSize& sheet : {SheetSize{841, 1189}, SheetSize{20000, 10}}) {
+        const OutputSetup setup{QString::fromStdString(directory.path("plot.png")), "", sheet, 1200};
+        try {
+            createOutputDevice(OutputFormat::png, setup);
+            FAIL() << sheet.width;
+        } catch (const OutputError& error) {
+            EXPECT_NE(std::string(error.what()).find("--dpi"), std::string::npos) << error.what();
+        }
+    }
+    EXPECT_TRUE(QDir(QString::fromStdString(directory.path())).isEmpty());
+}
+
+class AnyDevice : public ::testing::TestWithParam<OutputFormat> {};
+
+TEST_P(AnyDevice, LeavesNoFileWhenNotFinished) {
+    const TemporaryDirectory directory;
+    {
+        const OutputSetup setup{QString::fromStdString(directory.path("plot")), "", a4Landscape, 50};
+        const auto device = createOutputDevice(GetParam(), setup);
+        device->painter().drawLine(0, 0, 100, 100);
+    }
+    EXPECT_TRUE(QDir(QString::fromStdString(directory.path())).isEmpty());
+}
+
+TEST_P(AnyDevice, TellsOfAFullDevice) {
+    if (!QFileInfo::exists("/dev/full")) {
+        GTEST_SKIP() << "there is no device that is always full";
+    }
+    const auto device = createOutputDevice(GetParam(), {"/dev/full", "", a4Landscape, 50});
+    device->painter().drawLine(0, 0, 100, 100);
+    EXPECT_THROW(device->finish(), OutputError);
+}
+
+TEST_P(AnyDevice, KeepsItsGridUnderAReplacedWorldTransform) {
+    const TemporaryDirectory directory;
+    const OutputSetup setup{QString::fromStdString(directory.path("plot")), "", a4Landscape, 100};
+    const auto device = createOutputDevice(GetParam(), setup);
+    const QTransform before = device->painter().combinedTransform();
+    device->painter().setWorldTransform(QTransform());
+    EXPECT_EQ(device->painter().combinedTransform(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, AnyDevice,
+                         ::testing::Values(OutputFormat::pdf, OutputFormat::png, OutputFormat::svg));
+
+} // namespace
+} // namespace kelplot

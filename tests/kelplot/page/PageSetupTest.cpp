@@ -1,0 +1,171 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <ostream>
+
+#include "page/PageSetup.h"
+
+namespace kelplot {
+namespace {
+
+constexpr Paper a4{{210.0, 297.0}, false};
+
+Box2 box(double minX, double minY, double maxX, double maxY) {
+    Box2 result;
+    result.add(Vec2{minX, minY});
+    result.add(Vec2{maxX, maxY});
+    return result;
+}
+
+void expectPoint(Vec2 actual, Vec2 expected) {
+    EXPECT_NEAR(actual.x, expected.x, 1e-6);
+    EXPECT_NEAR(actual.y, expected.y, 1e-6);
+}
+
+/// Where two corners of the drawing must come to lie, in millimetres from the upper left corner of the sheet.
+struct LayoutCase {
+    const char* name;
+    Box2 extents;
+    double millimetresPerUnit;
+    PageOptions options;
+    SheetSize sheet;
+    double scale;
+    Vec2 lowerLeft;
+    Vec2 upperRight;
+    bool fits = true;
+};
+
+std::ostream& operator<<(std::ostream& stream, const LayoutCase& row) {
+    return stream << row.name;
+}
+
+PageOptions fitted(Orientation orientation = Orientation::automatic) {
+    return {a4, {}, orientation, std::nullopt, false};
+}
+
+PageOptions scaled(double scale, bool centred = false) {
+    return {a4, {}, Orientation::automatic, scale, centred};
+}
+
+const LayoutCase layoutCases[] = {
+    {"wide drawing turns the sheet", box(0, 0, 574, 100), 1, fitted(), {297, 210}, 0.5, {5, 130}, {292, 80}},
+    {"high drawing leaves it upright", box(0, 0, 100, 574), 1, fitted(), {210, 297}, 0.5, {80, 292}, {130, 5}},
+    {"square drawing leaves it upright", box(0, 0, 100, 100), 1, fitted(), {210, 297}, 2, {5, 248.5}, {205, 48.5}},
+    {"portrait was asked for",
+     box(0, 0, 400, 100),
+     1,
+     fitted(Orientation::portrait),
+     {210, 297},
+     0.5,
+     {5, 173.5},
+     {205, 123.5}},
+    {"landscape was asked for",
+     box(0, 0, 100, 400),
+     1,
+     fitted(Orientation::landscape),
+     {297, 210},
+     0.5,
+     {123.5, 205},
+     {173.5, 5}},
+    {"own size is not turned",
+     box(0, 0, 80, 320),
+     1,
+     {{{170.0, 90.0}, true}, {}, Orientation::automatic, std::nullopt, false},
+     {170, 90},
+     0.25,
+     {75, 85},
+     {95, 5}},
+    {"own size is turned on demand",
+     box(0, 0, 80, 320),
+     1,
+     {{{170.0, 90.0}, true}, {}, Orientation::portrait, std::nullopt, false},
+     {90, 170},
+     0.5,
+     {25, 165},
+     {65, 5}},
+    {"margins differ",
+     box(0, 0, 260, 100),
+     1,
+     {a4, {20, 10, 17, 30}, Orientation::landscape, std::nullopt, false},
+     {297, 210},
+     1,
+     {20, 145},
+     {280, 45}},
+    {"inches and far from the origin",
+     box(1e6, -2e6, 1e6 + 20, -2e6 + 5),
+     25.4,
+     scaled(0.5),
+     {297, 210},
+     0.5,
+     {5, 205},
+     {259, 141.5}},
+    {"true size at the lower left", box(10, 10, 110, 60), 1, scaled(1), {297, 210}, 1, {5, 205}, {105, 155}},
+    {"true size in the middle", box(10, 10, 110, 60), 1, scaled(1, true), {297, 210}, 1, {98.5, 130}, {198.5, 80}},
+    {"just as large as the room", box(0, 0, 200, 287), 1, scaled(1), {210, 297}, 1, {5, 292}, {205, 5}},
+    {"larger than the room", box(0, 0, 300, 100), 1, scaled(1), {297, 210}, 1, {5, 205}, {305, 105}, false},
+    {"only a turned sheet holds it", box(0, 0, 280, 190), 1, scaled(1), {297, 210}, 1, {5, 205}, {285, 15}},
+    {"level line", box(0, 7, 574, 7), 1, fitted(), {297, 210}, 0.5, {5, 105}, {292, 105}},
+    {"upright line", box(3, 0, 3, 574), 1, fitted(), {210, 297}, 0.5, {105, 292}, {105, 5}},
+    {"single point keeps true size", box(9, 9, 9, 9), 25.4, fitted(), {210, 297}, 1, {105, 148.5}, {105, 148.5}},
+    {"rounding error about a point",
+     box(1e6, 1e6, 1e6 + 1e-9, 1e6),
+     1,
+     fitted(),
+     {210, 297},
+     1,
+     {105, 148.5},
+     {105, 148.5}},
+};
+
+class Layout : public ::testing::TestWithParam<LayoutCase> {};
+
+TEST_P(Layout, PlacesTheDrawing) {
+    const LayoutCase& row = GetParam();
+    const PageLayout layout = layOutPage(row.extents, row.millimetresPerUnit, row.options);
+    EXPECT_DOUBLE_EQ(layout.sheet.width, row.sheet.width);
+    EXPECT_DOUBLE_EQ(layout.sheet.height, row.sheet.height);
+    EXPECT_NEAR(layout.scale, row.scale, 1e-9);
+    EXPECT_EQ(layout.drawingFits, row.fits);
+    expectPoint(layout.toSheet.mapPoint(row.extents.min), row.lowerLeft);
+    expectPoint(layout.toSheet.mapPoint(row.extents.max), row.upperRight);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Layout, ::testing::ValuesIn(layoutCases));
+
+TEST(Layout, ExtentsWithoutAnyMeaningStillGiveAFiniteMap) {
+    constexpr double huge = std::numeric_limits<double>::max();
+    const Box2 extents[] = {Box2(), box(-INFINITY, 0, INFINITY, 1), box(-huge, -huge, huge, huge),
+                            box(0, 0, 5e-324, 5e-324)};
+    for (const Box2& each : extents) {
+        const PageLayout layout = layOutPage(each, 1.0, fitted());
+        const Vec2 origin = layout.toSheet.mapPoint({0.0, 0.0});
+        EXPECT_TRUE(std::isfinite(origin.x) && std::isfinite(origin.y)) << each.min.x;
+        EXPECT_GT(layout.scale, 0.0) << each.min.x;
+    }
+}
+
+TEST(Layout, RoomIsLookedForInEveryAllowedPosition) {
+    const Margins wide{120, 5, 120, 5};
+    EXPECT_TRUE(leavesRoom({a4, wide, Orientation::automatic, std::nullopt, false})) << "on its side there is room";
+    EXPECT_TRUE(leavesRoom({a4, wide, Orientation::landscape, std::nullopt, false}));
+    EXPECT_FALSE(leavesRoom({a4, wide, Orientation::portrait, std::nullopt, false}));
+    EXPECT_FALSE(leavesRoom({{{210, 297}, true}, wide, Orientation::automatic, std::nullopt, false}));
+
+    const PageLayout layout =
+        layOutPage(box(0, 0, 10, 100), 1.0, {a4, wide, Orientation::automatic, std::nullopt, false});
+    EXPECT_DOUBLE_EQ(layout.sheet.width, 297.0) << "the upright sheet has no room for the upright drawing";
+}
+
+TEST(PlotTargetForLayout, TakesTheGridOfTheDevice) {
+    const PageLayout layout = layOutPage(box(0, 0, 20, 10), 1.0, scaled(1.0));
+    const PlotTarget target = plotTargetFor(layout, {100.0, 10.0, 0.5});
+    expectPoint(target.toDevice.mapPoint({0.0, 0.0}), {500.0, 20500.0});
+    expectPoint(target.toDevice.mapPoint({20.0, 10.0}), {2500.0, 19500.0});
+    expectPoint(target.pageBox.min, {0.0, 0.0});
+    expectPoint(target.pageBox.max, {29700.0, 21000.0});
+    EXPECT_DOUBLE_EQ(target.deviceUnitsPerMillimetre, 100.0);
+}
+
+} // namespace
+} // namespace kelplot

@@ -1,0 +1,99 @@
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+#include "page/PageSetup.h"
+#include "page/Paper.h"
+
+namespace kelplot {
+namespace {
+
+struct PaperCase {
+    const char* text;
+    double width; ///< 0: no paper
+    double height;
+    bool keepsPosition;
+};
+
+std::ostream& operator<<(std::ostream& stream, const PaperCase& row) {
+    return stream << '"' << row.text << '"';
+}
+
+class PaperText : public ::testing::TestWithParam<PaperCase> {};
+
+TEST_P(PaperText, NamesASheet) {
+    const PaperCase& row = GetParam();
+    const auto paper = paperFromText(row.text);
+    ASSERT_EQ(paper.has_value(), row.width > 0.0);
+    if (paper) {
+        EXPECT_DOUBLE_EQ(paper->size.width, row.width);
+        EXPECT_DOUBLE_EQ(paper->size.height, row.height);
+        EXPECT_EQ(paper->keepsPosition, row.keepsPosition);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, PaperText,
+                         ::testing::Values(PaperCase{"A4", 210, 297, false}, PaperCase{"a0", 841, 1189, false},
+                                           PaperCase{"LETTER", 215.9, 279.4, false},
+                                           PaperCase{"ansi d", 558.8, 863.6, false},
+                                           PaperCase{"ANSI-D", 558.8, 863.6, false},
+                                           PaperCase{"legal", 215.9, 355.6, false}, PaperCase{"A", 0, 0, false},
+                                           PaperCase{"A44", 0, 0, false}, PaperCase{"", 0, 0, false}));
+
+INSTANTIATE_TEST_SUITE_P(Sizes, PaperText,
+                         ::testing::Values(PaperCase{"420x297", 420, 297, true}, PaperCase{"100.5X80", 100.5, 80, true},
+                                           PaperCase{"420x", 0, 0, false}, PaperCase{"x297", 0, 0, false},
+                                           PaperCase{"420", 0, 0, false}, PaperCase{"0x297", 0, 0, false},
+                                           PaperCase{"-420x297", 0, 0, false}, PaperCase{"420x297mm", 0, 0, false},
+                                           PaperCase{"infx297", 0, 0, false}, PaperCase{"nanx297", 0, 0, false},
+                                           PaperCase{"420x20001", 0, 0, false}, PaperCase{"1e9x1e9", 0, 0, false}));
+
+struct ScaleCase {
+    const char* text;
+    double scale; ///< 0: none
+};
+
+std::ostream& operator<<(std::ostream& stream, const ScaleCase& row) {
+    return stream << '"' << row.text << '"';
+}
+
+class ScaleText : public ::testing::TestWithParam<ScaleCase> {};
+
+TEST_P(ScaleText, IsRead) {
+    EXPECT_DOUBLE_EQ(scaleFromText(GetParam().text).value_or(0.0), GetParam().scale);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ScaleText,
+                         ::testing::Values(ScaleCase{"1:50", 0.02}, ScaleCase{"2:1", 2.0}, ScaleCase{"0.5", 0.5},
+                                           ScaleCase{"1/4", 0.25}, ScaleCase{"1:2.5", 0.4}, ScaleCase{"0", 0.0},
+                                           ScaleCase{"1:0", 0.0}, ScaleCase{"0:1", 0.0}, ScaleCase{"-1:-50", 0.0},
+                                           ScaleCase{"-2", 0.0}, ScaleCase{"1:50:2", 0.0}, ScaleCase{":", 0.0},
+                                           ScaleCase{"1:", 0.0}, ScaleCase{"one", 0.0}, ScaleCase{"1,5", 0.0},
+                                           ScaleCase{"inf", 0.0}, ScaleCase{"1e300:1e-300", 0.0},
+                                           ScaleCase{"1 : 50", 0.0}, ScaleCase{"", 0.0}));
+
+TEST(MarginsText, OneLengthIsForAllEdges) {
+    const auto margins = marginsFromText("7.5");
+    ASSERT_TRUE(margins);
+    for (const double edge : {margins->left, margins->top, margins->right, margins->bottom}) {
+        EXPECT_DOUBLE_EQ(edge, 7.5);
+    }
+}
+
+TEST(MarginsText, FourLengthsGoAboutTheSheet) {
+    const auto margins = marginsFromText("20,0,10,5");
+    ASSERT_TRUE(margins);
+    EXPECT_DOUBLE_EQ(margins->left, 20.0);
+    EXPECT_DOUBLE_EQ(margins->top, 0.0);
+    EXPECT_DOUBLE_EQ(margins->right, 10.0);
+    EXPECT_DOUBLE_EQ(margins->bottom, 5.0);
+}
+
+TEST(MarginsText, AnythingElseIsRefused) {
+    for (const char* const text : {"", "a", "1,2", "1,2,3", "1,2,3,4,5", "-1", "1,2,3,-4", "1,,3,4", "1,2,3,", "nan"}) {
+        EXPECT_FALSE(marginsFromText(text)) << '"' << text << '"';
+    }
+}
+
+} // namespace
+} // namespace kelplot

@@ -1,0 +1,272 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "geometry/Nurbs.h"
+#include "kelplot/plot/PlotKit.h"
+
+namespace kelplot {
+namespace {
+
+constexpr double pi = 3.141592653589793;
+using Shape = RecordingRenderer::Shape;
+
+constexpr int steps = 360;
+
+/// An angle as the renderer takes it, cut down to a sixteenth of a degree.
+double cut(double angle) {
+    return std::trunc(angle * 57.29577951308232 * 16.0) / 16.0 / 57.29577951308232;
+}
+
+/// Points that a curve was drawn through, in order, along whatever way it was drawn.
+std::vector<Vec2> trace(const std::vector<Shape>& shapes) {
+    std::vector<Vec2> points;
+    for (const Shape& shape : shapes) {
+        if (shape.kind != "arc") {
+            points.insert(points.end(), shape.points.begin(), shape.points.end());
+            continue;
+        }
+        for (int i = 0; i <= steps; ++i) {
+            points.push_back(shape.arcPoint(cut(shape.start) + cut(shape.end - shape.start) * i / steps));
+        }
+    }
+    return points;
+}
+
+double distanceToPath(Vec2 p, const std::vector<Vec2>& path) {
+    double nearest = HUGE_VAL;
+    for (size_t i = 0; i + 1 < path.size(); ++i) {
+        const Vec2 chord = path[i + 1] - path[i];
+        const double square = dot(chord, chord);
+        const double along = square > 0.0 ? std::min(1.0, std::max(0.0, dot(p - path[i], chord) / square)) : 0.0;
+        nearest = std::min(nearest, (p - path[i] - chord * along).length());
+    }
+    return nearest;
+}
+
+/// How far two paths are from each other at most, looking from the corners of both.
+double gap(const std::vector<Vec2>& a, const std::vector<Vec2>& b) {
+    double worst = 0.0;
+    for (const Vec2 p : a) {
+        worst = std::max(worst, distanceToPath(p, b));
+    }
+    for (const Vec2 p : b) {
+        worst = std::max(worst, distanceToPath(p, a));
+    }
+    return worst;
+}
+
+/// How an arc in a block gets to the page.
+struct Placement {
+    const char* name;
+    Vec3 scale;
+    double rotation;
+    bool mirrored; ///< the reference's plane is seen from below
+};
+
+const Placement placements[] = {
+    {"as it is", {1.0, 1.0, 1.0}, 0.0, false},
+    {"turned", {1.0, 1.0, 1.0}, 0.7, false},
+    {"mirrored in x", {-1.0, 1.0, 1.0}, 0.3, false},
+    {"stretched", {2.0, 0.5, 1.0}, 1.1, false},
+    {"stretched and mirrored", {1.5, -0.5, 1.0}, -2.0, false},
+    {"from below", {1.0, 1.0, 1.0}, 0.4, true},
+    {"from below, stretched", {3.0, 0.6, 1.0}, 2.5, true},
+    {"squashed flat", {1.0, 0.0, 1.0}, 0.5, false},
+    {"enlarged", {12.0, 12.0, 1.0}, 0.25, false},
+};
+
+/// Device coordinates of a point of the block, by the steps one by one.
+Vec2 placed(const Placement& placement, Vec2 p) {
+    const Vec2 scaled{p.x * placement.scale.x, p.y * placement.scale.y};
+    const double x = scaled.x * std::cos(placement.rotation) - scaled.y * std::sin(placement.rotation);
+    const double y = scaled.x * std::sin(placement.rotation) + scaled.y * std::cos(placement.rotation);
+    return {10.0 * (50.0 + (placement.mirrored ? -x : x)), 1000.0 - 10.0 * (50.0 + y)};
+}
+
+std::vector<Shape> placedShapes(const Placement& placement, Geometry geometry) {
+    Drawing drawing = emptyDrawing();
+    drawing.blocks.push_back({"block", {}, {entityOf(std::move(geometry))}});
+    Insert reference = referenceTo(0);
+    reference.position = {placement.mirrored ? -50.0 : 50.0, 50.0, 0.0};
+    reference.scale = placement.scale;
+    reference.rotation = placement.rotation;
+    drawing.modelSpace.push_back(entityOf(reference, {0.0, 0.0, placement.mirrored ? -1.0 : 1.0}));
+    PlotTarget target = tenfoldTarget();
+    target.pageBox = target.pageBox.inflated(10000.0);
+    return shapesOf(drawing, target);
+}
+
+struct ArcCase {
+    const char* name;
+    Geometry geometry;
+    Vec2 center, u, v; ///< the curve center + u·cos t + v·sin t
+    double start, end;
+};
+
+TEST(Arcs, LieOnTheTrueCurveHoweverPlaced) {
+    const ArcCase cases[] = {
+        {"circle", Circle{{1, 2, 0}, 5.0}, {1, 2}, {5, 0}, {0, 5}, 0.0, 2 * pi},
+        {"small arc", Arc{{1, 2, 0}, 5.0, 0.3, 1.234}, {1, 2}, {5, 0}, {0, 5}, 0.3, 1.234},
+        {"arc over zero", Arc{{1, 2, 0}, 10.0, 5.5, 1.0}, {1, 2}, {10, 0}, {0, 10}, 5.5, 1.0 + 2 * pi},
+        {"angles of other turns", Arc{{0, 0, 0}, 9.0, -7.0, 20.0}, {0, 0}, {9, 0}, {0, 9}, -7.0, 20.0 - 8 * pi},
+        {"sliver", Arc{{0, 0, 0}, 15.0, 1.0, 1.0001}, {0, 0}, {15, 0}, {0, 15}, 1.0, 1.0001},
+        {"ellipse", Ellipse{{0, 0, 0}, {3, 4, 0}, 0.4, 0.0, 2 * pi}, {0, 0}, {3, 4}, {-1.6, 1.2}, 0.0, 2 * pi},
+        {"elliptic arc", Ellipse{{0, 0, 0}, {3, 4, 0}, 0.4, 1.0, 4.0}, {0, 0}, {3, 4}, {-1.6, 1.2}, 1.0, 4.0},
+    };
+    constexpr double mostGap = 0.65; // half a device unit for the renderer's angles, 0.15 for flattening
+    for (const ArcCase& row : cases) {
+        for (const Placement& placement : placements) {
+            std::vector<Vec2> expected;
+            for (int i = 0; i <= steps; ++i) {
+                const double t = row.start + (row.end - row.start) * i / steps;
+                expected.push_back(placed(placement, row.center + row.u * std::cos(t) + row.v * std::sin(t)));
+            }
+            const auto points = trace(placedShapes(placement, row.geometry));
+            EXPECT_LT(gap(points, expected), mostGap) << row.name << ", " << placement.name;
+        }
+    }
+}
+
+TEST(Arcs, GoToTheRendererAsArcsWhereItIsExact) {
+    const auto kindOf = [](const Geometry& geometry) {
+        const auto shapes = shapesOf(entityOf(geometry));
+        return shapes.empty() ? std::string("nothing") : shapes[0].kind;
+    };
+    EXPECT_EQ(kindOf(Circle{{50, 50, 0}, 40.0}), "arc");
+    EXPECT_EQ(kindOf(Arc{{50, 50, 0}, 40.0, 0.0, pi / 2}), "arc") << "whole sixteenths of a degree";
+    EXPECT_EQ(kindOf(Arc{{50, 50, 0}, 5.0, 0.1, 1.0}), "arc") << "small";
+    EXPECT_EQ(kindOf(Arc{{-100, -100, 0}, 200.0, 0.5, 1.0}), "line") << "its end would miss";
+    EXPECT_EQ(kindOf(Circle{{50, 50, 0}, 1e9}), "nothing") << "far off the page";
+}
+
+TEST(Arcs, AnglesSurviveBeingCutToSixteenthsOfADegree) {
+    const auto shapes = shapesOf(entityOf(Arc{{50, 50, 0}, 10.0, pi / 6, pi / 2}));
+    ASSERT_EQ(shapes.at(0).kind, "arc");
+    EXPECT_NEAR(cut(shapes[0].start), pi / 6, 1e-9);
+    EXPECT_NEAR(cut(shapes[0].end - shapes[0].start), pi / 3, 1e-9);
+}
+
+TEST(Arcs, OfHugeRadiusPassThePageWithFewPoints) {
+    // A circle of 10,000 km whose lowest point is the middle of the page.
+    const auto shapes = shapesOf(entityOf(Circle{{50.0, 50.0 + 1e10, 0.0}, 1e10}));
+    size_t count = 0;
+    bool throughMiddle = false;
+    for (const Shape& shape : shapes) {
+        count += shape.points.size();
+        throughMiddle = throughMiddle || distanceToPath({500.0, 500.0}, shape.points) < 0.2;
+    }
+    EXPECT_TRUE(throughMiddle);
+    EXPECT_LT(count, 1000U);
+}
+
+TEST(Arcs, WithoutASizeAreLeftOut) {
+    const double nan = std::nan("");
+    for (const double radius : {0.0, -3.0, nan, HUGE_VAL}) {
+        EXPECT_TRUE(shapesOf(entityOf(Circle{{50, 50, 0}, radius})).empty()) << radius;
+    }
+    EXPECT_TRUE(shapesOf(entityOf(Arc{{50, 50, 0}, 5.0, nan, 1.0})).empty());
+    EXPECT_TRUE(shapesOf(entityOf(Circle{{nan, 50, 0}, 5.0})).empty());
+    EXPECT_TRUE(shapesOf(entityOf(Ellipse{{50, 50, 0}, {0, 0, 0}, 0.5, 0.0, 1.0})).empty());
+}
+
+Spline quarterCircle() {
+    Spline spline;
+    spline.degree = 2;
+    spline.knots = {0, 0, 0, 1, 1, 1};
+    spline.controlPoints = {{70, 50, 0}, {70, 70, 0}, {50, 70, 0}};
+    spline.weights = {1.0, std::sqrt(0.5), 1.0};
+    return spline;
+}
+
+TEST(Splines, WithWeightsGiveTheCircleTheyAreMadeFor) {
+    const auto shapes = shapesOf(entityOf(quarterCircle()));
+    ASSERT_EQ(shapes.size(), 1U);
+    std::vector<Vec2> expected;
+    for (int i = 0; i <= 500; ++i) {
+        const double t = pi / 2 * i / 500;
+        expected.push_back({500 + 200 * std::cos(t), 500 - 200 * std::sin(t)});
+    }
+    EXPECT_LT(gap(shapes[0].points, expected), 0.11);
+    EXPECT_LT(shapes[0].points.size(), 60U) << "flattened too finely";
+}
+
+TEST(Splines, FollowThePolynomialOfTheirControlPoints) {
+    Spline spline; // one cubic span with a turning point in the middle
+    spline.knots = {0, 0, 0, 0, 1, 1, 1, 1};
+    spline.controlPoints = {{10, 10, 0}, {90, 10, 0}, {10, 90, 0}, {90, 90, 0}};
+    std::vector<Vec2> expected;
+    for (int i = 0; i <= 500; ++i) {
+        const double t = i / 500.0, s = 1.0 - t;
+        const double x = 10 * s * s * s + 270 * s * s * t + 30 * s * t * t + 90 * t * t * t;
+        const double y = 10 * s * s * s + 30 * s * s * t + 270 * s * t * t + 90 * t * t * t;
+        expected.push_back({10 * x, 1000 - 10 * y});
+    }
+    EXPECT_LT(gap(shapesOf(entityOf(spline)).at(0).points, expected), 0.11);
+}
+
+TEST(Splines, PeriodicOnesCloseOnTheirKnotDomain) {
+    Spline spline; // a uniform cubic whose first three control points come again at the end
+    spline.closed = true;
+    for (int i = 0; i < 7; ++i) {
+        const double corners[][2] = {{30, 30}, {70, 30}, {70, 70}, {30, 70}};
+        spline.controlPoints.push_back({corners[i % 4][0], corners[i % 4][1], 0.0});
+    }
+    for (int i = 0; i < 11; ++i) {
+        spline.knots.push_back(i);
+    }
+    const auto points = shapesOf(entityOf(spline)).at(0).points;
+    // A uniform cubic starts at the mean of its first three controls, weighted 1, 4, 1.
+    EXPECT_LT((points.front() - Vec2{10 * (30 + 4 * 70 + 70) / 6.0, 1000 - 10 * (30 + 4 * 30 + 70) / 6.0}).length(),
+              1e-6);
+    EXPECT_LT((points.back() - points.front()).length(), 1e-6);
+}
+
+TEST(Splines, ThroughFitPointsAreSmooth) {
+    Spline spline;
+    for (int i = 0; i < 12; ++i) {
+        spline.fitPoints.push_back({50 + 40 * std::cos(pi / 6 * i), 50 + 40 * std::sin(pi / 6 * i), 0.0});
+    }
+    spline.closed = true;
+    const auto points = shapesOf(entityOf(spline)).at(0).points;
+    for (const Vec2 p : points) {
+        EXPECT_NEAR((p - Vec2{500, 500}).length(), 400.0, 1.0);
+    }
+    EXPECT_LT((points.back() - points.front()).length(), 1e-6);
+    for (const Vec3& fit : spline.fitPoints) {
+        EXPECT_LT(distanceToPath({10 * fit.x, 1000 - 10 * fit.y}, points), 0.1);
+    }
+}
+
+struct DamagedSpline {
+    const char* name;
+    int degree;
+    std::vector<double> knots;
+    std::vector<double> weights;
+};
+
+TEST(Splines, DamagedOnesStillRunFromFirstToLastControlPoint) {
+    const DamagedSpline cases[] = {
+        {"no knots", 3, {}, {}},
+        {"falling knots", 3, {0, 0, 0, 0, 2, 1, 1, 1}, {}},
+        {"knots all alike", 3, {1, 1, 1, 1, 1, 1, 1, 1}, {}},
+        {"degree too high for the points", 99, {}, {}},
+        {"negative degree", -5, {}, {}},
+        {"weight of 0", 3, {}, {1, 0, 1, 1}},
+        {"weights missing", 3, {}, {1, 1}},
+    };
+    for (const DamagedSpline& row : cases) {
+        Spline spline;
+        spline.degree = row.degree;
+        spline.knots = row.knots;
+        spline.weights = row.weights;
+        spline.controlPoints = {{10, 10, 0}, {20, 30, 0}, {40, 30, 0}, {50, 10, 0}};
+        const auto shapes = shapesOf(entityOf(spline));
+        ASSERT_EQ(shapes.size(), 1U) << row.name;
+        EXPECT_LT((shapes[0].points.front() - Vec2{100, 900}).length(), 1e-6) << row.name;
+        EXPECT_LT((shapes[0].points.back() - Vec2{500, 900}).length(), 1e-6) << row.name;
+    }
+}
+
+} // namespace
+} // namespace kelplot

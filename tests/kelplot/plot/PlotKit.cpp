@@ -1,0 +1,145 @@
+#include "kelplot/plot/PlotKit.h"
+
+#include <cmath>
+
+namespace kelplot {
+
+using Shape = RecordingRenderer::Shape;
+
+Vec2 Shape::arcPoint(double t) const {
+    const double x = radiusX * std::cos(t);
+    const double y = radiusY * std::sin(t);
+    return {points[0].x + x * std::cos(rotation) - y * std::sin(rotation),
+            points[0].y - x * std::sin(rotation) - y * std::cos(rotation)};
+}
+
+std::string Shape::text() const {
+    std::string result = kind;
+    for (const Vec2 point : points) {
+        result += ' ' + std::to_string(std::lround(point.x)) + ',' + std::to_string(std::lround(point.y));
+    }
+    if (kind == "arc") {
+        result += " r " + std::to_string(std::lround(radiusX)) + ' ' + std::to_string(std::lround(radiusY));
+    }
+    return result;
+}
+
+void RecordingRenderer::add(const char* kind, const HT_Double_Point* points, int count) {
+    Shape shape = m_style;
+    shape.kind = kind;
+    for (int i = 0; i < count; ++i) {
+        shape.points.push_back({points[i].x, points[i].y});
+    }
+    shapes.push_back(shape);
+}
+
+void RecordingRenderer::DrawEllipse(const HT_Double_Point& center, double radiusX, double radiusY, double rotation) {
+    DrawArc(center, radiusX, radiusY, rotation, 0.0, 6.283185307179586);
+}
+
+void RecordingRenderer::DrawArc(const HT_Double_Point& center, double radiusX, double radiusY, double rotation,
+                                double startParam, double endParam) {
+    add("arc", &center, 1);
+    Shape& arc = shapes.back();
+    arc.radiusX = radiusX;
+    arc.radiusY = radiusY;
+    arc.rotation = rotation;
+    arc.start = startParam;
+    arc.end = endParam;
+}
+
+void RecordingRenderer::SetLineWeight(double weight) {
+    ++styleCalls;
+    m_style.weight = weight;
+}
+
+void RecordingRenderer::SetLineEndStyle(HT_PlotStyle::LineEndStyle style) {
+    ++styleCalls;
+    m_style.ends = style;
+}
+
+void RecordingRenderer::SetLineJoinStyle(HT_PlotStyle::LineJoinStyle style) {
+    ++styleCalls;
+    m_style.joins = style;
+}
+
+void RecordingRenderer::SetLineType(HT_PlotStyle::LineType type, double* pattern, unsigned int count) {
+    ++styleCalls;
+    m_style.pattern.clear();
+    if (type == HT_PlotStyle::LineTypeCustom) {
+        m_style.pattern.assign(pattern, pattern + count);
+    }
+}
+
+void RecordingRenderer::SetColor(HT_Color color) {
+    ++styleCalls;
+    m_style.color = color;
+}
+
+Drawing emptyDrawing() {
+    Drawing drawing;
+    drawing.layers.push_back({});
+    drawing.layers[0].name = "0";
+    drawing.lineTypes.push_back({"Continuous", {}});
+    return drawing;
+}
+
+Entity entityOf(Geometry geometry, Vec3 extrusion) {
+    Entity entity;
+    entity.extrusion = extrusion;
+    entity.geometry = std::move(geometry);
+    return entity;
+}
+
+Insert referenceTo(uint32_t block) {
+    Insert insert;
+    insert.block = block;
+    return insert;
+}
+
+PlotTarget tenfoldTarget() {
+    PlotTarget target;
+    target.toDevice = {10.0, 0.0, 0.0, -10.0, 0.0, 1000.0};
+    target.deviceUnitsPerMillimetre = 10.0;
+    target.pageBox.add(Vec2{0.0, 0.0});
+    target.pageBox.add(Vec2{1000.0, 1000.0});
+    return target;
+}
+
+std::vector<Shape> shapesOf(const Drawing& drawing, const PlotTarget& target, const PlotStyleOptions& style) {
+    RecordingRenderer renderer;
+    plotEntities(drawing, drawing.modelSpace, target, style, renderer, {});
+    return renderer.shapes;
+}
+
+std::vector<Shape> shapesOf(const Entity& entity) {
+    Drawing drawing = emptyDrawing();
+    drawing.modelSpace.push_back(entity);
+    return shapesOf(drawing);
+}
+
+std::string textOf(const std::vector<Shape>& shapes) {
+    std::string text;
+    for (const Shape& shape : shapes) {
+        text += shape.text() + '\n';
+    }
+    return text;
+}
+
+bool isCovered(const std::vector<Shape>& shapes, Vec2 p) {
+    bool covered = false;
+    for (const Shape& shape : shapes) {
+        bool inside = false;
+        for (size_t i = 0; i < shape.points.size(); ++i) {
+            const Vec2 a = shape.points[i];
+            const Vec2 b = shape.points[(i + 1) % shape.points.size()];
+            if ((a.y > p.y) != (b.y > p.y) && p.x < a.x + (b.x - a.x) * (p.y - a.y) / (b.y - a.y)) {
+                inside = !inside;
+            }
+        }
+        covered = covered || (shape.kind == "area" && inside);
+    }
+    return covered;
+}
+
+} // namespace kelplot

@@ -1,0 +1,191 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "kelplot/plot/PlotKit.h"
+
+namespace kelplot {
+namespace {
+
+struct ShapeCase {
+    const char* name;
+    Geometry geometry;
+    const char* expected; ///< a drawing unit is 10 device units, y turned over
+};
+
+Polyline polylineOf(std::vector<PolylineVertex> vertices, bool closed) {
+    Polyline polyline;
+    polyline.vertices = std::move(vertices);
+    polyline.closed = closed;
+    return polyline;
+}
+
+TEST(Shapes, AreDrawnInTheirPlaces) {
+    const Face3d triangle{{{{1, 1, 0}, {2, 1, 0}, {2, 2, 0}, {2, 2, 0}}}, {true, true, true, true}};
+    const Face3d openFace{{{{1, 1, 0}, {2, 1, 0}, {2, 2, 0}, {1, 2, 0}}}, {true, false, true, false}};
+    const double nan = std::nan("");
+    const ShapeCase cases[] = {
+        {"line", Line{{1, 1, 9}, {2, 3, -9}}, "line 10,990 20,970\n"},
+        {"line without length", Line{{1, 1, 0}, {1, 1, 0}}, "line 10,990 10,990\n"},
+        {"open polyline", polylineOf({{{1, 1, 0}}, {{2, 1, 0}}, {{2, 2, 0}}}, false), "line 10,990 20,990 20,980\n"},
+        {"closed polyline", polylineOf({{{1, 1, 0}}, {{2, 1, 0}}, {{2, 2, 0}}}, true),
+         "line 10,990 20,990 20,980 10,990\n"},
+        {"polyline of one vertex", polylineOf({{{1, 1, 0}}}, true), ""},
+        {"solid", Solid{{{{1, 1, 0}, {2, 1, 0}, {2, 2, 0}, {1, 2, 0}}}}, "area 10,990 20,990 20,980 10,980\n"},
+        {"face of three corners", triangle, "line 10,990 20,990\nline 20,990 20,980\nline 20,980 10,990\n"},
+        {"face with hidden edges", openFace, "line 10,990 20,990\nline 20,980 10,980\n"},
+        {"off the page", Line{{-50, 1, 0}, {-1, 1, 0}}, ""},
+        {"line without an end", Line{{1, 1, 0}, {nan, 1, 0}}, ""},
+        {"solid without a corner", Solid{{{{1, 1, 0}, {2, 1, 0}, {2, nan, 0}, {1, 2, 0}}}}, ""},
+    };
+    for (const ShapeCase& row : cases) {
+        EXPECT_EQ(textOf(shapesOf(entityOf(row.geometry))), row.expected) << row.name;
+    }
+}
+
+struct PointCase {
+    const char* name;
+    int mode;
+    double size;
+    const char* expected;
+};
+
+TEST(Points, LookAsTheDrawingSays) {
+    const PointCase cases[] = {
+        {"dot", 0, 2.0, "point 500,500\n"},
+        {"nothing", 1, 2.0, ""},
+        {"plus", 2, 2.0, "line 480,500 520,500\nline 500,480 500,520\n"},
+        {"cross", 3, 2.0, "line 480,480 520,520\nline 480,520 520,480\n"},
+        {"tick points up", 4, 2.0, "line 500,500 500,490\n"},
+        {"circle about nothing", 33, 2.0, "arc 500,500 r 10 10\n"},
+        {"square about a dot", 64, 2.0, "point 500,500\nline 490,490 510,490 510,510 490,510 490,490\n"},
+        {"per cent of the page", 4, -10.0, "line 500,500 500,450\n"},
+        {"usual size", 4, 0.0, "line 500,500 500,475\n"},
+    };
+    for (const PointCase& row : cases) {
+        Drawing drawing = emptyDrawing();
+        drawing.pointMode = row.mode;
+        drawing.pointSize = row.size;
+        drawing.modelSpace.push_back(entityOf(PointEntity{{50, 50, 0}}));
+        EXPECT_EQ(textOf(shapesOf(drawing)), row.expected) << row.name;
+    }
+}
+
+TEST(WidePolylines, OfOneWidthAreWideLinesWithMitredCorners) {
+    const double w = 0.5;
+    const auto vertices = std::vector<PolylineVertex>{{{1, 1, 0}, 0, w, w}, {{3, 1, 0}, 0, w, w}, {{3, 3, 0}, 0, w, w}};
+    const auto open = shapesOf(entityOf(polylineOf(vertices, false)));
+    EXPECT_EQ(textOf(open), "line 10,990 30,990 30,970\n");
+    EXPECT_EQ(open.at(0).weight, 5.0);
+    EXPECT_EQ(open.at(0).ends, HT_PlotStyle::LineEndFlat);
+    EXPECT_EQ(open.at(0).joins, HT_PlotStyle::LineJoinMiter);
+    // The closed one runs on over its first side, so that its first corner is mitred as well.
+    EXPECT_EQ(textOf(shapesOf(entityOf(polylineOf(vertices, true)))), "line 10,990 30,990 30,970 10,990 30,990\n");
+}
+
+TEST(WidePolylines, TakeTheirWidthFromTheDrawingNotFromTheLineWeight) {
+    Drawing drawing = emptyDrawing();
+    Entity wide = entityOf(polylineOf({{{1, 1, 0}, 0, 0.5, 0.5}, {{3, 1, 0}}}, false));
+    wide.attributes.lineWeight = 200;
+    drawing.blocks.push_back({"block", {}, {wide}});
+    Insert reference = referenceTo(0);
+    reference.scale = {4.0, 4.0, 4.0};
+    drawing.modelSpace.push_back(entityOf(reference));
+    EXPECT_EQ(shapesOf(drawing, tenfoldTarget(), {false, 3.0}).at(0).weight, 20.0);
+}
+
+struct CoverCase {
+    const char* name;
+    Geometry geometry;
+    Vec3 scale;
+    std::vector<Vec2> covered; ///< device units
+    std::vector<Vec2> bare;
+};
+
+TEST(WidePolylines, OfVaryingWidthOrStretchedAreAreas) {
+    const double w = 10.0;
+    const Polyline corner = polylineOf({{{10, 20, 0}, 0, w, w}, {{50, 20, 0}, 0, w, w}, {{50, 60, 0}, 0, w, w}}, false);
+    const Polyline arrow = polylineOf({{{10, 50, 0}, 0, 0, 0}, {{50, 50, 0}, 0, 20, 0}, {{90, 50, 0}}}, false);
+    const Polyline horn = polylineOf({{{80, 50, 0}, 1.0, 10, 20}, {{20, 50, 0}}}, false);
+    const CoverCase cases[] = {
+        {"arrow", arrow, {1, 1, 1}, {{510, 410}, {510, 590}, {700, 540}, {880, 500}}, {{490, 490}, {700, 560}}},
+        {"stretched corner", corner, {1, 1.5, 1}, {{110, 770}, {110, 630}, {549, 770}, {451, 200}}, {{440, 600}}},
+        {"horn",
+         horn,
+         {1, 1, 1},
+         {{840, 499}, {760, 499}, {120, 499}, {280, 499}, {500, 200}},
+         {{500, 300}, {745, 499}}},
+    };
+    for (const CoverCase& row : cases) {
+        Drawing drawing = emptyDrawing();
+        drawing.blocks.push_back({"block", {}, {entityOf(row.geometry)}});
+        Insert reference = referenceTo(0);
+        reference.scale = row.scale;
+        drawing.modelSpace.push_back(entityOf(reference));
+        const auto shapes = shapesOf(drawing);
+        for (const Vec2 p : row.covered) {
+            EXPECT_TRUE(isCovered(shapes, p)) << row.name << ' ' << p.x << ',' << p.y;
+        }
+        for (const Vec2 p : row.bare) {
+            EXPECT_FALSE(isCovered(shapes, p)) << row.name << ' ' << p.x << ',' << p.y;
+        }
+    }
+    EXPECT_EQ(textOf(shapesOf(entityOf(arrow))), "area 500,400 900,500 900,500 500,600\nline 100,500 500,500\n");
+}
+
+TEST(WidePolylines, PiecesOverlapSoThatNoSeamShows) {
+    const Polyline tapering = polylineOf({{{10, 50, 0}, 0, 10, 8}, {{50, 50, 0}, 0, 8, 4}, {{90, 50, 0}}}, false);
+    const auto shapes = shapesOf(entityOf(tapering));
+    ASSERT_EQ(shapes.size(), 2U);
+    for (const RecordingRenderer::Shape& piece : shapes) {
+        EXPECT_TRUE(isCovered({piece}, {499.5, 500})) << piece.text();
+    }
+}
+
+TEST(FarShapes, AreCutBeforeTheRendererSeesThem) {
+    const double far = 1e12;
+    const auto line = shapesOf(entityOf(Line{{-far, 50, 0}, {far, 50, 0}}));
+    ASSERT_EQ(line.size(), 1U);
+    const auto path =
+        shapesOf(entityOf(polylineOf({{{10, 10, 0}}, {{10, far, 0}}, {{20, far, 0}}, {{20, 10, 0}}}, false)));
+    ASSERT_EQ(path.size(), 2U) << "two pieces on the page";
+    const auto area = shapesOf(entityOf(Solid{{{{-far, -far, 0}, {far, -far, 0}, {far, 50, 0}, {-far, 50, 0}}}}));
+    ASSERT_EQ(area.size(), 1U);
+    EXPECT_TRUE(isCovered(area, {500, 501}));
+    EXPECT_TRUE(isCovered(area, {1, 999}));
+    EXPECT_FALSE(isCovered(area, {500, 499}));
+    for (const auto& shapes : {line, path, area}) {
+        for (const auto& shape : shapes) {
+            for (const Vec2 p : shape.points) {
+                EXPECT_LT(p.length(), 1e4) << shape.text();
+            }
+        }
+    }
+    for (const Vec2 p : line[0].points) {
+        EXPECT_NEAR(p.y, 500.0, 1e-6);
+        EXPECT_TRUE(p.x < -900.0 || p.x > 1900.0) << "cut where it shows";
+    }
+}
+
+TEST(FarShapes, GeoreferencedDrawingsKeepTheirDetail) {
+    PlotTarget target = tenfoldTarget();
+    target.toDevice = {1000.0, 0.0, 0.0, -1000.0, -5e9, 6e9 + 1000.0};
+    Drawing drawing = emptyDrawing();
+    drawing.modelSpace.push_back(entityOf(Line{{5e6 + 0.25, 6e6 + 0.5, 0}, {5e6 + 0.75, 6e6 + 0.125, 0}}));
+    EXPECT_EQ(textOf(shapesOf(drawing, target)), "line 250,500 750,875\n");
+}
+
+TEST(Progress, RisesToOne) {
+    Drawing drawing = emptyDrawing();
+    drawing.modelSpace.assign(5000, entityOf(Line{{1, 1, 0}, {2, 2, 0}}));
+    RecordingRenderer renderer;
+    std::vector<double> fractions;
+    plotEntities(drawing, drawing.modelSpace, tenfoldTarget(), {}, renderer,
+                 [&](double fraction) { fractions.push_back(fraction); });
+    EXPECT_GT(fractions.size(), 3U);
+    EXPECT_TRUE(std::is_sorted(fractions.begin(), fractions.end()));
+    EXPECT_EQ(fractions.back(), 1.0);
+}
+
+} // namespace
+} // namespace kelplot

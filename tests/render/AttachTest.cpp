@@ -1,0 +1,116 @@
+#include <QImage>
+
+#include "render/RendererFixture.h"
+
+namespace {
+
+const HT_Double_Point segment[] = {{0, 0}, {5, 0}};
+
+TEST(DetachedRenderer, RecordsStyleAndDrawsNothing) {
+    OpenRenderer renderer;
+    EXPECT_FALSE(renderer.StartRender());
+    renderer.SetColor(0x00332211);
+    renderer.SetLineWeight(3.0);
+    renderer.SetFillMode(HT_PlotStyle::FillModeWinding);
+    renderer.SetMergeControlType(HT_PlotStyle::MergeControlMerge);
+    renderer.DrawPoint({1, 1});
+    renderer.DrawPolyline(segment, 2);
+    renderer.FillPolygon(segment, 2);
+    renderer.DrawBezier(segment, 2);
+    renderer.DrawArc({0, 0}, 5, 5, 0, 0, 1);
+    renderer.FinishRender();
+    renderer.DetachDriver();
+    EXPECT_EQ(renderer.color, QColor(0x11, 0x22, 0x33));
+    EXPECT_EQ(renderer.penWidth, 3);
+    EXPECT_FALSE(renderer.windingPending);
+}
+
+TEST(DetachedRenderer, EllipseDoesNotReachArcsOfSubclasses) {
+    struct CountsArcs : QTRenderer {
+        void DrawArc(const HT_Double_Point&, double, double, double, double, double) override { ++arcs; }
+        int arcs = 0;
+    };
+    CountsArcs renderer;
+    renderer.DrawEllipse({0, 0}, 5, 5, 0);
+    EXPECT_EQ(renderer.arcs, 0);
+}
+
+TEST(DetachedRenderer, StyleSetBeforeAttachingAppliesAfterwards) {
+    OpenRenderer renderer;
+    renderer.SetLineWeight(7.0);
+    renderer.SetLineType(HT_PlotStyle::LineTypeSolid, nullptr, 0);
+    PlotRecorder recorder;
+    QPainter painter(&recorder);
+    renderer.AttachDriver(&painter, {0, 0}, true);
+    renderer.SetColor(0x0000FF);
+    renderer.DrawPolyline(segment, 2);
+    EXPECT_EQ(recorder.plot(), "polyline 0,0 5,0 | pen #ff0000 7 solid flat miter | brush #ff0000 solid\n");
+    renderer.AttachDriver(nullptr, {0, 0}, false); // the painter dies before the renderer
+}
+
+TEST_F(RendererTest, StartRenderInstallsBlackUntilTheNextSetter) {
+    renderer.SetColor(0x0000FF);
+    EXPECT_TRUE(renderer.StartRender());
+    renderer.DrawPolyline(segment, 2);
+    renderer.SetLineWeight(2.0); // rebuilds the pen from the recorded style, which is red and still dotted
+    renderer.DrawPolyline(segment, 2);
+    EXPECT_EQ(recorder.plot(), golden(R"(
+        polyline 0,0 5,0 | pen #000000 1 solid square bevel | brush #000000 solid
+        polyline 0,0 5,0 | pen #ff0000 2 dot flat miter | brush #000000 solid
+    )"));
+}
+
+// Three states lie on the painter's stack below the renderer's; each carries its own pen width.
+TEST(AttachedRenderer, RestoresOnceOnDetachAndOnceOnDestruction) {
+    PlotRecorder recorder;
+    QPainter painter(&recorder);
+    painter.setPen(QPen(Qt::black, 10));
+    painter.save();
+    painter.setPen(QPen(Qt::black, 20));
+    {
+        QTRenderer renderer;
+        renderer.AttachDriver(&painter, {0, 0}, false); // saves 20
+        renderer.SetLineWeight(30.0);
+        renderer.StartRender(); // saves 30
+        renderer.SetLineWeight(40.0);
+        renderer.FinishRender();
+        EXPECT_EQ(painter.pen().width(), 40);
+        renderer.DetachDriver();
+        EXPECT_EQ(painter.pen().width(), 30);
+    }
+    EXPECT_EQ(painter.pen().width(), 20);
+    painter.restore();
+    EXPECT_EQ(painter.pen().width(), 10);
+}
+
+TEST_F(RendererTest, MergeControlChoosesComposition) {
+    const struct {
+        int type;
+        QPainter::CompositionMode expected;
+    } steps[] = {
+        {1, QPainter::CompositionMode_Multiply},   {2, QPainter::CompositionMode_Multiply},
+        {-1, QPainter::CompositionMode_Multiply},  {0, QPainter::CompositionMode_SourceOver},
+        {7, QPainter::CompositionMode_SourceOver},
+    };
+    for (const auto& step : steps) {
+        renderer.SetMergeControlType(fromDriver<HT_PlotStyle::MergeControlType>(step.type));
+        EXPECT_EQ(painter.compositionMode(), step.expected) << "type " << step.type;
+    }
+}
+
+TEST(AttachedRenderer, MergedInkMultipliesWithWhatLiesBelow) {
+    QImage page(4, 4, QImage::Format_RGB32);
+    page.fill(QColor(255, 255, 0));
+    QPainter painter(&page);
+    QTRenderer renderer;
+    renderer.AttachDriver(&painter, {4, 4}, false);
+    renderer.StartRender();
+    renderer.SetMergeControlType(HT_PlotStyle::MergeControlMerge);
+    renderer.SetColor(0xFFFF00); // cyan over yellow
+    const HT_Double_Point whole[] = {{0, 0}, {4, 0}, {4, 4}, {0, 4}};
+    renderer.FillPolygon(whole, 4);
+    EXPECT_EQ(page.pixelColor(2, 2), QColor(0, 255, 0));
+    renderer.AttachDriver(nullptr, {0, 0}, false);
+}
+
+} // namespace

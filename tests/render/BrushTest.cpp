@@ -1,0 +1,95 @@
+#include <QImage>
+
+#include "render/RendererFixture.h"
+#include "support/PlotText.h"
+
+namespace {
+
+TEST_F(RendererTest, FillStylesChooseTheBrush) {
+    renderer.SetColor(0x0000FF);
+    const struct {
+        int style;
+        const char* brush;
+    } cases[] = {
+        {0, "#ff0000 solid"},
+        {1, "texture 8x8"},
+        {2, "#ff0000 cross"},
+        {3, "#ff0000 diagonal-cross"},
+        {4, "#ff0000 horizontal"},
+        {5, "#ff0000 forward-diagonal"},
+        {6, "#ff0000 backward-diagonal"},
+        {7, "texture 8x8"},
+        {8, "#ff0000 vertical"},
+        {9, "none"},
+        {-1, "none"},
+        {INT32_MAX, "none"},
+    };
+    for (const auto& c : cases) {
+        renderer.SetFillStyle(fromDriver<HT_PlotStyle::FillStyle>(c.style));
+        EXPECT_EQ(plotText::brush(painter.brush()), c.brush) << "style " << c.style;
+    }
+}
+
+std::string pictureOf(const QImage& image) {
+    std::string text;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor pixel = image.pixelColor(x, y);
+            text += pixel == Qt::white ? '.' : pixel == Qt::red ? 'r' : pixel == Qt::blue ? 'b' : '?';
+        }
+        text += '\n';
+    }
+    return text;
+}
+
+const std::string redSquare = golden(R"(
+    ........
+    ........
+    ..rrrr..
+    ..r..r..
+    ..r..r..
+    ..rrrr..
+    ........
+    ........
+)");
+
+const std::string blueDot = golden(R"(
+    bb......
+    bb......
+    ........
+    ........
+    ........
+    ........
+    ........
+    ........
+)");
+
+TEST_F(RendererTest, TexturesKeepTheColourOfTheirFirstUse) {
+    renderer.SetColor(0x0000FF);
+    renderer.SetAlpha(10); // a texture is opaque all the same
+    renderer.SetFillStyle(HT_PlotStyle::FillSquares);
+    EXPECT_EQ(pictureOf(painter.brush().textureImage()), redSquare);
+    renderer.SetColor(0xFF0000);
+    EXPECT_EQ(pictureOf(painter.brush().textureImage()), redSquare);
+    renderer.SetFillStyle(HT_PlotStyle::FillDots);
+    EXPECT_EQ(pictureOf(painter.brush().textureImage()), blueDot);
+    renderer.SetFillStyle(HT_PlotStyle::FillSquares);
+    EXPECT_EQ(pictureOf(painter.brush().textureImage()), redSquare);
+}
+
+TEST(TextureFill, TilesThePageFromItsCorner) {
+    QImage page(16, 16, QImage::Format_RGB32);
+    page.fill(Qt::green);
+    QPainter painter(&page);
+    QTRenderer renderer;
+    renderer.AttachDriver(&painter, {16, 16}, false);
+    renderer.SetColor(0x0000FF);
+    renderer.SetFillStyle(HT_PlotStyle::FillSquares);
+    const HT_Double_Point whole[] = {{0, 0}, {16, 0}, {16, 16}, {0, 16}};
+    renderer.FillPolygon(whole, 4);
+    EXPECT_EQ(pictureOf(page.copy(0, 0, 8, 8)), redSquare);
+    EXPECT_EQ(pictureOf(page.copy(8, 8, 8, 8)), redSquare);
+    renderer.AttachDriver(nullptr, {0, 0}, false);
+}
+
+} // namespace

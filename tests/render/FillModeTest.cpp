@@ -1,0 +1,103 @@
+#include <QImage>
+
+#include "render/RendererFixture.h"
+
+namespace {
+
+using namespace HT_PlotStyle;
+
+const HT_Double_Point triangle[] = {{0, 0}, {10, 0}, {0, 10}};
+const HT_Double_Point closedTriangle[] = {{20, 0}, {30, 0}, {20, 10}, {20, 0}};
+
+class FillModeTest : public RendererTest {
+protected:
+    FillModeTest() {
+        renderer.SetLineType(LineTypeSolid, nullptr, 0);
+        renderer.SetLineWeight(1.0);
+        renderer.SetColor(0x0000FF);
+    }
+};
+
+TEST_F(FillModeTest, AlternateFillsAtOnceWithoutOutline) {
+    renderer.FillPolygon(triangle, 3);
+    EXPECT_EQ(recorder.plot(), "path M0,0 L10,0 L0,10 | pen none | brush #ff0000 solid\n");
+}
+
+TEST_F(FillModeTest, WindingDrawsAllPolygonsAsOnePathWhenLeft) {
+    renderer.SetFillMode(FillModeWinding);
+    renderer.FillPolygon(triangle, 3);
+    renderer.SetFillMode(FillModeWinding);
+    renderer.FillPolygon(closedTriangle, 4);
+    renderer.SetFillMode(fromDriver<FillMode>(2));
+    EXPECT_EQ(recorder.shapes(), "");
+    renderer.SetFillMode(FillModeAlternate);
+    EXPECT_EQ(recorder.plot(), golden(R"(
+        path M0,0 L10,0 L0,10 L0,0 M20,0 L30,0 L20,10 L20,0 winding | pen #ff0000 1 solid flat miter | brush #ff0000 solid
+        path M0,0 L10,0 L0,10 L0,0 M20,0 L30,0 L20,10 L20,0 winding | pen none | brush #ff0000 solid
+    )"));
+    EXPECT_FALSE(renderer.windingPending);
+
+    recorder.clear();
+    renderer.SetFillMode(FillModeAlternate);
+    renderer.FillPolygon(triangle, 3);
+    EXPECT_EQ(recorder.shapes(), "path M0,0 L10,0 L0,10\n");
+}
+
+TEST_F(FillModeTest, LeavingAnEmptyGatheringDrawsNothing) {
+    renderer.SetFillMode(FillModeAlternate);
+    renderer.SetFillMode(FillModeWinding);
+    renderer.SetFillMode(FillModeAlternate);
+    EXPECT_FALSE(renderer.windingPending);
+    EXPECT_TRUE(renderer.windingPath.isEmpty());
+    EXPECT_EQ(renderer.windingPath.fillRule(), Qt::OddEvenFill);
+    EXPECT_EQ(recorder.shapes(), "");
+}
+
+TEST_F(FillModeTest, GatheredPolygonsUseTheBrushOfTheEnd) {
+    renderer.SetFillMode(FillModeWinding);
+    renderer.FillPolygon(triangle, 3);
+    renderer.SetColor(0xFF0000);
+    renderer.SetFillMode(FillModeAlternate);
+    ASSERT_EQ(recorder.calls().size(), 2U);
+    EXPECT_EQ(recorder.calls()[0].state, " | pen #0000ff 1 solid flat miter | brush #0000ff solid");
+}
+
+TEST_F(FillModeTest, ShrunkenPolygonsAreDrawnEvenWhileGathering) {
+    const HT_Double_Point line[] = {{0, 0}, {10, 0}, {10.2, 0.1}};
+    const HT_Double_Point dot[] = {{3.9, 3.9}, {4.1, 4.1}, {4.0, 4.0}};
+    for (const FillMode mode : {FillModeAlternate, FillModeWinding}) {
+        renderer.SetFillMode(mode);
+        renderer.SetColor(0x0000FF); // lets the point count as new
+        recorder.clear();
+        renderer.FillPolygon(line, 3);
+        renderer.FillPolygon(dot, 3);
+        EXPECT_EQ(recorder.shapes(), "polyline 0,0 10,0\npoints 4,4\n") << "mode " << mode;
+    }
+}
+
+// Two squares that turn the same way and overlap: even-odd leaves a hole, winding does not.
+TEST(WindingFill, OverlapsStayFilled) {
+    QImage page(12, 12, QImage::Format_RGB32);
+    page.fill(Qt::white);
+    QPainter painter(&page);
+    QTRenderer renderer;
+    renderer.AttachDriver(&painter, {12, 12}, false);
+    renderer.SetColor(0);
+    renderer.SetFillMode(FillModeWinding);
+    const HT_Double_Point first[] = {{0, 0}, {8, 0}, {8, 8}, {0, 8}};
+    const HT_Double_Point second[] = {{4, 4}, {12, 4}, {12, 12}, {4, 12}};
+    renderer.FillPolygon(first, 4);
+    renderer.FillPolygon(second, 4);
+    renderer.SetFillMode(FillModeAlternate);
+    EXPECT_EQ(page.pixelColor(6, 6), QColor(Qt::black));
+    EXPECT_EQ(page.pixelColor(2, 2), QColor(Qt::black));
+    EXPECT_EQ(page.pixelColor(10, 2), QColor(Qt::white));
+
+    page.fill(Qt::white);
+    const HT_Double_Point twiceRound[] = {{0, 0}, {8, 0}, {8, 8}, {0, 8}, {0, 0}, {8, 0}, {8, 8}, {0, 8}};
+    renderer.FillPolygon(twiceRound, 8); // twice round: nothing is inside by the even-odd rule
+    EXPECT_EQ(page.pixelColor(4, 4), QColor(Qt::white));
+    renderer.AttachDriver(nullptr, {0, 0}, false);
+}
+
+} // namespace

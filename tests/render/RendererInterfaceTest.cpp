@@ -1,0 +1,116 @@
+#include <cstring>
+#include <memory>
+#include <type_traits>
+
+#include "keldriver/Renderer.h"
+#include "render/RendererFixture.h"
+
+static_assert(std::has_virtual_destructor_v<HT_Renderer> && std::is_abstract_v<HT_Renderer>);
+static_assert(!std::is_copy_constructible_v<QTRenderer> && !std::is_copy_assignable_v<QTRenderer>);
+
+namespace {
+
+// The position of a virtual function in the virtual table, counted from its first entry. The destructor has
+// two entries. The platform's C++ ABI keeps the offset in the first word of a member pointer, with or
+// without a flag in its lowest bit.
+template <typename Member>
+ptrdiff_t slotOf(Member member) {
+    ptrdiff_t word = 0;
+    std::memcpy(&word, &member, sizeof word);
+    return (word & ~ptrdiff_t{1}) / static_cast<ptrdiff_t>(sizeof(void*));
+}
+
+template <typename Renderer>
+std::vector<std::pair<const char*, ptrdiff_t>> slotTable() {
+    return {
+        {"Features", slotOf(&Renderer::Features)},
+        {"AttachDriver", slotOf(&Renderer::AttachDriver)},
+        {"DetachDriver", slotOf(&Renderer::DetachDriver)},
+        {"StartRender", slotOf(&Renderer::StartRender)},
+        {"FinishRender", slotOf(&Renderer::FinishRender)},
+        {"DrawPoint", slotOf(&Renderer::DrawPoint)},
+        {"DrawEllipse", slotOf(&Renderer::DrawEllipse)},
+        {"DrawArc", slotOf(&Renderer::DrawArc)},
+        {"DrawPolyline", slotOf(&Renderer::DrawPolyline)},
+        {"FillPolygon", slotOf(&Renderer::FillPolygon)},
+        {"DrawBezier", slotOf(&Renderer::DrawBezier)},
+        {"DrawText", slotOf(&Renderer::DrawText)},
+        {"DrawImage", slotOf(&Renderer::DrawImage)},
+        {"SetLineWeight", slotOf(&Renderer::SetLineWeight)},
+        {"SetLineEndStyle", slotOf(&Renderer::SetLineEndStyle)},
+        {"SetLineJoinStyle", slotOf(&Renderer::SetLineJoinStyle)},
+        {"SetLineType", slotOf(&Renderer::SetLineType)},
+        {"SetFillStyle", slotOf(&Renderer::SetFillStyle)},
+        {"SetColor", slotOf(&Renderer::SetColor)},
+        {"SetAlpha", slotOf(&Renderer::SetAlpha)},
+        {"SetFillMode", slotOf(&Renderer::SetFillMode)},
+        {"SetMergeControlType", slotOf(&Renderer::SetMergeControlType)},
+        {"SetClipRgn", slotOf(&Renderer::SetClipRgn)},
+        {"setScale", slotOf(&Renderer::setScale)},
+        {"BeginPath", slotOf(&Renderer::BeginPath)},
+        {"EndPath", slotOf(&Renderer::EndPath)},
+        {"FillPath", slotOf(&Renderer::FillPath)},
+        {"SetDrawingPline", slotOf(&Renderer::SetDrawingPline)},
+    };
+}
+
+template <typename Renderer>
+void expectAgreedOrder() {
+    ptrdiff_t expected = 2;
+    for (const auto& [name, slot] : slotTable<Renderer>()) {
+        EXPECT_EQ(slot, expected++) << name;
+    }
+}
+
+TEST(RendererInterface, SlotsKeepTheOrderAgreedWithDrivers) {
+    expectAgreedOrder<HT_Renderer>();
+    expectAgreedOrder<QTRenderer>();
+}
+
+TEST(RendererFactory, KnowsOneKind) {
+    for (const int kind : {-1, 0, 3, 5}) {
+        EXPECT_EQ(HT_RendererFactory::CreateRenderer(kind, 0), nullptr) << "kind " << kind;
+    }
+    HT_Renderer* renderer = HT_RendererFactory::CreateRenderer(4, 12345);
+    ASSERT_NE(renderer, nullptr);
+    EXPECT_EQ(renderer->Features(), 31U);
+    HT_RendererFactory::DestroyRenderer(renderer);
+    HT_RendererFactory::DestroyRenderer(nullptr);
+}
+
+TEST(RendererFactory, DestroysThroughTheInterface) {
+    struct Witness : QTRenderer {
+        explicit Witness(bool& flag) : destroyed(flag) {}
+        ~Witness() override { destroyed = true; }
+        bool& destroyed;
+    };
+    bool isDestroyed = false;
+    HT_RendererFactory::DestroyRenderer(new Witness(isDestroyed));
+    EXPECT_TRUE(isDestroyed);
+}
+
+// The bitmaps for squares and dots are checked where they are drawn.
+TEST(PlotStyle, HatchesFitEachOther) {
+    using namespace HT_PlotStyle;
+    for (int row = 0; row < 8; ++row) {
+        const auto bits = [row](FillStyle style) {
+            return FillStyleBitmapBuffer[style][row];
+        };
+        EXPECT_EQ(bits(FillForwardDiagonal), 0xFF & ~(0x80 >> row)) << "row " << row;
+        EXPECT_EQ(bits(FillBackwardDiagonal), 0xFF & ~(0x01 << row)) << "row " << row;
+        EXPECT_EQ(bits(FillCross), bits(FillHorizontal) & bits(FillVertical)) << "row " << row;
+        EXPECT_EQ(bits(FillDiagCross), FillStyleBitmapBuffer[FillDiagCross][7 - row]) << "row " << row;
+    }
+}
+
+TEST_F(RendererTest, PathModeHasNoEffect) {
+    const HT_Double_Point triangle[] = {{0, 0}, {10, 0}, {0, 10}};
+    renderer.BeginPath();
+    renderer.SetDrawingPline(true);
+    renderer.DrawPolyline(triangle, 3);
+    renderer.EndPath();
+    renderer.FillPath();
+    EXPECT_EQ(recorder.shapes(), "polyline 0,0 10,0 0,10\n");
+}
+
+} // namespace
