@@ -1,7 +1,8 @@
 # Language level, warnings and instrumentation for the targets of this project, and only for those.
 function(keldriver_target_defaults target)
     target_compile_features(${target} PUBLIC cxx_std_17)
-    set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
+    set_target_properties(${target} PROPERTIES
+        CXX_STANDARD 17 CXX_STANDARD_REQUIRED ON CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
     if(KELDRIVER_WERROR)
         target_compile_options(${target} PRIVATE -Werror)

@@ -13,8 +13,9 @@ constexpr int fineDotsPerInch = 2540;
 constexpr double fineUnitsPerMillimetre = 100.0;
 
 inline DeviceGrid fineGrid() {
-    // A line of a tenth of a millimetre shows on any printer; a flattened curve errs no more than the grid does.
-    return {fineUnitsPerMillimetre, 10.0, 1.0};
+    // A line of a tenth of a millimetre shows on any printer; a flattened curve errs by less than a tenth of a dot
+    // of a printer with 600 dots an inch.
+    return {fineUnitsPerMillimetre, 10.0, 0.4};
 }
 
 inline int fineUnits(double millimetres) {

@@ -80,7 +80,7 @@ void EntityPlotter::drawVaryingWidth(const std::vector<PolylineSegment>& segment
     constexpr double overlap = 1.5; // device units; the renderer rounds to whole ones
     const auto outlines = wideOutlines(segments, closed, current.map, rules, overlap);
     if (!outlines.empty()) {
-        m_pens.setFill(inkFor(current.style.colour, InkUse::line, m_options.monochrome));
+        m_pens.setFill(inkFor(current.style.colour, InkUse::line, m_options.monochrome), current.style.opacity);
     }
     for (const std::vector<Vec2>& outline : outlines) {
         m_canvas.fillPolygon(outline);

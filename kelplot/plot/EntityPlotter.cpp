@@ -42,6 +42,7 @@ Pen EntityPlotter::linePen(const EntityStyle& style) const {
     const double millimetres = style.lineWeight / 100.0 * m_options.lineWeightScale;
     Pen pen;
     pen.ink = inkFor(style.colour, InkUse::line, m_options.monochrome);
+    pen.opacity = style.opacity;
     pen.width = std::max(millimetres * m_target.deviceUnitsPerMillimetre, m_target.hairlineWidth);
     if (style.lineType < m_drawing.lineTypes.size() && !m_drawing.lineTypes[style.lineType].pattern.empty()) {
         pen.lineType = &m_drawing.lineTypes[style.lineType];
@@ -51,7 +52,7 @@ Pen EntityPlotter::linePen(const EntityStyle& style) const {
 }
 
 void EntityPlotter::useFill(const Current& current) {
-    m_pens.setFill(inkFor(current.style.colour, InkUse::fill, m_options.monochrome));
+    m_pens.setFill(inkFor(current.style.colour, InkUse::fill, m_options.monochrome), current.style.opacity);
 }
 
 void EntityPlotter::draw(const PointEntity& point, const Current& current) {

@@ -10,13 +10,6 @@ namespace {
 constexpr uint32_t floatingLayer = 0; // what a block holds on layer "0" takes the layer of the reference
 constexpr LineWeight ordinaryWeight = 25;
 
-/// Dimensions leave their measuring points on this layer, which no program plots.
-bool isHelperLayer(const std::string& name) {
-    const std::string helper = "DEFPOINTS";
-    return std::equal(name.begin(), name.end(), helper.begin(), helper.end(),
-                      [](char a, char b) { return (a >= 'a' && a <= 'z' ? a - 'a' + 'A' : a) == b; });
-}
-
 double orOne(double scale) {
     return scale > 0.0 && std::isfinite(scale) ? scale : 1.0;
 }
@@ -26,7 +19,7 @@ double orOne(double scale) {
 StyleResolver::StyleResolver(const Drawing& drawing) : m_drawing(drawing) {
     m_plotted.reserve(drawing.layers.size());
     for (const Layer& layer : drawing.layers) {
-        m_plotted.push_back(layer.on && !layer.frozen && layer.plotted && !isHelperLayer(layer.name));
+        m_plotted.push_back(layer.on && !layer.frozen && layer.plotted);
     }
     m_outside.lineWeight = weightOf(lineWeightDefault);
 }
@@ -54,6 +47,9 @@ EntityStyle StyleResolver::resolve(const Attributes& attributes, const EntitySty
 
     const LineWeight weight = attributes.lineWeight == lineWeightByLayer ? layer.lineWeight : attributes.lineWeight;
     style.lineWeight = weight == lineWeightByBlock ? reference.lineWeight : weightOf(weight);
+
+    const Opacity opacity = attributes.opacity == opacityByLayer ? layer.opacity : attributes.opacity;
+    style.opacity = opacity >= 0 ? static_cast<uint8_t>(opacity) : reference.opacity;
 
     style.lineTypeScale = orOne(attributes.lineTypeScale) * orOne(m_drawing.lineTypeScale);
     return style;

@@ -12,7 +12,8 @@ struct EntityStyle {
     Colour colour{Colour::Kind::index, 7}; ///< a colour number or a true colour
     uint32_t lineType = 0;                 ///< index into Drawing::lineTypes
     LineWeight lineWeight = 0;             ///< hundredths of a millimetre, not negative
-    double lineTypeScale = 1.0;            ///< of the entity and the drawing together
+    uint8_t opacity = opaque;
+    double lineTypeScale = 1.0; ///< of the entity and the drawing together
 };
 
 /// Works out the styles of the entities of a drawing, which outlives this.

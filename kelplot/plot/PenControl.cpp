@@ -22,6 +22,13 @@ PenControl::PenControl(HT_Renderer& renderer, double hairlineWidth)
     m_renderer.SetFillStyle(HT_PlotStyle::FillSolid);
 }
 
+void PenControl::sendInk(const Pen& pen) {
+    m_renderer.SetColor(pen.ink); // opaque until told otherwise
+    if (pen.opacity != opaque) {
+        m_renderer.SetAlpha(pen.opacity);
+    }
+}
+
 /// The renderer works out the pattern for the weight in force, so this follows every change of weight.
 void PenControl::sendLineType(const Pen& pen, int width) {
     constexpr double finestPeriod = 3.0; // hairline widths; a dash and a gap that can be told apart
@@ -37,8 +44,8 @@ void PenControl::sendLineType(const Pen& pen, int width) {
 void PenControl::setPen(const Pen& pen) {
     const bool fresh = m_width == 0;
     const int width = wholeWidth(pen.width);
-    if (fresh || pen.ink != m_pen.ink) {
-        m_renderer.SetColor(pen.ink);
+    if (fresh || pen.ink != m_pen.ink || pen.opacity != m_pen.opacity) {
+        sendInk(pen);
     }
     if (width != m_width) {
         m_renderer.SetLineWeight(width);

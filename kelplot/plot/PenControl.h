@@ -8,6 +8,7 @@ namespace kelplot {
 /// A pen as the plot wants it.
 struct Pen {
     HT_Color ink = 0;
+    uint8_t opacity = opaque;
     double width = 1.0;                 ///< device units
     const LineType* lineType = nullptr; ///< null: continuous
     double patternScale = 1.0;          ///< device units in a unit of the line type's pattern
@@ -22,12 +23,13 @@ public:
 
     void setPen(const Pen& pen);
     /// Prepares filling. A polygon too small for an area is drawn with the pen, so that becomes a hairline.
-    void setFill(HT_Color ink) { setPen({ink, m_hairlineWidth, nullptr, 1.0, false}); }
+    void setFill(HT_Color ink, uint8_t opacity) { setPen({ink, opacity, m_hairlineWidth, nullptr, 1.0, false}); }
 
     /// Tells whether the pen in force draws dashes.
     bool isDashed() const { return m_dashed; }
 
 private:
+    void sendInk(const Pen& pen);
     void sendLineType(const Pen& pen, int width);
 
     HT_Renderer& m_renderer;

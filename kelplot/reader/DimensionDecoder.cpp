@@ -5,25 +5,25 @@
 namespace kelplot {
 
 void DimensionDecoder::begin(std::string_view) {
-    block_.clear();
-    position_ = {};
+    m_block.clear();
+    m_position = {};
 }
 
 void DimensionDecoder::take(const Group& group) {
     switch (group.code) {
     case 2:
-        if (block_.empty()) {
-            block_ = trimmed(group.value);
+        if (m_block.empty()) {
+            m_block = trimmed(group.value);
         }
         break;
     case 12:
-        position_.x = toReal(group.value);
+        m_position.x = toReal(group.value);
         break;
     case 22:
-        position_.y = toReal(group.value);
+        m_position.y = toReal(group.value);
         break;
     case 32:
-        position_.z = toReal(group.value);
+        m_position.z = toReal(group.value);
         break;
     default:
         break;
@@ -31,12 +31,12 @@ void DimensionDecoder::take(const Group& group) {
 }
 
 void DimensionDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
-    if (block_.empty()) {
+    if (m_block.empty()) {
         return;
     }
     Insert insert;
-    insert.block = builder.block(block_);
-    insert.position = position_;
+    insert.block = builder.block(m_block);
+    insert.position = m_position;
     // The block holds world coordinates, whatever plane was dimensioned.
     builder.addInWorld(header, insert);
 }

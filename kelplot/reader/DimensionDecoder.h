@@ -14,8 +14,8 @@ public:
     void end(const RecordHeader& header, DrawingBuilder& builder) override;
 
 private:
-    std::string block_;
-    Vec3 position_; ///< off the origin for a copy that shares the block of another dimension
+    std::string m_block;
+    Vec3 m_position; ///< off the origin for a copy that shares the block of another dimension
 };
 
 } // namespace kelplot

@@ -33,9 +33,9 @@ DrawingBuilder::DrawingBuilder() {
 
 uint32_t DrawingBuilder::layer(std::string_view name) {
     std::string newName;
-    const NameTable::Found found = layers_.find(name.empty() ? defaultLayer : name, decoder_, newName);
+    const NameTable::Found found = m_layers.find(name.empty() ? defaultLayer : name, m_decoder, newName);
     if (found.added) {
-        drawing_.layers.emplace_back().name = std::move(newName);
+        m_drawing.layers.emplace_back().name = std::move(newName);
     }
     return found.index;
 }
@@ -48,18 +48,18 @@ uint32_t DrawingBuilder::lineType(std::string_view name) {
         return lineTypeByBlock;
     }
     std::string newName;
-    const NameTable::Found found = lineTypes_.find(name, decoder_, newName);
+    const NameTable::Found found = m_lineTypes.find(name, m_decoder, newName);
     if (found.added) {
-        drawing_.lineTypes.emplace_back().name = std::move(newName);
+        m_drawing.lineTypes.emplace_back().name = std::move(newName);
     }
     return found.index;
 }
 
 uint32_t DrawingBuilder::block(std::string_view name) {
     std::string newName;
-    const NameTable::Found found = blocks_.find(name, decoder_, newName);
+    const NameTable::Found found = m_blocks.find(name, m_decoder, newName);
     if (found.added) {
-        drawing_.blocks.emplace_back().name = std::move(newName);
+        m_drawing.blocks.emplace_back().name = std::move(newName);
     }
     return found.index;
 }
@@ -67,38 +67,38 @@ uint32_t DrawingBuilder::block(std::string_view name) {
 void DrawingBuilder::beginBlock(std::string_view name, const Vec3& basePoint) {
     // The dollar form is what programs wrote that had to avoid the asterisk.
     if (equalsIgnoringCase(name, "*MODEL_SPACE") || equalsIgnoringCase(name, "$MODEL_SPACE")) {
-        destination_ = Destination::modelSpace;
+        m_destination = Destination::modelSpace;
         return;
     }
     if (equalsIgnoringCase(name, "*PAPER_SPACE") || equalsIgnoringCase(name, "$PAPER_SPACE")) {
-        destination_ = Destination::paperSpace;
+        m_destination = Destination::paperSpace;
         return;
     }
-    currentBlock_ = block(name);
+    m_currentBlock = block(name);
     // A block that is defined twice is what its last definition says.
-    drawing_.blocks[currentBlock_].basePoint = basePoint;
-    drawing_.blocks[currentBlock_].entities.clear();
-    destination_ = Destination::block;
+    m_drawing.blocks[m_currentBlock].basePoint = basePoint;
+    m_drawing.blocks[m_currentBlock].entities.clear();
+    m_destination = Destination::block;
 }
 
 void DrawingBuilder::beginNamelessBlock() {
-    destination_ = Destination::nowhere;
+    m_destination = Destination::nowhere;
 }
 
 void DrawingBuilder::endBlock() {
-    destination_ = Destination::space;
+    m_destination = Destination::space;
 }
 
 std::vector<Entity>* DrawingBuilder::destinationFor(bool inPaperSpace) {
-    switch (destination_) {
+    switch (m_destination) {
     case Destination::block:
-        return &drawing_.blocks[currentBlock_].entities;
+        return &m_drawing.blocks[m_currentBlock].entities;
     case Destination::modelSpace:
-        return &drawing_.modelSpace;
+        return &m_drawing.modelSpace;
     case Destination::paperSpace:
-        return &drawing_.paperSpace;
+        return &m_drawing.paperSpace;
     case Destination::space:
-        return inPaperSpace ? &drawing_.paperSpace : &drawing_.modelSpace;
+        return inPaperSpace ? &m_drawing.paperSpace : &m_drawing.modelSpace;
     case Destination::nowhere:
         break;
     }
@@ -128,7 +128,7 @@ Entity* DrawingBuilder::append(const RecordHeader& header, Geometry&& geometry) 
 }
 
 Drawing DrawingBuilder::take() {
-    return std::move(drawing_);
+    return std::move(m_drawing);
 }
 
 } // namespace kelplot

@@ -19,8 +19,8 @@ public:
     DrawingBuilder();
 
     /// How the names in the file are to be read from here on.
-    NameDecoder& decoder() { return decoder_; }
-    Drawing& drawing() { return drawing_; }
+    NameDecoder& decoder() { return m_decoder; }
+    Drawing& drawing() { return m_drawing; }
 
     /// Index of the layer of this name, as the file writes it.
     uint32_t layer(std::string_view name);
@@ -50,13 +50,13 @@ private:
     std::vector<Entity>* destinationFor(bool inPaperSpace);
     Entity* append(const RecordHeader& header, Geometry&& geometry);
 
-    Drawing drawing_;
-    NameDecoder decoder_;
-    NameTable layers_;
-    NameTable lineTypes_;
-    NameTable blocks_;
-    Destination destination_ = Destination::space;
-    uint32_t currentBlock_ = noBlock;
+    Drawing m_drawing;
+    NameDecoder m_decoder;
+    NameTable m_layers;
+    NameTable m_lineTypes;
+    NameTable m_blocks;
+    Destination m_destination = Destination::space;
+    uint32_t m_currentBlock = noBlock;
 };
 
 } // namespace kelplot

@@ -13,13 +13,13 @@ constexpr std::size_t longestValue = 1000;
 } // namespace
 
 void GroupFilter::rethrowFailure() const {
-    if (failure_) {
-        std::rethrow_exception(failure_);
+    if (m_failure) {
+        std::rethrow_exception(m_failure);
     }
 }
 
 GroupFilter::int_type GroupFilter::underflow() {
-    if (failure_) {
+    if (m_failure) {
         return traits_type::eof();
     }
     try {
@@ -28,17 +28,17 @@ GroupFilter::int_type GroupFilter::underflow() {
         }
     } catch (...) {
         // An exception must not pass through the library, which would leak what it holds.
-        failure_ = std::current_exception();
+        m_failure = std::current_exception();
         return traits_type::eof();
     }
-    setg(text_.data(), text_.data(), text_.data() + text_.size());
-    return traits_type::to_int_type(text_.front());
+    setg(m_text.data(), m_text.data(), m_text.data() + m_text.size());
+    return traits_type::to_int_type(m_text.front());
 }
 
 bool GroupFilter::fill() {
     Group group;
-    while (!router_.sawEnd() && groups_.next(group)) {
-        if (router_.take(group, groups_.remaining())) {
+    while (!m_router.sawEnd() && m_groups.next(group)) {
+        if (m_router.take(group, m_groups.remaining())) {
             write(group);
             return true;
         }
@@ -49,10 +49,10 @@ bool GroupFilter::fill() {
 void GroupFilter::write(const Group& group) {
     std::array<char, 16> code{};
     const auto end = std::to_chars(code.data(), code.data() + code.size(), group.code).ptr;
-    text_.assign(code.data(), end);
-    text_ += '\n';
-    text_ += group.value.substr(0, longestValue);
-    text_ += '\n';
+    m_text.assign(code.data(), end);
+    m_text += '\n';
+    m_text += group.value.substr(0, longestValue);
+    m_text += '\n';
 }
 
 } // namespace kelplot

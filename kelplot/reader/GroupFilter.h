@@ -13,7 +13,7 @@ namespace kelplot {
 /// the router leaves to it.
 class GroupFilter : public std::streambuf {
 public:
-    GroupFilter(GroupReader& groups, RecordRouter& router) : groups_(groups), router_(router) {}
+    GroupFilter(GroupReader& groups, RecordRouter& router) : m_groups(groups), m_router(router) {}
 
     /// Throws what went wrong while the library read; it only saw the input end.
     void rethrowFailure() const;
@@ -25,10 +25,10 @@ private:
     bool fill();
     void write(const Group& group);
 
-    GroupReader& groups_;
-    RecordRouter& router_;
-    std::string text_; ///< the group that the library is reading
-    std::exception_ptr failure_;
+    GroupReader& m_groups;
+    RecordRouter& m_router;
+    std::string m_text; ///< the group that the library is reading
+    std::exception_ptr m_failure;
 };
 
 } // namespace kelplot

@@ -30,12 +30,12 @@ std::string quoted(std::string_view text) {
 } // namespace
 
 GroupReader::GroupReader(std::istream& input, std::uintmax_t size, const Progress& progress)
-    : input_(input), size_(size), progress_(progress), buffer_(bufferSize) {
+    : m_input(input), m_size(size), m_progress(progress), m_buffer(bufferSize) {
     skipByteOrderMark();
 }
 
 bool GroupReader::next(Group& group) {
-    keepFrom_ = begin_;
+    m_keepFrom = m_begin;
     std::string_view codeText;
     if (!nextLine(codeText)) {
         return false;
@@ -49,67 +49,67 @@ bool GroupReader::next(Group& group) {
         }
         refuseCode(codeText);
     }
-    group.line = line_;
-    keepFrom_ = begin_;
+    group.line = m_line;
+    m_keepFrom = m_begin;
     return nextLine(group.value);
 }
 
 bool GroupReader::nextLine(std::string_view& line) {
-    std::size_t searched = begin_;
+    std::size_t searched = m_begin;
     const void* newline = nullptr;
-    while ((newline = std::memchr(buffer_.data() + searched, '\n', end_ - searched)) == nullptr) {
-        const std::size_t unread = end_ - begin_;
+    while ((newline = std::memchr(m_buffer.data() + searched, '\n', m_end - searched)) == nullptr) {
+        const std::size_t unread = m_end - m_begin;
         if (!refill()) {
             break;
         }
-        searched = begin_ + unread;
+        searched = m_begin + unread;
     }
-    if (newline == nullptr && begin_ == end_) {
+    if (newline == nullptr && m_begin == m_end) {
         return false;
     }
     const std::size_t lineEnd =
-        newline == nullptr ? end_ : static_cast<std::size_t>(static_cast<const char*>(newline) - buffer_.data());
-    const std::size_t nextBegin = newline == nullptr ? end_ : lineEnd + 1;
-    line = std::string_view(buffer_.data() + begin_, lineEnd - begin_);
+        newline == nullptr ? m_end : static_cast<std::size_t>(static_cast<const char*>(newline) - m_buffer.data());
+    const std::size_t nextBegin = newline == nullptr ? m_end : lineEnd + 1;
+    line = std::string_view(m_buffer.data() + m_begin, lineEnd - m_begin);
     if (!line.empty() && line.back() == '\r') {
         line.remove_suffix(1);
     }
-    consumed_ += nextBegin - begin_;
-    begin_ = nextBegin;
-    ++line_;
+    m_consumed += nextBegin - m_begin;
+    m_begin = nextBegin;
+    ++m_line;
     return true;
 }
 
 bool GroupReader::refill() {
-    if (keepFrom_ > 0) {
-        std::memmove(buffer_.data(), buffer_.data() + keepFrom_, end_ - keepFrom_);
-        begin_ -= keepFrom_;
-        end_ -= keepFrom_;
-        keepFrom_ = 0;
+    if (m_keepFrom > 0) {
+        std::memmove(m_buffer.data(), m_buffer.data() + m_keepFrom, m_end - m_keepFrom);
+        m_begin -= m_keepFrom;
+        m_end -= m_keepFrom;
+        m_keepFrom = 0;
     }
-    if (end_ == buffer_.size()) {
-        throw DrawingFault(line_ + 1, "the line is too long for a drawing");
+    if (m_end == m_buffer.size()) {
+        throw DrawingFault(m_line + 1, "the line is too long for a drawing");
     }
     // A file that grows while it is read stays within the size it had.
-    const auto wanted = std::min<std::uintmax_t>(buffer_.size() - end_, remaining() - (end_ - begin_));
-    input_.read(buffer_.data() + end_, static_cast<std::streamsize>(wanted));
-    const auto got = static_cast<std::size_t>(input_.gcount());
-    end_ += got;
-    if (progress_ && got > 0) {
-        progress_(static_cast<double>(consumed_) / static_cast<double>(size_));
+    const auto wanted = std::min<std::uintmax_t>(m_buffer.size() - m_end, remaining() - (m_end - m_begin));
+    m_input.read(m_buffer.data() + m_end, static_cast<std::streamsize>(wanted));
+    const auto got = static_cast<std::size_t>(m_input.gcount());
+    m_end += got;
+    if (m_progress && got > 0) {
+        m_progress(static_cast<double>(m_consumed) / static_cast<double>(m_size));
     }
     return got > 0;
 }
 
 void GroupReader::skipByteOrderMark() {
-    if (refill() && std::string_view(buffer_.data(), end_).substr(0, byteOrderMark.size()) == byteOrderMark) {
-        begin_ = byteOrderMark.size();
-        consumed_ = byteOrderMark.size();
+    if (refill() && std::string_view(m_buffer.data(), m_end).substr(0, byteOrderMark.size()) == byteOrderMark) {
+        m_begin = byteOrderMark.size();
+        m_consumed = byteOrderMark.size();
     }
 }
 
 void GroupReader::refuseCode(std::string_view text) const {
-    throw DrawingFault(line_, quoted(text) + " is not a group code, so this is not a drawing or a damaged one");
+    throw DrawingFault(m_line, quoted(text) + " is not a group code, so this is not a drawing or a damaged one");
 }
 
 } // namespace kelplot

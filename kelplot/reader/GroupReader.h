@@ -30,7 +30,7 @@ public:
     bool next(Group& group);
 
     /// How many bytes follow the group read last.
-    std::uintmax_t remaining() const { return size_ - consumed_; }
+    std::uintmax_t remaining() const { return m_size - m_consumed; }
 
 private:
     bool nextLine(std::string_view& line);
@@ -38,15 +38,15 @@ private:
     void skipByteOrderMark();
     [[noreturn]] void refuseCode(std::string_view text) const;
 
-    std::istream& input_;
-    const std::uintmax_t size_;
-    const Progress& progress_;
-    std::vector<char> buffer_;
-    std::size_t begin_ = 0; ///< the unread bytes in the buffer
-    std::size_t end_ = 0;
-    std::size_t keepFrom_ = 0; ///< bytes before this are needed no more
-    std::uintmax_t consumed_ = 0;
-    std::size_t line_ = 0;
+    std::istream& m_input;
+    const std::uintmax_t m_size;
+    const Progress& m_progress;
+    std::vector<char> m_buffer;
+    std::size_t m_begin = 0; ///< the unread bytes in the buffer
+    std::size_t m_end = 0;
+    std::size_t m_keepFrom = 0; ///< bytes before this are needed no more
+    std::uintmax_t m_consumed = 0;
+    std::size_t m_line = 0;
 };
 
 } // namespace kelplot

@@ -16,22 +16,22 @@ constexpr int outermostLoop = 16;
 } // namespace
 
 void HatchDecoder::begin(std::string_view type) {
-    hatch_ = Hatch();
-    loop_ = HatchLoop();
-    stretch_ = Stretch::head;
-    solidCode_ = type == "MPOLYGON" ? 71 : 70;
-    inLoop_ = false;
+    m_hatch = Hatch();
+    m_loop = HatchLoop();
+    m_stretch = Stretch::head;
+    m_solidCode = type == "MPOLYGON" ? 71 : 70;
+    m_inLoop = false;
 }
 
 void HatchDecoder::take(const Group& group) {
-    switch (stretch_) {
+    switch (m_stretch) {
     case Stretch::head:
-        if (group.code == solidCode_) {
-            hatch_.solid = toInteger(group.value) != 0;
+        if (group.code == m_solidCode) {
+            m_hatch.solid = toInteger(group.value) != 0;
         } else if (group.code == 30) {
-            hatch_.elevation = toReal(group.value);
+            m_hatch.elevation = toReal(group.value);
         } else if (group.code == 91) {
-            stretch_ = Stretch::boundaries;
+            m_stretch = Stretch::boundaries;
         }
         break;
     case Stretch::boundaries:
@@ -47,16 +47,16 @@ void HatchDecoder::takeOfBoundaries(const Group& group) {
     case 75: // the style of the hatch
     case 76: // the type of its pattern
         endLoop();
-        stretch_ = Stretch::pattern;
+        m_stretch = Stretch::pattern;
         break;
     case 92:
         beginLoop(toInteger(group.value));
         break;
     default:
-        if (inLoop_ && loopIsPolyline_) {
+        if (m_inLoop && m_loopIsPolyline) {
             takeOfPolyline(group);
-        } else if (inLoop_) {
-            edge_.take(group, loop_.edges);
+        } else if (m_inLoop) {
+            m_edge.take(group, m_loop.edges);
         }
         break;
     }
@@ -64,42 +64,42 @@ void HatchDecoder::takeOfBoundaries(const Group& group) {
 
 void HatchDecoder::takeOfPolyline(const Group& group) {
     if (group.code == 10) {
-        loop_.polyline.emplace_back().position.x = toReal(group.value);
-    } else if (loop_.polyline.empty()) {
+        m_loop.polyline.emplace_back().position.x = toReal(group.value);
+    } else if (m_loop.polyline.empty()) {
         return;
     } else if (group.code == 20) {
-        loop_.polyline.back().position.y = toReal(group.value);
+        m_loop.polyline.back().position.y = toReal(group.value);
     } else if (group.code == 42) {
-        loop_.polyline.back().bulge = toReal(group.value);
+        m_loop.polyline.back().bulge = toReal(group.value);
     }
 }
 
 void HatchDecoder::beginLoop(int flags) {
     endLoop();
-    inLoop_ = true;
-    loopIsPolyline_ = (flags & polylineLoop) != 0;
-    loop_.textBox = (flags & textBoxLoop) != 0;
-    loop_.outermost = (flags & outermostLoop) != 0;
-    edge_ = HatchEdgeDecoder();
+    m_inLoop = true;
+    m_loopIsPolyline = (flags & polylineLoop) != 0;
+    m_loop.textBox = (flags & textBoxLoop) != 0;
+    m_loop.outermost = (flags & outermostLoop) != 0;
+    m_edge = HatchEdgeDecoder();
 }
 
 void HatchDecoder::endLoop() {
-    if (inLoop_ && !loopIsPolyline_) {
-        edge_.finish(loop_.edges);
+    if (m_inLoop && !m_loopIsPolyline) {
+        m_edge.finish(m_loop.edges);
     }
-    if (!loop_.edges.empty() || !loop_.polyline.empty()) {
-        loop_.edges.shrink_to_fit();
-        loop_.polyline.shrink_to_fit();
-        hatch_.loops.push_back(std::move(loop_));
+    if (!m_loop.edges.empty() || !m_loop.polyline.empty()) {
+        m_loop.edges.shrink_to_fit();
+        m_loop.polyline.shrink_to_fit();
+        m_hatch.loops.push_back(std::move(m_loop));
     }
-    loop_ = HatchLoop();
-    inLoop_ = false;
+    m_loop = HatchLoop();
+    m_inLoop = false;
 }
 
 void HatchDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
     endLoop();
-    if (!hatch_.loops.empty()) {
-        builder.add(header, std::move(hatch_));
+    if (!m_hatch.loops.empty()) {
+        builder.add(header, std::move(m_hatch));
     }
 }
 

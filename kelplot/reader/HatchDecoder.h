@@ -21,13 +21,13 @@ private:
     void beginLoop(int flags);
     void endLoop();
 
-    Hatch hatch_;
-    HatchLoop loop_;
-    HatchEdgeDecoder edge_;
-    Stretch stretch_ = Stretch::head;
-    int solidCode_ = 0;
-    bool inLoop_ = false;
-    bool loopIsPolyline_ = false;
+    Hatch m_hatch;
+    HatchLoop m_loop;
+    HatchEdgeDecoder m_edge;
+    Stretch m_stretch = Stretch::head;
+    int m_solidCode = 0;
+    bool m_inLoop = false;
+    bool m_loopIsPolyline = false;
 };
 
 } // namespace kelplot

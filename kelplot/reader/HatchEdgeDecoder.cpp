@@ -25,10 +25,10 @@ void HatchEdgeDecoder::take(const Group& group, std::vector<HatchEdge>& edges) {
     if (group.code == 72) {
         finish(edges);
         begin(toInteger(group.value));
-    } else if (kind_ == Kind::spline) {
+    } else if (m_kind == Kind::spline) {
         takeOfSpline(group);
     } else if (group.code == 73) {
-        counterClockwise_ = toInteger(group.value) != 0;
+        m_counterClockwise = toInteger(group.value) != 0;
     } else {
         takeReal(group.code, toReal(group.value));
     }
@@ -37,31 +37,31 @@ void HatchEdgeDecoder::take(const Group& group, std::vector<HatchEdge>& edges) {
 void HatchEdgeDecoder::begin(int kind) {
     *this = HatchEdgeDecoder();
     const bool known = kind >= static_cast<int>(Kind::line) && kind <= static_cast<int>(Kind::spline);
-    kind_ = known ? static_cast<Kind>(kind) : Kind::none;
+    m_kind = known ? static_cast<Kind>(kind) : Kind::none;
 }
 
 void HatchEdgeDecoder::takeReal(int code, double value) {
     switch (code) {
     case 10:
-        first_.x = value;
+        m_first.x = value;
         break;
     case 20:
-        first_.y = value;
+        m_first.y = value;
         break;
     case 11:
-        second_.x = value;
+        m_second.x = value;
         break;
     case 21:
-        second_.y = value;
+        m_second.y = value;
         break;
     case 40:
-        size_ = value;
+        m_size = value;
         break;
     case 50:
-        startDegrees_ = value;
+        m_startDegrees = value;
         break;
     case 51:
-        endDegrees_ = value;
+        m_endDegrees = value;
         break;
     default:
         break;
@@ -72,32 +72,32 @@ void HatchEdgeDecoder::takeOfSpline(const Group& group) {
     const double value = toReal(group.value);
     switch (group.code) {
     case 10:
-        spline_.controlPoints.push_back({value, 0.0, 0.0});
+        m_spline.controlPoints.push_back({value, 0.0, 0.0});
         break;
     case 20:
-        if (!spline_.controlPoints.empty()) {
-            spline_.controlPoints.back().y = value;
+        if (!m_spline.controlPoints.empty()) {
+            m_spline.controlPoints.back().y = value;
         }
         break;
     case 11:
-        spline_.fitPoints.push_back({value, 0.0, 0.0});
+        m_spline.fitPoints.push_back({value, 0.0, 0.0});
         break;
     case 21:
-        if (!spline_.fitPoints.empty()) {
-            spline_.fitPoints.back().y = value;
+        if (!m_spline.fitPoints.empty()) {
+            m_spline.fitPoints.back().y = value;
         }
         break;
     case 40:
-        spline_.knots.push_back(value);
+        m_spline.knots.push_back(value);
         break;
     case 42:
-        spline_.weights.push_back(value);
+        m_spline.weights.push_back(value);
         break;
     case 74:
-        spline_.closed = toInteger(group.value) != 0;
+        m_spline.closed = toInteger(group.value) != 0;
         break;
     case 94:
-        spline_.degree = toInteger(group.value);
+        m_spline.degree = toInteger(group.value);
         break;
     default:
         break;
@@ -106,24 +106,24 @@ void HatchEdgeDecoder::takeOfSpline(const Group& group) {
 
 void HatchEdgeDecoder::finish(std::vector<HatchEdge>& edges) {
     // The angles of an edge that runs clockwise are stored as seen from below the plane.
-    const double start = radiansFromDegrees(counterClockwise_ ? startDegrees_ : 360.0 - endDegrees_);
-    const double end = radiansFromDegrees(counterClockwise_ ? endDegrees_ : 360.0 - startDegrees_);
-    switch (std::exchange(kind_, Kind::none)) {
+    const double start = radiansFromDegrees(m_counterClockwise ? m_startDegrees : 360.0 - m_endDegrees);
+    const double end = radiansFromDegrees(m_counterClockwise ? m_endDegrees : 360.0 - m_startDegrees);
+    switch (std::exchange(m_kind, Kind::none)) {
     case Kind::none:
         break;
     case Kind::line:
-        edges.emplace_back(HatchLine{first_, second_});
+        edges.emplace_back(HatchLine{m_first, m_second});
         break;
     case Kind::arc:
-        edges.emplace_back(HatchArc{first_, size_, start, end, counterClockwise_});
+        edges.emplace_back(HatchArc{m_first, m_size, start, end, m_counterClockwise});
         break;
     case Kind::ellipse:
-        edges.emplace_back(HatchEllipse{first_, second_, size_, eccentricAngle(start, size_),
-                                        eccentricAngle(end, size_), counterClockwise_});
+        edges.emplace_back(HatchEllipse{m_first, m_second, m_size, eccentricAngle(start, m_size),
+                                        eccentricAngle(end, m_size), m_counterClockwise});
         break;
     case Kind::spline:
-        if (completeSpline(spline_)) {
-            edges.emplace_back(HatchSpline{std::move(spline_)});
+        if (completeSpline(m_spline)) {
+            edges.emplace_back(HatchSpline{std::move(m_spline)});
         }
         break;
     }

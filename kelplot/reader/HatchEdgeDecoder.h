@@ -23,14 +23,14 @@ private:
     void takeReal(int code, double value);
     void takeOfSpline(const Group& group);
 
-    Kind kind_ = Kind::none;
-    Vec2 first_;        ///< a line's start, or a centre
-    Vec2 second_;       ///< a line's end, or a major axis
-    double size_ = 0.0; ///< an arc's radius, or an ellipse's ratio
-    double startDegrees_ = 0.0;
-    double endDegrees_ = 0.0;
-    bool counterClockwise_ = true;
-    Spline spline_;
+    Kind m_kind = Kind::none;
+    Vec2 m_first;        ///< a line's start, or a centre
+    Vec2 m_second;       ///< a line's end, or a major axis
+    double m_size = 0.0; ///< an arc's radius, or an ellipse's ratio
+    double m_startDegrees = 0.0;
+    double m_endDegrees = 0.0;
+    bool m_counterClockwise = true;
+    Spline m_spline;
 };
 
 } // namespace kelplot

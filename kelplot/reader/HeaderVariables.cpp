@@ -8,37 +8,37 @@ namespace kelplot {
 
 void HeaderVariables::setText(std::string_view key, std::string_view value) {
     if (key == "$ACADVER") {
-        builder_.decoder().setVersion(trimmed(value));
+        m_builder.decoder().setVersion(trimmed(value));
     } else if (key == "$DWGCODEPAGE") {
-        builder_.decoder().setCodePage(trimmed(value));
+        m_builder.decoder().setCodePage(trimmed(value));
     }
 }
 
 void HeaderVariables::setInteger(std::string_view key, int value) {
     if (key == "$INSUNITS") {
-        insertUnits_ = value;
+        m_insertUnits = value;
         applyUnits();
     } else if (key == "$MEASUREMENT") {
-        metric_ = value != 0;
+        m_metric = value != 0;
         applyUnits();
     } else if (key == "$PDMODE") {
-        builder_.drawing().pointMode = value;
+        m_builder.drawing().pointMode = value;
     } else if (key == "$LWDEFAULT" && value >= 0) {
-        builder_.drawing().defaultLineWeight = lineWeightOf(value);
+        m_builder.drawing().defaultLineWeight = lineWeightOf(value);
     }
 }
 
 void HeaderVariables::setReal(std::string_view key, double value) {
     const double real = saneReal(value);
     if (key == "$LTSCALE" && real > 0.0) {
-        builder_.drawing().lineTypeScale = real;
+        m_builder.drawing().lineTypeScale = real;
     } else if (key == "$PDSIZE") {
-        builder_.drawing().pointSize = real;
+        m_builder.drawing().pointSize = real;
     }
 }
 
 void HeaderVariables::applyUnits() {
-    builder_.drawing().millimetresPerUnit = millimetresPerDrawingUnit(insertUnits_, metric_);
+    m_builder.drawing().millimetresPerUnit = millimetresPerDrawingUnit(m_insertUnits, m_metric);
 }
 
 } // namespace kelplot

@@ -9,7 +9,7 @@ namespace kelplot {
 /// The variables of a drawing's header that matter for a plot.
 class HeaderVariables {
 public:
-    explicit HeaderVariables(DrawingBuilder& builder) : builder_(builder) {}
+    explicit HeaderVariables(DrawingBuilder& builder) : m_builder(builder) {}
 
     void setText(std::string_view key, std::string_view value);
     void setInteger(std::string_view key, int value);
@@ -18,9 +18,9 @@ public:
 private:
     void applyUnits();
 
-    DrawingBuilder& builder_;
-    int insertUnits_ = 0;
-    bool metric_ = true; ///< a drawing that says nothing is taken for millimetres
+    DrawingBuilder& m_builder;
+    int m_insertUnits = 0;
+    bool m_metric = true; ///< a drawing that says nothing is taken for millimetres
 };
 
 } // namespace kelplot

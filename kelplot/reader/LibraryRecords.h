@@ -47,16 +47,16 @@ public:
 private:
     std::array<Vec3, 4> cornersOf(const DL_TraceData& data) const;
 
-    DrawingBuilder& builder_;
-    std::function<void()> recordDone_;
-    HeaderVariables variables_;
+    DrawingBuilder& m_builder;
+    std::function<void()> m_recordDone;
+    HeaderVariables m_variables;
 
-    RecordHeader header_;
-    int flags_ = 0;                ///< code 70
-    bool plotted_ = true;          ///< code 290 of a layer
-    bool hasFourthCorner_ = false; ///< of an area or a face
-    bool statesOpacity_ = false;   ///< the attached data in hand is the one that does
-    std::vector<double> dashes_;
+    RecordHeader m_header;
+    int m_flags = 0;                ///< code 70
+    bool m_plotted = true;          ///< code 290 of a layer
+    bool m_hasFourthCorner = false; ///< of an area or a face
+    bool m_statesOpacity = false;   ///< the attached data in hand is the one that does
+    std::vector<double> m_dashes;
 };
 
 } // namespace kelplot

@@ -9,31 +9,31 @@
 namespace kelplot {
 
 void LwPolylineDecoder::begin(std::string_view) {
-    vertices_.clear();
-    flags_ = 0;
-    width_ = 0.0;
-    elevation_ = 0.0;
+    m_vertices.clear();
+    m_flags = 0;
+    m_width = 0.0;
+    m_elevation = 0.0;
 }
 
 void LwPolylineDecoder::take(const Group& group) {
     switch (group.code) {
     case 10: {
-        PolylineVertex& vertex = vertices_.emplace_back();
+        PolylineVertex& vertex = m_vertices.emplace_back();
         vertex.position.x = toReal(group.value);
-        vertex.startWidth = vertex.endWidth = width_;
+        vertex.startWidth = vertex.endWidth = m_width;
         break;
     }
     case 38:
-        elevation_ = toReal(group.value);
+        m_elevation = toReal(group.value);
         break;
     case 43:
-        width_ = std::max(0.0, toReal(group.value));
+        m_width = std::max(0.0, toReal(group.value));
         break;
     case 70:
-        flags_ = toInteger(group.value);
+        m_flags = toInteger(group.value);
         break;
     default:
-        if (!vertices_.empty()) {
+        if (!m_vertices.empty()) {
             takeOfVertex(group);
         }
         break;
@@ -41,7 +41,7 @@ void LwPolylineDecoder::take(const Group& group) {
 }
 
 void LwPolylineDecoder::takeOfVertex(const Group& group) {
-    PolylineVertex& vertex = vertices_.back();
+    PolylineVertex& vertex = m_vertices.back();
     switch (group.code) {
     case 20:
         vertex.position.y = toReal(group.value);
@@ -61,16 +61,16 @@ void LwPolylineDecoder::takeOfVertex(const Group& group) {
 }
 
 void LwPolylineDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
-    if (vertices_.empty()) {
+    if (m_vertices.empty()) {
         return;
     }
     Polyline polyline;
-    polyline.vertices = vertices_;
+    polyline.vertices = m_vertices;
     for (PolylineVertex& vertex : polyline.vertices) {
-        vertex.position.z = elevation_;
+        vertex.position.z = m_elevation;
     }
-    polyline.closed = (flags_ & polylineClosed) != 0;
-    polyline.continuousPattern = (flags_ & polylineContinuousPattern) != 0;
+    polyline.closed = (m_flags & polylineClosed) != 0;
+    polyline.continuousPattern = (m_flags & polylineContinuousPattern) != 0;
     builder.add(header, std::move(polyline));
 }
 

@@ -16,10 +16,10 @@ public:
 private:
     void takeOfVertex(const Group& group);
 
-    std::vector<PolylineVertex> vertices_; ///< kept from record to record, to grow rarely
-    int flags_ = 0;
-    double width_ = 0.0;
-    double elevation_ = 0.0;
+    std::vector<PolylineVertex> m_vertices; ///< kept from record to record, to grow rarely
+    int m_flags = 0;
+    double m_width = 0.0;
+    double m_elevation = 0.0;
 };
 
 } // namespace kelplot

@@ -109,7 +109,7 @@ std::string replaceEscapes(std::string_view utf8) {
 void NameDecoder::setVersion(std::string_view version) {
     // Versions before this numbering ("AC2.10") would sort behind it.
     const bool numbered = version.substr(0, 3) == firstUnicodeVersion.substr(0, 3);
-    unicode_ = numbered && version.size() == firstUnicodeVersion.size() && version >= firstUnicodeVersion;
+    m_unicode = numbered && version.size() == firstUnicodeVersion.size() && version >= firstUnicodeVersion;
 }
 
 void NameDecoder::setCodePage(std::string_view name) {
@@ -117,7 +117,7 @@ void NameDecoder::setCodePage(std::string_view name) {
     const std::string_view number = digits == std::string_view::npos ? std::string_view() : name.substr(digits);
     const auto* const page = std::find_if(std::begin(codePages), std::end(codePages),
                                           [&](const CodePage& candidate) { return candidate.number == number; });
-    codec_ = QTextCodec::codecForName(page != std::end(codePages) ? QByteArray(page->codec) : viewOf(name));
+    m_codec = QTextCodec::codecForName(page != std::end(codePages) ? QByteArray(page->codec) : viewOf(name));
 }
 
 std::string NameDecoder::decode(std::string_view bytes) const {
@@ -130,10 +130,10 @@ std::string NameDecoder::decode(std::string_view bytes) const {
 
 std::string NameDecoder::decodeBytes(std::string_view bytes) const {
     // Without a code page, bytes that are sound UTF-8 hardly mean anything else.
-    if ((unicode_ || codec_ == nullptr) && isUtf8(bytes)) {
+    if ((m_unicode || m_codec == nullptr) && isUtf8(bytes)) {
         return std::string(bytes);
     }
-    return convert(bytes, codec_);
+    return convert(bytes, m_codec);
 }
 
 } // namespace kelplot

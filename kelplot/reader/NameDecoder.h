@@ -22,8 +22,8 @@ public:
 private:
     std::string decodeBytes(std::string_view bytes) const;
 
-    bool unicode_ = false;
-    QTextCodec* codec_ = nullptr;
+    bool m_unicode = false;
+    QTextCodec* m_codec = nullptr;
 };
 
 } // namespace kelplot

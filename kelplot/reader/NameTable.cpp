@@ -3,21 +3,21 @@
 namespace kelplot {
 
 NameTable::Found NameTable::find(std::string_view bytes, const NameDecoder& decoder, std::string& newName) {
-    if (hasLast_ && bytes == lastBytes_) {
-        return {lastIndex_, false};
+    if (m_hasLast && bytes == m_lastBytes) {
+        return {m_lastIndex, false};
     }
     std::string name = decoder.decode(bytes);
     const QString key = QString::fromStdString(name).toCaseFolded();
-    const auto known = indexOf_.constFind(key);
-    const bool added = known == indexOf_.constEnd();
-    const uint32_t index = added ? static_cast<uint32_t>(indexOf_.size()) : *known;
+    const auto known = m_indexOf.constFind(key);
+    const bool added = known == m_indexOf.constEnd();
+    const uint32_t index = added ? static_cast<uint32_t>(m_indexOf.size()) : *known;
     if (added) {
-        indexOf_.insert(key, index);
+        m_indexOf.insert(key, index);
         newName = std::move(name);
     }
-    lastBytes_ = bytes;
-    lastIndex_ = index;
-    hasLast_ = true;
+    m_lastBytes = bytes;
+    m_lastIndex = index;
+    m_hasLast = true;
     return {index, added};
 }
 

@@ -24,10 +24,10 @@ public:
     Found find(std::string_view bytes, const NameDecoder& decoder, std::string& newName);
 
 private:
-    QHash<QString, uint32_t> indexOf_;
-    std::string lastBytes_; ///< neighbours in a drawing mostly share their names
-    uint32_t lastIndex_ = 0;
-    bool hasLast_ = false;
+    QHash<QString, uint32_t> m_indexOf;
+    std::string m_lastBytes; ///< neighbours in a drawing mostly share their names
+    uint32_t m_lastIndex = 0;
+    bool m_hasLast = false;
 };
 
 } // namespace kelplot

@@ -36,26 +36,26 @@ bool PolylineDecoder::continues(std::string_view type) {
 
 void PolylineDecoder::begin(std::string_view type) {
     if (type == "VERTEX") {
-        part_ = Part::vertex;
-        vertex_ = Vertex();
-        vertex_.point.startWidth = head_.startWidth;
-        vertex_.point.endWidth = head_.endWidth;
-        corners_ = {};
+        m_part = Part::vertex;
+        m_vertex = Vertex();
+        m_vertex.point.startWidth = m_head.startWidth;
+        m_vertex.point.endWidth = m_head.endWidth;
+        m_corners = {};
         return;
     }
-    part_ = type == "SEQEND" ? Part::end : Part::head;
-    if (part_ == Part::head) {
-        head_ = Head();
-        vertices_.clear();
-        faces_.clear();
-        open_ = true;
+    m_part = type == "SEQEND" ? Part::end : Part::head;
+    if (m_part == Part::head) {
+        m_head = Head();
+        m_vertices.clear();
+        m_faces.clear();
+        m_open = true;
     }
 }
 
 void PolylineDecoder::take(const Group& group) {
-    if (part_ == Part::head) {
+    if (m_part == Part::head) {
         takeOfHead(group);
-    } else if (part_ == Part::vertex) {
+    } else if (m_part == Part::vertex) {
         takeOfVertex(group);
     }
 }
@@ -63,22 +63,22 @@ void PolylineDecoder::take(const Group& group) {
 void PolylineDecoder::takeOfHead(const Group& group) {
     switch (group.code) {
     case 30:
-        head_.elevation = toReal(group.value);
+        m_head.elevation = toReal(group.value);
         break;
     case 40:
-        head_.startWidth = std::max(0.0, toReal(group.value));
+        m_head.startWidth = std::max(0.0, toReal(group.value));
         break;
     case 41:
-        head_.endWidth = std::max(0.0, toReal(group.value));
+        m_head.endWidth = std::max(0.0, toReal(group.value));
         break;
     case 70:
-        head_.flags = toInteger(group.value);
+        m_head.flags = toInteger(group.value);
         break;
     case 71:
     case 72:
     case 73:
     case 74:
-        head_.counts[static_cast<std::size_t>(group.code - 71)] = toInteger(group.value);
+        m_head.counts[static_cast<std::size_t>(group.code - 71)] = toInteger(group.value);
         break;
     default:
         break;
@@ -86,7 +86,7 @@ void PolylineDecoder::takeOfHead(const Group& group) {
 }
 
 void PolylineDecoder::takeOfVertex(const Group& group) {
-    PolylineVertex& point = vertex_.point;
+    PolylineVertex& point = m_vertex.point;
     switch (group.code) {
     case 10:
         point.position.x = toReal(group.value);
@@ -107,13 +107,13 @@ void PolylineDecoder::takeOfVertex(const Group& group) {
         point.bulge = toReal(group.value);
         break;
     case 70:
-        vertex_.flags = toInteger(group.value);
+        m_vertex.flags = toInteger(group.value);
         break;
     case 71:
     case 72:
     case 73:
     case 74:
-        corners_[static_cast<std::size_t>(group.code - 71)] = toInteger(group.value);
+        m_corners[static_cast<std::size_t>(group.code - 71)] = toInteger(group.value);
         break;
     default:
         break;
@@ -121,9 +121,9 @@ void PolylineDecoder::takeOfVertex(const Group& group) {
 }
 
 void PolylineDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
-    if (part_ == Part::head) {
-        head_.header = header;
-    } else if (part_ == Part::vertex) {
+    if (m_part == Part::head) {
+        m_head.header = header;
+    } else if (m_part == Part::vertex) {
         endVertex(header);
     } else {
         finish(builder);
@@ -131,62 +131,62 @@ void PolylineDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
 }
 
 void PolylineDecoder::endVertex(const RecordHeader& header) {
-    if (!open_) {
+    if (!m_open) {
         return;
     }
-    if (isFace(vertex_.flags)) {
-        faces_.push_back({header, corners_});
-        faces_.back().header.inPaperSpace = head_.header.inPaperSpace;
+    if (isFace(m_vertex.flags)) {
+        m_faces.push_back({header, m_corners});
+        m_faces.back().header.inPaperSpace = m_head.header.inPaperSpace;
         return;
     }
     // The frame of a fitted curve or surface steers its shape and is not drawn.
-    const bool fitted = (head_.flags & splineFit) != 0;
-    if (!fitted || (vertex_.flags & frameControlPoint) == 0) {
-        vertices_.push_back(vertex_);
+    const bool fitted = (m_head.flags & splineFit) != 0;
+    if (!fitted || (m_vertex.flags & frameControlPoint) == 0) {
+        m_vertices.push_back(m_vertex);
     }
 }
 
 void PolylineDecoder::finish(DrawingBuilder& builder) {
-    if (!open_) {
+    if (!m_open) {
         return;
     }
-    open_ = false;
-    if ((head_.flags & polyface) != 0) {
+    m_open = false;
+    if ((m_head.flags & polyface) != 0) {
         addFaces(builder);
-    } else if ((head_.flags & mesh) != 0) {
+    } else if ((m_head.flags & mesh) != 0) {
         addMesh(builder);
-    } else if (!vertices_.empty()) {
+    } else if (!m_vertices.empty()) {
         addPolyline(builder);
     }
 }
 
 void PolylineDecoder::addPolyline(DrawingBuilder& builder) const {
     Polyline polyline;
-    polyline.closed = (head_.flags & polylineClosed) != 0;
-    polyline.spatial = (head_.flags & spatialLine) != 0;
-    polyline.continuousPattern = (head_.flags & polylineContinuousPattern) != 0;
-    polyline.vertices.reserve(vertices_.size());
-    for (const Vertex& vertex : vertices_) {
+    polyline.closed = (m_head.flags & polylineClosed) != 0;
+    polyline.spatial = (m_head.flags & spatialLine) != 0;
+    polyline.continuousPattern = (m_head.flags & polylineContinuousPattern) != 0;
+    polyline.vertices.reserve(m_vertices.size());
+    for (const Vertex& vertex : m_vertices) {
         PolylineVertex& added = polyline.vertices.emplace_back(vertex.point);
         if (polyline.spatial) {
             added = PolylineVertex{vertex.point.position};
         } else {
-            added.position.z = head_.elevation;
+            added.position.z = m_head.elevation;
         }
     }
     if (polyline.spatial) {
-        builder.addInWorld(head_.header, std::move(polyline));
+        builder.addInWorld(m_head.header, std::move(polyline));
     } else {
-        builder.add(head_.header, std::move(polyline));
+        builder.add(m_head.header, std::move(polyline));
     }
 }
 
 void PolylineDecoder::addMesh(DrawingBuilder& builder) const {
-    const std::size_t smooth = (head_.flags & splineFit) != 0 ? 2 : 0;
-    const auto rows = static_cast<std::size_t>(std::max(0, head_.counts[smooth]));
-    const auto columns = static_cast<std::size_t>(std::max(0, head_.counts[smooth + 1]));
+    const std::size_t smooth = (m_head.flags & splineFit) != 0 ? 2 : 0;
+    const auto rows = static_cast<std::size_t>(std::max(0, m_head.counts[smooth]));
+    const auto columns = static_cast<std::size_t>(std::max(0, m_head.counts[smooth + 1]));
     // The grid must be the vertices, no more and no less, or nobody knows how they join.
-    if (rows == 0 || columns == 0 || vertices_.size() / rows != columns || vertices_.size() % rows != 0) {
+    if (rows == 0 || columns == 0 || m_vertices.size() / rows != columns || m_vertices.size() % rows != 0) {
         return;
     }
     const auto addLine = [&](std::size_t first, std::size_t step, std::size_t count, bool closed) {
@@ -194,23 +194,23 @@ void PolylineDecoder::addMesh(DrawingBuilder& builder) const {
         line.spatial = true;
         line.closed = closed;
         for (std::size_t i = 0; i < count; ++i) {
-            line.vertices.push_back(PolylineVertex{vertices_[first + i * step].point.position});
+            line.vertices.push_back(PolylineVertex{m_vertices[first + i * step].point.position});
         }
-        builder.addInWorld(head_.header, std::move(line));
+        builder.addInWorld(m_head.header, std::move(line));
     };
     for (std::size_t row = 0; row < rows; ++row) {
-        addLine(row * columns, 1, columns, (head_.flags & meshClosedAcross) != 0);
+        addLine(row * columns, 1, columns, (m_head.flags & meshClosedAcross) != 0);
     }
     for (std::size_t column = 0; column < columns; ++column) {
-        addLine(column, columns, rows, (head_.flags & polylineClosed) != 0);
+        addLine(column, columns, rows, (m_head.flags & polylineClosed) != 0);
     }
 }
 
 void PolylineDecoder::addFaces(DrawingBuilder& builder) const {
     const auto isVertex = [&](int corner) {
-        return corner != 0 && static_cast<std::size_t>(std::llabs(corner)) <= vertices_.size();
+        return corner != 0 && static_cast<std::size_t>(std::llabs(corner)) <= m_vertices.size();
     };
-    for (const Face& face : faces_) {
+    for (const Face& face : m_faces) {
         const auto used = static_cast<std::size_t>(std::count_if(face.corners.begin(), face.corners.end(), isVertex));
         if (used < 2 || !std::all_of(face.corners.begin(), face.corners.begin() + static_cast<int>(used), isVertex)) {
             continue;
@@ -219,7 +219,7 @@ void PolylineDecoder::addFaces(DrawingBuilder& builder) const {
         for (std::size_t i = 0; i < face.corners.size(); ++i) {
             // A triangle's missing corner falls together with its last one.
             const int corner = face.corners[std::min(i, used - 1)];
-            face3d.corners[i] = vertices_[static_cast<std::size_t>(std::llabs(corner)) - 1].point.position;
+            face3d.corners[i] = m_vertices[static_cast<std::size_t>(std::llabs(corner)) - 1].point.position;
             face3d.edgeVisible[i] = corner > 0;
         }
         builder.addInWorld(face.header, face3d);

@@ -50,13 +50,13 @@ private:
     void addMesh(DrawingBuilder& builder) const;
     void addFaces(DrawingBuilder& builder) const;
 
-    Part part_ = Part::end;
-    bool open_ = false;
-    Head head_;
-    Vertex vertex_;
-    std::array<int, 4> corners_{};
-    std::vector<Vertex> vertices_;
-    std::vector<Face> faces_;
+    Part m_part = Part::end;
+    bool m_open = false;
+    Head m_head;
+    Vertex m_vertex;
+    std::array<int, 4> m_corners{};
+    std::vector<Vertex> m_vertices;
+    std::vector<Face> m_faces;
 };
 
 } // namespace kelplot

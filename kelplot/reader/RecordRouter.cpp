@@ -43,39 +43,39 @@ const LibraryType* findType(const LibraryType (&types)[count], std::string_view 
 } // namespace
 
 RecordRouter::RecordRouter(DrawingBuilder& builder)
-    : builder_(builder), libraryRecords_(builder, [this] { beginRecord(); }) {
+    : m_builder(builder), m_libraryRecords(builder, [this] { beginRecord(); }) {
 }
 
 bool RecordRouter::take(Group& group, std::uintmax_t remaining) {
     if (group.code == recordCode) {
         return takeRecordStart(group);
     }
-    if (group.code == nameCode && section_ == Section::none && type_ == "SECTION") {
+    if (group.code == nameCode && m_section == Section::none && m_type == "SECTION") {
         enterSection(trimmed(group.value));
         return false;
     }
-    if (reader_ == Reader::library && group.code > firstCommentCode) {
-        libraryRecords_.takeExtended(group);
+    if (m_reader == Reader::library && group.code > firstCommentCode) {
+        m_libraryRecords.takeExtended(group);
     }
     // The library would read a number from an empty value without setting it.
     if (group.code < 0 || group.code >= firstCommentCode || trimmed(group.value).empty()) {
         return false;
     }
-    if (section_ == Section::header) {
+    if (m_section == Section::header) {
         return takeOfHeader(group);
     }
-    embedded_ = embedded_ || group.code == embeddedObjectCode;
+    m_embedded = m_embedded || group.code == embeddedObjectCode;
     // To the library, the code of a variable would begin a record of any type.
-    if (reader_ == Reader::nobody || embedded_ || group.code == variableCode) {
+    if (m_reader == Reader::nobody || m_embedded || group.code == variableCode) {
         return false;
     }
-    checkCount(type_, group, remaining);
-    if (reader_ == Reader::library) {
-        libraryRecords_.take(group);
+    checkCount(m_type, group, remaining);
+    if (m_reader == Reader::library) {
+        m_libraryRecords.take(group);
         return true;
     }
-    header_.take(group, builder_);
-    decoder_->take(group);
+    m_header.take(group, m_builder);
+    m_decoder->take(group);
     return false;
 }
 
@@ -86,22 +86,22 @@ bool RecordRouter::takeOfHeader(Group& group) {
             group.value = strangeVariable;
         }
     }
-    libraryBusy_ = true;
+    m_libraryBusy = true;
     return true;
 }
 
 bool RecordRouter::takeRecordStart(Group& group) {
-    if (reader_ == Reader::decoder) {
-        decoder_->end(header_, builder_);
+    if (m_reader == Reader::decoder) {
+        m_decoder->end(m_header, m_builder);
     }
-    type_ = trimmed(group.value);
-    if (!PolylineDecoder::continues(type_)) {
-        polylines_.finish(builder_);
+    m_type = trimmed(group.value);
+    if (!PolylineDecoder::continues(m_type)) {
+        m_polylines.finish(m_builder);
     }
     group.value = strangeType;
     chooseReader(group.value);
-    const bool libraryReads = reader_ == Reader::library || libraryBusy_;
-    libraryBusy_ = reader_ == Reader::library;
+    const bool libraryReads = m_reader == Reader::library || m_libraryBusy;
+    m_libraryBusy = m_reader == Reader::library;
     if (!libraryReads) {
         beginRecord();
     }
@@ -120,48 +120,49 @@ void RecordRouter::enterSection(std::string_view name) {
     };
     const auto* const found =
         std::find_if(std::begin(sections), std::end(sections), [&](const auto& entry) { return entry.name == name; });
-    section_ = found == std::end(sections) ? Section::other : found->section;
-    sawDrawing_ = sawDrawing_ || section_ != Section::other;
+    m_section = found == std::end(sections) ? Section::other : found->section;
+    m_sawDrawing = m_sawDrawing || m_section != Section::other;
 }
 
-/// Sets who reads the record of type `type_`; `readAs` receives what the library is to take it for.
+/// Sets who reads the record of type `m_type`; `readAs` receives what the library is to take it for.
 void RecordRouter::chooseReader(std::string_view& readAs) {
-    reader_ = Reader::nobody;
-    decoder_ = nullptr;
-    if (type_ == "SECTION" || type_ == "ENDSEC") {
-        section_ = Section::none;
+    m_reader = Reader::nobody;
+    m_decoder = nullptr;
+    if (m_type == "SECTION" || m_type == "ENDSEC") {
+        m_section = Section::none;
         return;
     }
-    if (type_ == "EOF") {
-        sawEnd_ = true;
+    if (m_type == "EOF") {
+        m_sawEnd = true;
         return;
     }
-    if (section_ == Section::header || section_ == Section::other) {
+    if (m_section == Section::header || m_section == Section::other) {
         return;
     }
-    const bool inTables = section_ == Section::tables;
-    if (const LibraryType* const found = inTables ? findType(libraryTables, type_) : findType(libraryEntities, type_)) {
-        reader_ = Reader::library;
+    const bool inTables = m_section == Section::tables;
+    if (const LibraryType* const found =
+            inTables ? findType(libraryTables, m_type) : findType(libraryEntities, m_type)) {
+        m_reader = Reader::library;
         readAs = found->readAs;
     } else if (!inTables) {
-        decoder_ = decoderFor(type_);
-        reader_ = decoder_ != nullptr ? Reader::decoder : Reader::nobody;
+        m_decoder = decoderFor(m_type);
+        m_reader = m_decoder != nullptr ? Reader::decoder : Reader::nobody;
     }
     // Small programs leave the sections out and write just entities.
-    sawDrawing_ = sawDrawing_ || reader_ != Reader::nobody;
+    m_sawDrawing = m_sawDrawing || m_reader != Reader::nobody;
 }
 
 /// Runs when whoever read the record before has handed it over.
 void RecordRouter::beginRecord() {
-    embedded_ = false;
-    header_ = RecordHeader();
-    if (type_ == "SECTION" || type_ == "ENDSEC") {
-        builder_.endBlock();
+    m_embedded = false;
+    m_header = RecordHeader();
+    if (m_type == "SECTION" || m_type == "ENDSEC") {
+        m_builder.endBlock();
     }
-    if (reader_ == Reader::library) {
-        libraryRecords_.begin(type_);
-    } else if (reader_ == Reader::decoder) {
-        decoder_->begin(type_);
+    if (m_reader == Reader::library) {
+        m_libraryRecords.begin(m_type);
+    } else if (m_reader == Reader::decoder) {
+        m_decoder->begin(m_type);
     }
 }
 
@@ -170,16 +171,16 @@ RecordDecoder* RecordRouter::decoderFor(std::string_view type) {
         std::string_view type;
         RecordDecoder* decoder;
     } decoders[] = {
-        {"LWPOLYLINE", &lwPolylines_},
-        {"VERTEX", &polylines_},
-        {"POLYLINE", &polylines_},
-        {"SEQEND", &polylines_},
-        {"HATCH", &hatches_},
-        {"MPOLYGON", &hatches_},
-        {"SPLINE", &splines_},
-        {"DIMENSION", &dimensions_},
-        {"ARC_DIMENSION", &dimensions_},
-        {"LARGE_RADIAL_DIMENSION", &dimensions_},
+        {"LWPOLYLINE", &m_lwPolylines},
+        {"VERTEX", &m_polylines},
+        {"POLYLINE", &m_polylines},
+        {"SEQEND", &m_polylines},
+        {"HATCH", &m_hatches},
+        {"MPOLYGON", &m_hatches},
+        {"SPLINE", &m_splines},
+        {"DIMENSION", &m_dimensions},
+        {"ARC_DIMENSION", &m_dimensions},
+        {"LARGE_RADIAL_DIMENSION", &m_dimensions},
     };
     const auto* const found =
         std::find_if(std::begin(decoders), std::end(decoders), [&](const auto& entry) { return entry.type == type; });

@@ -24,12 +24,12 @@ public:
     bool take(Group& group, std::uintmax_t remaining);
 
     /// Whether the mark that ends a drawing has come.
-    bool sawEnd() const { return sawEnd_; }
+    bool sawEnd() const { return m_sawEnd; }
     /// Whether anything has come that tells a drawing from another file of numbers and lines.
-    bool sawDrawing() const { return sawDrawing_; }
+    bool sawDrawing() const { return m_sawDrawing; }
 
     /// What the DXF library has to report to.
-    LibraryRecords& libraryRecords() { return libraryRecords_; }
+    LibraryRecords& libraryRecords() { return m_libraryRecords; }
 
 private:
     enum class Section { none, header, tables, blocks, entities, other };
@@ -42,23 +42,23 @@ private:
     void beginRecord();
     RecordDecoder* decoderFor(std::string_view type);
 
-    DrawingBuilder& builder_;
-    LibraryRecords libraryRecords_;
-    LwPolylineDecoder lwPolylines_;
-    PolylineDecoder polylines_;
-    SplineDecoder splines_;
-    HatchDecoder hatches_;
-    DimensionDecoder dimensions_;
+    DrawingBuilder& m_builder;
+    LibraryRecords m_libraryRecords;
+    LwPolylineDecoder m_lwPolylines;
+    PolylineDecoder m_polylines;
+    SplineDecoder m_splines;
+    HatchDecoder m_hatches;
+    DimensionDecoder m_dimensions;
 
-    Section section_ = Section::none;
-    std::string type_; ///< of the current record
-    Reader reader_ = Reader::nobody;
-    RecordDecoder* decoder_ = nullptr; ///< with Reader::decoder
-    RecordHeader header_;              ///< of a record that a decoder reads
-    bool embedded_ = false;            ///< in an object within the record, with codes of its own
-    bool libraryBusy_ = false;         ///< the library holds a record that it has not handed over
-    bool sawEnd_ = false;
-    bool sawDrawing_ = false;
+    Section m_section = Section::none;
+    std::string m_type; ///< of the current record
+    Reader m_reader = Reader::nobody;
+    RecordDecoder* m_decoder = nullptr; ///< with Reader::decoder
+    RecordHeader m_header;              ///< of a record that a decoder reads
+    bool m_embedded = false;            ///< in an object within the record, with codes of its own
+    bool m_libraryBusy = false;         ///< the library holds a record that it has not handed over
+    bool m_sawEnd = false;
+    bool m_sawDrawing = false;
 };
 
 } // namespace kelplot

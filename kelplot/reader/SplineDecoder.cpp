@@ -23,7 +23,7 @@ void takeCoordinate(std::vector<Vec3>& points, int axis, double value) {
 } // namespace
 
 void SplineDecoder::begin(std::string_view) {
-    spline_ = Spline();
+    m_spline = Spline();
 }
 
 void SplineDecoder::take(const Group& group) {
@@ -31,24 +31,24 @@ void SplineDecoder::take(const Group& group) {
     case 10:
     case 20:
     case 30:
-        takeCoordinate(spline_.controlPoints, group.code / 10 - 1, toReal(group.value));
+        takeCoordinate(m_spline.controlPoints, group.code / 10 - 1, toReal(group.value));
         break;
     case 11:
     case 21:
     case 31:
-        takeCoordinate(spline_.fitPoints, group.code / 10 - 1, toReal(group.value));
+        takeCoordinate(m_spline.fitPoints, group.code / 10 - 1, toReal(group.value));
         break;
     case 40:
-        spline_.knots.push_back(toReal(group.value));
+        m_spline.knots.push_back(toReal(group.value));
         break;
     case 41:
-        spline_.weights.push_back(toReal(group.value));
+        m_spline.weights.push_back(toReal(group.value));
         break;
     case 70:
-        spline_.closed = (toInteger(group.value) & closedFlag) != 0;
+        m_spline.closed = (toInteger(group.value) & closedFlag) != 0;
         break;
     case 71:
-        spline_.degree = toInteger(group.value);
+        m_spline.degree = toInteger(group.value);
         break;
     default:
         break;
@@ -56,8 +56,8 @@ void SplineDecoder::take(const Group& group) {
 }
 
 void SplineDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
-    if (completeSpline(spline_)) {
-        builder.addInWorld(header, std::move(spline_));
+    if (completeSpline(m_spline)) {
+        builder.addInWorld(header, std::move(m_spline));
     }
 }
 

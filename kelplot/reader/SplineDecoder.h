@@ -12,7 +12,7 @@ public:
     void end(const RecordHeader& header, DrawingBuilder& builder) override;
 
 private:
-    Spline spline_;
+    Spline m_spline;
 };
 
 } // namespace kelplot

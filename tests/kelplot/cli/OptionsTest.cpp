@@ -127,7 +127,7 @@ INSTANTIATE_TEST_SUITE_P(
         UsageCase{"scale", {"--scale", "1:0", "a.dxf"}, {"--scale", "1:0", "1:50"}},
         UsageCase{"margins", {"--margins", "1,2", "a.dxf"}, {"--margins", "1,2", "LEFT,TOP,RIGHT,BOTTOM"}},
         UsageCase{"margins too wide", {"--margins", "150", "a.dxf"}, {"--margins", "no room"}},
-        UsageCase{"format", {"--format", "dwf", "a.dxf"}, {"--format", "dwf", "pdf, png, svg"}},
+        UsageCase{"format", {"--format", "tiff", "a.dxf"}, {"--format", "tiff", "pdf, png, svg"}},
         UsageCase{"ending", {"-o", "plan.jpg", "a.dxf"}, {"plan.jpg", "pdf, png, svg", "--format"}},
         UsageCase{"no output name", {"-o", "", "a.dxf"}, {"--output"}},
         UsageCase{"dpi is no number", {"--dpi", "fine", "a.dxf"}, {"--dpi", "fine", "2400"}},

@@ -74,6 +74,12 @@ void RecordingRenderer::SetLineType(HT_PlotStyle::LineType type, double* pattern
 void RecordingRenderer::SetColor(HT_Color color) {
     ++styleCalls;
     m_style.color = color;
+    m_style.alpha = 255;
+}
+
+void RecordingRenderer::SetAlpha(unsigned char alpha) {
+    m_style.alpha = alpha;
+    ++styleCalls;
 }
 
 Drawing emptyDrawing() {

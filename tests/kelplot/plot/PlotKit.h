@@ -15,6 +15,7 @@ public:
         std::vector<Vec2> points;
         double radiusX = 0.0, radiusY = 0.0, rotation = 0.0, start = 0.0, end = 0.0; ///< of an arc
         HT_Color color = 0;
+        int alpha = 255;
         double weight = 0.0;
         int ends = -1, joins = -1;
         std::vector<double> pattern;
@@ -48,7 +49,7 @@ public:
     void SetLineType(HT_PlotStyle::LineType type, double* pattern, unsigned int count) override;
     void SetFillStyle(HT_PlotStyle::FillStyle) override { ++styleCalls; }
     void SetColor(HT_Color color) override;
-    void SetAlpha(unsigned char) override { ++styleCalls; }
+    void SetAlpha(unsigned char alpha) override;
     void SetFillMode(HT_PlotStyle::FillMode) override { ++styleCalls; }
     void SetMergeControlType(HT_PlotStyle::MergeControlType) override { ++styleCalls; }
     void SetClipRgn(const HT_ClipRgn*) override {}

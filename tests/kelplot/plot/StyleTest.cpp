@@ -14,7 +14,7 @@ Layer layerNamed(const char* name, bool on, bool frozen, bool plotted) {
     return layer;
 }
 
-enum LayerIndex : uint32_t { zero, shown, off, frozen, unplotted, helper, layerCount };
+enum LayerIndex : uint32_t { zero, shown, off, frozen, unplotted, layerCount };
 
 Drawing drawingWithLayers() {
     Drawing drawing = emptyDrawing();
@@ -22,7 +22,6 @@ Drawing drawingWithLayers() {
     drawing.layers.push_back(layerNamed("off", false, false, true));
     drawing.layers.push_back(layerNamed("frozen", true, true, true));
     drawing.layers.push_back(layerNamed("unplotted", true, false, false));
-    drawing.layers.push_back(layerNamed("DefPoints", true, false, true));
     return drawing;
 }
 
@@ -160,6 +159,36 @@ TEST(Colours, ComeDownThroughNestedBlocks) {
         const auto shapes = shapesOf(drawing);
         ASSERT_EQ(shapes.size(), 1U) << row.name;
         EXPECT_EQ(shapes[0].color, row.expected) << row.name;
+    }
+}
+
+TEST(Opacity, ComesFromEntityLayerOrReference) {
+    const struct {
+        const char* name;
+        Opacity line;
+        Opacity reference;
+        int expected;
+    } rows[] = {
+        {"own", 100, opacityByLayer, 100},
+        {"by layer", opacityByLayer, 100, 60},
+        {"by block", opacityByBlock, 100, 100},
+        {"by block of a reference by layer", opacityByBlock, opacityByLayer, 60},
+    };
+    for (const auto& row : rows) {
+        Drawing drawing = emptyDrawing();
+        drawing.layers[0].opacity = 60;
+        Entity line = lineOn(0);
+        line.attributes.opacity = row.line;
+        Entity reference = entityOf(referenceTo(0));
+        reference.attributes.opacity = row.reference;
+        drawing.blocks.push_back({"a", {}, {line}});
+        Entity after = lineOn(0);
+        after.attributes.opacity = opaque;
+        drawing.modelSpace = {reference, after};
+        const auto shapes = shapesOf(drawing);
+        ASSERT_EQ(shapes.size(), 2U) << row.name;
+        EXPECT_EQ(shapes[0].alpha, row.expected) << row.name;
+        EXPECT_EQ(shapes[1].alpha, 255) << row.name;
     }
 }
 

@@ -211,6 +211,25 @@ TEST_P(EntityAttributes, AreReadForEveryFamily) {
     }
 }
 
+TEST(EntityOpacity, IsReadFromItsKindAndValue) {
+    const struct {
+        const char* name;
+        const char* number;
+        Opacity expected;
+    } rows[] = {
+        {"by layer", "0", opacityByLayer},
+        {"by block", "16777216", opacityByBlock},
+        {"own", "33554534", 102},
+        {"own, invisible", "33554432", 0},
+        {"kind unknown", "50331750", opacityByLayer},
+        {"negative", "-1", opacityByLayer},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(readOne(groups({{0, "LINE"}, {11, "1"}, {440, row.number}})).attributes.opacity, row.expected)
+            << row.name;
+    }
+}
+
 using Kind = Colour::Kind;
 
 INSTANTIATE_TEST_SUITE_P(

@@ -24,6 +24,16 @@ Drawing withLayers(const std::string& layers, const std::string& used) {
         drawingOf(groups({{0, "LINE"}, {8, used}, {11, "1"}})));
 }
 
+TEST(LayerOpacity, IsReadFromTheDataThatStatesIt) {
+    const std::string stated = groups({{1071, "33554483"}});
+    const Drawing drawing = withLayers(layer("Faint", groups({{1001, "AcCmTransparency"}}) + stated) +
+                                           layer("Full", groups({{1001, "SomethingElse"}}) + stated),
+                                       "Faint");
+    ASSERT_EQ(drawing.layers.size(), 3U);
+    EXPECT_EQ(drawing.layers[1].opacity, 51);
+    EXPECT_EQ(drawing.layers[2].opacity, opaque);
+}
+
 struct LayerCase {
     const char* name;
     std::string text;
