@@ -11,10 +11,11 @@ write_basic_package_version_file(KelDriverConfigVersion.cmake COMPATIBILITY Same
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/KelDriverConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/KelDriverConfigVersion.cmake DESTINATION ${package_dir})
 
-# The prefix may be chosen at install time, so the file is written then.
+# The prefix may be chosen at install time, so the file is written then; folders may be given as absolute paths.
 install(CODE "set(PROJECT_DESCRIPTION \"${PROJECT_DESCRIPTION}\")
 set(PROJECT_VERSION ${PROJECT_VERSION})
-set(CMAKE_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR})
-set(CMAKE_INSTALL_LIBDIR ${CMAKE_INSTALL_LIBDIR})
+cmake_path(ABSOLUTE_PATH CMAKE_INSTALL_PREFIX NORMALIZE)
+cmake_path(APPEND pc_includedir \"\${CMAKE_INSTALL_PREFIX}\" \"${CMAKE_INSTALL_INCLUDEDIR}\")
+cmake_path(APPEND pc_libdir \"\${CMAKE_INSTALL_PREFIX}\" \"${CMAKE_INSTALL_LIBDIR}\")
 configure_file(\"${PROJECT_SOURCE_DIR}/cmake/keldriver.pc.in\" \"${CMAKE_CURRENT_BINARY_DIR}/keldriver.pc\" @ONLY)")
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/keldriver.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Compares plotting a drawing to PDF with only parsing it: medians of time and peak memory as a Markdown table.
+# Compares plotting a drawing with only parsing it: medians of time and peak memory as a Markdown table.
 # Build with -DCMAKE_BUILD_TYPE=Release -DKELDRIVER_BUILD_BENCHMARKS=ON first.
 set -eu
 
@@ -21,7 +21,7 @@ done
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT INT TERM
-python3 - "$runs" "$drawing" "$work/plot.pdf" "$parse_only" "$kelplot" <<'PYTHON'
+python3 - "$runs" "$drawing" "$work/plot" "$parse_only" "$kelplot" <<'PYTHON'
 import os
 import statistics
 import sys
@@ -30,7 +30,9 @@ import time
 runs, drawing, plot, parse_only, kelplot = int(sys.argv[1]), *sys.argv[2:]
 commands = {
     "parse only": [parse_only, drawing],
-    "kelplot to PDF": [kelplot, "--quiet", "-o", plot, drawing],
+    "kelplot to SVG": [kelplot, "--quiet", "-o", plot + ".svg", drawing],
+    "kelplot to PDF": [kelplot, "--quiet", "-o", plot + ".pdf", drawing],
+    "kelplot to PNG": [kelplot, "--quiet", "-o", plot + ".png", drawing],
 }
 
 
@@ -59,5 +61,4 @@ for name, rows in results.items():
     seconds = statistics.median(row[0] for row in rows)
     memory = statistics.median(row[1] for row in rows)
     print(f"| {name} | {seconds:.3f} | {seconds / base:.2f} | {memory:.0f} |")
-print(f"\nPDF size: {os.path.getsize(plot) / 1e6:.2f} MB")
 PYTHON

@@ -48,7 +48,7 @@ bool GroupFilter::fill() {
 
 void GroupFilter::write(const Group& group) {
     std::array<char, 16> code{};
-    const auto end = std::to_chars(code.data(), code.data() + code.size(), group.code).ptr;
+    auto* const end = std::to_chars(code.data(), code.data() + code.size(), group.code).ptr;
     m_text.assign(code.data(), end);
     m_text += '\n';
     m_text += group.value.substr(0, longestValue);

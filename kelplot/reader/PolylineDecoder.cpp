@@ -189,12 +189,12 @@ void PolylineDecoder::addMesh(DrawingBuilder& builder) const {
     if (rows == 0 || columns == 0 || m_vertices.size() / rows != columns || m_vertices.size() % rows != 0) {
         return;
     }
-    const auto addLine = [&](std::size_t first, std::size_t step, std::size_t count, bool closed) {
+    const auto addLine = [&](std::size_t start, std::size_t stride, std::size_t length, bool closed) {
         Polyline line;
         line.spatial = true;
         line.closed = closed;
-        for (std::size_t i = 0; i < count; ++i) {
-            line.vertices.push_back(PolylineVertex{m_vertices[first + i * step].point.position});
+        for (std::size_t i = 0; i < length; ++i) {
+            line.vertices.push_back(PolylineVertex{m_vertices[start + i * stride].point.position});
         }
         builder.addInWorld(m_head.header, std::move(line));
     };

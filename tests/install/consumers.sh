@@ -9,6 +9,7 @@ trap 'rm -rf "$work"' EXIT
 prefix=$work/prefix
 
 cmake --install "$build" --prefix "$prefix" >/dev/null
+"$prefix/bin/kelplot" --version
 library=$(find "$prefix" -name 'libKelDriver.so')
 libdir=$(dirname "$library")
 objdump -p "$library" | grep -Eq 'SONAME +libKelDriver\.so\.[0-9]+$'

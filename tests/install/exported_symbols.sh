@@ -5,8 +5,11 @@
 set -euo pipefail
 list="$(dirname "$0")/exported_symbols.txt"
 
-# Weak symbols are template instances of other libraries.
-exported() { nm -D --defined-only --demangle "$1" | sed -nE 's/^[0-9a-f]+ [A-VX-Z] //p' | LC_ALL=C sort -u; }
+# Weak symbols are template instances of other libraries; the linker adds marks of its own.
+exported() {
+    nm -D --defined-only --demangle "$1" | sed -nE 's/^[0-9a-f]+ [A-VX-Z] //p' |
+        grep -vxE '__bss_start|_edata|_end|_init|_fini' | LC_ALL=C sort -u
+}
 
 if [ "$1" = --refresh ]; then
     exported "$2" >"$list"
