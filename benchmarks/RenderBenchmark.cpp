@@ -42,14 +42,18 @@ struct Page {
         renderer->SetColor(0x0000FF);
     }
 
-    struct Destroy {
-        void operator()(HT_Renderer* renderer) const { HT_RendererFactory::DestroyRenderer(renderer); }
+    struct Finish {
+        void operator()(HT_Renderer* renderer) const {
+            renderer->FinishRender();
+            renderer->DetachDriver();
+            HT_RendererFactory::DestroyRenderer(renderer);
+        }
     };
 
     std::unique_ptr<QPaintDevice> device;
     QPainter painter;
     HandPainter hand{painter, plotScale};
-    std::unique_ptr<HT_Renderer, Destroy> renderer;
+    std::unique_ptr<HT_Renderer, Finish> renderer;
 };
 
 struct DeviceKind {

@@ -68,6 +68,8 @@ static_assert(sizeof(HT_BezierCurve) == 64 && offsetof(HT_BezierCurve, p1) == 16
 /// Replaces `curves` with the arc as Bezier curves with y upwards, each at most a quarter turn.
 ///
 /// A sweep of zero or less goes on round the ellipse until it is positive, so equal ends give a full ellipse.
-/// A positive sweep goes round as often as it says, up to 100,000 turns; a longer one is cut to between one
-/// and two turns with the same end. An arc with an infinite or undefined sweep has no curves.
+/// A positive sweep goes round as often as it says, up to 2^24 curves (about 4.2 million turns; the curves
+/// then take up one GiB); a longer one is cut to between one and two turns with the same end. Backward sweeps
+/// go on turn by turn up to 1e8 radians, beyond which their exact remainder is taken. An arc with an infinite
+/// or undefined sweep has no curves.
 KELDRIVER_API void HT_ConvertEllipArcToBezierCurves(const HT_EllipArc& arc, std::vector<HT_BezierCurve>& curves);

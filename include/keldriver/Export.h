@@ -2,3 +2,6 @@
 
 /// Marks a name that drivers link against; everything else in the library stays hidden.
 #define KELDRIVER_API __attribute__((visibility("default")))
+
+/// Hides a member of a class that is marked `KELDRIVER_API`: the library's own matter, free to change.
+#define KELDRIVER_LOCAL __attribute__((visibility("hidden")))

@@ -19,7 +19,8 @@ class QPen;
 ///
 /// The renderer keeps its own copy of every style value; each style setter rebuilds the painter's whole pen
 /// or brush from that copy. Only the composition mode and the clip live in the painter alone. Without a
-/// painter, setters record their value and primitives do nothing.
+/// painter, setters record their value, but `SetFillMode` and `SetMergeControlType` do nothing, and neither do
+/// primitives.
 ///
 /// `AttachDriver` and each `StartRender` save the painter's state once; `DetachDriver` and the destructor
 /// restore it once each. The painter is never deleted here and must outlive the renderer.
@@ -31,7 +32,8 @@ public:
     /// Always 31: all five capabilities.
     uint32_t Features() const override;
 
-    /// @param target  a `QPainter*`; borrowed until the renderer is destroyed. Null attaches nothing.
+    /// @param target  a `QPainter*`; borrowed until the renderer is destroyed. Null makes the renderer
+    ///                forget the painter it had, without a restore.
     /// @param size    not read
     /// @param flag    not read
     void AttachDriver(void* target, const HT_Int_Size& size, bool flag) override;
@@ -43,13 +45,14 @@ public:
     /// Does nothing; what `StartRender` saved stays on the painter's stack.
     void FinishRender() override;
 
-    /// Draws one device point. An opaque point that rounds to the plot coordinates of the point before it is
-    /// skipped; `SetColor` makes the next point count as new.
+    /// Draws one device point. An opaque point that rounds to the plot coordinates of the last opaque point drawn
+    /// is skipped; `SetColor` makes the next point count as new.
     void DrawPoint(const HT_Double_Point& point) override;
     /// Draws the full turn through `DrawArc`, so that a subclass's arcs change its ellipses too.
     void DrawEllipse(const HT_Double_Point& center, double radiusX, double radiusY, double rotation) override;
-    /// Draws an arc under a world transform of its own. Radii that are both below one plot unit become a
-    /// point at the centre, drawn through `DrawPoint`.
+    /// Draws an arc under a world transform of its own, which replaces the painter's for the call: lend a
+    /// painter without a world transform and use `setScale`. The painter's window and viewport do apply.
+    /// Radii that are both below one plot unit become a point at the centre, drawn through `DrawPoint`.
     void DrawArc(const HT_Double_Point& center, double radiusX, double radiusY, double rotation, double startParam,
                  double endParam) override;
     /// Draws an open polyline on the device grid; points that fall on the same pixel as the one before are
@@ -85,7 +88,8 @@ public:
     void SetColor(HT_Color ink) override;
     void SetAlpha(unsigned char opacity) override;
     /// `FillModeWinding` starts to gather polygons; `FillModeAlternate` draws the gathered ones as one path,
-    /// outlined and filled, and returns to drawing each polygon at once.
+    /// outlined and filled, and returns to drawing each polygon at once. Polygons that are still gathered when
+    /// the renderer is destroyed are never drawn. Other modes are ignored.
     void SetFillMode(HT_PlotStyle::FillMode mode) override;
     /// Sets the painter's composition mode; an unknown type leaves it as it is.
     void SetMergeControlType(HT_PlotStyle::MergeControlType type) override;
@@ -120,6 +124,6 @@ protected:
     double scale = 1.0;    ///< device units per plot unit
 
 private:
-    QPen penForStyle() const;
-    QBrush brushForStyle();
+    KELDRIVER_LOCAL QPen penForStyle() const;
+    KELDRIVER_LOCAL QBrush brushForStyle();
 };

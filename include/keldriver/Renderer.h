@@ -22,7 +22,8 @@ struct HT_Font {
 };
 
 static_assert(offsetof(HT_Font, rotation) == 8 && offsetof(HT_Font, bold) == 16 &&
-                  offsetof(HT_Font, pitchAndFamily) == 19 && offsetof(HT_Font, faceName) == 20,
+                  offsetof(HT_Font, pitchAndFamily) == 19 && offsetof(HT_Font, faceName) == 20 &&
+                  sizeof(HT_Font) == 152,
               "record shared with drivers");
 
 /// What a printer or plotter driver draws a plot with.
@@ -44,7 +45,8 @@ public:
 
     /// Borrows `target` until the renderer is destroyed. What it points to is the renderer's matter.
     virtual void AttachDriver(void* target, const HT_Int_Size& size, bool flag) = 0;
-    /// Gives the target its state from before `AttachDriver` back.
+    /// Undoes the newest of the states that `AttachDriver` and `StartRender` saved on the target. After one of
+    /// each, the target's original state comes back when the renderer is destroyed.
     virtual void DetachDriver() = 0;
     /// Makes the target ready to draw on; false when none is attached.
     virtual bool StartRender() = 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "keldriver/Export.h"
@@ -27,8 +28,14 @@ struct HT_Int_Size {
 /// A colour: byte 0 (the least significant) is red, byte 1 green, byte 2 blue; byte 3 is not read.
 using HT_Color = uint32_t;
 
-static_assert(sizeof(HT_Double_Point) == 16 && sizeof(HT_Double_Rectangle) == 32 && sizeof(HT_Int_Size) == 8,
-              "records shared with drivers");
+static_assert(sizeof(HT_Double_Point) == 16 && offsetof(HT_Double_Point, x) == 0 && offsetof(HT_Double_Point, y) == 8,
+              "record shared with drivers");
+static_assert(sizeof(HT_Double_Rectangle) == 32 && offsetof(HT_Double_Rectangle, minX) == 0 &&
+                  offsetof(HT_Double_Rectangle, minY) == 8 && offsetof(HT_Double_Rectangle, maxX) == 16 &&
+                  offsetof(HT_Double_Rectangle, maxY) == 24,
+              "record shared with drivers");
+static_assert(sizeof(HT_Int_Size) == 8 && offsetof(HT_Int_Size, width) == 0 && offsetof(HT_Int_Size, height) == 4,
+              "record shared with drivers");
 
 /// Tells whether two values differ by strictly less than `tol`; false when any of them is NaN.
 /// Geometric equality in this library uses a tolerance of 1e-10.

@@ -83,9 +83,18 @@ struct tagLOGFONTW {
 /// The device mode record; the library only passes pointers to it.
 struct _devicemodeW; // NOLINT(bugprone-reserved-identifier): its published name
 
-static_assert(sizeof(tagPOINT) == 8 && sizeof(tagRECT) == 16 && sizeof(tagXFORM) == 24, "Win32 layout");
-static_assert(sizeof(tagRGBQUAD) == 4 && sizeof(tagBITMAPINFOHEADER) == 40 && sizeof(tagBITMAPINFO) == 44,
+static_assert(sizeof(tagPOINT) == 8 && offsetof(tagPOINT, x) == 0 && offsetof(tagPOINT, y) == 4, "Win32 layout");
+static_assert(sizeof(tagRECT) == 16 && offsetof(tagRECT, left) == 0 && offsetof(tagRECT, top) == 4 &&
+                  offsetof(tagRECT, right) == 8 && offsetof(tagRECT, bottom) == 12,
               "Win32 layout");
+static_assert(sizeof(tagXFORM) == 24 && offsetof(tagXFORM, eM11) == 0 && offsetof(tagXFORM, eM12) == 4 &&
+                  offsetof(tagXFORM, eM21) == 8 && offsetof(tagXFORM, eM22) == 12 && offsetof(tagXFORM, eDx) == 16 &&
+                  offsetof(tagXFORM, eDy) == 20,
+              "Win32 layout");
+static_assert(sizeof(tagRGBQUAD) == 4 && offsetof(tagRGBQUAD, rgbBlue) == 0 && offsetof(tagRGBQUAD, rgbGreen) == 1 &&
+                  offsetof(tagRGBQUAD, rgbRed) == 2 && offsetof(tagRGBQUAD, rgbReserved) == 3,
+              "Win32 layout");
+static_assert(sizeof(tagBITMAPINFOHEADER) == 40 && sizeof(tagBITMAPINFO) == 44, "Win32 layout");
 static_assert(offsetof(tagBITMAPINFOHEADER, biCompression) == 16, "Win32 layout");
 static_assert(offsetof(tagLOGFONTW, lfItalic) == 20 && offsetof(tagLOGFONTW, lfFaceName) == 28 &&
                   sizeof(tagLOGFONTW) == 28 + 32 * sizeof(wchar_t),

@@ -3,14 +3,13 @@
 #include <algorithm>
 #include <cfloat>
 #include <cmath>
+#include <cstdint>
 
+#include "geometry/Angles.h"
 #include "geometry/Rounding.h"
 #include "geometry/Tolerance.h"
 
 namespace {
-
-constexpr double pi = 3.141592653589793;
-constexpr double fullTurn = 6.283185307179586;
 
 int32_t wrappedSum(int32_t a, int32_t b) {
     return static_cast<int32_t>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b));
@@ -20,7 +19,11 @@ int32_t wrappedDifference(int32_t a, int32_t b) {
     return static_cast<int32_t>(static_cast<uint32_t>(a) - static_cast<uint32_t>(b));
 }
 
+// Finite values saturate; infinities and NaN stay what they are.
 float narrowed(double value) {
+    if (!std::isfinite(value)) {
+        return static_cast<float>(value);
+    }
     return static_cast<float>(std::clamp(value, -static_cast<double>(FLT_MAX), static_cast<double>(FLT_MAX)));
 }
 
@@ -75,7 +78,7 @@ double HT_EllipArc::angleFromParam(double t, double ratio) {
     }
     const double angle = std::atan2(ratio * std::sin(t), std::cos(t));
     const double distance = std::fabs(t - angle);
-    if (distance < pi) {
+    if (distance < halfTurn) {
         return angle;
     }
     const double turns = nearestTurns(distance) * fullTurn;

@@ -1,26 +1,12 @@
 #include "keldriver/EllipArc.h"
 
 #include <cmath>
+#include <cstddef>
+#include <vector>
 
-#include "geometry/Tolerance.h"
+#include "geometry/ArcSweep.h"
 
 namespace {
-
-constexpr double fullTurn = 6.283185307179586;
-constexpr double quarterTurn = 1.5707963267948966;
-constexpr double longestSweep = 1e5 * fullTurn; // beyond this, going round turn by turn takes too long
-
-// The angle from start to end of an arc, always positive, or NaN where there is none.
-double positiveSweep(double sweep) {
-    if (std::fabs(sweep) > longestSweep) {
-        const double remainder = std::fmod(sweep, fullTurn); // NaN for an infinite sweep
-        sweep = sweep > 0.0 ? remainder + fullTurn : remainder;
-    }
-    while (sweep < geometricTolerance) {
-        sweep += fullTurn;
-    }
-    return sweep;
-}
 
 HT_BezierCurve curveBetween(const HT_EllipArc& arc, double t1, double t2) {
     HT_Double_Point start;
@@ -46,7 +32,7 @@ void HT_ConvertEllipArcToBezierCurves(const HT_EllipArc& arc, std::vector<HT_Bez
     if (std::isnan(sweep)) {
         return;
     }
-    const auto count = static_cast<size_t>(std::ceil(sweep / quarterTurn));
+    const auto count = static_cast<size_t>(curveCountFor(sweep));
     const double step = sweep / static_cast<double>(count);
     curves.reserve(count);
     for (size_t i = 0; i < count; ++i) {

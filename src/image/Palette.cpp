@@ -1,5 +1,7 @@
 #include "keldriver/Dib.h"
 
+#include <cstdint>
+
 namespace {
 
 // 0xAARRGGBB; entry k is colour number k + 1.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <memory>
 #include <new>
 
@@ -55,15 +56,9 @@ public:
     }
 
 private:
-    // Points that cost nothing until they are written.
-    union Unwritten {
-        Unwritten() {} // NOLINT(modernize-use-equals-default): a defaulted one is deleted
-        QPointF points[inCallPoints];
-    };
-
-    Unwritten inCall;
+    alignas(QPointF) std::byte inCall[sizeof(QPointF) * inCallPoints]; // not initialised: that would cost time
     std::unique_ptr<QPointF[]> heap;
-    QPointF* first = inCall.points;
+    QPointF* first = static_cast<QPointF*>(static_cast<void*>(inCall));
     int used = 0;
 };
 

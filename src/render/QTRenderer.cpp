@@ -1,5 +1,7 @@
 #include "keldriver/QTRenderer.h"
 
+#include <cstdint>
+
 #include <QBrush>
 #include <QPainter>
 #include <QPen>

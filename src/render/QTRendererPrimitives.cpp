@@ -1,14 +1,18 @@
 #include "keldriver/QTRenderer.h"
 
+#include <algorithm>
+#include <cstdint>
+
 #include <QPainter>
 #include <QTransform>
 
+#include "geometry/Angles.h"
+#include "geometry/Rounding.h"
 #include "keldriver/EllipArc.h"
 #include "render/DeviceGrid.h"
 
 namespace {
 
-constexpr double fullTurn = 6.283185307179586;
 constexpr double degreesPerRadian = 57.29577951308232;
 constexpr double sixteenths = 16.0; // Qt counts arc angles in sixteenths of a degree
 
@@ -89,6 +93,7 @@ void QTRenderer::DrawArc(const HT_Double_Point& center, double radiusX, double r
                           endParam);
     tagRECT rect;
     tagXFORM xform;
+    // Qt takes the angles themselves, so the radial points of `calcGdiArcParam` are not needed.
     arc.calcGdiEllipseParam(rect, xform);
     const double startDegrees = arc.startParam * degreesPerRadian;
     const double spanDegrees = arc.endParam * degreesPerRadian - startDegrees;

@@ -6,11 +6,7 @@ namespace {
 
 const HT_Double_Point segment[] = {{0, 0}, {5, 0}};
 
-TEST(DetachedRenderer, RecordsStyleAndDrawsNothing) {
-    OpenRenderer renderer;
-    EXPECT_FALSE(renderer.StartRender());
-    renderer.SetColor(0x00332211);
-    renderer.SetLineWeight(3.0);
+void drawEverything(HT_Renderer& renderer) {
     renderer.SetFillMode(HT_PlotStyle::FillModeWinding);
     renderer.SetMergeControlType(HT_PlotStyle::MergeControlMerge);
     renderer.DrawPoint({1, 1});
@@ -18,6 +14,15 @@ TEST(DetachedRenderer, RecordsStyleAndDrawsNothing) {
     renderer.FillPolygon(segment, 2);
     renderer.DrawBezier(segment, 2);
     renderer.DrawArc({0, 0}, 5, 5, 0, 0, 1);
+    renderer.DrawEllipse({0, 0}, 5, 5, 0);
+}
+
+TEST(DetachedRenderer, RecordsStyleAndDrawsNothing) {
+    OpenRenderer renderer;
+    EXPECT_FALSE(renderer.StartRender());
+    renderer.SetColor(0x00332211);
+    renderer.SetLineWeight(3.0);
+    drawEverything(renderer);
     renderer.FinishRender();
     renderer.DetachDriver();
     EXPECT_EQ(renderer.color, QColor(0x11, 0x22, 0x33));
@@ -25,27 +30,38 @@ TEST(DetachedRenderer, RecordsStyleAndDrawsNothing) {
     EXPECT_FALSE(renderer.windingPending);
 }
 
-TEST(DetachedRenderer, EllipseDoesNotReachArcsOfSubclasses) {
-    struct CountsArcs : QTRenderer {
-        void DrawArc(const HT_Double_Point&, double, double, double, double, double) override { ++arcs; }
-        int arcs = 0;
-    };
-    CountsArcs renderer;
-    renderer.DrawEllipse({0, 0}, 5, 5, 0);
-    EXPECT_EQ(renderer.arcs, 0);
+// The painter keeps the one state that the first attaching saved, whose pen width is 10.
+TEST(DetachedRenderer, AttachingNullLetsThePainterGo) {
+    PlotRecorder recorder;
+    QPainter painter(&recorder);
+    painter.setPen(QPen(Qt::black, 10));
+    {
+        QTRenderer renderer;
+        renderer.AttachDriver(&painter, {0, 0}, false);
+        renderer.SetLineWeight(30.0);
+        renderer.AttachDriver(nullptr, {0, 0}, false);
+        EXPECT_FALSE(renderer.StartRender());
+        renderer.SetLineWeight(40.0);
+        drawEverything(renderer);
+        renderer.DetachDriver();
+    }
+    EXPECT_EQ(recorder.shapes(), "");
+    EXPECT_EQ(painter.compositionMode(), QPainter::CompositionMode_SourceOver);
+    EXPECT_EQ(painter.pen().width(), 30);
+    painter.restore();
+    EXPECT_EQ(painter.pen().width(), 10);
 }
 
 TEST(DetachedRenderer, StyleSetBeforeAttachingAppliesAfterwards) {
-    OpenRenderer renderer;
-    renderer.SetLineWeight(7.0);
-    renderer.SetLineType(HT_PlotStyle::LineTypeSolid, nullptr, 0);
     PlotRecorder recorder;
     QPainter painter(&recorder);
+    QTRenderer renderer;
+    renderer.SetLineWeight(7.0);
+    renderer.SetLineType(HT_PlotStyle::LineTypeSolid, nullptr, 0);
     renderer.AttachDriver(&painter, {0, 0}, true);
     renderer.SetColor(0x0000FF);
     renderer.DrawPolyline(segment, 2);
     EXPECT_EQ(recorder.plot(), "polyline 0,0 5,0 | pen #ff0000 7 solid flat miter | brush #ff0000 solid\n");
-    renderer.AttachDriver(nullptr, {0, 0}, false); // the painter dies before the renderer
 }
 
 TEST_F(RendererTest, StartRenderInstallsBlackUntilTheNextSetter) {
@@ -58,6 +74,7 @@ TEST_F(RendererTest, StartRenderInstallsBlackUntilTheNextSetter) {
         polyline 0,0 5,0 | pen #000000 1 solid square bevel | brush #000000 solid
         polyline 0,0 5,0 | pen #ff0000 2 dot flat miter | brush #000000 solid
     )"));
+    renderer.DetachDriver();
 }
 
 // Three states lie on the painter's stack below the renderer's; each carries its own pen width.
@@ -110,7 +127,7 @@ TEST(AttachedRenderer, MergedInkMultipliesWithWhatLiesBelow) {
     const HT_Double_Point whole[] = {{0, 0}, {4, 0}, {4, 4}, {0, 4}};
     renderer.FillPolygon(whole, 4);
     EXPECT_EQ(page.pixelColor(2, 2), QColor(0, 255, 0));
-    renderer.AttachDriver(nullptr, {0, 0}, false);
+    renderer.DetachDriver();
 }
 
 } // namespace

@@ -14,7 +14,6 @@ public:
     using QTRenderer::alpha;
     using QTRenderer::color;
     using QTRenderer::dashPattern;
-    using QTRenderer::minArcSize;
     using QTRenderer::penStyle;
     using QTRenderer::penWidth;
     using QTRenderer::windingPath;

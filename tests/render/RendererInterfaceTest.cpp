@@ -89,17 +89,23 @@ TEST(RendererFactory, DestroysThroughTheInterface) {
     EXPECT_TRUE(isDestroyed);
 }
 
-// The bitmaps for squares and dots are checked where they are drawn.
-TEST(PlotStyle, HatchesFitEachOther) {
-    using namespace HT_PlotStyle;
-    for (int row = 0; row < 8; ++row) {
-        const auto bits = [row](FillStyle style) {
-            return FillStyleBitmapBuffer[style][row];
-        };
-        EXPECT_EQ(bits(FillForwardDiagonal), 0xFF & ~(0x80 >> row)) << "row " << row;
-        EXPECT_EQ(bits(FillBackwardDiagonal), 0xFF & ~(0x01 << row)) << "row " << row;
-        EXPECT_EQ(bits(FillCross), bits(FillHorizontal) & bits(FillVertical)) << "row " << row;
-        EXPECT_EQ(bits(FillDiagCross), FillStyleBitmapBuffer[FillDiagCross][7 - row]) << "row " << row;
+TEST(PlotStyle, FillBitmapsAreThoseAgreedWithDrivers) {
+    const uint16_t expected[9][8] = {
+        {0, 0, 0, 0, 0, 0, 0, 0},
+        {0xff, 0xff, 0xc3, 0xdb, 0xdb, 0xc3, 0xff, 0xff},
+        {0x00, 0x7f, 0x7f, 0x7f, 0x7f, 0x7f, 0x7f, 0x7f},
+        {0xe7, 0xdb, 0xbd, 0x7e, 0x7e, 0xbd, 0xdb, 0xe7},
+        {0x00, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff},
+        {0x7f, 0xbf, 0xdf, 0xef, 0xf7, 0xfb, 0xfd, 0xfe},
+        {0xfe, 0xfd, 0xfb, 0xf7, 0xef, 0xdf, 0xbf, 0x7f},
+        {0x3f, 0x3f, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff},
+        {0x7f, 0x7f, 0x7f, 0x7f, 0x7f, 0x7f, 0x7f, 0x7f},
+    };
+    static_assert(sizeof HT_PlotStyle::FillStyleBitmapBuffer == sizeof expected);
+    for (int style = 0; style < 9; ++style) {
+        for (int row = 0; row < 8; ++row) {
+            EXPECT_EQ(HT_PlotStyle::FillStyleBitmapBuffer[style][row], expected[style][row]) << style << ", " << row;
+        }
     }
 }
 

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <filesystem>
 #include <set>
 
@@ -46,9 +45,7 @@ TEST(SampleFiles, AllEndInADrawingOrARefusal) {
             continue;
         }
         SCOPED_TRACE(entry.path().filename().string());
-        const auto begin = std::chrono::steady_clock::now();
         checkSample(entry.path());
-        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
     }
 }
 

@@ -1,0 +1,6 @@
+#pragma once
+
+/// Angles in radians.
+constexpr double quarterTurn = 1.5707963267948966;
+constexpr double halfTurn = 3.141592653589793;
+constexpr double fullTurn = 6.283185307179586;

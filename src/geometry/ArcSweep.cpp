@@ -1,0 +1,23 @@
+#include "geometry/ArcSweep.h"
+
+#include <cmath>
+
+#include "geometry/Angles.h"
+#include "geometry/Tolerance.h"
+
+double positiveSweep(double sweep) {
+    if (curveCountFor(sweep) > mostCurves) {
+        return std::fmod(sweep, fullTurn) + fullTurn; // NaN for an infinite sweep
+    }
+    if (sweep < -longestBackwardSweep) {
+        sweep = std::fmod(sweep, fullTurn);
+    }
+    while (sweep < geometricTolerance) {
+        sweep += fullTurn;
+    }
+    return sweep;
+}
+
+double curveCountFor(double positiveSweep) {
+    return std::ceil(positiveSweep / quarterTurn);
+}
