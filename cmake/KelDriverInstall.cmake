@@ -3,6 +3,10 @@ include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/KelDriver)
 install(TARGETS KelDriver EXPORT KelDriverTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+if(TARGET Tarsel) # otherwise the host application brings its own
+    install(TARGETS Tarsel EXPORT KelDriverTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+endif()
+install(TARGETS vnbase LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}) # where the library's run path finds it
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/keldriver DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT KelDriverTargets NAMESPACE KelDriver:: DESTINATION ${package_dir})
 

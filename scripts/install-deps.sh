@@ -6,6 +6,7 @@ packages=(
     g++ cmake ninja-build pkg-config
     qtbase5-dev libqt5svg5-dev
     libdxflib-dev
+    libpolyclipping-dev
     libgtest-dev
     libbenchmark-dev
     poppler-utils

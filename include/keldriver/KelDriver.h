@@ -2,11 +2,16 @@
 
 /// All of the library's interface at once.
 
+#include "keldriver/ClipLine.h"
+#include "keldriver/ClipRgn.h"
 #include "keldriver/Dib.h"
 #include "keldriver/EllipArc.h"
 #include "keldriver/Export.h"
 #include "keldriver/PlotStyle.h"
+#include "keldriver/PointerArray.h"
 #include "keldriver/QTRenderer.h"
 #include "keldriver/Renderer.h"
 #include "keldriver/Types.h"
+#include "keldriver/Utility.h"
+#include "keldriver/VornRgn.h"
 #include "keldriver/Win32Types.h"

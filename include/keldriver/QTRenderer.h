@@ -93,7 +93,12 @@ public:
     void SetFillMode(HT_PlotStyle::FillMode mode) override;
     /// Sets the painter's composition mode; an unknown type leaves it as it is.
     void SetMergeControlType(HT_PlotStyle::MergeControlType type) override;
-    /// Clipping is not done yet: the region is ignored and everything is drawn.
+    /// Replaces the painter's clip with `region`, borrowed for the call; a clip made before never counts.
+    ///
+    /// One axis-parallel rectangle becomes an integer rectangle that is one device pixel larger on the left and
+    /// at the top, and one to two larger on the right and at the bottom. Other contours are snapped to the device
+    /// grid and joined as paths; an unknown operation means `HT_RGN_AND`. With null, or a first contour of fewer
+    /// than two vertices, the clip is an empty path; later contours of that kind are skipped.
     void SetClipRgn(const HT_ClipRgn* region) override;
     /// Stores the factor from plot units to device units; not checked. It applies to coordinates and custom
     /// dash patterns, not to the line weight.

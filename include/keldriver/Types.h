@@ -40,3 +40,6 @@ static_assert(sizeof(HT_Int_Size) == 8 && offsetof(HT_Int_Size, width) == 0 && o
 /// Tells whether two values differ by strictly less than `tol`; false when any of them is NaN.
 /// Geometric equality in this library uses a tolerance of 1e-10.
 KELDRIVER_API bool isEqual(double a, double b, double tol);
+
+/// Grows `a` to the smallest rectangle that holds both; an empty or inverted rectangle gets no special treatment.
+KELDRIVER_API void UnionRectangle(HT_Double_Rectangle& a, const HT_Double_Rectangle& b);

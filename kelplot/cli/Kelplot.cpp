@@ -4,6 +4,7 @@
 #include <QTextCodec>
 #include <algorithm>
 #include <clocale>
+#include <exception>
 #include <functional>
 #include <iostream>
 #include <new>
@@ -65,6 +66,8 @@ ExitStatus guarded(const QString& input, Console& console, const std::function<v
         console.error(error.what());
     } catch (const std::bad_alloc&) {
         console.error((input + QStringLiteral(": not enough memory")).toStdString());
+    } catch (const std::exception& error) {
+        console.error((input + QStringLiteral(": ") + QString::fromUtf8(error.what())).toStdString());
     }
     return ExitStatus::outputFailed;
 }

@@ -60,6 +60,12 @@ void setScale(Options& options, const QString& value) {
                                   QStringLiteral("a ratio such as 1:50 or 2:1, or a factor above 0 such as 0.5"));
 }
 
+void setWindow(Options& options, const QString& value) {
+    options.page.window =
+        orRefuse(windowFromText(value.toStdString()), value,
+                 QStringLiteral("X1,Y1,X2,Y2 in drawing units, two opposite corners of an area that is not empty"));
+}
+
 void setWeightScale(Options& options, const QString& value) {
     const auto factor = numberFromText(value.toStdString());
     if (!factor || *factor < 0.0 || *factor > largestWeightScale) {
@@ -108,6 +114,7 @@ constexpr ValueOption valueOptions[] = {
     {nullptr, "paper", "PAPER", "A name such as A3 or Letter, or WIDTHxHEIGHT in millimetres. [A4]", setPaper},
     {nullptr, "margins", "MM", "One margin for all edges, or LEFT,TOP,RIGHT,BOTTOM. [5]", setMargins},
     {nullptr, "scale", "SCALE", "Plot to scale: 1:50, 2:1 or 0.5.", setScale},
+    {nullptr, "window", "X1,Y1,X2,Y2", "Plot this part only; two opposite corners in drawing units.", setWindow},
     {nullptr, "lineweight-scale", "FACTOR", "Multiply all line weights. [1]", setWeightScale},
     {nullptr, "layers", "LIST", "Plot these layers only; names with commas between, * for any text.", addLayers},
     {nullptr, "exclude-layers", "LIST", "Leave these layers out.", addExcludedLayers},

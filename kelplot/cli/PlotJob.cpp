@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <ostream>
+#include <set>
 #include <utility>
 
 #include "cli/LayerFilter.h"
@@ -19,6 +20,30 @@ Drawing readDrawing(const QString& input, const Progress& progress) {
     return reader.read(QFile::encodeName(input).toStdString(), progress);
 }
 
+QString counted(size_t count, const char* one, const char* many) {
+    return QString::number(count) + QLatin1Char(' ') + QLatin1String(count == 1 ? one : many);
+}
+
+/// The first few names of the blocks that are not there.
+QString undefinedNames(const Drawing& drawing, const WalkReport& report) {
+    constexpr int mostNames = 5;
+    std::set<uint32_t> blocks;
+    for (const Insert* reference : report.undefined) {
+        if (reference->block < drawing.blocks.size()) {
+            blocks.insert(reference->block);
+        }
+    }
+    QStringList names;
+    for (const uint32_t block : blocks) {
+        if (names.size() == mostNames) {
+            names << QStringLiteral("...");
+            break;
+        }
+        names << QString::fromStdString(drawing.blocks[block].name);
+    }
+    return names.join(QStringLiteral(", "));
+}
+
 /// One drawing on its way to paper.
 class PlotJob {
 public:
@@ -30,6 +55,7 @@ public:
 private:
     void warn(const QString& text) const;
     void applyLayers();
+    void warnOfMissingParts(const WalkReport& report) const;
     PageLayout layOut(const std::vector<Entity>& entities) const;
     void draw(const std::vector<Entity>& entities, const PageLayout& layout, OutputDevice& device) const;
 
@@ -44,7 +70,8 @@ void PlotJob::run(const QString& output) {
     applyLayers();
     const auto& entities = m_drawing.modelSpace.empty() ? m_drawing.paperSpace : m_drawing.modelSpace;
     const PageLayout layout = layOut(entities);
-    const OutputSetup setup{output, QFileInfo(m_input).completeBaseName(), layout.sheet, m_options.dotsPerInch};
+    const OutputSetup setup{output, QFileInfo(m_input).completeBaseName(), layout.sheet, m_options.dotsPerInch,
+                            layout.visiblePart()};
     const auto device = createOutputDevice(m_options.format, setup);
     draw(entities, layout, *device);
     device->finish();
@@ -65,21 +92,45 @@ void PlotJob::applyLayers() {
     }
 }
 
+void PlotJob::warnOfMissingParts(const WalkReport& report) const {
+    if (!report.undefined.empty()) {
+        warn(counted(report.undefined.size(), "reference to blocks", "references to blocks") +
+             QStringLiteral(" that the drawing does not define: ") + undefinedNames(m_drawing, report));
+    }
+    if (m_drawing.dimensionsWithoutBlock > 0) {
+        warn(counted(m_drawing.dimensionsWithoutBlock, "dimension without a block is left out",
+                     "dimensions without a block are left out"));
+    }
+}
+
 PageLayout PlotJob::layOut(const std::vector<Entity>& entities) const {
-    const Box2 extents = visibleExtents(m_drawing, entities);
+    WalkReport report;
+    const Box2 extents = visibleExtents(m_drawing, entities, &report);
+    warnOfMissingParts(report);
     const PageLayout layout = layOutPage(extents, m_drawing.millimetresPerUnit, m_options.page);
+    const auto& window = m_options.page.window;
     if (extents.isEmpty()) {
         warn(QStringLiteral("nothing to plot"));
+    } else if (window && !window->intersects(extents)) {
+        warn(QStringLiteral("nothing to plot in the window"));
     } else if (!layout.drawingFits) {
-        warn(QStringLiteral("the drawing is larger than the paper at this scale"));
+        const QString subject = window ? QStringLiteral("window") : QStringLiteral("drawing");
+        warn(QStringLiteral("the %1 is larger than the paper at this scale").arg(subject));
     }
     return layout;
 }
 
 void PlotJob::draw(const std::vector<Entity>& entities, const PageLayout& layout, OutputDevice& device) const {
     RenderSession session(device);
-    plotEntities(m_drawing, entities, plotTargetFor(layout, device.grid()), m_options.style, session.renderer(),
-                 [&](double fraction) { m_console.showProgress(0.5 + fraction / 2.0); });
+    const WalkReport report =
+        plotEntities(m_drawing, entities, plotTargetFor(layout, device.grid()), m_options.style, session.renderer(),
+                     [&](double fraction) { m_console.showProgress(0.5 + fraction / 2.0); });
+    if (report.tooManyCopies) {
+        warn(QStringLiteral("too many block copies; the plot is incomplete"));
+    }
+    if (report.tooDeep) {
+        warn(QStringLiteral("blocks are nested too deeply; the plot is incomplete"));
+    }
 }
 
 const char* stateOf(const Layer& layer) {

@@ -38,6 +38,8 @@ struct OutputSetup {
     QString title;   ///< for formats that carry one
     SheetSize sheet; ///< as the sheet lies before the drawing
     int dotsPerInch = 200;
+    /// Millimetres from the sheet's upper left corner: the part that shows, for formats whose painter knows no clip.
+    std::optional<Box2> visible = std::nullopt;
 };
 
 enum class OutputFormat { pdf, png, svg };

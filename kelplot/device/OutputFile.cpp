@@ -30,6 +30,12 @@ OutputFile::OutputFile(const QString& path) : m_path(path) {
     }
 }
 
+void OutputFile::write(const QByteArray& bytes) {
+    if (m_file->write(bytes) != bytes.size()) {
+        throw outputError(m_path, m_file->errorString());
+    }
+}
+
 void OutputFile::commit() {
     auto* const saved = qobject_cast<QSaveFile*>(m_file.get());
     const bool complete = saved ? saved->commit() : m_file->flush() && m_file->error() == QFileDevice::NoError;

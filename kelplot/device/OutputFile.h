@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QFileDevice>
 #include <QString>
 #include <memory>
@@ -23,6 +24,9 @@ public:
 
     /// Where to write; owned by this object.
     QIODevice& device() { return *m_file; }
+
+    /// Writes all of `bytes`, or throws `OutputError`.
+    void write(const QByteArray& bytes);
 
     /// Puts the finished file in its place, or throws `OutputError` if any byte could not be written.
     void commit();

@@ -1,5 +1,6 @@
 #include "device/PngDevice.h"
 
+#include <QBuffer>
 #include <QImageWriter>
 #include <algorithm>
 #include <cmath>
@@ -11,6 +12,10 @@ constexpr double millimetresPerInch = 25.4;
 
 /// Plot units a pixel: edges fall between pixels and are smoothed there, as the renderer knows whole units only.
 constexpr int unitsPerPixel = 16;
+
+/// Lines up to a pixel wide are drawn in a quick way that counts dashes in pixels along the steeper axis, so that they
+/// come out too long on slopes and curves.
+constexpr int thinnestDashed = unitsPerPixel + 1;
 
 /// The painter's coordinates end there.
 constexpr int longestSide = 32767;
@@ -52,15 +57,18 @@ PngDevice::PngDevice(const OutputSetup& setup)
 
 DeviceGrid PngDevice::grid() const {
     const double pixelsPerMillimetre = m_dotsPerInch / millimetresPerInch;
-    return {pixelsPerMillimetre * unitsPerPixel, unitsPerPixel, unitsPerPixel / 10.0};
+    return {pixelsPerMillimetre * unitsPerPixel, unitsPerPixel, unitsPerPixel / 10.0, thinnestDashed};
 }
 
 void PngDevice::finish() {
     m_painter.end();
-    QImageWriter writer(&m_file.device(), "png");
+    // On a device that fails, the encoder would print a message of its own and hide the reason.
+    QBuffer encoded;
+    QImageWriter writer(&encoded, "png");
     if (!writer.write(m_image)) {
-        throw outputError(m_path, m_file.device().errorString());
+        throw outputError(m_path, writer.errorString());
     }
+    m_file.write(encoded.data());
     m_file.commit();
 }
 

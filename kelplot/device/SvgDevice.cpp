@@ -3,10 +3,23 @@
 #include "device/FineGrid.h"
 
 namespace kelplot {
+namespace {
 
-SvgDevice::SvgDevice(const OutputSetup& setup) : m_path(setup.path), m_file(setup.path) {
+std::optional<QRectF> clipOf(const OutputSetup& setup) {
+    if (!setup.visible) {
+        return std::nullopt;
+    }
+    const Box2& box = *setup.visible;
+    return QRectF(QPointF(box.min.x, box.min.y) * fineUnitsPerMillimetre,
+                  QPointF(box.max.x, box.max.y) * fineUnitsPerMillimetre);
+}
+
+} // namespace
+
+SvgDevice::SvgDevice(const OutputSetup& setup)
+    : m_path(setup.path), m_file(setup.path), m_stream(m_file.device(), clipOf(setup)) {
     const QSize size(fineUnits(setup.sheet.width), fineUnits(setup.sheet.height));
-    m_generator.setOutputDevice(&m_file.device());
+    m_generator.setOutputDevice(&m_stream);
     m_generator.setResolution(fineDotsPerInch);
     m_generator.setSize(size);
     m_generator.setViewBox(QRect(QPoint(0, 0), size));

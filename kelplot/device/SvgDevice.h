@@ -3,6 +3,7 @@
 #include <QSvgGenerator>
 
 #include "device/OutputDevice.h"
+#include "device/SvgClipStream.h"
 
 namespace kelplot {
 
@@ -18,6 +19,7 @@ public:
 private:
     QString m_path;
     OutputFile m_file;
+    SvgClipStream m_stream;
     QSvgGenerator m_generator;
     QPainter m_painter;
 };

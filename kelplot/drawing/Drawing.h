@@ -27,6 +27,7 @@ struct Block {
     std::string name; ///< UTF-8
     Vec3 basePoint;
     std::vector<Entity> entities;
+    bool defined = true; ///< false: the drawing only refers to it
 };
 
 /// A drawing as plain records in drawing units. Entities refer to layers, line types and blocks by index.
@@ -36,6 +37,7 @@ struct Drawing {
     std::vector<Block> blocks;
     std::vector<Entity> modelSpace;
     std::vector<Entity> paperSpace;
+    size_t dimensionsWithoutBlock = 0; ///< dimensions that nothing tells how to draw; they are not in the spaces
     double lineTypeScale = 1.0;
     int pointMode = 0;      ///< how points look: 0 dot, 1 nothing, 2 plus, 3 cross, 4 tick; +32 circle, +64 square
     double pointSize = 0.0; ///< drawing units; negative: per cent of the page; 0: 5 per cent

@@ -144,12 +144,15 @@ using HatchEdge = std::variant<HatchLine, HatchArc, HatchEllipse, HatchSpline>;
 struct HatchLoop {
     std::vector<HatchEdge> edges;
     std::vector<PolylineVertex> polyline;
-    bool outermost = false;
     bool textBox = false;
 };
 
+/// Which loops of a hatch count: all, those that lie in at most one other, or those that lie in no other.
+enum class HatchStyle : uint8_t { normal, outer, ignore };
+
 struct Hatch {
     bool solid = false;
+    HatchStyle style = HatchStyle::normal;
     std::vector<HatchLoop> loops;
     double elevation = 0.0; ///< of all boundaries, above the plane that the extrusion names
 };

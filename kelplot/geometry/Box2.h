@@ -24,6 +24,11 @@ struct Box2 {
     bool contains(const Box2& other) const {
         return min.x <= other.min.x && other.max.x <= max.x && min.y <= other.min.y && other.max.y <= max.y;
     }
+    /// What the boxes have in common; empty where they do not meet.
+    Box2 intersected(const Box2& other) const {
+        return {{std::max(min.x, other.min.x), std::max(min.y, other.min.y)},
+                {std::min(max.x, other.max.x), std::min(max.y, other.max.y)}};
+    }
     Box2 inflated(double by) const { return {{min.x - by, min.y - by}, {max.x + by, max.y + by}}; }
 
     void add(Vec2 p) {

@@ -25,13 +25,33 @@ bool partInside(Vec2 a, Vec2 b, const Box2& box, Part& part) {
     return narrow(a.x, b.x - a.x, box.min.x, box.max.x, part) && narrow(a.y, b.y - a.y, box.min.y, box.max.y, part);
 }
 
-/// How far a point lies inside one side of a box; negative outside.
+/// One side of a box.
 struct Side {
-    Vec2 inward;
-    double offset;
+    double Vec2::*axis;
+    double at;
+    double inward; ///< 1 where the box lies above `at`, -1 where it lies below
 
-    double depth(Vec2 p) const { return dot(inward, p) - offset; }
+    /// How far a point lies inside; negative outside.
+    double depth(Vec2 p) const { return (p.*axis - at) * inward; }
+    bool isOn(Vec2 p) const { return p.*axis == at; }
+    /// Where the way from a point on one side to one on the other crosses.
+    Vec2 crossing(Vec2 from, Vec2 to) const {
+        Vec2 p = from + (to - from) * (depth(from) / (depth(from) - depth(to)));
+        p.*axis = at;
+        return p;
+    }
 };
+
+/// Appends a point. Of a run of points on the side only the ends are kept: an outline that leaves the box again
+/// and again would else draw every one of its ways along the border.
+void append(Vec2 point, const Side& side, std::vector<Vec2>& points) {
+    const size_t count = points.size();
+    if (count >= 2 && side.isOn(point) && side.isOn(points[count - 1]) && side.isOn(points[count - 2])) {
+        points.back() = point;
+    } else {
+        points.push_back(point);
+    }
+}
 
 std::vector<Vec2> clipToSide(const std::vector<Vec2>& points, const Side& side) {
     std::vector<Vec2> result;
@@ -39,16 +59,24 @@ std::vector<Vec2> clipToSide(const std::vector<Vec2>& points, const Side& side) 
     for (size_t i = 0; i < points.size(); ++i) {
         const Vec2 from = points[i];
         const Vec2 to = points[(i + 1) % points.size()];
-        const double fromDepth = side.depth(from);
-        const double toDepth = side.depth(to);
-        if (fromDepth >= 0.0) {
-            result.push_back(from);
+        const bool fromInside = side.depth(from) >= 0.0;
+        if (fromInside) {
+            append(from, side, result);
         }
-        if ((fromDepth >= 0.0) != (toDepth >= 0.0)) {
-            result.push_back(from + (to - from) * (fromDepth / (fromDepth - toDepth)));
+        if (fromInside != (side.depth(to) >= 0.0)) {
+            append(side.crossing(from, to), side, result);
         }
     }
     return result;
+}
+
+/// Tells whether an outline that lies in `box` leaves the border anywhere, as far as its own box can tell.
+bool entersInside(const std::vector<Vec2>& points, const Box2& box) {
+    Box2 own;
+    for (const Vec2 point : points) {
+        own.add(point);
+    }
+    return own.min.x < box.max.x && box.min.x < own.max.x && own.min.y < box.max.y && box.min.y < own.max.y;
 }
 
 } // namespace
@@ -74,13 +102,15 @@ std::vector<std::vector<Vec2>> clipPolyline(const std::vector<Vec2>& points, con
 }
 
 std::vector<Vec2> clipPolygon(const std::vector<Vec2>& points, const Box2& box) {
-    const Side sides[] = {
-        {{1.0, 0.0}, box.min.x}, {{-1.0, 0.0}, -box.max.x}, {{0.0, 1.0}, box.min.y}, {{0.0, -1.0}, -box.max.y}};
+    const Side sides[] = {{&Vec2::x, box.min.x, 1.0},
+                          {&Vec2::x, box.max.x, -1.0},
+                          {&Vec2::y, box.min.y, 1.0},
+                          {&Vec2::y, box.max.y, -1.0}};
     std::vector<Vec2> result = points;
     for (const Side& side : sides) {
         result = clipToSide(result, side);
     }
-    return result;
+    return entersInside(result, box) ? result : std::vector<Vec2>();
 }
 
 } // namespace kelplot

@@ -107,8 +107,13 @@ PageArc pageArcOf(const EllipticArc& arc) {
 
 double endWithinTurn(double start, double end) {
     constexpr double sameAngle = 1e-12;
-    const double span = withinTurn(end - start);
-    return start + (span > sameAngle ? span : turn);
+    constexpr double written = 1e-5; // programs write the full turn with as few as six digits
+    const double given = end - start;
+    if (given > sameAngle && given < written) {
+        return end;
+    }
+    const double span = withinTurn(given);
+    return start + (span > written && span < turn - written ? span : turn);
 }
 
 EllipticArc bulgeArc(Vec2 from, Vec2 to, double bulge) {

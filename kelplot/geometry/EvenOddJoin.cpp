@@ -3,18 +3,9 @@
 #include <map>
 #include <numeric>
 
-#include "geometry/Box2.h"
-
 namespace kelplot {
 
 namespace {
-
-/// A place on an edge of a loop.
-struct Place {
-    size_t loop = 0;
-    size_t edge = 0;
-    Vec2 point;
-};
 
 /// A loop that is entered from a place on another loop, at its leftmost point.
 struct Bridge {
@@ -23,81 +14,20 @@ struct Bridge {
 };
 
 struct Node {
-    const std::vector<Vec2>* points = nullptr;
-    Box2 box;
-    size_t leftmost = 0;
-    bool alwaysHole = false;
     bool dropped = false;
     bool bridged = false;                  ///< entered from another loop
     std::multimap<size_t, Bridge> bridges; ///< by the edge from which they leave
 };
 
-/// Twice the area of the triangle, positive when it runs counter-clockwise with y upwards.
-double turnOf(Vec2 a, Vec2 b, Vec2 c) {
-    return cross(b - a, c - a);
-}
-
-Box2 boxOfSegment(Vec2 a, Vec2 b) {
-    Box2 box;
-    box.add(a);
-    box.add(b);
-    return box;
-}
-
-struct Segment {
-    Vec2 a;
-    Vec2 b;
-};
-
-/// Tells whether the segments share a point.
-bool meet(const Segment& first, const Segment& second) {
-    if (!boxOfSegment(first.a, first.b).intersects(boxOfSegment(second.a, second.b))) {
-        return false;
-    }
-    const double a = turnOf(second.a, second.b, first.a);
-    const double b = turnOf(second.a, second.b, first.b);
-    const double c = turnOf(first.a, first.b, second.a);
-    const double d = turnOf(first.a, first.b, second.b);
-    return !((a > 0.0 && b > 0.0) || (a < 0.0 && b < 0.0) || (c > 0.0 && d > 0.0) || (c < 0.0 && d < 0.0));
-}
-
-std::vector<Segment> edgesNear(const Node& node, const Box2& box) {
-    std::vector<Segment> edges;
-    const std::vector<Vec2>& points = *node.points;
-    for (size_t i = 0; i < points.size(); ++i) {
-        const Segment edge{points[i], points[(i + 1) % points.size()]};
-        if (boxOfSegment(edge.a, edge.b).intersects(box)) {
-            edges.push_back(edge);
-        }
-    }
-    return edges;
-}
-
-bool meet(const Node& first, const Node& second) {
-    const std::vector<Segment> edges = edgesNear(first, second.box);
-    if (edges.empty()) {
-        return false;
-    }
-    for (const Segment& other : edgesNear(second, first.box)) {
-        for (const Segment& edge : edges) {
-            if (meet(edge, other)) {
-                return true;
-            }
-        }
-    }
-    return false;
-}
-
-/// The bridges that leave an edge, in the order in which they are met along it.
-std::vector<Bridge> bridgesOnEdge(const Node& node, size_t edge) {
+/// The bridges that leave an edge from `start` on, in the order in which they are met along it.
+std::vector<Bridge> bridgesOnEdge(const Node& node, size_t edge, Vec2 start) {
     std::vector<Bridge> bridges;
     const auto range = node.bridges.equal_range(edge);
     for (auto it = range.first; it != range.second; ++it) {
         bridges.push_back(it->second);
     }
-    const Vec2 from = (*node.points)[edge];
     std::sort(bridges.begin(), bridges.end(),
-              [from](const Bridge& a, const Bridge& b) { return (a.at - from).length() < (b.at - from).length(); });
+              [start](const Bridge& a, const Bridge& b) { return (a.at - start).length() < (b.at - start).length(); });
     return bridges;
 }
 
@@ -112,25 +42,14 @@ private:
     void walk(size_t root, std::vector<Vec2>& out) const;
     size_t groupOf(size_t loop);
 
+    const std::vector<AreaLoop>& m_loops;
+    LoopIndex m_index;
     std::vector<Node> m_nodes;
     std::vector<size_t> m_parents; ///< of the trees of loops that belong to one polygon
 };
 
-LoopJoiner::LoopJoiner(const std::vector<AreaLoop>& loops) {
-    for (const AreaLoop& loop : loops) {
-        if (loop.points.size() < 3) {
-            continue;
-        }
-        Node node;
-        node.points = &loop.points;
-        node.alwaysHole = loop.alwaysHole;
-        for (size_t i = 0; i < loop.points.size(); ++i) {
-            node.box.add(loop.points[i]);
-            node.leftmost = loop.points[i].x < loop.points[node.leftmost].x ? i : node.leftmost;
-        }
-        m_nodes.push_back(std::move(node));
-    }
-    m_parents.resize(m_nodes.size());
+LoopJoiner::LoopJoiner(const std::vector<AreaLoop>& loops)
+    : m_loops(loops), m_index(loops), m_nodes(loops.size()), m_parents(loops.size()) {
     std::iota(m_parents.begin(), m_parents.end(), size_t{0});
 }
 
@@ -142,48 +61,36 @@ size_t LoopJoiner::groupOf(size_t loop) {
     return loop;
 }
 
-/// Counts the edges to the left of the loop's leftmost point. An odd number means that the point lies in
-/// the area of the other loops, and the nearest edge is one that a bridge reaches without leaving it.
+/// Where the loop's leftmost point lies in the area of the other loops, the nearest edge to the left is one
+/// that a bridge reaches without leaving that area.
 void LoopJoiner::bridgeToTheLeft(size_t loop) {
-    const Vec2 start = (*m_nodes[loop].points)[m_nodes[loop].leftmost];
+    const Vec2 start = m_index.leftmostPoint(loop);
+    const auto counts = [&](size_t other) {
+        return other != loop && !(m_loops[loop].alwaysHole && m_loops[other].alwaysHole);
+    };
     bool inside = false;
-    Place nearest;
-    nearest.point.x = -std::numeric_limits<double>::infinity();
-    for (size_t other = 0; other < m_nodes.size(); ++other) {
-        const Node& node = m_nodes[other];
-        const bool apart = start.y < node.box.min.y || start.y > node.box.max.y || node.box.min.x > start.x;
-        if (other == loop || apart || (m_nodes[loop].alwaysHole && node.alwaysHole)) {
-            continue;
-        }
-        for (size_t i = 0; i < node.points->size(); ++i) {
-            const Vec2 a = (*node.points)[i];
-            const Vec2 b = (*node.points)[(i + 1) % node.points->size()];
-            const bool upwards = b.y > start.y;
-            if ((a.y > start.y) == upwards || (upwards ? turnOf(a, b, start) > 0.0 : turnOf(a, b, start) < 0.0)) {
-                continue;
-            }
-            inside = !inside;
-            const double x = a.x + (b.x - a.x) * ((start.y - a.y) / (b.y - a.y));
-            nearest = x > nearest.point.x ? Place{other, i, {x, start.y}} : nearest;
-        }
-    }
-    m_nodes[loop].dropped = m_nodes[loop].alwaysHole && !inside;
-    if (inside && groupOf(loop) != groupOf(nearest.loop)) {
-        m_nodes[nearest.loop].bridges.insert({nearest.edge, {nearest.point, loop}});
+    m_index.search({start, start},
+                   [&](size_t other) { inside = inside != (counts(other) && m_index.surrounds(other, start)); });
+    m_nodes[loop].dropped = m_loops[loop].alwaysHole && !inside;
+    const auto nearest = inside ? m_index.nearestToTheLeft(start, counts) : std::nullopt;
+    if (nearest && groupOf(loop) != groupOf(nearest->loop)) {
+        m_nodes[nearest->loop].bridges.insert({nearest->edge, {nearest->point, loop}});
         m_nodes[loop].bridged = true;
-        m_parents[groupOf(loop)] = groupOf(nearest.loop);
+        m_parents[groupOf(loop)] = groupOf(nearest->loop);
     }
 }
 
 /// Loops that touch or cross must be filled as one polygon.
 void LoopJoiner::groupTouching() {
     for (size_t i = 0; i < m_nodes.size(); ++i) {
-        for (size_t k = i + 1; k < m_nodes.size(); ++k) {
-            const bool apart = m_nodes[i].dropped || m_nodes[k].dropped || !m_nodes[i].box.intersects(m_nodes[k].box);
-            if (!apart && groupOf(i) != groupOf(k) && meet(m_nodes[i], m_nodes[k])) {
+        if (m_nodes[i].dropped) {
+            continue;
+        }
+        m_index.search(m_index.box(i), [&](size_t k) {
+            if (k > i && !m_nodes[k].dropped && groupOf(i) != groupOf(k) && m_index.touch(i, k)) {
                 m_parents[groupOf(i)] = groupOf(k);
             }
-        }
+        });
     }
 }
 
@@ -199,21 +106,20 @@ void LoopJoiner::walk(size_t root, std::vector<Vec2>& out) const {
     std::vector<Visit> stack{{root, 0, {}, false}};
     while (!stack.empty()) {
         Visit& visit = stack.back();
-        const Node& node = m_nodes[visit.loop];
-        const size_t count = node.points->size();
+        const std::vector<Vec2>& points = m_loops[visit.loop].points;
         if (visit.away) {
             out.push_back(visit.bridges.back().at);
             visit.bridges.pop_back();
             visit.away = false;
         }
         if (visit.bridges.empty()) {
-            const size_t edge = (node.leftmost + visit.edgesDone) % count;
-            out.push_back((*node.points)[edge]);
-            if (visit.edgesDone++ == count) {
+            const size_t edge = (m_index.leftmost(visit.loop) + visit.edgesDone) % points.size();
+            out.push_back(points[edge]);
+            if (visit.edgesDone++ == points.size()) {
                 stack.pop_back();
                 continue;
             }
-            visit.bridges = bridgesOnEdge(node, edge);
+            visit.bridges = bridgesOnEdge(m_nodes[visit.loop], edge, points[edge]);
             std::reverse(visit.bridges.begin(), visit.bridges.end());
         }
         if (!visit.bridges.empty()) {
@@ -253,6 +159,10 @@ std::vector<std::vector<Vec2>> LoopJoiner::run() {
 } // namespace
 
 std::vector<std::vector<Vec2>> joinEvenOdd(const std::vector<AreaLoop>& loops) {
+    const bool ordinary = loops.size() == 1 && !loops[0].alwaysHole;
+    if (ordinary) {
+        return {loops[0].points};
+    }
     return LoopJoiner(loops).run();
 }
 

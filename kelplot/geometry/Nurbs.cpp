@@ -132,6 +132,25 @@ void NurbsCurve::flatten(const Flattening& rules, std::vector<Vec2>& out) const 
     }
 }
 
+bool areUsableKnots(const std::vector<double>& knots, int degree, size_t controlCount) {
+    if (controlCount <= static_cast<size_t>(degree) || knots.size() != controlCount + static_cast<size_t>(degree) + 1) {
+        return false;
+    }
+    for (size_t i = 0; i < knots.size(); ++i) {
+        if (!std::isfinite(knots[i]) || (i > 0 && knots[i] < knots[i - 1])) {
+            return false;
+        }
+    }
+    return knots[static_cast<size_t>(degree)] < knots[controlCount];
+}
+
+bool areUsableWeights(const std::vector<double>& weights, size_t controlCount) {
+    const auto usable = [](double weight) {
+        return weight > 0.0 && std::isfinite(weight);
+    };
+    return weights.size() == controlCount && std::all_of(weights.begin(), weights.end(), usable);
+}
+
 std::vector<double> clampedKnots(int degree, size_t controlCount) {
     const auto order = static_cast<size_t>(degree) + 1;
     std::vector<double> knots(controlCount + order);

@@ -13,7 +13,7 @@ struct NurbsCurve {
         Vec2 scaled;
         double weight = 1.0;
     };
-    static constexpr int maxDegree = 15;
+    static constexpr int maxDegree = 25;
 
     int degree = 3;
     std::vector<double> knots; ///< one for each control point and `degree` + 1 more, never falling
@@ -22,6 +22,12 @@ struct NurbsCurve {
     /// Appends the points of a polyline along the curve to `out`, both ends included.
     void flatten(const Flattening& rules, std::vector<Vec2>& out) const;
 };
+
+/// Tells whether knots are finite, never fall and are as many as a curve with so many control points needs, which
+/// then has some length.
+bool areUsableKnots(const std::vector<double>& knots, int degree, size_t controlCount);
+/// Tells whether there is one weight for each control point, finite and positive.
+bool areUsableWeights(const std::vector<double>& weights, size_t controlCount);
 
 /// Knots for a curve that starts at its first control point and ends at its last one.
 std::vector<double> clampedKnots(int degree, size_t controlCount);

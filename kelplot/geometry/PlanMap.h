@@ -46,6 +46,13 @@ struct PlanMap {
         return map;
     }
 
+    /// The map of what lies `height` above the xy plane but is given as if it lay in it.
+    PlanMap raised(double height) const {
+        PlanMap map = *this;
+        map.origin = origin + z * height;
+        return map;
+    }
+
     /// Tells whether lengths in the xy plane all grow by the same factor.
     bool keepsShapes() const;
     /// The factor by which areas of the xy plane grow, as a length.

@@ -22,6 +22,17 @@ Box2 roomOn(const SheetSize& sheet, const Margins& margins) {
     return room;
 }
 
+Box2 sheetBox(const SheetSize& sheet) {
+    return roomOn(sheet, {0.0, 0.0, 0.0, 0.0});
+}
+
+Box2 mapped(const Box2& box, const Affine2& map) {
+    Box2 result;
+    result.add(map.mapPoint(box.min));
+    result.add(map.mapPoint(box.max));
+    return result;
+}
+
 bool hasArea(const Box2& box) {
     return box.width() > 0.0 && box.height() > 0.0;
 }
@@ -80,6 +91,17 @@ SheetSize positionedSheet(const Box2& extents, const PageOptions& options) {
     return options.paper.keepsPosition ? size : roomierPosition(size, extents, options.margins);
 }
 
+/// What is laid out: the window, or else the extents, or the origin where they tell nothing.
+Box2 subjectOf(const Box2& extents, const PageOptions& options) {
+    if (options.window) {
+        return *options.window;
+    }
+    if (!extents.isEmpty() && isFinite(extents)) {
+        return extents;
+    }
+    return {{0.0, 0.0}, {0.0, 0.0}};
+}
+
 /// Puts the middle of `extents` in the middle of `room`, with y turned over.
 Affine2 centredMap(const Box2& extents, const Box2& room, double factor) {
     const Vec2 from = extents.center();
@@ -121,16 +143,27 @@ std::optional<Margins> marginsFromText(const std::string& text) {
     return Margins{(*edges)[0], (*edges)[1], (*edges)[2], (*edges)[3]};
 }
 
+std::optional<Box2> windowFromText(const std::string& text) {
+    const auto corners = numberListFromText(text);
+    if (!corners || corners->size() != 4) {
+        return std::nullopt;
+    }
+    Box2 window;
+    window.add(Vec2{(*corners)[0], (*corners)[1]});
+    window.add(Vec2{(*corners)[2], (*corners)[3]});
+    const bool hasSides = std::isnormal(window.width()) && std::isnormal(window.height());
+    if (!hasSides || isPoint(window)) {
+        return std::nullopt;
+    }
+    return window;
+}
+
 bool leavesRoom(const PageOptions& options) {
     return hasArea(roomOn(positionedSheet(Box2(), options), options.margins));
 }
 
 PageLayout layOutPage(const Box2& extents, double millimetresPerUnit, const PageOptions& options) {
-    Box2 subject;
-    subject.add(Vec2{0.0, 0.0});
-    if (!extents.isEmpty() && isFinite(extents)) {
-        subject = extents;
-    }
+    const Box2 subject = subjectOf(extents, options);
     PageLayout layout;
     layout.sheet = positionedSheet(subject, options);
     const Box2 room = roomOn(layout.sheet, options.margins);
@@ -140,18 +173,35 @@ PageLayout layOutPage(const Box2& extents, double millimetresPerUnit, const Page
     layout.drawingFits = !fitting || factor <= *fitting * (1.0 + fitTolerance);
     const bool centred = !options.scale || options.centred;
     layout.toSheet = centred ? centredMap(subject, room, factor) : corneredMap(subject, room, factor);
+    layout.limits = {layout.drawingFits && !options.window ? sheetBox(layout.sheet) : room};
+    if (options.window) {
+        layout.limits.push_back(mapped(*options.window, layout.toSheet));
+    }
     return layout;
+}
+
+std::optional<Box2> PageLayout::visiblePart() const {
+    const Box2 whole = sheetBox(sheet);
+    Box2 visible = whole;
+    for (const Box2& limit : limits) {
+        visible = visible.intersected(limit);
+    }
+    return visible.contains(whole) ? std::nullopt : std::optional(visible);
 }
 
 PlotTarget plotTargetFor(const PageLayout& layout, const DeviceGrid& grid) {
     const double units = grid.unitsPerMillimetre;
     PlotTarget target;
-    target.toDevice = Affine2::scaling(units, units).after(layout.toSheet);
     target.deviceUnitsPerMillimetre = units;
     target.hairlineWidth = grid.hairlineWidth;
+    target.thinnestDashed = grid.thinnestDashed;
     target.flatteningError = grid.flatteningError;
-    target.pageBox.add(Vec2{0.0, 0.0});
-    target.pageBox.add(Vec2{layout.sheet.width * units, layout.sheet.height * units});
+    const Affine2 toUnits = Affine2::scaling(units, units);
+    target.toDevice = toUnits.after(layout.toSheet);
+    target.pageBox = mapped(sheetBox(layout.sheet), toUnits);
+    for (const Box2& limit : layout.limits) {
+        target.limits.push_back(mapped(limit, toUnits));
+    }
     return target;
 }
 

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "geometry/Affine2.h"
 #include "geometry/Box2.h"
@@ -27,6 +28,7 @@ struct PageOptions {
     Orientation orientation = Orientation::automatic;
     std::optional<double> scale; ///< paper millimetres a drawing millimetre; none: as large as the page allows
     bool centred = false;        ///< with a scale: in the middle, not at the lower left
+    std::optional<Box2> window;  ///< drawing units; the part to plot, which is laid out in place of the extents
 };
 
 /// Where a drawing lies on its sheet.
@@ -35,6 +37,12 @@ struct PageLayout {
     Affine2 toSheet;         ///< from drawing units to millimetres from the sheet's upper left corner, y downwards
     double scale = 1.0;      ///< paper millimetres a drawing millimetre
     bool drawingFits = true; ///< false: the scaled drawing is larger than the margins leave
+    /// Millimetres from the sheet's upper left corner; what does not lie in all of them does not show. A drawing
+    /// that fits may use the margins: its outermost lines reach half their width beyond its extents.
+    std::vector<Box2> limits;
+
+    /// What the limits leave of the sheet; nothing when that is the whole of it.
+    std::optional<Box2> visiblePart() const;
 };
 
 /// The units in which a device takes a plot.
@@ -42,6 +50,7 @@ struct DeviceGrid {
     double unitsPerMillimetre = 1.0;
     double hairlineWidth = 1.0;   ///< units; the thinnest line that shows
     double flatteningError = 0.1; ///< units; how far a flattened curve may leave the true one
+    double thinnestDashed = 0.0;  ///< units; thinner lines would not get their dashes right
 };
 
 /// Reads "1:50", "2:1" or "0.5": a finite scale above zero.
@@ -50,11 +59,14 @@ std::optional<double> scaleFromText(const std::string& text);
 /// Reads one length for all edges or "LEFT,TOP,RIGHT,BOTTOM"; none is negative.
 std::optional<Margins> marginsFromText(const std::string& text);
 
+/// Reads "X1,Y1,X2,Y2", two opposite corners of an area in drawing units, in any order.
+std::optional<Box2> windowFromText(const std::string& text);
+
 /// Tells whether `margins` leave room for a plot, in one position of the sheet at least that the options allow.
 bool leavesRoom(const PageOptions& options);
 
-/// Lays a drawing with these extents out on the sheet. Extents without width or height, or none at all, are
-/// laid out too: what cannot be scaled to fit keeps its true size.
+/// Lays a drawing with these extents out on the sheet, or its window where the options name one. Extents without width
+/// or height, or none at all, are laid out too: what cannot be scaled to fit keeps its true size.
 PageLayout layOutPage(const Box2& extents, double millimetresPerUnit, const PageOptions& options);
 
 /// The target for a plot laid out so on a device with this grid.

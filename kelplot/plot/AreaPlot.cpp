@@ -1,4 +1,5 @@
 #include "geometry/EvenOddJoin.h"
+#include "geometry/LoopNesting.h"
 #include "plot/EntityPlotter.h"
 #include "plot/HatchLoops.h"
 #include "plot/Ink.h"
@@ -23,10 +24,16 @@ void EntityPlotter::draw(const Hatch& hatch, const Current& current) {
         return;
     }
     std::vector<AreaLoop> loops;
+    const PlanMap map = current.map.raised(hatch.elevation);
     for (const HatchLoop& loop : hatch.loops) {
-        std::vector<Vec2> points = m_canvas.nearPage(loopPoints(loop, current.map, m_canvas.flattening()));
+        std::vector<Vec2> points = m_canvas.visiblePart(loopPoints(loop, map, m_canvas.flattening()));
         snapToGrid(points);
-        loops.push_back({std::move(points), loop.textBox});
+        if (points.size() > 2) {
+            loops.push_back({std::move(points), loop.textBox});
+        }
+    }
+    if (hatch.style != HatchStyle::normal) {
+        dropNested(loops, hatch.style == HatchStyle::outer ? 1 : 0);
     }
     useFill(current);
     for (const std::vector<Vec2>& polygon : joinEvenOdd(loops)) {
@@ -77,7 +84,7 @@ void EntityPlotter::strokeSegments(const std::vector<PolylineSegment>& segments,
 void EntityPlotter::drawVaryingWidth(const std::vector<PolylineSegment>& segments, bool closed,
                                      const Current& current) {
     const Flattening rules{m_canvas.flattening().tolerance, {}};
-    constexpr double overlap = 1.5; // device units; the renderer rounds to whole ones
+    const double overlap = 1.5 * m_target.hairlineWidth; // covers a seam that runs askew through the dots of the device
     const auto outlines = wideOutlines(segments, closed, current.map, rules, overlap);
     if (!outlines.empty()) {
         m_pens.setFill(inkFor(current.style.colour, InkUse::line, m_options.monochrome), current.style.opacity);

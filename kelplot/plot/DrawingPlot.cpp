@@ -1,5 +1,6 @@
 #include "plot/DrawingPlot.h"
 
+#include "plot/ClipRegion.h"
 #include "plot/EntityBox.h"
 #include "plot/EntityPlotter.h"
 #include "plot/PointMark.h"
@@ -26,16 +27,35 @@ private:
 
 } // namespace
 
-Box2 visibleExtents(const Drawing& drawing, const std::vector<Entity>& entities) {
+Box2 PlotTarget::visibleBox() const {
+    Box2 box = pageBox;
+    for (const Box2& limit : limits) {
+        box = box.intersected(limit);
+    }
+    return box;
+}
+
+Box2 visibleExtents(const Drawing& drawing, const std::vector<Entity>& entities, WalkReport* report) {
     ExtentsFinder finder(isPointVisible(drawing.pointMode));
-    EntityWalk(drawing, ArrayCopies::corners, finder).run(entities, PlanMap(), {});
+    WalkRules rules;
+    rules.copies = ArrayCopies::corners;
+    WalkReport found = EntityWalk(drawing, rules, finder).run(entities, PlanMap(), {});
+    if (report) {
+        *report = std::move(found);
+    }
     return finder.extents();
 }
 
-void plotEntities(const Drawing& drawing, const std::vector<Entity>& entities, const PlotTarget& target,
-                  const PlotStyleOptions& style, HT_Renderer& renderer, const Progress& progress) {
+WalkReport plotEntities(const Drawing& drawing, const std::vector<Entity>& entities, const PlotTarget& target,
+                        const PlotStyleOptions& style, HT_Renderer& renderer, const Progress& progress) {
+    renderer.SetClipRgn(commonRegion(target.pageBox, target.limits).get());
     EntityPlotter plotter(drawing, target, style, renderer);
-    EntityWalk(drawing, ArrayCopies::all, plotter).run(entities, PlanMap(target.toDevice), progress);
+    WalkRules rules;
+    rules.visible =
+        VisiblePart{target.visibleBox(), [&plotter](const auto& entity, const auto& entityStyle, const auto& map) {
+                        return plotter.inkBox(entity, entityStyle, map);
+                    }};
+    return EntityWalk(drawing, rules, plotter).run(entities, PlanMap(target.toDevice), progress);
 }
 
 } // namespace kelplot

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <vector>
+
 #include "drawing/Drawing.h"
 #include "geometry/Affine2.h"
 #include "geometry/Box2.h"
 #include "keldriver/Renderer.h"
+#include "plot/EntityWalk.h"
 #include "reader/DrawingReader.h"
 
 namespace kelplot {
@@ -20,14 +23,21 @@ struct PlotTarget {
     double deviceUnitsPerMillimetre = 1.0;
     double hairlineWidth = 1.0;   ///< device units; the thinnest line that shows on the device
     double flatteningError = 0.1; ///< device units; how far a flattened curve may leave the true one
+    double thinnestDashed = 0.0;  ///< device units; thinner lines would not get their dashes right
     Box2 pageBox;                 ///< the page in device units
+    std::vector<Box2> limits;     ///< device units; only what lies in all of them shows
+
+    /// The part of the page that shows, as a box; empty when nothing does.
+    Box2 visibleBox() const;
 };
 
-/// The extents of what `plotEntities` would draw, in drawing units; empty when that is nothing.
-Box2 visibleExtents(const Drawing& drawing, const std::vector<Entity>& entities);
+/// The extents of what `plotEntities` would draw, in drawing units; empty when that is nothing. `report`, if given,
+/// receives what is left out of them.
+Box2 visibleExtents(const Drawing& drawing, const std::vector<Entity>& entities, WalkReport* report = nullptr);
 
-/// Draws `entities` of `drawing` through `renderer`, which has started to render.
-void plotEntities(const Drawing& drawing, const std::vector<Entity>& entities, const PlotTarget& target,
-                  const PlotStyleOptions& style, HT_Renderer& renderer, const Progress& progress);
+/// Draws `entities` of `drawing` through `renderer`, which has started to render and is limited to the visible
+/// part of the page from then on. Returns what is left out.
+WalkReport plotEntities(const Drawing& drawing, const std::vector<Entity>& entities, const PlotTarget& target,
+                        const PlotStyleOptions& style, HT_Renderer& renderer, const Progress& progress);
 
 } // namespace kelplot

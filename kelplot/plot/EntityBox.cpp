@@ -55,6 +55,7 @@ private:
     Box2 ofCurve(const std::optional<NurbsCurve>& curve) const;
     Box2 ofSegments(const std::vector<PolylineSegment>& segments) const;
     Box2 ofEdge(const HatchEdge& edge) const;
+    Box2 ofLoops(const std::vector<HatchLoop>& loops) const;
 };
 
 Box2 BoxMaker::ofCurve(const std::optional<NurbsCurve>& curve) const {
@@ -122,8 +123,16 @@ Box2 BoxMaker::ofEdge(const HatchEdge& edge) const {
 }
 
 Box2 BoxMaker::operator()(const Hatch& hatch) const {
+    if (!hatch.solid) { // patterns are not drawn
+        return {};
+    }
+    const PlanMap raised = map.raised(hatch.elevation);
+    return BoxMaker{entity, raised, curves}.ofLoops(hatch.loops);
+}
+
+Box2 BoxMaker::ofLoops(const std::vector<HatchLoop>& loops) const {
     Box2 box;
-    for (const HatchLoop& loop : hatch.loops) {
+    for (const HatchLoop& loop : loops) {
         for (const HatchEdge& edge : loop.edges) {
             box.add(ofEdge(edge));
         }

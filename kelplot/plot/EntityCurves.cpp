@@ -34,25 +34,6 @@ std::vector<Vec2> mappedPoints(const std::vector<Vec3>& points, const PlanMap& m
     return result;
 }
 
-bool areUsableKnots(const std::vector<double>& knots, int degree, size_t controlCount) {
-    if (knots.size() != controlCount + static_cast<size_t>(degree) + 1) {
-        return false;
-    }
-    for (size_t i = 0; i < knots.size(); ++i) {
-        if (!std::isfinite(knots[i]) || (i > 0 && knots[i] < knots[i - 1])) {
-            return false;
-        }
-    }
-    return knots[static_cast<size_t>(degree)] < knots[controlCount];
-}
-
-bool areUsableWeights(const std::vector<double>& weights, size_t controlCount) {
-    const auto usable = [](double weight) {
-        return weight > 0.0 && std::isfinite(weight);
-    };
-    return weights.size() == controlCount && std::all_of(weights.begin(), weights.end(), usable);
-}
-
 NurbsCurve curveFromControls(const Spline& spline, const std::vector<Vec2>& points) {
     NurbsCurve curve;
     const int possible = static_cast<int>(std::min<size_t>(points.size() - 1, NurbsCurve::maxDegree));

@@ -23,15 +23,20 @@ double pointSizeOn(const PlotTarget& target, double stated, double unitSize) {
 
 EntityPlotter::EntityPlotter(const Drawing& drawing, const PlotTarget& target, const PlotStyleOptions& options,
                              HT_Renderer& renderer)
-    : m_drawing(drawing), m_target(target), m_options(options), m_pens(renderer, target.hairlineWidth),
-      m_canvas(renderer, target), m_unitSize(PlanMap(target.toDevice).meanScale()),
+    : m_drawing(drawing), m_target(target), m_options(options),
+      m_pens(renderer, target.hairlineWidth, target.thinnestDashed), m_canvas(renderer, target, m_pens),
+      m_unitSize(PlanMap(target.toDevice).meanScale()),
       m_pointSize(pointSizeOn(target, drawing.pointSize, m_unitSize)) {
 }
 
-void EntityPlotter::visit(const Entity& entity, const EntityStyle& style, const PlanMap& map) {
+Box2 EntityPlotter::inkBox(const Entity& entity, const EntityStyle& style, const PlanMap& map) const {
     const bool isPoint = std::holds_alternative<PointEntity>(entity.geometry);
     const double margin = linePen(style).width + (isPoint ? m_pointSize : 0.0);
-    if (!boxOf(entity, map, CurveBox::hull).inflated(margin).intersects(m_target.pageBox)) {
+    return boxOf(entity, map, CurveBox::hull).inflated(margin);
+}
+
+void EntityPlotter::visit(const Entity& entity, const EntityStyle& style, const PlanMap& map) {
+    if (!m_canvas.mayShow(inkBox(entity, style, map), 0.0)) {
         return;
     }
     const Current current{entity, style, map};
@@ -72,7 +77,7 @@ void EntityPlotter::draw(const PointEntity& point, const Current& current) {
         m_canvas.drawPolyline(m_path);
     }
     if (mark.circleRadius > 0.0) {
-        m_canvas.drawArc({at, {mark.circleRadius, 0.0}, {0.0, mark.circleRadius}, 0.0, turn}, false);
+        m_canvas.drawArc({at, {mark.circleRadius, 0.0}, {0.0, mark.circleRadius}, 0.0, turn});
     }
 }
 
@@ -96,7 +101,7 @@ void EntityPlotter::draw(const Ellipse& ellipse, const Current& current) {
 void EntityPlotter::strokeArc(const std::optional<EllipticArc>& arc, const Current& current) {
     if (arc) {
         useLinePen(current);
-        m_canvas.drawArc(*arc, m_pens.isDashed());
+        m_canvas.drawArc(*arc);
     }
 }
 

@@ -18,6 +18,9 @@ public:
 
     void visit(const Entity& entity, const EntityStyle& style, const PlanMap& map) override;
 
+    /// What the entity may cover, with the width of its lines, in device coordinates.
+    Box2 inkBox(const Entity& entity, const EntityStyle& style, const PlanMap& map) const;
+
 private:
     /// The entity in hand.
     struct Current {

@@ -1,15 +1,11 @@
 #include "plot/EntityWalk.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kelplot {
 
 namespace {
-
-// Blocks in blocks, and copies of copies, multiply: a file of a few lines can ask for more than any
-// machine draws. Real drawings stay far below both numbers.
-constexpr size_t deepestNesting = 100;
-constexpr size_t mostVisits = 50'000'000;
 
 /// Tells whether an entity of this kind has world coordinates, whatever plane it is said to lie in.
 struct LiesInWorld {
@@ -30,88 +26,150 @@ PlanMap mapOf(const Entity& entity, const PlanMap& map) {
     return levelPlane || std::visit(LiesInWorld{}, entity.geometry) ? map : map.after(frameOfPlane(entity.extrusion));
 }
 
-/// The frame of a block's content for one copy. Rows and columns run along the turned axes, unscaled.
-Frame3 frameOfCopy(const Insert& insert, const Vec3& basePoint, int column, int row) {
-    const double cosine = std::cos(insert.rotation);
-    const double sine = std::sin(insert.rotation);
-    const Vec3 alongColumns{cosine, sine, 0.0};
-    const Vec3 alongRows{-sine, cosine, 0.0};
-    Frame3 frame;
-    frame.x = alongColumns * insert.scale.x;
-    frame.y = alongRows * insert.scale.y;
-    frame.z = {0.0, 0.0, insert.scale.z};
-    frame.origin = insert.position + alongColumns * (insert.columnSpacing * column) +
-                   alongRows * (insert.rowSpacing * row) - frame.mapDirection(basePoint);
-    return frame;
+size_t entitiesInBlocks(const Drawing& drawing) {
+    size_t count = 0;
+    for (const Block& block : drawing.blocks) {
+        count += block.entities.size();
+    }
+    return count;
 }
+
+/// Collects what the entities that a walk meets cover.
+class InkFinder : public EntityVisitor {
+public:
+    explicit InkFinder(const VisiblePart& visible) : m_visible(visible) {}
+
+    void visit(const Entity& entity, const EntityStyle& style, const PlanMap& map) override {
+        m_ink.add(m_visible.inkBox(entity, style, map));
+    }
+    const Box2& ink() const { return m_ink; }
+
+private:
+    const VisiblePart& m_visible;
+    Box2 m_ink;
+};
 
 } // namespace
 
-EntityWalk::EntityWalk(const Drawing& drawing, ArrayCopies copies, EntityVisitor& visitor)
-    : m_drawing(drawing), m_styles(drawing), m_copies(copies), m_visitor(visitor), m_open(drawing.blocks.size(), 0),
-      m_visitsLeft(mostVisits) {
+EntityWalk::EntityWalk(const Drawing& drawing, WalkRules rules, EntityVisitor& visitor)
+    : m_drawing(drawing), m_styles(drawing), m_rules(std::move(rules)), m_visitor(&visitor),
+      m_open(drawing.blocks.size(), 0) {
 }
 
-void EntityWalk::run(const std::vector<Entity>& entities, const PlanMap& map, const Progress& progress) {
-    constexpr size_t progressStep = 1024;
+WalkReport EntityWalk::run(const std::vector<Entity>& entities, const PlanMap& map, const Progress& progress) {
+    m_report = {};
+    m_progress = progress ? &progress : nullptr;
+    m_visitsLeft = m_rules.limits.visitsInBlocks +
+                   m_rules.limits.moreForEachEntity * (entities.size() + entitiesInBlocks(m_drawing));
+    const auto count = static_cast<double>(entities.size());
     for (size_t i = 0; i < entities.size(); ++i) {
-        if (progress && i % progressStep == 0) {
-            progress(static_cast<double>(i) / static_cast<double>(entities.size()));
-        }
-        visit(entities[i], m_styles.resolve(entities[i].attributes), map);
+        const Stretch stretch = Stretch().part(static_cast<double>(i), count);
+        visit(entities[i], m_styles.resolve(entities[i].attributes), map, stretch);
     }
     if (progress) {
         progress(1.0);
     }
+    return m_report;
 }
 
-void EntityWalk::visit(const Entity& entity, const EntityStyle& style, const PlanMap& map) {
+/// False when there has been enough.
+bool EntityWalk::spendVisit() {
     if (m_visitsLeft == 0) {
-        return;
+        m_report.tooManyCopies = true;
+        return false;
     }
     --m_visitsLeft;
+    return true;
+}
+
+void EntityWalk::tell(const Stretch& stretch) {
+    constexpr size_t visitsBetween = 1024;
+    if (m_progress && m_visits % visitsBetween == 0) {
+        (*m_progress)(stretch.start);
+    }
+    ++m_visits;
+}
+
+void EntityWalk::visit(const Entity& entity, const EntityStyle& style, const PlanMap& map, const Stretch& stretch) {
+    tell(stretch);
     if (!entity.attributes.visible) {
         return;
     }
     if (std::holds_alternative<Insert>(entity.geometry)) {
-        visitReference(entity, style, map);
+        visitReference(entity, style, map, stretch);
     } else if (m_styles.isPlotted(style.layer)) {
-        m_visitor.visit(entity, style, mapOf(entity, map));
+        m_visitor->visit(entity, style, mapOf(entity, map));
     }
 }
 
 /// A frozen layer takes the whole block away; one that is off or kept off paper takes only what lies on it.
-void EntityWalk::visitReference(const Entity& entity, const EntityStyle& style, const PlanMap& map) {
+void EntityWalk::visitReference(const Entity& entity, const EntityStyle& style, const PlanMap& map,
+                                const Stretch& stretch) {
+    if (m_styles.isFrozen(style.layer)) {
+        return;
+    }
     const auto& insert = std::get<Insert>(entity.geometry);
-    const bool known = insert.block < m_drawing.blocks.size();
-    if (!known || m_open[insert.block] || m_depth == deepestNesting || m_styles.isFrozen(style.layer)) {
+    if (insert.block >= m_drawing.blocks.size() || !m_drawing.blocks[insert.block].defined) {
+        m_report.undefined.insert(&insert);
         return;
     }
     const Block& block = m_drawing.blocks[insert.block];
-    if (block.entities.empty()) {
+    if (m_open[insert.block] || block.entities.empty()) {
         return;
     }
-    const PlanMap planeMap = mapOf(entity, map);
-    const int columns = std::max(insert.columns, 1);
-    const int rows = std::max(insert.rows, 1);
-    const int columnStep = m_copies == ArrayCopies::all ? 1 : std::max(columns - 1, 1);
-    const int rowStep = m_copies == ArrayCopies::all ? 1 : std::max(rows - 1, 1);
+    if (m_depth == m_rules.limits.nesting) {
+        m_report.tooDeep = true;
+        return;
+    }
     m_open[insert.block] = 1;
     ++m_depth;
-    for (int64_t row = 0; row < rows && m_visitsLeft > 0; row += rowStep) {
-        for (int64_t column = 0; column < columns && m_visitsLeft > 0; column += columnStep) {
-            const Frame3 frame = frameOfCopy(insert, block.basePoint, static_cast<int>(column), static_cast<int>(row));
-            visitCopy(block, style, planeMap.after(frame));
-        }
-    }
+    visitCopies(block, style, CopyGrid(insert, block.basePoint, mapOf(entity, map)), stretch);
     --m_depth;
     m_open[insert.block] = 0;
 }
 
-void EntityWalk::visitCopy(const Block& block, const EntityStyle& reference, const PlanMap& map) {
-    for (const Entity& entity : block.entities) {
-        visit(entity, m_styles.resolve(entity.attributes, reference), map);
+void EntityWalk::visitCopies(const Block& block, const EntityStyle& reference, const CopyGrid& grid,
+                             const Stretch& stretch) {
+    const bool all = m_rules.copies == ArrayCopies::all;
+    const int64_t columnStep = all ? 1 : std::max(grid.columns - 1, 1);
+    const int64_t rowStep = all ? 1 : std::max(grid.rows - 1, 1);
+    const std::optional<Box2> ink = inkOfFirst(block, reference, grid, stretch);
+    const auto count = static_cast<double>(grid.count());
+    for (int64_t row = 0; row < grid.rows && spendVisit(); row += rowStep) {
+        const int rowIndex = static_cast<int>(row);
+        const CopyGrid::Range columns =
+            ink ? grid.columnsThatMeet(m_rules.visible->box, *ink, rowIndex) : CopyGrid::Range{0, grid.columns};
+        for (int64_t column = columns.begin; column < columns.end && !m_report.tooManyCopies; column += columnStep) {
+            const auto index = static_cast<double>(row * grid.columns + column);
+            visitCopy(block, reference, grid.mapOf(static_cast<int>(column), rowIndex), stretch.part(index, count));
+        }
     }
+}
+
+void EntityWalk::visitCopy(const Block& block, const EntityStyle& reference, const PlanMap& map,
+                           const Stretch& stretch) {
+    const auto count = static_cast<double>(block.entities.size());
+    for (size_t i = 0; i < block.entities.size() && spendVisit(); ++i) {
+        const Entity& entity = block.entities[i];
+        const Stretch part = stretch.part(static_cast<double>(i), count);
+        visit(entity, m_styles.resolve(entity.attributes, reference), map, part);
+    }
+}
+
+/// What the first of many copies covers, from a walk of its own; nothing where finding out would not pay.
+std::optional<Box2> EntityWalk::inkOfFirst(const Block& block, const EntityStyle& reference, const CopyGrid& grid,
+                                           const Stretch& stretch) {
+    constexpr int64_t worthwhileCopies = 16;
+    if (!m_rules.visible || m_rules.copies != ArrayCopies::all || grid.count() < worthwhileCopies) {
+        return std::nullopt;
+    }
+    InkFinder finder(*m_rules.visible);
+    EntityVisitor* const visitor = std::exchange(m_visitor, &finder);
+    m_rules.copies = ArrayCopies::corners;
+    visitCopy(block, reference, grid.first, {stretch.start, 0.0});
+    m_rules.copies = ArrayCopies::all;
+    m_visitor = visitor;
+    return finder.ink();
 }
 
 } // namespace kelplot

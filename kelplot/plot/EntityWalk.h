@@ -1,9 +1,14 @@
 #pragma once
 
+#include <functional>
+#include <optional>
+#include <set>
 #include <vector>
 
 #include "drawing/Drawing.h"
+#include "geometry/Box2.h"
 #include "geometry/PlanMap.h"
+#include "plot/CopyGrid.h"
 #include "plot/EntityStyle.h"
 #include "reader/DrawingReader.h"
 
@@ -20,26 +25,70 @@ public:
 /// Which copies of a block in rows and columns a walk visits. The corner ones bound all.
 enum class ArrayCopies { all, corners };
 
+/// Blocks in blocks, and copies of copies, multiply: a file of a few lines can ask for more than any machine
+/// draws. Real drawings stay far below these numbers.
+struct WalkLimits {
+    size_t nesting = 100;
+    size_t visitsInBlocks = 2'000'000; ///< of entities and rows of copies
+    size_t moreForEachEntity = 100;    ///< a large drawing may hold more, but in keeping with its size
+};
+
+/// The part of the page that shows, in the coordinates of a walk, and what an entity covers at most. Copies in rows
+/// and columns that do not meet it are left out.
+struct VisiblePart {
+    Box2 box;
+    std::function<Box2(const Entity&, const EntityStyle&, const PlanMap&)> inkBox;
+};
+
+struct WalkRules {
+    ArrayCopies copies = ArrayCopies::all;
+    std::optional<VisiblePart> visible = std::nullopt; ///< none: all shows
+    WalkLimits limits = {};
+};
+
+/// What a walk did not visit.
+struct WalkReport {
+    bool tooManyCopies = false;
+    bool tooDeep = false;
+    std::set<const Insert*> undefined; ///< references to blocks that the drawing does not define
+};
+
 /// Goes through what shows on paper of the entities of a drawing, into the blocks that they refer to.
 class EntityWalk {
 public:
-    EntityWalk(const Drawing& drawing, ArrayCopies copies, EntityVisitor& visitor);
+    EntityWalk(const Drawing& drawing, WalkRules rules, EntityVisitor& visitor);
 
     /// Visits `entities` in their order. `map` takes drawing coordinates to those of the walk.
-    void run(const std::vector<Entity>& entities, const PlanMap& map, const Progress& progress);
+    WalkReport run(const std::vector<Entity>& entities, const PlanMap& map, const Progress& progress);
 
 private:
-    void visit(const Entity& entity, const EntityStyle& style, const PlanMap& map);
-    void visitReference(const Entity& entity, const EntityStyle& style, const PlanMap& map);
-    void visitCopy(const Block& block, const EntityStyle& reference, const PlanMap& map);
+    /// A stretch of the way from 0 to 1.
+    struct Stretch {
+        double start = 0.0;
+        double length = 1.0;
+
+        Stretch part(double index, double count) const { return {start + length * index / count, length / count}; }
+    };
+
+    bool spendVisit();
+    void tell(const Stretch& stretch);
+    void visit(const Entity& entity, const EntityStyle& style, const PlanMap& map, const Stretch& stretch);
+    void visitReference(const Entity& entity, const EntityStyle& style, const PlanMap& map, const Stretch& stretch);
+    void visitCopies(const Block& block, const EntityStyle& reference, const CopyGrid& grid, const Stretch& stretch);
+    void visitCopy(const Block& block, const EntityStyle& reference, const PlanMap& map, const Stretch& stretch);
+    std::optional<Box2> inkOfFirst(const Block& block, const EntityStyle& reference, const CopyGrid& grid,
+                                   const Stretch& stretch);
 
     const Drawing& m_drawing;
     StyleResolver m_styles;
-    ArrayCopies m_copies;
-    EntityVisitor& m_visitor;
+    WalkRules m_rules;
+    EntityVisitor* m_visitor;
+    const Progress* m_progress = nullptr;
+    WalkReport m_report;
     std::vector<char> m_open; ///< blocks that the walk is in
     size_t m_depth = 0;
-    size_t m_visitsLeft;
+    size_t m_visits = 0;
+    size_t m_visitsLeft = 0; ///< in blocks
 };
 
 } // namespace kelplot

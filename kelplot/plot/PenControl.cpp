@@ -16,8 +16,8 @@ int wholeWidth(double width) {
 
 } // namespace
 
-PenControl::PenControl(HT_Renderer& renderer, double hairlineWidth)
-    : m_renderer(renderer), m_hairlineWidth(hairlineWidth) {
+PenControl::PenControl(HT_Renderer& renderer, double hairlineWidth, double thinnestDashed)
+    : m_renderer(renderer), m_hairlineWidth(hairlineWidth), m_thinnestDashed(thinnestDashed) {
     m_renderer.setScale(1.0);
     m_renderer.SetFillStyle(HT_PlotStyle::FillSolid);
 }
@@ -41,9 +41,14 @@ void PenControl::sendLineType(const Pen& pen, int width) {
                            static_cast<unsigned int>(entries.size()));
 }
 
+double PenControl::reach() const {
+    constexpr double mitreLength = 6.0; // pen widths; no device draws longer ones
+    return m_pen.cornered ? m_width * mitreLength : m_width / 2.0;
+}
+
 void PenControl::setPen(const Pen& pen) {
     const bool fresh = m_width == 0;
-    const int width = wholeWidth(pen.width);
+    const int width = wholeWidth(pen.lineType ? std::max(pen.width, m_thinnestDashed) : pen.width);
     if (fresh || pen.ink != m_pen.ink || pen.opacity != m_pen.opacity) {
         sendInk(pen);
     }

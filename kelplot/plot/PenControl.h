@@ -19,7 +19,8 @@ struct Pen {
 /// new pen.
 class PenControl {
 public:
-    PenControl(HT_Renderer& renderer, double hairlineWidth);
+    /// @param thinnestDashed  the least width of a line with a line type
+    PenControl(HT_Renderer& renderer, double hairlineWidth, double thinnestDashed);
 
     void setPen(const Pen& pen);
     /// Prepares filling. A polygon too small for an area is drawn with the pen, so that becomes a hairline.
@@ -28,12 +29,16 @@ public:
     /// Tells whether the pen in force draws dashes.
     bool isDashed() const { return m_dashed; }
 
+    /// How far the ink of the pen in force reaches from the line it draws, in device units.
+    double reach() const;
+
 private:
     void sendInk(const Pen& pen);
     void sendLineType(const Pen& pen, int width);
 
     HT_Renderer& m_renderer;
     double m_hairlineWidth;
+    double m_thinnestDashed;
     Pen m_pen;
     int m_width = 0; ///< 0: nothing sent yet
     bool m_dashed = false;

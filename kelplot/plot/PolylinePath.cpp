@@ -58,10 +58,39 @@ void mitre(Station& arriving, Station& leaving) {
     leaving.toLeft = cut;
 }
 
-/// A cut through `piece` shortly before its end.
-Station shortlyBeforeEnd(const std::vector<Station>& piece, double distance) {
-    const Station& end = piece.back();
-    return {end.middle - unit(end.middle - piece[piece.size() - 2].middle) * distance, end.toLeft};
+/// Tells whether pieces meet along a line, where a seam may show. At other vertices they cross each other.
+bool meetAlongLine(const Station& arriving, const Station& leaving) {
+    constexpr double nearlyParallel = 0.99;
+    const double parallel = arriving.toLeft.length() * leaving.toLeft.length();
+    return parallel > 0.0 && dot(arriving.toLeft, leaving.toLeft) >= nearlyParallel * parallel;
+}
+
+/// Appends the cuts of a piece that follow `station`, up to one at the distance `reach`.
+template <typename Iterator>
+void addNear(Iterator station, Iterator end, double reach, std::vector<Station>& out) {
+    for (Iterator next = std::next(station); next != end; station = next++) {
+        const Vec2 way = next->middle - station->middle;
+        const double length = way.length();
+        if (length >= reach) {
+            const double part = reach / length;
+            out.push_back({station->middle + way * part, station->toLeft + (next->toLeft - station->toLeft) * part});
+            return;
+        }
+        out.push_back(*next);
+        reach -= length;
+    }
+}
+
+/// The cuts of two pieces that are near the vertex where they meet.
+std::vector<Station> stationsNearSeam(const std::vector<Station>& arriving, const std::vector<Station>& leaving,
+                                      double reach) {
+    std::vector<Station> stations;
+    addNear(arriving.rbegin(), arriving.rend(), reach, stations);
+    std::reverse(stations.begin(), stations.end());
+    stations.push_back(arriving.back());
+    stations.push_back(leaving.front());
+    addNear(leaving.begin(), leaving.end(), reach, stations);
+    return stations;
 }
 
 std::vector<Vec2> outlineOf(const std::vector<Station>& stations, double elevation, const PlanMap& map) {
@@ -123,7 +152,10 @@ void flattenSegment(const PolylineSegment& segment, const PlanMap& map, const Fl
         return;
     }
     const size_t before = out.size();
-    mapArc(*arc, segment.from.position.z, map).flatten(rules, out);
+    const double radius = arc->u.length();
+    const double halfWidth = segment.from.startWidth / 2.0;
+    const Flattening middleRules{rules.tolerance * (radius / (radius + halfWidth)), rules.interest};
+    mapArc(*arc, segment.from.position.z, map).flatten(middleRules, out);
     if (before > 0) {
         out.erase(out.begin() + static_cast<std::ptrdiff_t>(before));
     }
@@ -147,24 +179,24 @@ std::vector<std::vector<Vec2>> wideOutlines(const std::vector<PolylineSegment>& 
     for (const PolylineSegment& segment : segments) {
         pieces.push_back(stationsOf(segment, map, rules));
     }
-    const double reach = overlap / std::max(map.x.length(), map.y.length());
-    std::vector<Station> overlaps; // one for each piece but the first
-    for (size_t i = 0; i + 1 < pieces.size(); ++i) {
-        overlaps.push_back(shortlyBeforeEnd(pieces[i], reach));
-        mitre(pieces[i].back(), pieces[i + 1].front());
-    }
-    if (closed && pieces.size() > 1) {
-        mitre(pieces.back().back(), pieces.front().front());
+    const size_t count = pieces.size();
+    const size_t vertices = closed && count > 1 ? count : count - std::min<size_t>(count, 1); // between two pieces
+    for (size_t i = 0; i < vertices; ++i) {
+        mitre(pieces[i].back(), pieces[(i + 1) % count].front());
     }
     std::vector<std::vector<Vec2>> outlines;
-    for (size_t i = 0; i < pieces.size(); ++i) {
-        if (!segments[i].isWide()) {
-            continue;
+    for (size_t i = 0; i < count; ++i) {
+        if (segments[i].isWide()) {
+            outlines.push_back(outlineOf(pieces[i], segments[i].from.position.z, map));
         }
-        if (overlap > 0.0 && i > 0 && segments[i - 1].from.endWidth > 0.0) {
-            pieces[i].insert(pieces[i].begin(), overlaps[i - 1]);
+    }
+    const double reach = overlap / std::min(map.x.length(), map.y.length());
+    for (size_t i = 0; overlap > 0.0 && i < vertices; ++i) {
+        const std::vector<Station>& next = pieces[(i + 1) % count];
+        if (meetAlongLine(pieces[i].back(), next.front())) {
+            const auto seam = stationsNearSeam(pieces[i], next, reach);
+            outlines.push_back(outlineOf(seam, segments[i].from.position.z, map));
         }
-        outlines.push_back(outlineOf(pieces[i], segments[i].from.position.z, map));
     }
     return outlines;
 }

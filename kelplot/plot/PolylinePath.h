@@ -23,16 +23,18 @@ struct PolylineSegment {
 /// The pieces of a polyline. Vertices that are not finite, and pieces of no length, are left out.
 std::vector<PolylineSegment> segmentsOf(const std::vector<PolylineVertex>& vertices, bool closed);
 
-/// Appends the points of a piece as seen through `map`, without its first one unless `out` is empty.
+/// Appends the points of a piece as seen through `map`, without its first one unless `out` is empty. The rules hold
+/// for the outer border of a piece that is as wide all along as at its start.
 void flattenSegment(const PolylineSegment& segment, const PlanMap& map, const Flattening& rules,
                     std::vector<Vec2>& out);
 
 /// The width that all pieces share, or nothing when it varies.
 std::optional<double> commonWidth(const std::vector<PolylineSegment>& segments);
 
-/// The outlines of the wide pieces, with mitred corners where pieces of one width meet.
+/// The outlines of the wide pieces, with mitred corners where pieces of one width meet, and of patches over the
+/// seams between them.
 ///
-/// @param overlap  how far a piece reaches back into the one before it, after `map`, lest a seam show
+/// @param overlap  how far a patch reaches to both sides of its seam, after `map`; 0 for no patches
 std::vector<std::vector<Vec2>> wideOutlines(const std::vector<PolylineSegment>& segments, bool closed,
                                             const PlanMap& map, const Flattening& rules, double overlap);
 

@@ -32,6 +32,7 @@ void DimensionDecoder::take(const Group& group) {
 
 void DimensionDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
     if (m_block.empty()) {
+        ++builder.drawing().dimensionsWithoutBlock;
         return;
     }
     Insert insert;

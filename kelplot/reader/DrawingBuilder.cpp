@@ -59,7 +59,9 @@ uint32_t DrawingBuilder::block(std::string_view name) {
     std::string newName;
     const NameTable::Found found = m_blocks.find(name, m_decoder, newName);
     if (found.added) {
-        m_drawing.blocks.emplace_back().name = std::move(newName);
+        Block& added = m_drawing.blocks.emplace_back();
+        added.name = std::move(newName);
+        added.defined = false;
     }
     return found.index;
 }
@@ -76,8 +78,10 @@ void DrawingBuilder::beginBlock(std::string_view name, const Vec3& basePoint) {
     }
     m_currentBlock = block(name);
     // A block that is defined twice is what its last definition says.
-    m_drawing.blocks[m_currentBlock].basePoint = basePoint;
-    m_drawing.blocks[m_currentBlock].entities.clear();
+    Block& defined = m_drawing.blocks[m_currentBlock];
+    defined.basePoint = basePoint;
+    defined.entities.clear();
+    defined.defined = true;
     m_destination = Destination::block;
 }
 

@@ -11,7 +11,17 @@ namespace {
 // Bits of a loop's code 92.
 constexpr int polylineLoop = 2;
 constexpr int textBoxLoop = 8;
-constexpr int outermostLoop = 16;
+
+HatchStyle styleOf(int number) {
+    switch (number) {
+    case 1:
+        return HatchStyle::outer;
+    case 2:
+        return HatchStyle::ignore;
+    default:
+        return HatchStyle::normal;
+    }
+}
 
 } // namespace
 
@@ -44,7 +54,9 @@ void HatchDecoder::take(const Group& group) {
 
 void HatchDecoder::takeOfBoundaries(const Group& group) {
     switch (group.code) {
-    case 75: // the style of the hatch
+    case 75:
+        m_hatch.style = styleOf(toInteger(group.value));
+        [[fallthrough]];
     case 76: // the type of its pattern
         endLoop();
         m_stretch = Stretch::pattern;
@@ -79,7 +91,6 @@ void HatchDecoder::beginLoop(int flags) {
     m_inLoop = true;
     m_loopIsPolyline = (flags & polylineLoop) != 0;
     m_loop.textBox = (flags & textBoxLoop) != 0;
-    m_loop.outermost = (flags & outermostLoop) != 0;
     m_edge = HatchEdgeDecoder();
 }
 

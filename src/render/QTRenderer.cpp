@@ -64,9 +64,6 @@ void QTRenderer::SetMergeControlType(HT_PlotStyle::MergeControlType type) {
     }
 }
 
-void QTRenderer::SetClipRgn(const HT_ClipRgn*) {
-}
-
 void QTRenderer::DrawText(wchar_t*, int, const HT_Font&, const HT_Double_Point&, double, double, double*) {
 }
 

@@ -1,24 +1,14 @@
-#include <cstring>
 #include <memory>
 #include <type_traits>
 
 #include "keldriver/Renderer.h"
 #include "render/RendererFixture.h"
+#include "support/VirtualSlot.h"
 
 static_assert(std::has_virtual_destructor_v<HT_Renderer> && std::is_abstract_v<HT_Renderer>);
 static_assert(!std::is_copy_constructible_v<QTRenderer> && !std::is_copy_assignable_v<QTRenderer>);
 
 namespace {
-
-// The position of a virtual function in the virtual table, counted from its first entry. The destructor has
-// two entries. The platform's C++ ABI keeps the offset in the first word of a member pointer, with or
-// without a flag in its lowest bit.
-template <typename Member>
-ptrdiff_t slotOf(Member member) {
-    ptrdiff_t word = 0;
-    std::memcpy(&word, &member, sizeof word);
-    return (word & ~ptrdiff_t{1}) / static_cast<ptrdiff_t>(sizeof(void*));
-}
 
 template <typename Renderer>
 std::vector<std::pair<const char*, ptrdiff_t>> slotTable() {

@@ -30,6 +30,8 @@ TEST(Options, AllReachTheirPlace) {
                                    "--scale",
                                    "1:20",
                                    "--center",
+                                   "--window",
+                                   "-10,-20,30,40",
                                    "--monochrome",
                                    "--lineweight-scale",
                                    "0.7",
@@ -52,6 +54,9 @@ TEST(Options, AllReachTheirPlace) {
     EXPECT_DOUBLE_EQ(options.page.margins.bottom, 4.0);
     EXPECT_DOUBLE_EQ(options.page.scale.value_or(0.0), 0.05);
     EXPECT_TRUE(options.page.centred);
+    const Box2 window = options.page.window.value_or(Box2());
+    EXPECT_EQ(window.min, (Vec2{-10.0, -20.0}));
+    EXPECT_EQ(window.max, (Vec2{30.0, 40.0}));
     EXPECT_TRUE(options.style.monochrome);
     EXPECT_DOUBLE_EQ(options.style.lineWeightScale, 0.7);
     EXPECT_EQ(options.layers, (QStringList{"A", "B*", "C"}));
@@ -120,12 +125,12 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         UsageCase{"no drawing", {}, {"no drawing"}}, UsageCase{"options only", {"--fit"}, {"no drawing"}},
         UsageCase{"unknown option", {"--frobnicate", "a.dxf"}, {"frobnicate"}},
-        UsageCase{"no such option yet", {"--window", "0,0,1,1", "a.dxf"}, {"window"}},
         UsageCase{"value missing", {"a.dxf", "--scale"}, {"scale"}},
         UsageCase{"value too many", {"--fit=2", "a.dxf"}, {"fit"}},
         UsageCase{"paper", {"--paper", "A99", "a.dxf"}, {"--paper", "A99", "WIDTHxHEIGHT", "Letter"}},
         UsageCase{"scale", {"--scale", "1:0", "a.dxf"}, {"--scale", "1:0", "1:50"}},
         UsageCase{"margins", {"--margins", "1,2", "a.dxf"}, {"--margins", "1,2", "LEFT,TOP,RIGHT,BOTTOM"}},
+        UsageCase{"window", {"--window", "1,2,3", "a.dxf"}, {"--window", "1,2,3", "X1,Y1,X2,Y2"}},
         UsageCase{"margins too wide", {"--margins", "150", "a.dxf"}, {"--margins", "no room"}},
         UsageCase{"format", {"--format", "tiff", "a.dxf"}, {"--format", "tiff", "pdf, png, svg"}},
         UsageCase{"ending", {"-o", "plan.jpg", "a.dxf"}, {"plan.jpg", "pdf, png, svg", "--format"}},

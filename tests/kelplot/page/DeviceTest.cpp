@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QBuffer>
 #include <QDir>
 #include <QImage>
 #include <QRegularExpression>
@@ -7,6 +8,7 @@
 #include <map>
 
 #include "device/OutputDevice.h"
+#include "device/SvgClipStream.h"
 #include "support/TemporaryDirectory.h"
 
 namespace kelplot {
@@ -67,6 +69,23 @@ TEST(SvgDevice, StatesTheSheetInMillimetres) {
     EXPECT_DOUBLE_EQ(size[1], 215.9);
     EXPECT_DOUBLE_EQ(viewBox[0] / size[0], 100.0);
     EXPECT_DOUBLE_EQ(viewBox[1] / size[1], 100.0);
+}
+
+TEST(SvgClipStream, FindsItsPlaceHoweverTheDocumentArrives) {
+    const QByteArray document = "<svg>\n<defs>\n</defs>\n<g fill=\"none\">\n<g >\n</g>\n</g>\n</svg>\n";
+    const QByteArray clipped =
+        "<svg>\n<defs>\n<clipPath id=\"visible\"><rect x=\"1\" y=\"2.5\" width=\"30\" height=\"40\"/>"
+        "</clipPath>\n</defs>\n<g clip-path=\"url(#visible)\" fill=\"none\">\n<g >\n</g>\n</g>\n</svg>\n";
+    for (const int chunk : {1, 7, 1000}) {
+        QBuffer target;
+        target.open(QIODevice::WriteOnly);
+        SvgClipStream stream(target, QRectF(1.0, 2.5, 30.0, 40.0));
+        for (int at = 0; at < document.size(); at += chunk) {
+            const QByteArray part = document.mid(at, chunk);
+            ASSERT_EQ(stream.write(part), part.size());
+        }
+        EXPECT_EQ(target.data(), clipped) << "in chunks of " << chunk;
+    }
 }
 
 TEST(PngDevice, SquareLiesWhereItShould) {

@@ -41,11 +41,11 @@ std::ostream& operator<<(std::ostream& stream, const LayoutCase& row) {
 }
 
 PageOptions fitted(Orientation orientation = Orientation::automatic) {
-    return {a4, {}, orientation, std::nullopt, false};
+    return {a4, {}, orientation, std::nullopt, false, std::nullopt};
 }
 
 PageOptions scaled(double scale, bool centred = false) {
-    return {a4, {}, Orientation::automatic, scale, centred};
+    return {a4, {}, Orientation::automatic, scale, centred, std::nullopt};
 }
 
 const LayoutCase layoutCases[] = {
@@ -71,7 +71,7 @@ const LayoutCase layoutCases[] = {
     {"own size is not turned",
      box(0, 0, 80, 320),
      1,
-     {{{170.0, 90.0}, true}, {}, Orientation::automatic, std::nullopt, false},
+     {{{170.0, 90.0}, true}, {}, Orientation::automatic, std::nullopt, false, std::nullopt},
      {170, 90},
      0.25,
      {75, 85},
@@ -79,7 +79,7 @@ const LayoutCase layoutCases[] = {
     {"own size is turned on demand",
      box(0, 0, 80, 320),
      1,
-     {{{170.0, 90.0}, true}, {}, Orientation::portrait, std::nullopt, false},
+     {{{170.0, 90.0}, true}, {}, Orientation::portrait, std::nullopt, false, std::nullopt},
      {90, 170},
      0.5,
      {25, 165},
@@ -87,7 +87,7 @@ const LayoutCase layoutCases[] = {
     {"margins differ",
      box(0, 0, 260, 100),
      1,
-     {a4, {20, 10, 17, 30}, Orientation::landscape, std::nullopt, false},
+     {a4, {20, 10, 17, 30}, Orientation::landscape, std::nullopt, false, std::nullopt},
      {297, 210},
      1,
      {20, 145},
@@ -133,6 +133,70 @@ TEST_P(Layout, PlacesTheDrawing) {
 
 INSTANTIATE_TEST_SUITE_P(All, Layout, ::testing::ValuesIn(layoutCases));
 
+struct WindowTextCase {
+    const char* name;
+    const char* text;
+    std::optional<Box2> window;
+};
+
+TEST(WindowText, NamesTwoCornersOfAnArea) {
+    const WindowTextCase cases[] = {
+        {"lower left and upper right", "0,0,10,20", box(0, 0, 10, 20)},
+        {"upper left and lower right", "-5.5,2e1,3,-1", box(-5.5, -1, 3, 20)},
+        {"far off", "1000000,2000000,1000000.5,2000001", box(1e6, 2e6, 1e6 + 0.5, 2e6 + 1)},
+        {"three numbers", "0,0,10", std::nullopt},
+        {"five numbers", "0,0,10,20,30", std::nullopt},
+        {"empty", "", std::nullopt},
+        {"number missing", "0,,10,20", std::nullopt},
+        {"no number", "0,0,ten,20", std::nullopt},
+        {"blank", "0, 0,10,20", std::nullopt},
+        {"infinite", "0,0,inf,20", std::nullopt},
+        {"no width", "5,0,5,20", std::nullopt},
+        {"no height", "0,7,10,7", std::nullopt},
+        {"as small as rounding errors", "1000000,0,1000000.0000001,0.0000001", std::nullopt},
+        {"wider than any number", "-1.7e308,0,1.7e308,1", std::nullopt},
+    };
+    for (const WindowTextCase& row : cases) {
+        const auto window = windowFromText(row.text);
+        ASSERT_EQ(window.has_value(), row.window.has_value()) << row.name;
+        if (window) {
+            EXPECT_EQ(window->min, row.window->min) << row.name;
+            EXPECT_EQ(window->max, row.window->max) << row.name;
+        }
+    }
+}
+
+void expectBox(const Box2& actual, const Box2& expected) {
+    expectPoint(actual.min, expected.min);
+    expectPoint(actual.max, expected.max);
+}
+
+TEST(WindowLayout, TakesThePlaceOfTheExtents) {
+    PageOptions options = fitted();
+    options.window = box(10, 10, 584, 110);
+    const PageLayout layout = layOutPage(box(0, 0, 100, 4000), 1.0, options);
+    EXPECT_EQ(layout.sheet, (SheetSize{297, 210})) << "the drawing is upright, the window is not";
+    EXPECT_NEAR(layout.scale, 0.5, 1e-9);
+    ASSERT_TRUE(layout.visiblePart().has_value());
+    expectBox(*layout.visiblePart(), box(5, 80, 292, 130));
+}
+
+TEST(WindowLayout, ToScaleEndsAtTheMargins) {
+    PageOptions options = scaled(1.0);
+    options.window = box(0, 0, 1000, 50);
+    const PageLayout layout = layOutPage(box(0, 0, 1, 1), 1.0, options);
+    EXPECT_FALSE(layout.drawingFits);
+    ASSERT_TRUE(layout.visiblePart().has_value());
+    expectBox(*layout.visiblePart(), box(5, 155, 292, 205));
+}
+
+TEST(Layout, DrawingThatFitsIsNotCutAtTheMargins) {
+    EXPECT_FALSE(layOutPage(box(0, 0, 200, 100), 1.0, scaled(1.0)).visiblePart().has_value());
+    const auto visible = layOutPage(box(0, 0, 300, 100), 1.0, scaled(1.0)).visiblePart();
+    ASSERT_TRUE(visible.has_value()) << "and one that does not is";
+    expectBox(*visible, box(5, 5, 292, 205));
+}
+
 TEST(Layout, ExtentsWithoutAnyMeaningStillGiveAFiniteMap) {
     constexpr double huge = std::numeric_limits<double>::max();
     const Box2 extents[] = {Box2(), box(-INFINITY, 0, INFINITY, 1), box(-huge, -huge, huge, huge),
@@ -147,13 +211,14 @@ TEST(Layout, ExtentsWithoutAnyMeaningStillGiveAFiniteMap) {
 
 TEST(Layout, RoomIsLookedForInEveryAllowedPosition) {
     const Margins wide{120, 5, 120, 5};
-    EXPECT_TRUE(leavesRoom({a4, wide, Orientation::automatic, std::nullopt, false})) << "on its side there is room";
-    EXPECT_TRUE(leavesRoom({a4, wide, Orientation::landscape, std::nullopt, false}));
-    EXPECT_FALSE(leavesRoom({a4, wide, Orientation::portrait, std::nullopt, false}));
-    EXPECT_FALSE(leavesRoom({{{210, 297}, true}, wide, Orientation::automatic, std::nullopt, false}));
+    EXPECT_TRUE(leavesRoom({a4, wide, Orientation::automatic, std::nullopt, false, std::nullopt}))
+        << "on its side there is room";
+    EXPECT_TRUE(leavesRoom({a4, wide, Orientation::landscape, std::nullopt, false, std::nullopt}));
+    EXPECT_FALSE(leavesRoom({a4, wide, Orientation::portrait, std::nullopt, false, std::nullopt}));
+    EXPECT_FALSE(leavesRoom({{{210, 297}, true}, wide, Orientation::automatic, std::nullopt, false, std::nullopt}));
 
     const PageLayout layout =
-        layOutPage(box(0, 0, 10, 100), 1.0, {a4, wide, Orientation::automatic, std::nullopt, false});
+        layOutPage(box(0, 0, 10, 100), 1.0, {a4, wide, Orientation::automatic, std::nullopt, false, std::nullopt});
     EXPECT_DOUBLE_EQ(layout.sheet.width, 297.0) << "the upright sheet has no room for the upright drawing";
 }
 
@@ -165,6 +230,10 @@ TEST(PlotTargetForLayout, TakesTheGridOfTheDevice) {
     expectPoint(target.pageBox.min, {0.0, 0.0});
     expectPoint(target.pageBox.max, {29700.0, 21000.0});
     EXPECT_DOUBLE_EQ(target.deviceUnitsPerMillimetre, 100.0);
+    expectBox(target.visibleBox(), target.pageBox);
+
+    const PageLayout cut = layOutPage(box(0, 0, 300, 10), 1.0, scaled(1.0));
+    expectBox(plotTargetFor(cut, {100.0, 10.0, 0.5}).visibleBox(), box(500, 500, 29200, 20500));
 }
 
 } // namespace

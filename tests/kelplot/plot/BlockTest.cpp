@@ -95,16 +95,14 @@ TEST(Blocks, UnknownOnesAreIgnored) {
     EXPECT_TRUE(shapesOf(drawingWithBlock(referenceTo(noBlock))).empty());
 }
 
-TEST(Blocks, CopiesBeyondNumberEnd) {
+TEST(Blocks, CopiesBeyondNumberHaveExtents) {
     Insert many = referenceTo(0);
     many.columns = 2'000'000'000;
     many.rows = 2'000'000'000;
     many.columnSpacing = 1e-9;
-    Drawing drawing = drawingWithBlock(many);
+    const Drawing drawing = drawingWithBlock(many);
     const Box2 extents = visibleExtents(drawing, drawing.modelSpace);
     EXPECT_NEAR(extents.max.x, 3.0, 1e-6) << "the last column";
-    drawing.blocks[0].entities.clear();
-    EXPECT_TRUE(shapesOf(drawing).empty());
 }
 
 TEST(Planes, HaveARightHandedFrameOfUnitAxes) {

@@ -112,6 +112,13 @@ TEST(Arcs, LieOnTheTrueCurveHoweverPlaced) {
         {"angles of other turns", Arc{{0, 0, 0}, 9.0, -7.0, 20.0}, {0, 0}, {9, 0}, {0, 9}, -7.0, 20.0 - 8 * pi},
         {"sliver", Arc{{0, 0, 0}, 15.0, 1.0, 1.0001}, {0, 0}, {15, 0}, {0, 15}, 1.0, 1.0001},
         {"ellipse", Ellipse{{0, 0, 0}, {3, 4, 0}, 0.4, 0.0, 2 * pi}, {0, 0}, {3, 4}, {-1.6, 1.2}, 0.0, 2 * pi},
+        {"ellipse, six digits",
+         Ellipse{{0, 0, 0}, {3, 4, 0}, 0.4, 0, 6.283186},
+         {0, 0},
+         {3, 4},
+         {-1.6, 1.2},
+         0,
+         2 * pi},
         {"elliptic arc", Ellipse{{0, 0, 0}, {3, 4, 0}, 0.4, 1.0, 4.0}, {0, 0}, {3, 4}, {-1.6, 1.2}, 1.0, 4.0},
     };
     constexpr double mostGap = 0.65; // half a device unit for the renderer's angles, 0.15 for flattening
@@ -125,6 +132,35 @@ TEST(Arcs, LieOnTheTrueCurveHoweverPlaced) {
             const auto points = trace(placedShapes(placement, row.geometry));
             EXPECT_LT(gap(points, expected), mostGap) << row.name << ", " << placement.name;
         }
+    }
+}
+
+struct EndCase {
+    const char* name;
+    double start, end;
+    double span;
+};
+
+TEST(Arcs, EndWithinOneTurnAfterTheirStart) {
+    const double turn = 2 * pi;
+    const EndCase cases[] = {
+        {"equal", 1.0, 1.0, turn},
+        {"turn", 0.0, turn, turn},
+        {"six digits, rounded up", 0.0, 6.283186, turn},
+        {"six digits, rounded down", 0.0, 6.283185, turn},
+        {"five digits", 0.0, 6.28319, turn},
+        {"360.0001 degrees", 0.0, 360.0001 * pi / 180, turn},
+        {"359.9999 degrees", 0.0, 359.9999 * pi / 180, turn},
+        {"clockwise turn", 6.283186, 0.0, turn},
+        {"end a little before the start", 1.0, 1.0 - 1e-7, turn},
+        {"tiny", 1.0, 1.0 + 2e-6, 2e-6},
+        {"small", 0.0, 1e-4, 1e-4},
+        {"small over zero", 6.2831, 6.2831 - turn + 1e-3, 1e-3},
+        {"nearly a turn", 0.0, turn - 1e-3, turn - 1e-3},
+        {"turns away", -7.0, 20.0, 27.0 - 4 * turn},
+    };
+    for (const EndCase& row : cases) {
+        EXPECT_NEAR(endWithinTurn(row.start, row.end) - row.start, row.span, 1e-12) << row.name;
     }
 }
 
@@ -203,6 +239,31 @@ TEST(Splines, FollowThePolynomialOfTheirControlPoints) {
         expected.push_back({10 * x, 1000 - 10 * y});
     }
     EXPECT_LT(gap(shapesOf(entityOf(spline)).at(0).points, expected), 0.11);
+}
+
+TEST(Splines, OfAnyDegreeThatFilesMayHaveFollowTheirPolynomial) {
+    for (const int degree : {15, 16, 20, NurbsCurve::maxDegree}) {
+        Spline spline; // one span
+        spline.degree = degree;
+        spline.knots.assign(static_cast<size_t>(degree) + 1, 0.0);
+        spline.knots.resize(2 * spline.knots.size(), 1.0);
+        for (int i = 0; i <= degree; ++i) {
+            spline.controlPoints.push_back({10.0 + 80.0 * i / degree, i % 5 < 2 ? 5.0 : 95.0, 0.0});
+        }
+        std::vector<Vec2> expected;
+        for (int step = 0; step <= 1000; ++step) {
+            const double t = step / 1000.0;
+            double choices = 1.0; // of i among `degree`
+            Vec2 p;
+            for (int i = 0; i <= degree; ++i) {
+                const Vec3& control = spline.controlPoints[static_cast<size_t>(i)];
+                p = p + Vec2{control.x, control.y} * (choices * std::pow(t, i) * std::pow(1.0 - t, degree - i));
+                choices *= static_cast<double>(degree - i) / (i + 1);
+            }
+            expected.push_back({10 * p.x, 1000 - 10 * p.y});
+        }
+        EXPECT_LT(gap(shapesOf(entityOf(spline)).at(0).points, expected), 0.11) << degree;
+    }
 }
 
 TEST(Splines, PeriodicOnesCloseOnTheirKnotDomain) {

@@ -54,7 +54,7 @@ TEST(Extents, AreThoseOfTheInk) {
         {"arrow head", polylineOf({{{0, 0, 0}, 0.0, 2.0, 0.0}, {{4, 0, 0}}}), 0, -1, 4, 1},
         {"wide corner", polylineOf({{{0, 0, 0}, 0, 2, 2}, {{4, 0, 0}, 0, 2, 2}, {{4, 4, 0}}}), 0, -1, 5, 4},
         {"spline", arch(), 0, 0, 4, 2, 1e-3},
-        {"pattern hatch", hatchOf({{quarter}, {}}, false), -std::sqrt(2), std::sqrt(2), std::sqrt(2), 2},
+        {"hatch with an arc", hatchOf({{quarter}, {}}, true), -std::sqrt(2), std::sqrt(2), std::sqrt(2), 2},
         {"polyline hatch", hatchOf({{}, {{{0, 0, 0}, 1.0}, {{4, 0, 0}}, {{4, 3, 0}}}}, true), 0, -2, 4, 3},
         {"polyline with a bad vertex", polylineOf({{{0, 0, 0}}, {{nan, 9, 0}}, {{1, 1, 0}}}), 0, 0, 1, 1},
         {"solid with a bad corner", Solid{{{{0, 0, 0}, {1, 0, 0}, {1, HUGE_VAL, 0}, {0, 1, 0}}}}, 0, 0, 1, 1},
@@ -74,6 +74,9 @@ TEST(Extents, AreEmptyWhereNothingShows) {
     EXPECT_TRUE(visibleExtents(drawing, {}).isEmpty());
     EXPECT_TRUE(visibleExtents(drawing, {entityOf(Line{{0, 0, 0}, {HUGE_VAL, 0, 0}})}).isEmpty());
     EXPECT_TRUE(visibleExtents(drawing, {entityOf(Circle{{0, 0, 0}, -1})}).isEmpty());
+    EXPECT_TRUE(
+        visibleExtents(drawing, {entityOf(hatchOf({{}, {{{0, 0, 0}}, {{4, 0, 0}}, {{4, 3, 0}}}}, false))}).isEmpty())
+        << "a pattern is not drawn";
     drawing.pointMode = 1;
     EXPECT_TRUE(visibleExtents(drawing, {entityOf(PointEntity{{3, 4, 0}})}).isEmpty());
     drawing.pointMode = 33;

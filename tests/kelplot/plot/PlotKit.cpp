@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "keldriver/ClipRgn.h"
+
 namespace kelplot {
 
 using Shape = RecordingRenderer::Shape;
@@ -80,6 +82,15 @@ void RecordingRenderer::SetColor(HT_Color color) {
 void RecordingRenderer::SetAlpha(unsigned char alpha) {
     m_style.alpha = alpha;
     ++styleCalls;
+}
+
+void RecordingRenderer::SetClipRgn(const HT_ClipRgn* region) {
+    clip = Box2();
+    for (const HT_ClipRgn* contour = region; contour != nullptr; contour = contour->next) {
+        for (int i = 0; i < contour->pointCount; ++i) {
+            clip.add(Vec2{contour->points[i].x, contour->points[i].y});
+        }
+    }
 }
 
 Drawing emptyDrawing() {

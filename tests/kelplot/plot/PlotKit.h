@@ -28,6 +28,7 @@ public:
 
     std::vector<Shape> shapes;
     int styleCalls = 0;
+    Box2 clip; ///< box of the region in force
 
     uint32_t Features() const override { return 31; }
     void AttachDriver(void*, const HT_Int_Size&, bool) override {}
@@ -52,7 +53,7 @@ public:
     void SetAlpha(unsigned char alpha) override;
     void SetFillMode(HT_PlotStyle::FillMode) override { ++styleCalls; }
     void SetMergeControlType(HT_PlotStyle::MergeControlType) override { ++styleCalls; }
-    void SetClipRgn(const HT_ClipRgn*) override {}
+    void SetClipRgn(const HT_ClipRgn* region) override;
 
 private:
     void add(const char* kind, const HT_Double_Point* points, int count);

@@ -133,12 +133,68 @@ TEST(WidePolylines, OfVaryingWidthOrStretchedAreAreas) {
     EXPECT_EQ(textOf(shapesOf(entityOf(arrow))), "area 500,400 900,500 900,500 500,600\nline 100,500 500,500\n");
 }
 
-TEST(WidePolylines, PiecesOverlapSoThatNoSeamShows) {
-    const Polyline tapering = polylineOf({{{10, 50, 0}, 0, 10, 8}, {{50, 50, 0}, 0, 8, 4}, {{90, 50, 0}}}, false);
-    const auto shapes = shapesOf(entityOf(tapering));
-    ASSERT_EQ(shapes.size(), 2U);
-    for (const RecordingRenderer::Shape& piece : shapes) {
-        EXPECT_TRUE(isCovered({piece}, {499.5, 500})) << piece.text();
+struct SeamCase {
+    const char* name;
+    Polyline polyline;
+    Vec2 seam; ///< device units
+};
+
+TEST(WidePolylines, NoSeamShowsBetweenPieces) {
+    const SeamCase cases[] = {
+        {"straight", polylineOf({{{10, 50, 0}, 0, 10, 8}, {{50, 50, 0}, 0, 8, 4}, {{90, 50, 0}}}, false), {500, 500}},
+        {"arc", polylineOf({{{20, 50, 0}, 0, 4, 8}, {{50, 50, 0}, 1, 8, 4}, {{50, 90, 0}}}, false), {500, 500}},
+        {"arcs", polylineOf({{{20, 50, 0}, 1, 4, 8}, {{80, 50, 0}, 1, 8, 4}, {{20, 50, 0}}}, false), {800, 500}},
+        {"end of a closed one",
+         polylineOf({{{50, 50, 0}, 0, 8, 6}, {{90, 50, 0}, 0, 6, 6}, {{50, 90, 0}, 0, 6, 6}, {{10, 50, 0}, 0, 6, 8}},
+                    true),
+         {500, 500}},
+    };
+    PlotTarget target = tenfoldTarget();
+    target.hairlineWidth = 16.0;
+    for (const SeamCase& row : cases) {
+        Drawing drawing = emptyDrawing();
+        drawing.modelSpace.push_back(entityOf(row.polyline));
+        const auto shapes = shapesOf(drawing, target);
+        // A dot of the device that lies anywhere on the seam must lie in one piece as a whole.
+        const auto coversDot = [&](const RecordingRenderer::Shape& shape) {
+            int corners = 0;
+            for (const Vec2 corner : {Vec2{-15.5, -15.5}, Vec2{15.5, -15.5}, Vec2{15.5, 15.5}, Vec2{-15.5, 15.5}}) {
+                corners += isCovered({shape}, row.seam + corner) ? 1 : 0;
+            }
+            return corners == 4;
+        };
+        EXPECT_TRUE(std::any_of(shapes.begin(), shapes.end(), coversDot)) << row.name;
+    }
+}
+
+TEST(WidePolylines, TaperedOnesHaveWholeCorners) {
+    for (const double side : {1.0, -1.0}) { // turning left, turning right
+        const Polyline corner =
+            polylineOf({{{10, 50, 0}, 0, 0, 6}, {{50, 50, 0}, 0, 6, 0}, {{50, 50 + side * 40, 0}}}, false);
+        const auto shapes = shapesOf(entityOf(corner));
+        // The mitre runs from 3 inside the corner to 3 outside in both directions.
+        for (double along = -2.7; along < 2.8; along += 0.1) {
+            for (const double across : {-0.3, -0.1, 0.01, 0.1, 0.3}) {
+                const Vec2 p{50.0 - along + across, 50.0 + side * (along + across)};
+                const bool inside = p.x < 52.7 && (p.y - 50.0) * side > -2.7;
+                EXPECT_TRUE(!inside || isCovered(shapes, {10 * p.x, 1000 - 10 * p.y}))
+                    << side << ' ' << p.x << ',' << p.y;
+            }
+        }
+        EXPECT_TRUE(isCovered(shapes, {490, 500 - side * 25}));
+        EXPECT_FALSE(isCovered(shapes, {535, 500 + side * 35}));
+        EXPECT_FALSE(isCovered(shapes, {460, 500 - side * 40}));
+    }
+}
+
+TEST(WidePolylines, AreRoundAtTheirOuterBorder) {
+    const double width = 18.0;
+    const Polyline ring = polylineOf({{{40, 50, 0}, 1, width, width}, {{60, 50, 0}, 1, width, width}}, true);
+    const auto points = shapesOf(entityOf(ring)).at(0).points;
+    ASSERT_GT(points.size(), 8U);
+    for (size_t i = 0; i + 1 < points.size(); ++i) {
+        const double halfAngle = std::asin(std::min(1.0, (points[i + 1] - points[i]).length() / 200.0));
+        EXPECT_LT(190.0 * (1.0 - std::cos(halfAngle)), 0.12);
     }
 }
 

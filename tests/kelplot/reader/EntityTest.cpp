@@ -117,7 +117,9 @@ TEST(DimensionEntity, RefersToItsBlock) {
         EXPECT_EQ(insert.position, Vec3());
         EXPECT_EQ(drawing.modelSpace.front().extrusion, up);
     }
-    EXPECT_TRUE(readText(drawingOf(groups({{0, "DIMENSION"}, {10, "9"}}))).modelSpace.empty());
+    const Drawing without = readText(drawingOf(groups({{0, "DIMENSION"}, {10, "9"}})));
+    EXPECT_TRUE(without.modelSpace.empty());
+    EXPECT_EQ(without.dimensionsWithoutBlock, 1U);
 }
 
 /// A cubic curve with four control points and these knots, of one digit each.

@@ -43,7 +43,6 @@ TEST(HatchBoundary, PolylineKeepsBulgesAndFlags) {
     EXPECT_EQ(loop.polyline[0].position, (Vec3{1, 2, 0}));
     EXPECT_EQ(loop.polyline[0].bulge, 1.0);
     EXPECT_EQ(loop.polyline[1].bulge, 0.0);
-    EXPECT_TRUE(loop.outermost);
     EXPECT_FALSE(loop.textBox);
     EXPECT_TRUE(hatch.loops[1].textBox);
 }
@@ -97,6 +96,16 @@ TEST(HatchBoundary, SplineEndsWhereTheNextEdgeBegins) {
     EXPECT_EQ(curve.weights, (std::vector<double>{1, 2}));
     EXPECT_EQ(curve.controlPoints, (std::vector<Vec3>{{1, 2, 0}, {3, 4, 0}}));
     EXPECT_TRUE(std::holds_alternative<HatchLine>(hatch.loops[0].edges[1]));
+}
+
+TEST(HatchBoundary, StyleFollowsTheLoops) {
+    const std::pair<const char*, HatchStyle> cases[] = {
+        {"0", HatchStyle::normal}, {"1", HatchStyle::outer}, {"2", HatchStyle::ignore}, {"7", HatchStyle::normal}};
+    for (const auto& [number, style] : cases) {
+        std::string text = head + polylineLoop("2") + tail;
+        text.replace(text.find("75\n0"), 4, std::string("75\n") + number);
+        EXPECT_EQ(readHatch(text).style, style) << number;
+    }
 }
 
 TEST(HatchBoundary, PatternIsNotSolid) {

@@ -60,6 +60,8 @@ TEST(BlockTable, HoldsContentInOrder) {
     EXPECT_TRUE(std::holds_alternative<Line>(inner[2].geometry));
     EXPECT_EQ(std::get<Insert>(drawing.modelSpace.at(0).geometry).block, 2u);
     EXPECT_TRUE(drawing.blocks[2].entities.empty());
+    EXPECT_TRUE(drawing.blocks[0].defined && drawing.blocks[1].defined);
+    EXPECT_FALSE(drawing.blocks[2].defined);
 }
 
 TEST(BlockTable, NamelessBlocksAreDropped) {

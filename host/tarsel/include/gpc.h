@@ -1,0 +1,68 @@
+#ifndef GPC_H
+#define GPC_H
+
+/// The polygon clipper of libTarsel.so: two sets of contours in, their Boolean combination out.
+///
+/// Every polygon is a set of closed contours under the even-odd rule: a point belongs to it when it lies inside
+/// an odd number of its contours. Contours may cross themselves and one another.
+
+#include <stddef.h>
+
+#if defined(__GNUC__)
+#define TARSEL_API __attribute__((visibility("default")))
+#else
+#define TARSEL_API
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/// How the clip polygon changes the subject polygon.
+typedef enum gpc_op { GPC_DIFF = 0, GPC_INT = 1, GPC_XOR = 2, GPC_UNION = 3 } gpc_op;
+
+typedef struct gpc_vertex {
+    double x;
+    double y;
+} gpc_vertex;
+
+/// One contour; the edge from its last vertex to its first is implied.
+typedef struct gpc_vertex_list {
+    int num_vertices;
+    gpc_vertex* vertex;
+} gpc_vertex_list;
+
+/// A set of contours. `hole` has one flag a contour, 1 for a hole; an operand's flags are not read.
+typedef struct gpc_polygon {
+    int num_contours;
+    int* hole;
+    gpc_vertex_list* contour;
+} gpc_polygon;
+
+/// Stores `subject_polygon` op `clip_polygon` in `result_polygon`.
+///
+/// Coordinates of operands that survive come back bit for bit (negative zero as zero), each axis on its own;
+/// crossings are rounded to a grid of 2^-50 of the operands' common extent. A contour of the result comes
+/// before every contour that lies within it, so uniting the outer contours and subtracting the holes in their
+/// order gives the same area as the even-odd rule.
+///
+/// A contour of an operand counts as absent when it has fewer than three vertices, no array, or a vertex that
+/// is not finite; a null operand has no contours.
+///
+/// @param result_polygon  overwritten without releasing what it held, and may be one of the operands; release
+///                        with `gpc_free_polygon`. No contours and null arrays when nothing is left, when `op`
+///                        is none of the four, or when memory runs out
+TARSEL_API void gpc_polygon_clip(gpc_op op, gpc_polygon* subject_polygon, gpc_polygon* clip_polygon,
+                                 gpc_polygon* result_polygon);
+
+/// Releases the arrays of a polygon, not the record itself, and leaves it with no contours and null arrays.
+TARSEL_API void gpc_free_polygon(gpc_polygon* polygon);
+
+/// Allocates an array that `gpc_free_polygon` may release; null when memory runs out.
+TARSEL_API void* tarsel_malloc(size_t size);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,84 @@
+#include "Combine.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include <clipper.hpp>
+
+namespace tarsel {
+
+namespace {
+
+std::optional<ClipperLib::ClipType> clipTypeOf(gpc_op op) {
+    switch (op) {
+    case GPC_DIFF:
+        return ClipperLib::ctDifference;
+    case GPC_INT:
+        return ClipperLib::ctIntersection;
+    case GPC_XOR:
+        return ClipperLib::ctXor;
+    case GPC_UNION:
+        return ClipperLib::ctUnion;
+    }
+    return std::nullopt;
+}
+
+bool isUsable(const gpc_vertex_list& contour) {
+    return contour.num_vertices >= 3 && contour.vertex &&
+           std::all_of(contour.vertex, contour.vertex + contour.num_vertices,
+                       [](const gpc_vertex& vertex) { return std::isfinite(vertex.x) && std::isfinite(vertex.y); });
+}
+
+Outlines outlinesOf(const gpc_polygon* polygon) {
+    Outlines outlines;
+    if (!polygon || !polygon->contour) {
+        return outlines;
+    }
+    for (int i = 0; i < polygon->num_contours; ++i) {
+        if (isUsable(polygon->contour[i])) {
+            outlines.push_back(&polygon->contour[i]);
+        }
+    }
+    return outlines;
+}
+
+Box boxOf(const Outlines& subject, const Outlines& clip) {
+    Box box;
+    for (const Outlines* outlines : {&subject, &clip}) {
+        for (const gpc_vertex_list* outline : *outlines) {
+            std::for_each(outline->vertex, outline->vertex + outline->num_vertices,
+                          [&](const gpc_vertex& vertex) { box.add(vertex); });
+        }
+    }
+    return box;
+}
+
+size_t countVertices(const Outlines& outlines) {
+    size_t count = 0;
+    for (const gpc_vertex_list* outline : outlines) {
+        count += static_cast<size_t>(outline->num_vertices);
+    }
+    return count;
+}
+
+} // namespace
+
+std::optional<Combination> combine(gpc_op op, const gpc_polygon* subject, const gpc_polygon* clip) {
+    const auto clipType = clipTypeOf(op);
+    const Outlines subjects = outlinesOf(subject);
+    const Outlines clips = outlinesOf(clip);
+    const size_t vertices = countVertices(subjects) + countVertices(clips);
+    if (!clipType || vertices == 0) {
+        return std::nullopt;
+    }
+    Conversion conversion(boxOf(subjects, clips), vertices);
+    ClipperLib::Clipper clipper;
+    clipper.AddPaths(conversion.toGrid(subjects), ClipperLib::ptSubject, true);
+    clipper.AddPaths(conversion.toGrid(clips), ClipperLib::ptClip, true);
+    ClipperLib::Paths paths;
+    clipper.Execute(*clipType, paths, ClipperLib::pftEvenOdd, ClipperLib::pftEvenOdd);
+    return Combination{std::move(conversion), toContours(std::move(paths))};
+}
+
+} // namespace tarsel

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include <clipper.hpp>
+
+namespace tarsel {
+
+/// A contour of a result, on the grid.
+struct Contour {
+    ClipperLib::Path path;
+    bool hole;
+};
+
+/// Turns the clipper's raw result into contours that each pass a vertex once, outer ones before those in them.
+///
+/// The clipper may leave a contour that touches itself, of which no part can be told to be a hole. It is cut
+/// apart there.
+std::vector<Contour> toContours(ClipperLib::Paths&& paths);
+
+} // namespace tarsel

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Contours.h"
+#include "Vec.h"
+
+namespace vnbase {
+
+/// Coordinates in which a region reaches from about -1 to 1 both ways, whatever its place, size and proportions.
+///
+/// What clipping asks (crossings, sides, parities) does not change under such a map. Each axis is shifted to the
+/// region's middle and scaled by a power of two, so that nothing is lost beyond the shift.
+class Frame {
+public:
+    /// @param reach      where the region is; not empty
+    /// @param magnitude  the largest absolute coordinate that takes part, vertices of the polyline included
+    Frame(const Box& reach, double magnitude);
+
+    /// @param p  finite; a point too far to be told from infinity moves closer
+    Vec toFrame(const HT_Double_Point& p) const { return {m_x.toFrame(p.x), m_y.toFrame(p.y)}; }
+    /// Where the region is, in the frame.
+    const Box& reach() const { return m_reach; }
+    /// Points closer than this are not told apart: a few units in the last place of what came in.
+    double tolerance() const { return m_tolerance; }
+
+private:
+    struct Axis {
+        Axis(double low, double high);
+        double toFrame(double value) const;
+
+        double halfCentre;
+        double doubleScale = 1.0;
+    };
+
+    Axis m_x;
+    Axis m_y;
+    Box m_reach;
+    double m_tolerance;
+};
+
+} // namespace vnbase

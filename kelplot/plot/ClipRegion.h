@@ -1,0 +1,23 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "geometry/Box2.h"
+#include "keldriver/ClipRgn.h"
+
+namespace kelplot {
+
+struct RegionDeleter {
+    void operator()(HT_ClipRgn* region) const { KelDriver::HT_DeleteRgn(region); }
+};
+
+/// A region of the library and the duty to release it.
+using ClipRegion = std::unique_ptr<HT_ClipRgn, RegionDeleter>;
+
+ClipRegion regionOf(const Box2& box);
+
+/// What `box` and all `limits` have in common. Where that is nothing, a region without an area.
+ClipRegion commonRegion(const Box2& box, const std::vector<Box2>& limits);
+
+} // namespace kelplot

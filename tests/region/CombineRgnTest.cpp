@@ -1,0 +1,223 @@
+#include <gtest/gtest.h>
+
+#include "keldriver/VornRgn.h"
+#include "support/RegionOracle.h"
+
+namespace {
+
+using regionOracle::Contours;
+using regionOracle::Points;
+
+enum Operation { opAnd = 1, opOr = 2, opXor = 3, opDiff = 4, opCopy = 5 };
+
+std::vector<double> boxOf(const CVornRgn& rgn) {
+    HT_Double_Rectangle box{-1, -1, -1, -1};
+    rgn.GetRgnBox(&box);
+    return {box.minX, box.minY, box.maxX, box.maxY};
+}
+
+CVornRgn rectangle(double minX, double minY, double maxX, double maxY) {
+    CVornRgn rgn;
+    rgn.CreateRectRgn(minX, minY, maxX, maxY);
+    return rgn;
+}
+
+CVornRgn polygon(const Points& points) {
+    CVornRgn rgn;
+    rgn.CreatePolygonRgn(points.data(), static_cast<int>(points.size()), 1);
+    return rgn;
+}
+
+CVornRgn none() {
+    return {};
+}
+
+CVornRgn empty() {
+    return CVornRgn(nullptr);
+}
+
+double areaOf(const CVornRgn& rgn) {
+    double area = 0;
+    for (const regionOracle::Contour& contour : regionOracle::toContours(rgn.m_pClipRgn)) {
+        double twice = 0;
+        for (size_t i = 0; i < contour.points.size(); ++i) {
+            const HT_Double_Point& a = contour.points[i];
+            const HT_Double_Point& b = contour.points[(i + 1) % contour.points.size()];
+            twice += a.x * b.y - b.x * a.y;
+        }
+        area += (contour.mode == HT_RGN_DIFF ? -1 : 1) * std::fabs(twice) / 2;
+    }
+    return area;
+}
+
+const Points triangle = {{0, 0}, {10, 0}, {0, 10}};
+const std::vector<double> zeroBox = {0, 0, 0, 0};
+
+TEST(CombineRgn, ByKindsAndBoxes) {
+    const struct {
+        const char* name;
+        CVornRgn a, b;
+        int op;
+        int reported;
+        std::vector<double> box;
+        double area; // of the contours that the result holds
+    } rows[] = {
+        {"and of two rectangles needs no contours",
+         rectangle(0, 0, 10, 10),
+         rectangle(5, 5, 20, 20),
+         opAnd,
+         2,
+         {5, 5, 10, 10},
+         0},
+        {"and of rectangles that share an edge", rectangle(0, 0, 10, 10), rectangle(10, 0, 20, 10), opAnd, 1, zeroBox,
+         0},
+        {"and with an empty region", rectangle(0, 0, 10, 10), empty(), opAnd, 1, zeroBox, 0},
+        {"and with no region", none(), rectangle(-5, -5, 5, 5), opAnd, 1, zeroBox, 0},
+        {"and that leaves a rectangle", polygon(triangle), rectangle(-5, -5, 2, 2), opAnd, 2, {0, 0, 2, 2}, 4},
+        {"and whose boxes alone overlap", polygon(triangle), rectangle(8, 8, 9, 9), opAnd, 1, zeroBox, 0},
+        {"or of an empty region", empty(), polygon(triangle), opOr, 3, {0, 0, 10, 10}, 50},
+        {"or with no region", polygon(triangle), none(), opOr, 3, {0, 0, 10, 10}, 50},
+        {"or of two that are none", none(), none(), opOr, 1, zeroBox, 0},
+        {"or", rectangle(0, 0, 10, 10), rectangle(5, 5, 20, 20), opOr, 3, {0, 0, 20, 20}, 300},
+        {"or that makes a rectangle", rectangle(0, 0, 10, 10), rectangle(5, 0, 20, 10), opOr, 2, {0, 0, 20, 10}, 200},
+        {"xor of an empty region", empty(), polygon(triangle), opXor, 3, {0, 0, 10, 10}, 50},
+        {"xor with no region", rectangle(0, 0, 3, 3), none(), opXor, 2, {0, 0, 3, 3}, 0},
+        {"xor", rectangle(0, 0, 10, 10), rectangle(5, 5, 20, 20), opXor, 3, {0, 0, 20, 20}, 275},
+        {"xor with itself again", polygon(triangle), polygon(triangle), opXor, 1, zeroBox, 0},
+        {"difference from nothing", empty(), polygon(triangle), opDiff, 1, zeroBox, 0},
+        {"difference from no region", none(), polygon(triangle), opDiff, 1, zeroBox, 0},
+        {"difference with nothing", rectangle(0, 0, 3, 3), empty(), opDiff, 2, {0, 0, 3, 3}, 0},
+        {"difference with no region", polygon(triangle), none(), opDiff, 3, {0, 0, 10, 10}, 50},
+        {"difference with one aside", polygon(triangle), rectangle(10, 0, 20, 10), opDiff, 3, {0, 0, 10, 10}, 50},
+        {"difference with a hole", rectangle(0, 0, 10, 10), rectangle(4, 4, 6, 6), opDiff, 3, {0, 0, 10, 10}, 96},
+        {"copy takes the second", rectangle(0, 0, 10, 10), polygon(triangle), opCopy, 3, {0, 0, 10, 10}, 50},
+        {"copy of no region", rectangle(0, 0, 10, 10), none(), opCopy, 1, zeroBox, 0},
+    };
+    for (const auto& row : rows) {
+        for (const char* target : {"another", "a", "b"}) {
+            CVornRgn a = row.a;
+            CVornRgn b = row.b;
+            CVornRgn other = rectangle(70, 70, 80, 80);
+            CVornRgn& result = target[0] == 'a' && !target[1] ? a : target[0] == 'b' ? b : other;
+            EXPECT_EQ(result.CombineRgn(&a, &b, row.op), row.reported) << row.name << " into " << target;
+            EXPECT_EQ(result.GetRgnBox(nullptr), row.reported) << row.name << " into " << target;
+            EXPECT_EQ(boxOf(result), row.box) << row.name << " into " << target;
+            EXPECT_DOUBLE_EQ(areaOf(result), row.area) << row.name << " into " << target;
+        }
+    }
+}
+
+TEST(CombineRgn, AnUnknownOperationChangesNothing) {
+    CVornRgn rgn = rectangle(1, 2, 3, 4);
+    CVornRgn other = polygon(triangle);
+    for (const int op : {0, 6, -1, 256 + 1}) {
+        EXPECT_EQ(rgn.CombineRgn(&other, &other, op), 2) << op;
+        EXPECT_EQ(boxOf(rgn), (std::vector<double>{1, 2, 3, 4})) << op;
+    }
+}
+
+TEST(CombineRgn, NullOperandsCountAsEmpty) {
+    CVornRgn rgn;
+    CVornRgn other = polygon(triangle);
+    EXPECT_EQ(rgn.CombineRgn(nullptr, &other, opCopy), 3);
+    EXPECT_EQ(rgn.CombineRgn(nullptr, &other, opOr), 3);
+    EXPECT_EQ(rgn.CombineRgn(&other, nullptr, opXor), 3);
+    EXPECT_EQ(rgn.CombineRgn(&other, nullptr, opAnd), 1);
+    EXPECT_EQ(rgn.CombineRgn(nullptr, nullptr, opDiff), 1);
+}
+
+// Regions whose boxes do not overlap are collected in the first operand itself.
+class AppendedRgn : public testing::TestWithParam<Operation> {};
+INSTANTIATE_TEST_SUITE_P(Operations, AppendedRgn, testing::Values(opOr, opXor));
+
+const Points farTriangle = {{20, 0}, {30, 0}, {20, 10}};
+const std::vector<double> commonBox = {0, 0, 30, 10};
+
+std::vector<int> modesOf(const CVornRgn& rgn) {
+    std::vector<int> modes;
+    for (const regionOracle::Contour& contour : regionOracle::toContours(rgn.m_pClipRgn)) {
+        modes.push_back(contour.mode);
+    }
+    return modes;
+}
+
+TEST_P(AppendedRgn, LengthensTheFirstOperand) {
+    CVornRgn a = polygon(triangle);
+    CVornRgn b = polygon(farTriangle);
+    CVornRgn result = rectangle(1, 1, 2, 2);
+    EXPECT_EQ(result.CombineRgn(&a, &b, GetParam()), 3);
+    EXPECT_EQ(boxOf(result), commonBox);
+    EXPECT_EQ(result.m_pClipRgn, nullptr);
+    EXPECT_EQ(modesOf(a), (std::vector<int>{HT_RGN_XOR, HT_RGN_OR}));
+    EXPECT_EQ(boxOf(a), (std::vector<double>{0, 0, 10, 10}));
+    EXPECT_EQ(modesOf(b), (std::vector<int>{HT_RGN_XOR}));
+
+    const HT_ClipRgn* const list = result.GetClipRgnRef(); // the common box, as a rectangle
+    ASSERT_EQ(list->pointCount, 4);
+    EXPECT_EQ(list->points[2].x, 30);
+}
+
+TEST_P(AppendedRgn, IntoTheFirstOperandKeepsItsContours) {
+    CVornRgn a = polygon(triangle);
+    CVornRgn b = polygon(farTriangle);
+    EXPECT_EQ(a.CombineRgn(&a, &b, GetParam()), 3);
+    EXPECT_EQ(boxOf(a), commonBox);
+    EXPECT_EQ(modesOf(a), (std::vector<int>{HT_RGN_XOR, HT_RGN_OR}));
+    EXPECT_EQ(a.m_pClipRgn->next->points[0].x, 20);
+}
+
+TEST_P(AppendedRgn, IntoTheSecondOperandCopiesItFirst) {
+    CVornRgn a = polygon(triangle);
+    CVornRgn b = polygon(farTriangle);
+    EXPECT_EQ(b.CombineRgn(&a, &b, GetParam()), 3);
+    EXPECT_EQ(boxOf(b), commonBox);
+    EXPECT_EQ(b.m_pClipRgn, nullptr);
+    EXPECT_EQ(modesOf(a), (std::vector<int>{HT_RGN_XOR, HT_RGN_OR}));
+    EXPECT_EQ(a.m_pClipRgn->next->points[0].x, 20);
+}
+
+TEST_P(AppendedRgn, RectanglesGetTheirContoursFirst) {
+    CVornRgn a = rectangle(0, 0, 10, 10);
+    CVornRgn b = rectangle(20, 0, 30, 10);
+    EXPECT_EQ(a.CombineRgn(&a, &b, GetParam()), 3);
+    EXPECT_EQ(boxOf(a), commonBox);
+    EXPECT_DOUBLE_EQ(areaOf(a), 200);
+    EXPECT_EQ(modesOf(a), (std::vector<int>{HT_RGN_XOR, HT_RGN_OR}));
+}
+
+TEST_P(AppendedRgn, AFlatRegionWithItself) {
+    CVornRgn flat = rectangle(0, 5, 10, 5);
+    EXPECT_EQ(flat.CombineRgn(&flat, &flat, GetParam()), 3);
+    EXPECT_EQ(boxOf(flat), (std::vector<double>{0, 5, 10, 5}));
+    EXPECT_EQ(modesOf(flat).size(), 2U);
+}
+
+TEST(CombineRgn, RectanglesKeepTheirCoordinatesBitForBit) {
+    regionOracle::Generator generator(5);
+    for (int i = 0; i < 2000; ++i) {
+        const Points a = generator.region({HT_RGN_XOR}).front().points;
+        const double unit = std::fabs(a[0].x) + std::fabs(a[0].y);
+        double x[4];
+        double y[4];
+        std::generate(std::begin(x), std::end(x), [&] { return a[0].x + unit * generator.real(-1, 1); });
+        std::generate(std::begin(y), std::end(y), [&] { return a[0].y + unit * generator.real(-1, 1); });
+        const auto asPolygon = [](double x0, double y0, double x1, double y1) {
+            return polygon({{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}});
+        };
+        for (const int op : {opAnd, opOr, opXor, opDiff}) {
+            CVornRgn first = asPolygon(x[0], y[0], x[1], y[1]);
+            CVornRgn second = asPolygon(x[2], y[2], x[3], y[3]);
+            first.m_nType = 2; // takes the way through the clipper
+            CVornRgn result;
+            result.CombineRgn(&first, &second, op);
+            for (const HT_ClipRgn* node = result.m_pClipRgn; node; node = node->next) {
+                for (int k = 0; k < node->pointCount; ++k) {
+                    EXPECT_NE(std::find(std::begin(x), std::end(x), node->points[k].x), std::end(x));
+                    EXPECT_NE(std::find(std::begin(y), std::end(y), node->points[k].y), std::end(y));
+                }
+            }
+        }
+    }
+}
+
+} // namespace

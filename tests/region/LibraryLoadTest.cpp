@@ -1,0 +1,81 @@
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <dlfcn.h>
+
+#include <gtest/gtest.h>
+
+#include "keldriver/ClipLine.h"
+#include "region/modules/FakeModule.h"
+
+namespace {
+
+// A driver's list that only counts.
+class CountingArray : public I_HT_PointerArray {
+public:
+    int32_t GetCount() const override { return count; }
+    void* GetData(int) override { return nullptr; }
+    void Insert(int, void*) override { ++count; }
+    void Remove(int) override {}
+    void Clear() override {}
+
+private:
+    int32_t count = 0;
+};
+
+void closeLibrary(void* handle) {
+    dlclose(handle);
+}
+using Library = std::unique_ptr<void, void (*)(void*)>;
+
+Library load(const char* path) {
+    return {dlopen(path, RTLD_NOW | RTLD_LOCAL), closeLibrary};
+}
+
+bool isModuleLoaded() {
+    return Library(dlopen("vnbase.so", RTLD_LAZY | RTLD_NOLOAD), closeLibrary) != nullptr;
+}
+
+// The exported function, as a driver that loads the library at run time finds it.
+auto clipLineOf(const Library& library) {
+    return reinterpret_cast<decltype(&HT_ClipLine)>(
+        dlsym(library.get(), "_Z11HT_ClipLinePK10HT_ClipRgnPK15HT_Double_PointiP17I_HT_PointerArray"));
+}
+
+int clip(const Library& library, I_HT_PointerArray& out) {
+    const HT_Double_Point polyline[] = {{0, 0}, {5, 5}};
+    const HT_ClipRgn region{HT_RGN_OR, nullptr, 0, nullptr};
+    return clipLineOf(library)(&region, polyline, 2, &out);
+}
+
+TEST(LibraryLoad, WithoutModuleTheLibraryLoadsAndClipsNothing) {
+    const Library library = load(LIBRARY_ALONE);
+    ASSERT_NE(library, nullptr) << dlerror();
+    ASSERT_FALSE(isModuleLoaded());
+    CountingArray out;
+    ASSERT_NE(clipLineOf(library), nullptr);
+    EXPECT_EQ(clip(library, out), 0);
+    EXPECT_EQ(out.GetCount(), 0);
+}
+
+TEST(LibraryLoad, ModuleBesideTheLibraryComesAndGoesWithIt) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer stands between the library and the loader, which then ignores the run path";
+#endif
+    Library library = load(LIBRARY_WITH_MODULE);
+    ASSERT_NE(library, nullptr) << dlerror();
+    ASSERT_TRUE(isModuleLoaded());
+    {
+        const Library module(dlopen("vnbase.so", RTLD_LAZY | RTLD_NOLOAD), closeLibrary);
+        auto* const fake = static_cast<FakeModule*>(dlsym(module.get(), "fakeModule"));
+        ASSERT_NE(fake, nullptr);
+        fake->result = -7;
+        CountingArray out;
+        EXPECT_EQ(clip(library, out), -7);
+    }
+    library.reset();
+    EXPECT_FALSE(isModuleLoaded());
+}
+
+} // namespace

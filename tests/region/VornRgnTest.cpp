@@ -1,0 +1,156 @@
+#include "keldriver/VornRgn.h"
+
+#include <new>
+
+#include <gtest/gtest.h>
+
+#include "support/RegionOracle.h"
+
+namespace {
+
+using regionOracle::Contours;
+using regionOracle::Points;
+
+const Points square = {{0, 0}, {10, 0}, {10, 10}, {0, 10}};
+const Points triangle = {{0, 0}, {10, 0}, {0, 10}};
+
+std::vector<double> boxOf(const CVornRgn& rgn) {
+    HT_Double_Rectangle box{-1, -1, -1, -1};
+    rgn.GetRgnBox(&box);
+    return {box.minX, box.minY, box.maxX, box.maxY};
+}
+
+const std::vector<double> zeroBox = {0, 0, 0, 0};
+
+TEST(VornRgn, ReportsKindAndBoxOfWhatItWasMadeFrom) {
+    const struct {
+        const char* name;
+        Contours contours;
+        int kind;
+        int reported;
+        std::vector<double> box;
+    } rows[] = {
+        {"nothing", {}, 3, 1, zeroBox},
+        {"a rectangle", {{4, square}}, 1, 2, {0, 0, 10, 10}},
+        {"a rectangle with its first point repeated",
+         {{4, {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}}}},
+         2,
+         3,
+         {0, 0, 10, 10}},
+        {"a triangle", {{4, triangle}}, 2, 3, {0, 0, 10, 10}},
+        {"one contour without points", {{4, {}}}, 3, 1, zeroBox},
+        {"two contours without points", {{4, {}}, {3, {}}}, 3, 1, zeroBox},
+        {"a contour without points, then a rectangle", {{4, {}}, {3, square}}, 1, 2, {0, 0, 10, 10}},
+        {"two halves of a rectangle",
+         {{3, {{0, 0}, {4, 0}, {4, 10}, {0, 10}}}, {3, {{4, 0}, {10, 0}, {10, 10}, {4, 10}}}},
+         1,
+         2,
+         {0, 0, 10, 10}},
+        {"a square cut away wholly", {{3, square}, {2, square}}, 3, 1, zeroBox},
+        {"a triangle cut to its corner",
+         {{3, triangle}, {0, {{-5, -5}, {2, -5}, {2, 2}, {-5, 2}}}},
+         1,
+         2,
+         {0, 0, 2, 2}},
+    };
+    for (const auto& row : rows) {
+        const CVornRgn rgn(regionOracle::toList(row.contours).get());
+        EXPECT_EQ(rgn.m_nType, row.kind) << row.name;
+        EXPECT_EQ(rgn.GetRgnBox(nullptr), row.reported) << row.name;
+        EXPECT_EQ(boxOf(rgn), row.box) << row.name;
+        EXPECT_EQ(rgn.m_pClipRgn == nullptr, row.kind == 3) << row.name;
+    }
+}
+
+TEST(VornRgn, SortsTheCornersOfARectangleAndMakesItsContourWhenAsked) {
+    CVornRgn rgn;
+    EXPECT_EQ(rgn.CreateRectRgn(10, 3, -2, 7), 1);
+    EXPECT_EQ(rgn.GetRgnBox(nullptr), 2);
+    EXPECT_EQ(boxOf(rgn), (std::vector<double>{-2, 3, 10, 7}));
+    EXPECT_EQ(rgn.m_pClipRgn, nullptr);
+
+    const HT_ClipRgn* const list = rgn.GetClipRgnRef();
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(rgn.GetClipRgnRef(), list);
+    EXPECT_EQ(list->mode, HT_RGN_XOR);
+    EXPECT_EQ(list->next, nullptr);
+    ASSERT_EQ(list->pointCount, 4);
+    const double corners[][2] = {{-2, 3}, {10, 3}, {10, 7}, {-2, 7}};
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(list->points[i].x, corners[i][0]) << i;
+        EXPECT_EQ(list->points[i].y, corners[i][1]) << i;
+    }
+}
+
+TEST(VornRgn, NoRegionHasNoContoursAndAnEmptyOneADegenerateRectangle) {
+    CVornRgn none;
+    EXPECT_EQ(none.GetRgnBox(nullptr), 1);
+    EXPECT_EQ(boxOf(none), zeroBox);
+    EXPECT_EQ(none.GetClipRgnRef(), nullptr);
+
+    CVornRgn empty(nullptr);
+    empty.m_rcBox = {1, 2, 3, 4};
+    const HT_ClipRgn* const list = empty.GetClipRgnRef();
+    ASSERT_NE(list, nullptr);
+    ASSERT_EQ(list->pointCount, 4);
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(list->points[i].x, 0) << i;
+        EXPECT_EQ(list->points[i].y, 0) << i;
+    }
+    EXPECT_EQ(boxOf(empty), zeroBox);
+
+    CVornRgn unknown;
+    unknown.m_nType = 7;
+    EXPECT_EQ(unknown.GetClipRgnRef(), nullptr);
+    EXPECT_EQ(unknown.GetRgnBox(nullptr), 1);
+}
+
+TEST(VornRgn, CopiesAreDeepAndACopyOfItselfChangesNothing) {
+    CVornRgn source;
+    source.CreatePolygonRgn(triangle.data(), 3, 2);
+    CVornRgn copy(source);
+    CVornRgn assigned;
+    assigned.CreateRectRgn(1, 1, 2, 2);
+    assigned = copy;
+    EXPECT_EQ(copy.CopyFrom(copy), 1);
+    copy = *&copy;
+    EXPECT_EQ(source.DeleteObject(), 1);
+    for (CVornRgn* rgn : {&copy, &assigned}) {
+        EXPECT_EQ(rgn->m_nType, 2);
+        EXPECT_EQ(boxOf(*rgn), (std::vector<double>{0, 0, 10, 10}));
+        ASSERT_EQ(rgn->GetClipRgnRef()->pointCount, 3);
+        EXPECT_EQ(rgn->GetClipRgnRef()->points[2].y, 10);
+    }
+    EXPECT_NE(copy.m_pClipRgn, assigned.m_pClipRgn);
+    EXPECT_EQ(source.m_nType, 0);
+    EXPECT_EQ(source.m_pClipRgn, nullptr);
+    EXPECT_EQ(boxOf(source), zeroBox);
+}
+
+TEST(VornRgn, PolygonsMayComeFromTheRegionItself) {
+    CVornRgn rgn;
+    rgn.CreatePolygonRgn(square.data(), 4, 1);
+    EXPECT_EQ(rgn.CreatePolygonRgn(rgn.m_pClipRgn->points, 3, 1), 1);
+    EXPECT_EQ(rgn.m_nType, 2);
+    EXPECT_EQ(rgn.GetClipRgnRef()->pointCount, 3);
+    EXPECT_EQ(rgn.GetClipRgnRef()->points[1].x, 10);
+}
+
+TEST(VornRgn, ANegativeCountThrowsAndLeavesTheRegion) {
+    CVornRgn rgn;
+    rgn.CreateRectRgn(1, 2, 3, 4);
+    EXPECT_THROW(rgn.CreatePolygonRgn(square.data(), -1, 1), std::bad_array_new_length);
+    EXPECT_EQ(boxOf(rgn), (std::vector<double>{1, 2, 3, 4}));
+    HT_ClipRgn broken{HT_RGN_OR, nullptr, -2, nullptr};
+    EXPECT_THROW(CVornRgn{&broken}, std::bad_array_new_length);
+}
+
+TEST(VornRgn, DividedOnlyAnswers) {
+    const RgnList list = regionOracle::toList({{3, square}});
+    HT_ClipRgn* rgn = list.get();
+    EXPECT_EQ(CVornRgn::Divided(&rgn), 1);
+    EXPECT_EQ(rgn, list.get());
+    EXPECT_EQ(CVornRgn::Divided(nullptr), 1);
+}
+
+} // namespace
