@@ -70,7 +70,8 @@ struct KELDRIVER_API HT_Region {
     /// finished. A piece that continues the open contour replaces its vertices by its own but the first.
     ///
     /// @param mode  kept with a contour that is finished at once
-    /// @return 1, or 0 when the piece has too few points or there is no memory, and then nothing has changed
+    /// @return 1, or 0 when the piece has too few points, and then nothing has changed; a failing `HT_Malloc` is
+    ///         not detected everywhere
     int AddPoints(const HT_Double_Point* pts, int n, int closedFlag, unsigned char mode);
     /// Moves the open contour, if there is one, to the finished ones as it is.
     void EndData();

@@ -2,21 +2,17 @@
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
+#include <utility>
 
 #include "geometry/Tolerance.h"
 #include "region/PointBox.h"
+#include "region/RgnList.h"
 
 namespace {
 
-struct ListDeleter {
-    void operator()(HT_ClipRgn* rgn) const { KelDriver::HT_DeleteRgn(rgn); }
-};
-using ListPtr = std::unique_ptr<HT_ClipRgn, ListDeleter>;
-
 // A copy of one contour without a successor.
-ListPtr cloneContour(int32_t mode, int32_t pointCount, const HT_Double_Point* points) {
-    ListPtr node(new HT_ClipRgn{mode, nullptr, pointCount, nullptr});
+RgnListPtr cloneContour(int32_t mode, int32_t pointCount, const HT_Double_Point* points) {
+    RgnListPtr node(new HT_ClipRgn{mode, nullptr, pointCount, nullptr});
     if (points != nullptr || pointCount < 0) {
         node->points = new HT_Double_Point[static_cast<size_t>(pointCount)]; // throws for a negative count
         std::copy_n(points, pointCount, node->points);
@@ -38,10 +34,10 @@ int HT_RGN_OP_2_CDC_OP(int op) {
 }
 
 HT_ClipRgn* KelDriver::HT_CloneRgnData(const HT_ClipRgn* rgn) {
-    ListPtr list;
+    RgnListPtr list;
     HT_ClipRgn* last = nullptr;
     for (; rgn != nullptr; rgn = rgn->next) {
-        ListPtr node = cloneContour(rgn->mode, rgn->pointCount, rgn->points);
+        RgnListPtr node = cloneContour(rgn->mode, rgn->pointCount, rgn->points);
         if (last == nullptr) {
             list = std::move(node);
             last = list.get();

@@ -22,6 +22,11 @@ int becomeEmpty(CVornRgn& self) {
 }
 
 int becomeCopy(CVornRgn& self, const CVornRgn& source) {
+    if (isEmpty(source) && &self == &source) { // its list stays: a driver may hold it
+        self.m_nType = rgnKind::empty;
+        self.m_rcBox = {};
+        return rgnKind::win32Empty;
+    }
     if (isEmpty(source)) {
         return becomeEmpty(self);
     }
@@ -59,7 +64,9 @@ int clip(CVornRgn& self, CVornRgn& a, CVornRgn& b, gpc_op op) {
     if (!self.m_pClipRgn || vertexCount(*self.m_pClipRgn) == 0) {
         return becomeEmpty(self);
     }
-    // The clipper's contours neither cross nor nest but as outer contours and holes, so they stand evaluated.
+    // The clipper's contours neither cross nor nest but as outer contours and holes, so they stand evaluated; only
+    // a clipper of the application's own may put a hole first.
+    OrderBorder(self.m_pClipRgn);
     const bool isRect = measureEvaluatedRgn(self.m_pClipRgn, &self.m_rcBox);
     self.m_nType = isRect ? rgnKind::rectangle : rgnKind::general;
     return rgnKind::toWin32(self.m_nType);

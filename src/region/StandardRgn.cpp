@@ -97,7 +97,7 @@ bool Evaluation::close(int brackets) {
 } // namespace
 
 void CVornRgn::StandardRgn() {
-    static int show = 0; // how many expressions closed too many brackets; to be looked at in a debugger
+    static int show = 0; // how many expressions closed too many brackets; kept for whoever debugs a driver
     Evaluation evaluation;
     for (const HT_ClipRgn* node = m_pClipRgn; node; node = node->next) {
         if (!evaluation.add(*node)) {

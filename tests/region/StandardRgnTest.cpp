@@ -29,8 +29,8 @@ void setContours(CVornRgn& rgn, const Contours& contours) {
 }
 
 /// Which of the unit fields from 0 to 9 belong to a region, as a row of "#" and ".".
-std::string fieldsOf(const CVornRgn& rgn) {
-    const Contours contours = regionOracle::toContours(rgn.m_pClipRgn);
+std::string fieldsOf(CVornRgn& rgn) {
+    const Contours contours = regionOracle::toContours(rgn.GetClipRgnRef());
     std::string fields;
     for (int field = 0; field < 10; ++field) {
         fields += isInside(contours, {field + 0.5, 0.5}) ? '#' : '.';

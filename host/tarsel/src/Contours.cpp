@@ -56,41 +56,79 @@ Paths unite(const Paths& loops) {
     return united;
 }
 
-Paths withoutTouches(Paths&& paths) {
+/// @param doubtful  receives whether the clipper's contours did not fit together at first
+Paths withoutTouches(Paths&& paths, bool& doubtful) {
     // The clipper gets the turning direction of a contour wrong now and then where many edges meet at one point.
     constexpr int unions = 2;
     bool resolved = false;
     Paths loops = cutApart(std::move(paths), resolved);
+    doubtful = !resolved;
     for (int i = 0; i < unions && !resolved; ++i) {
         loops = cutApart(unite(loops), resolved);
     }
     return loops;
 }
 
+/// Contours that enclose something, the larger ones first: none lies in a smaller one.
+std::vector<Contour> sortedBySize(Paths&& paths) {
+    struct Sized {
+        Int128 size;
+        Contour contour;
+    };
+    std::vector<Sized> sized;
+    sized.reserve(paths.size());
+    for (Path& path : paths) {
+        const Int128 area = path.size() < 3 ? 0 : doubleArea(path);
+        if (area != 0) {
+            sized.push_back({area < 0 ? -area : area, {std::move(path), area < 0}});
+        }
+    }
+    std::stable_sort(sized.begin(), sized.end(), [](const Sized& a, const Sized& b) { return a.size > b.size; });
+    std::vector<Contour> contours;
+    contours.reserve(sized.size());
+    for (Sized& one : sized) {
+        contours.push_back(std::move(one.contour));
+    }
+    return contours;
+}
+
+struct GridBox {
+    explicit GridBox(const Path& path) : low(path.front()), high(path.front()) {
+        for (const ClipperLib::IntPoint& point : path) {
+            low = {std::min(low.X, point.X), std::min(low.Y, point.Y)};
+            high = {std::max(high.X, point.X), std::max(high.Y, point.Y)};
+        }
+    }
+    bool holds(const GridBox& other) const {
+        return low.X <= other.low.X && low.Y <= other.low.Y && other.high.X <= high.X && other.high.Y <= high.Y;
+    }
+
+    ClipperLib::IntPoint low;
+    ClipperLib::IntPoint high;
+};
+
+/// A hole that no outer contour can hold is none.
+void correctHoles(std::vector<Contour>& contours) {
+    std::vector<GridBox> outerBoxes;
+    for (Contour& contour : contours) {
+        const GridBox box(contour.path);
+        const auto holdsContour = [&](const GridBox& outer) {
+            return outer.holds(box);
+        };
+        contour.hole = contour.hole && std::any_of(outerBoxes.begin(), outerBoxes.end(), holdsContour);
+        if (!contour.hole) {
+            outerBoxes.push_back(box);
+        }
+    }
+}
+
 } // namespace
 
 std::vector<Contour> toContours(Paths&& paths) {
-    struct Sized {
-        Int128 area;
-        Path* path;
-    };
-    Paths simple = withoutTouches(std::move(paths));
-    std::vector<Sized> sizes;
-    sizes.reserve(simple.size());
-    for (Path& path : simple) {
-        const Int128 area = path.size() < 3 ? 0 : doubleArea(path);
-        if (area != 0) {
-            sizes.push_back({area, &path});
-        }
-    }
-    const auto size = [](const Sized& sized) {
-        return sized.area < 0 ? -sized.area : sized.area;
-    };
-    std::stable_sort(sizes.begin(), sizes.end(), [&](const Sized& a, const Sized& b) { return size(a) > size(b); });
-    std::vector<Contour> contours;
-    contours.reserve(sizes.size());
-    for (const Sized& sized : sizes) {
-        contours.push_back({std::move(*sized.path), sized.area < 0});
+    bool doubtful = false;
+    std::vector<Contour> contours = sortedBySize(withoutTouches(std::move(paths), doubtful));
+    if (doubtful) {
+        correctHoles(contours);
     }
     return contours;
 }

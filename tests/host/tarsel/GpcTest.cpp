@@ -1,0 +1,227 @@
+#include "gpc.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include "Polygon.h"
+
+namespace {
+
+using Contour = Polygon::Contour;
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double largest = std::numeric_limits<double>::max();
+
+Contour rectangle(double x0, double y0, double x1, double y1) {
+    return {{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}};
+}
+
+TEST(Gpc, CombinesTwoRectangles) {
+    const Polygon a{{rectangle(0, 0, 10, 10)}, {}};
+    const Polygon b{{rectangle(6, 2, 14, 8)}, {}};
+    const struct {
+        gpc_op op;
+        double area;
+        std::vector<bool> holes;
+    } rows[] = {
+        {GPC_DIFF, 76, {false}}, {GPC_INT, 24, {false}}, {GPC_XOR, 100, {false, false}}, {GPC_UNION, 124, {false}}};
+    for (const auto& row : rows) {
+        const Polygon result = clip(row.op, a, b);
+        EXPECT_DOUBLE_EQ(result.area(), row.area) << row.op;
+        EXPECT_EQ(result.holes, row.holes) << row.op;
+    }
+    for (const int op : {-1, 4, 1000}) {
+        EXPECT_TRUE(clip(static_cast<gpc_op>(op), a, b).contours.empty()) << op;
+    }
+}
+
+TEST(Gpc, KeepsEveryCoordinateOfItsOperandsOnItsAxis) {
+    // Values that no common grid holds, each axis from another operand at the crossings.
+    const double x[] = {0.1, 1 / 3.0, 2 / 3.0, 1e9 + 0.1};
+    const double y[] = {-1e-3, M_PI, M_E * 7, 123456.789};
+    const Polygon a{{rectangle(x[0], y[1], x[2], y[3])}, {}};
+    const Polygon b{{rectangle(x[1], y[0], x[3], y[2])}, {}};
+    const Polygon both = clip(GPC_INT, a, b);
+    ASSERT_EQ(both.contours.size(), 1U);
+    ASSERT_EQ(both.contours[0].size(), 4U);
+    for (const gpc_vertex& vertex : both.contours[0]) {
+        EXPECT_TRUE(vertex.x == x[1] || vertex.x == x[2]) << vertex.x;
+        EXPECT_TRUE(vertex.y == y[1] || vertex.y == y[2]) << vertex.y;
+    }
+}
+
+TEST(Gpc, ValuesOnOneGridLineBecomeTheSmallest) {
+    const double nearby = std::nextafter(1.0, 2.0);
+    for (const bool reversed : {false, true}) {
+        Polygon a{{rectangle(1.0, 0, 1e6, 1)}, {}};
+        Polygon b{{rectangle(nearby, 0, 1e6, 2)}, {}};
+        if (reversed) {
+            std::swap(a, b);
+        }
+        const Polygon result = clip(GPC_INT, a, b);
+        for (const gpc_vertex& vertex : result.contours.at(0)) {
+            EXPECT_NE(vertex.x, nearby);
+        }
+    }
+}
+
+TEST(Gpc, NegativeZeroComesBackAsZero) {
+    const Polygon result = clip(GPC_UNION, {{rectangle(-0.0, -0.0, 5, 5)}, {}}, {});
+    ASSERT_EQ(result.contours.size(), 1U);
+    for (const gpc_vertex& vertex : result.contours[0]) {
+        EXPECT_FALSE(std::signbit(vertex.x));
+        EXPECT_FALSE(std::signbit(vertex.y));
+    }
+}
+
+TEST(Gpc, ContoursThatEncloseNothingCountAsAbsent) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const struct {
+        const char* name;
+        Contour contour;
+    } rows[] = {
+        {"no vertices", {}},
+        {"two vertices", {{0, 0}, {9, 9}}},
+        {"not a number", {{0, 0}, {9, nan}, {9, 9}}},
+        {"infinite", {{0, 0}, {infinity, 0}, {9, 9}}},
+        {"one point", {{3, 3}, {3, 3}, {3, 3}, {3, 3}}},
+        {"on a line", {{0, 0}, {5, 5}, {9, 9}}},
+    };
+    for (const auto& row : rows) {
+        const Polygon result = clip(GPC_UNION, {{row.contour}, {}}, {{rectangle(1, 1, 2, 2)}, {}});
+        EXPECT_DOUBLE_EQ(result.area(), 1) << row.name;
+        EXPECT_TRUE(clip(GPC_UNION, {{row.contour}, {}}, {}).contours.empty()) << row.name;
+    }
+}
+
+TEST(Gpc, TakesRecordsWithoutArrays) {
+    gpc_polygon result{7, nullptr, nullptr};
+    gpc_polygon empty{0, nullptr, nullptr};
+    gpc_polygon withoutArrays{3, nullptr, nullptr};
+    gpc_vertex_list lists[] = {{5, nullptr}, {-4, nullptr}};
+    gpc_polygon withoutVertices{2, nullptr, lists};
+    gpc_polygon negative{-1, nullptr, lists};
+    for (gpc_polygon* operand :
+         {static_cast<gpc_polygon*>(nullptr), &empty, &withoutArrays, &withoutVertices, &negative}) {
+        result = {7, nullptr, nullptr};
+        gpc_polygon_clip(GPC_UNION, operand, operand, &result);
+        EXPECT_EQ(result.num_contours, 0);
+        EXPECT_EQ(result.hole, nullptr);
+        EXPECT_EQ(result.contour, nullptr);
+    }
+    gpc_polygon_clip(GPC_UNION, &empty, &empty, nullptr);
+    gpc_free_polygon(nullptr);
+    gpc_free_polygon(&result);
+}
+
+TEST(Gpc, TheResultMayBeAnOperand) {
+    Contour a = rectangle(0, 0, 10, 10);
+    Contour b = rectangle(5, 5, 20, 20);
+    gpc_vertex_list listA{4, a.data()};
+    gpc_vertex_list listB{4, b.data()};
+    gpc_polygon subject{1, nullptr, &listA};
+    gpc_polygon other{1, nullptr, &listB};
+    gpc_polygon_clip(GPC_INT, &subject, &other, &subject);
+    ASSERT_EQ(subject.num_contours, 1);
+    EXPECT_EQ(subject.contour[0].num_vertices, 4);
+    gpc_free_polygon(&subject);
+    EXPECT_EQ(subject.contour, nullptr);
+}
+
+TEST(Gpc, WorksInAnyUnits) {
+    for (const double unit : {5e-324, 1e-310, 1e-300, 1e-3, 1e9, 1e300, largest / 32}) {
+        const Polygon a{{rectangle(0, 0, 16 * unit, 16 * unit)}, {}};
+        const Polygon b{{rectangle(8 * unit, -8 * unit, 12 * unit, 24 * unit - 16 * unit)}, {}};
+        const Polygon result = clip(GPC_INT, a, b);
+        ASSERT_EQ(result.contours.size(), 1U) << unit;
+        EXPECT_EQ(result.contours[0].size(), 4U) << unit;
+    }
+    const Polygon widest{{rectangle(-largest, -largest, largest, largest)}, {}};
+    EXPECT_EQ(clip(GPC_INT, widest, {{rectangle(-largest, 0, 0, largest)}, {}}).contours.size(), 1U);
+}
+
+TEST(Gpc, ContoursComeBeforeWhatLiesInThem) {
+    Polygon nested;
+    for (const int inset : {3, 0, 4, 1, 2}) { // five rectangles, one in another
+        nested.contours.push_back(rectangle(inset, inset, 20 - inset, 20 - inset));
+    }
+    const Polygon result = clip(GPC_UNION, nested, {});
+    EXPECT_EQ(result.holes, (std::vector<bool>{false, true, false, true, false}));
+    for (size_t i = 0; i < result.contours.size(); ++i) {
+        const auto size = static_cast<double>(20 - 2 * i);
+        EXPECT_DOUBLE_EQ((Polygon{{result.contours[i]}, {false}}.area()), size * size) << i;
+    }
+}
+
+// What touches at a point: told apart, or else no part could be told to be a hole.
+TEST(Gpc, ContoursPassEachVertexOnce) {
+    const struct {
+        const char* name;
+        gpc_op op;
+        Polygon a, b;
+        double area;
+        int holes;
+    } rows[] = {
+        {"a hole that touches the border",
+         GPC_DIFF,
+         {{rectangle(0, 0, 10, 10)}, {}},
+         {{{{0, 5}, {4, 3}, {4, 7}}}, {}},
+         92,
+         1},
+        {"two squares that share a corner",
+         GPC_UNION,
+         {{rectangle(0, 0, 5, 5)}, {}},
+         {{rectangle(5, 5, 9, 9)}, {}},
+         41,
+         0},
+        {"a bow tie", GPC_UNION, {{{{0, 0}, {10, 10}, {10, 0}, {0, 10}}}, {}}, {}, 50, 0},
+        {"squares on a chequered field",
+         GPC_XOR,
+         {{rectangle(0, 0, 2, 2), rectangle(2, 2, 4, 4)}, {}},
+         {{rectangle(1, 1, 3, 3)}, {}},
+         8,
+         0},
+        {"two holes that share a corner",
+         GPC_DIFF,
+         {{rectangle(0, 0, 10, 10)}, {}},
+         {{rectangle(2, 2, 5, 5), rectangle(5, 5, 8, 8)}, {}},
+         82,
+         2},
+    };
+    for (const auto& row : rows) {
+        const Polygon result = clip(row.op, row.a, row.b);
+        EXPECT_DOUBLE_EQ(result.area(), row.area) << row.name;
+        for (const Contour& contour : result.contours) {
+            for (size_t i = 0; i < contour.size(); ++i) {
+                for (size_t k = 0; k < i; ++k) {
+                    EXPECT_FALSE(contour[i].x == contour[k].x && contour[i].y == contour[k].y) << row.name;
+                }
+            }
+        }
+        EXPECT_EQ(std::count(result.holes.begin(), result.holes.end(), true), row.holes) << row.name;
+    }
+}
+
+TEST(Gpc, AThinRingKeepsItsHole) {
+    const double hair = 1e-15;
+    const Polygon outer{{rectangle(-1, -1, 1, 1)}, {}};
+    const Polygon inner{{rectangle(-1 + 4 * hair, -1 + 4 * hair, 1 - 4 * hair, 1 - 4 * hair)}, {}};
+    EXPECT_EQ(clip(GPC_DIFF, outer, inner).holes, (std::vector<bool>{false, true}));
+}
+
+TEST(Gpc, AllocatesWhatFreePolygonReleases) {
+    gpc_polygon polygon{1, static_cast<int*>(tarsel_malloc(sizeof(int))),
+                        static_cast<gpc_vertex_list*>(tarsel_malloc(sizeof(gpc_vertex_list)))};
+    polygon.contour[0] = {2, static_cast<gpc_vertex*>(tarsel_malloc(2 * sizeof(gpc_vertex)))};
+    gpc_free_polygon(&polygon);
+    EXPECT_EQ(polygon.num_contours, 0);
+    EXPECT_EQ(polygon.hole, nullptr);
+    EXPECT_EQ(polygon.contour, nullptr);
+    EXPECT_EQ(tarsel_malloc(SIZE_MAX / 2), nullptr);
+}
+
+} // namespace

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <vector>
+
+#include "gpc.h"
+
+/// A polygon of a test's own, in and out of the clipper's records.
+struct Polygon {
+    using Contour = std::vector<gpc_vertex>;
+
+    std::vector<Contour> contours;
+    std::vector<bool> holes; ///< of a result, one a contour
+
+    double area() const;      ///< of a result: holes count negative
+    double perimeter() const; ///< of all contours together
+    void append(const Polygon& other);
+};
+
+/// Calls the clipper and releases what it gave.
+Polygon clip(gpc_op op, const Polygon& subject, const Polygon& clip);
+
+/// The area of the box around polygons.
+double boxArea(const std::vector<Polygon>& polygons);
+
+/// What has no holes flags yet: the area under the even-odd rule, by uniting it with nothing.
+double evenOddArea(const Polygon& polygon);
