@@ -6,47 +6,12 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <vector>
 
+#include "FuzzInput.h"
 #include "gpc.h"
 
 namespace {
-
-class Input {
-public:
-    Input(const uint8_t* data, size_t size) : m_data(data), m_size(size) {}
-
-    bool atEnd() const { return m_size == 0; }
-
-    template <typename Value>
-    Value take() {
-        Value value{};
-        const size_t length = m_size < sizeof value ? m_size : sizeof value;
-        std::memcpy(&value, m_data, length);
-        m_data += length;
-        m_size -= length;
-        return value;
-    }
-
-private:
-    const uint8_t* m_data;
-    size_t m_size;
-};
-
-/// Raw bits reach every special value; small integers reach contours that touch and overlap.
-double takeCoordinate(Input& input, unsigned way) {
-    switch (way) {
-    case 0:
-        return input.take<double>();
-    case 1:
-        return input.take<float>();
-    case 2:
-        return input.take<int16_t>();
-    default:
-        return input.take<int8_t>() % 8;
-    }
-}
 
 struct Operand {
     std::vector<std::vector<gpc_vertex>> contours;
@@ -86,15 +51,15 @@ void checkResult(const gpc_polygon& result) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    Input input(data, size);
+    FuzzInput input(data, size);
     const auto op = static_cast<gpc_op>(input.take<uint8_t>() % 4);
     Operand operands[2];
     while (!input.atEnd()) {
         const auto head = input.take<uint8_t>();
         std::vector<gpc_vertex> contour(input.take<uint8_t>());
         for (gpc_vertex& vertex : contour) {
-            vertex.x = takeCoordinate(input, head >> 1 & 3U);
-            vertex.y = takeCoordinate(input, head >> 1 & 3U);
+            vertex.x = input.takeCoordinate(head >> 1 & 3U);
+            vertex.y = input.takeCoordinate(head >> 1 & 3U);
         }
         operands[head & 1U].contours.push_back(std::move(contour));
     }

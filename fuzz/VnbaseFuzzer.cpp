@@ -5,59 +5,24 @@
 
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <vector>
 
+#include "FuzzInput.h"
 #include "vnbase.h"
 
 namespace {
-
-class Input {
-public:
-    Input(const uint8_t* data, size_t size) : m_data(data), m_size(size) {}
-
-    bool atEnd() const { return m_size == 0; }
-
-    template <typename Value>
-    Value take() {
-        Value value{};
-        const size_t length = m_size < sizeof value ? m_size : sizeof value;
-        std::memcpy(&value, m_data, length);
-        m_data += length;
-        m_size -= length;
-        return value;
-    }
-
-private:
-    const uint8_t* m_data;
-    size_t m_size;
-};
-
-/// Raw bits reach every special value; small integers reach lines along edges and through corners.
-double takeCoordinate(Input& input, unsigned way) {
-    switch (way) {
-    case 0:
-        return input.take<double>();
-    case 1:
-        return input.take<float>();
-    case 2:
-        return input.take<int16_t>();
-    default:
-        return input.take<int8_t>() % 8;
-    }
-}
 
 struct Shape {
     int32_t mode;
     std::vector<HT_Double_Point> points;
 };
 
-Shape takeShape(Input& input) {
+Shape takeShape(FuzzInput& input) {
     const auto head = input.take<uint8_t>();
     Shape shape{head >> 2 & 7, std::vector<HT_Double_Point>(input.take<uint8_t>())};
     for (HT_Double_Point& point : shape.points) {
-        point.x = takeCoordinate(input, head & 3U);
-        point.y = takeCoordinate(input, head & 3U);
+        point.x = input.takeCoordinate(head & 3U);
+        point.y = input.takeCoordinate(head & 3U);
     }
     return shape;
 }
@@ -71,7 +36,7 @@ void require(bool condition) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    Input input(data, size);
+    FuzzInput input(data, size);
     const std::vector<HT_Double_Point> line = takeShape(input).points;
     std::vector<Shape> contours;
     while (!input.atEnd()) {
