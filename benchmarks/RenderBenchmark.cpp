@@ -43,10 +43,10 @@ struct Page {
     }
 
     struct Finish {
-        void operator()(HT_Renderer* renderer) const {
-            renderer->FinishRender();
-            renderer->DetachDriver();
-            HT_RendererFactory::DestroyRenderer(renderer);
+        void operator()(HT_Renderer* finished) const {
+            finished->FinishRender();
+            finished->DetachDriver();
+            HT_RendererFactory::DestroyRenderer(finished);
         }
     };
 

@@ -3,6 +3,7 @@
 // Input: shapes until it ends, the polyline first, then the contours. A shape is a byte with the way of reading
 // coordinates in its two lowest bits and the operation code above, a byte for the vertex count, and the vertices.
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <vector>
@@ -57,7 +58,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const int32_t* next = coordinates;
     for (int i = 0; i < pieceCount; ++i) {
         require(counts[i] >= 2 && counts[i] <= lineCount);
-        for (const int32_t* const end = next + 2 * counts[i]; next != end; ++next) {
+        for (const int32_t* const end = next + ptrdiff_t{2} * counts[i]; next != end; ++next) {
             sum += *next;
         }
     }

@@ -107,7 +107,7 @@ PageLayout PlotJob::layOut(const std::vector<Entity>& entities) const {
     WalkReport report;
     const Box2 extents = visibleExtents(m_drawing, entities, &report);
     warnOfMissingParts(report);
-    const PageLayout layout = layOutPage(extents, m_drawing.millimetresPerUnit, m_options.page);
+    PageLayout layout = layOutPage(extents, m_drawing.millimetresPerUnit, m_options.page);
     const auto& window = m_options.page.window;
     if (extents.isEmpty()) {
         warn(QStringLiteral("nothing to plot"));

@@ -5,9 +5,11 @@
 #include <cstdint>
 
 #include <QPainter>
+#include <QPainterPath>
 #include <QRect>
 
 #include "keldriver/ClipRgn.h"
+#include "region/RgnList.h"
 #include "render/DeviceGrid.h"
 
 namespace {
@@ -34,10 +36,6 @@ QRect clipRectangle(const HT_Double_Rectangle& box, double scale) {
     rect.setCoords(left, top, lastPixel(left, (box.maxX - box.minX) * scale),
                    lastPixel(top, (box.maxY - box.minY) * scale));
     return rect;
-}
-
-int vertexCount(const HT_ClipRgn& contour) {
-    return contour.points == nullptr ? 0 : contour.pointCount;
 }
 
 // Goes from the vertices straight into the path: no contour, however long, costs a buffer beside it.

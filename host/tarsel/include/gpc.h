@@ -6,6 +6,7 @@
 /// Every polygon is a set of closed contours under the even-odd rule: a point belongs to it when it lies inside
 /// an odd number of its contours. Contours may cross themselves and one another.
 
+// C callers include this header too: NOLINTBEGIN(modernize-deprecated-headers, modernize-use-using)
 #include <stddef.h>
 
 #if defined(__GNUC__)
@@ -64,5 +65,6 @@ TARSEL_API void* tarsel_malloc(size_t size);
 #ifdef __cplusplus
 }
 #endif
+// NOLINTEND(modernize-deprecated-headers, modernize-use-using)
 
 #endif
