@@ -10,3 +10,45 @@ KELDRIVER_API void* HT_Malloc(unsigned long size);
 
 /// Releases what `HT_Malloc` gave, exactly as `free` does; null is allowed.
 KELDRIVER_API void HT_Free(void* memory);
+
+/// Tells the drivers where their data lies. The host calls it once, before any driver asks.
+///
+/// @param path  copied; the empty text restores the default, `VornGetAppFullPath`; null changes nothing
+KELDRIVER_API void VornSetAppDataPath(const wchar_t* path);
+
+/// The folder of the drivers' data: the one that was set, else `VornGetAppFullPath`.
+///
+/// @return borrowed; valid until the next `VornSetAppDataPath`
+KELDRIVER_API const wchar_t* VornGetAppDataPath();
+
+/// The folder "Drivers" beside the running executable, that is beside the host and not beside this library.
+///
+/// @return borrowed, valid until the process ends; the empty text when the executable's path cannot be read or
+///         cannot be widened in the current locale, and then the next call tries again. At most 259 bytes of the
+///         path are kept.
+KELDRIVER_API const wchar_t* VornGetAppFullPath();
+
+/// `VornGetAppDataPath` ready for a file name to be appended: ends in a backslash, or in the slash it had.
+///
+/// @return borrowed; valid until the next call of this function
+KELDRIVER_API const wchar_t* VornGetAppDataPathWithBackslash();
+
+/// The section names of a settings file, as `GetPrivateProfileSectionNamesEx` writes them.
+///
+/// @param buffer  room for `size` wide characters; untouched, and may be null, when `size` is 0 or less
+/// @param size    in wide characters; 0 asks for the size that the whole list needs
+/// @param file    path of the settings file
+/// @return the wide characters used, terminators included; for a size of 0 that count plus 2; 0 for a negative size
+KELDRIVER_API int HT_ListCloseDriver(wchar_t* buffer, int size, const wchar_t* file);
+
+/// Whether smooth drawing is there for drivers to use: always 1.
+KELDRIVER_API int HT_IsSupportGDIPlus();
+
+/// The base for a driver's port monitor; destroyed through this class. It asks nothing of its derived classes.
+class KELDRIVER_API PortMonitor {
+public:
+    PortMonitor();
+    PortMonitor(const PortMonitor&) = default;
+    PortMonitor& operator=(const PortMonitor&) = default;
+    virtual ~PortMonitor();
+};

@@ -1,0 +1,97 @@
+// Paper files of a thousand papers, against one bare pass over the same settings file.
+//
+// Times a query (or a write) takes in the same run as its reference: "query" against "load", "write" against
+// "loadAndSave". All work on an INI paper file of 1,000 papers.
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+
+#include "keldriver/IniFile.h"
+#include "keldriver/Paper.h"
+
+namespace {
+
+std::vector<PaperSize> manyPapers() {
+    std::vector<PaperSize> papers(1000);
+    int32_t number = 257;
+    for (PaperSize& paper : papers) {
+        paper = {number, {}, 2100 + number, 2970 + number, 50, 60, 70, 80, 1};
+        swprintf(paper.Name, std::size(paper.Name), L"Roll %d x %d mm", paper.Width, paper.Length);
+        ++number;
+    }
+    return papers;
+}
+
+/// An INI paper file of a thousand papers, removed at the end.
+class PaperFile {
+public:
+    PaperFile() { HT_WritePaperFile(wide().c_str(), papers.data(), static_cast<int>(papers.size())); }
+    PaperFile(const PaperFile&) = delete;
+    PaperFile& operator=(const PaperFile&) = delete;
+    ~PaperFile() { std::remove(path.c_str()); }
+
+    std::wstring wide() const { return path.wstring(); }
+
+    const std::filesystem::path path = std::filesystem::temp_directory_path() / "keldriver-papers.ini";
+    const std::vector<PaperSize> papers = manyPapers();
+};
+
+void BM_load(benchmark::State& state) {
+    const PaperFile file;
+    for (auto _ : state) {
+        inifile::IniFile ini;
+        benchmark::DoNotOptimize(ini.Load(file.path.string()));
+    }
+}
+BENCHMARK(BM_load);
+
+void BM_query(benchmark::State& state) {
+    const PaperFile file;
+    std::vector<PaperSize> papers(file.papers.size());
+    for (auto _ : state) {
+        char* out = reinterpret_cast<char*>(papers.data());
+        benchmark::DoNotOptimize(HT_DefaultDeviceCapabilities(19, out, nullptr, file.wide().c_str()));
+    }
+    if (papers.back().Width != file.papers.back().Width) {
+        state.SkipWithError("not the papers that were written");
+    }
+}
+BENCHMARK(BM_query);
+
+void BM_loadAndSave(benchmark::State& state) {
+    const PaperFile file;
+    for (auto _ : state) {
+        inifile::IniFile ini;
+        ini.Load(file.path.string());
+        ini.SaveAs(file.path.string());
+    }
+}
+BENCHMARK(BM_loadAndSave);
+
+void BM_write(benchmark::State& state) {
+    const PaperFile file;
+    for (auto _ : state) {
+        HT_WritePaperFile(file.wide().c_str(), file.papers.data(), static_cast<int>(file.papers.size()));
+    }
+}
+BENCHMARK(BM_write);
+
+/// The same into a file that does not exist yet.
+void BM_writeNew(benchmark::State& state) {
+    const PaperFile file;
+    for (auto _ : state) {
+        state.PauseTiming();
+        std::remove(file.path.c_str());
+        state.ResumeTiming();
+        HT_WritePaperFile(file.wide().c_str(), file.papers.data(), static_cast<int>(file.papers.size()));
+    }
+}
+BENCHMARK(BM_writeNew);
+
+} // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "keldriver/Export.h"
+#include "keldriver/Win32Types.h"
+
+/// One paper of a device. Lists of papers are plain arrays of this record.
+struct PaperSize {
+    int32_t Paper;     ///< Win32 paper number (9 is A4); papers that users add count from 257; -1 asks for a new one
+    wchar_t Name[64];  ///< shown to people; terminated, except that a binary paper file may fill it whole
+    int32_t Width;     ///< tenths of a millimetre
+    int32_t Length;    ///< tenths of a millimetre
+    int32_t UpEdge;    ///< top margin
+    int32_t DownEdge;  ///< bottom margin
+    int32_t LeftEdge;  ///< left margin
+    int32_t RightEdge; ///< right margin
+    int32_t Units;     ///< the driver's own code, kept and handed back as it is
+};
+
+static_assert(sizeof(wchar_t) == 4 && sizeof(PaperSize) == 288, "drivers and paper files share this layout");
+static_assert(offsetof(PaperSize, Width) == 260 && offsetof(PaperSize, Units) == 284);
+
+/// Answers a Win32 device-capability query from a driver's paper file.
+///
+/// A path ending in "PER" (in any letter case) names a binary paper file, which caches the INI paper file beside it
+/// (same path with ".ini" in place of its last four characters). While the binary file does not exist the INI file
+/// answers, and a query of whole records (code 19 with a buffer) creates the binary file. Any other path names an INI
+/// paper file.
+///
+/// | Code    | Written for each paper                                     | Answer      |
+/// |---------|------------------------------------------------------------|-------------|
+/// | 2       | `Paper`, 16 bits                                           | paper count |
+/// | 3       | `Width`, `Length`, 32 bits each                            | paper count |
+/// | 9, 16   | `Name` in a slot of 64 wide characters                     | paper count |
+/// | 13      | once: three pairs of resolutions in dots per inch, 32 bits | 3           |
+/// | 19      | the whole `PaperSize`                                      | paper count |
+/// | 20      | once: largest width and length, 32 bits (INI file only)    | 0           |
+/// | 65      | `LeftEdge`, `UpEdge`, `RightEdge`, `DownEdge`, 32 bits     | paper count |
+///
+/// A binary file written by this library answers codes 19 and 13, and to the others with a buffer answers 0: they read
+/// a binary file of whole 288-byte `PaperSize` records, as some drivers supply it. Ask the INI file for those.
+///
+/// @param code    other codes answer 0 and write nothing
+/// @param output  receives the answer, with room for as many entries as a query with null answered; null asks for the
+///                count only. It needs no alignment.
+/// @param device  ignored
+/// @param path    of the paper file; not null, at least three characters (else `std::out_of_range`)
+/// @return the table's answer; 0 when the binary file cannot be opened or is damaged. Nothing tells a damaged file
+///         from an empty one.
+KELDRIVER_API int HT_DefaultDeviceCapabilities(unsigned short code, char* output, const _devicemodeW* device,
+                                               const wchar_t* path);
+
+/// Writes a list of papers as the paper file that `path` names by its ending: binary for "PER", else INI.
+///
+/// An INI file keeps its other sections and comments, and those of papers beyond the new count. A malformed INI file is
+/// left as it is, and still answers 1.
+///
+/// @param papers  `count` records; borrowed; names are taken up to 64 characters
+/// @return 1, or 0 when the binary file could not be written
+KELDRIVER_API int HT_WritePaperFile(const wchar_t* path, const PaperSize* papers, int count);
+
+/// Stores a paper in a driver's paper file: in place of the first one of the same number, else as a new last one.
+///
+/// What cannot be read as a paper file counts as an empty list and is replaced, by a binary file only. A file that
+/// states more papers than bytes, and more than 4096, is left as it is. A stated count below -1 throws
+/// `std::bad_array_new_length`.
+///
+/// @param device  ignored
+/// @param paper   with the number -1 it becomes a new last paper under the smallest free number from 257 upward
+/// @param path    of the paper file, INI or binary
+/// @return the number under which it is stored; -1 when the file was not written
+KELDRIVER_API int HT_DefaultCreatePaper(_devicemodeW* device, const PaperSize& paper, const wchar_t* path);
+
+/// Does exactly what `HT_DefaultCreatePaper` does: a paper that is not in the list is added.
+KELDRIVER_API int HT_DefaultModifyPaper(_devicemodeW* device, const PaperSize& paper, const wchar_t* path);
+
+/// Removes the first paper of number `paper` from a driver's paper file.
+///
+/// A file that states more papers than bytes, and more than 4096, is left as it is. A negative stated count throws
+/// `std::bad_array_new_length`.
+///
+/// @param device  ignored
+/// @param paper   only read
+/// @param path    of the paper file, INI or binary
+/// @return 1, also when no paper has that number; 0 when the file was not written
+KELDRIVER_API int HT_DefaultDeletePaper(_devicemodeW* device, int& paper, const wchar_t* path);

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "keldriver/Export.h"
+
+/// Reads and writes single settings of a file, in the manner of the Win32 calls of these names.
+///
+/// Every call reads the file anew. Names are wide text and are looked up as UTF-8, byte by byte; wide text that has
+/// no UTF-8 form makes the call throw `std::range_error`. Values lose all double quotes at both ends, and are
+/// widened under the process's locale; one that the locale cannot widen is not written, yet counted.
+///
+/// Results and positions count bytes, each value with a terminator. A value with characters of several bytes is
+/// shorter as wide text, and zeros fill the gap: the next one begins where the bytes would end.
+///
+/// Null for a section, a key, a value or a default is the empty text. Sizes are counts of `wchar_t`.
+
+/// The values of a key, one for each time it occurs in the section, each with a terminator; empty ones are left out.
+///
+/// @param out   zeroed first. With `size` 0 nothing is written and the values are only counted
+/// @param size  the first value that does not fit ends the list
+/// @return the number of `wchar_t` used; 8 when there is no value, when not even the first fits, or when the file
+///         cannot be read, and then the default is appended to `out`, **whatever its length**
+KELDRIVER_API int GetPrivateProfileStringEx(const wchar_t* section, const wchar_t* key, const wchar_t* defaultValue,
+                                            wchar_t* out, unsigned int size, const wchar_t* file);
+
+/// The decimal number that the first non-empty value of a key begins with; 0 when it begins with none.
+///
+/// @return the default when there is no value or the file cannot be read
+KELDRIVER_API int GetPrivateProfileIntEx(const wchar_t* section, const wchar_t* key, int defaultValue,
+                                         const wchar_t* file);
+
+/// The names of the sections, written to `out` as `GetPrivateProfileStringEx` writes values.
+///
+/// @return the number of `wchar_t` used; 0 when the file cannot be read
+KELDRIVER_API int GetPrivateProfileSectionNamesEx(wchar_t* out, unsigned int size, const wchar_t* file);
+
+/// Sets the value of a key, creating file, section and key where they are missing. The whole file is rewritten; a
+/// comment above the key is lost.
+///
+/// A file that cannot be read, or has a malformed line, stays as it is.
+///
+/// @return 1, always
+KELDRIVER_API int WritePrivateProfileStringEx(const wchar_t* section, const wchar_t* key, const wchar_t* value,
+                                              const wchar_t* file);

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdio>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "keldriver/Paper.h"
+
+/// A binary paper file opened for reading.
+class BinaryPaperFile {
+public:
+    /// Opens and checks the file; nothing when it cannot be read or its header is not that of a paper file.
+    static std::optional<BinaryPaperFile> open(const std::wstring& path);
+
+    /// The number of papers as the file states it: negative, or more than it holds, when the file is damaged.
+    int count() const { return m_count; }
+
+    /// Reads the next compact record; what the file lacks is zero.
+    PaperSize nextCompact();
+
+    /// All papers of a file of whole records; nothing when it holds less than it states, or states less than none.
+    std::optional<std::vector<PaperSize>> allWhole();
+
+private:
+    struct Close {
+        void operator()(std::FILE* file) const { std::fclose(file); } // only read from: nothing left to fail
+    };
+    using Stream = std::unique_ptr<std::FILE, Close>;
+
+    BinaryPaperFile(Stream stream, int count) : m_stream(std::move(stream)), m_count(count) {}
+
+    bool holdsWhole() const;
+
+    Stream m_stream;
+    int m_count;
+};
+
+/// Writes a binary paper file of compact records; whether all of it was written.
+///
+/// @param count  written as it is; no record is written when it is negative
+bool writeBinaryPaperFile(const std::wstring& path, const PaperSize* papers, int count);

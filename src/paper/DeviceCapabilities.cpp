@@ -1,0 +1,100 @@
+#include <cstring>
+#include <iterator>
+#include <vector>
+
+#include "keldriver/Paper.h"
+#include "paper/BinaryPaperFile.h"
+#include "paper/IniPaperFile.h"
+#include "paper/PaperAnswer.h"
+#include "paper/PaperPath.h"
+
+namespace {
+
+constexpr unsigned short resolutionsCode = 13;
+constexpr unsigned short largestPaperCode = 20;
+
+int answerResolutions(char* output) {
+    constexpr int32_t resolutions[][2] = {{150, 150}, {300, 300}, {600, 600}};
+    if (output != nullptr) {
+        std::memcpy(output, resolutions, sizeof resolutions);
+    }
+    return std::size(resolutions);
+}
+
+void answerLargestPaper(IniPaperFile& file, char* output) {
+    const int32_t largest[] = {file.largestWidth(), file.largestLength()};
+    std::memcpy(output, largest, sizeof largest);
+}
+
+int answerFromIni(unsigned short code, char* output, const std::wstring& path) {
+    const PaperAnswer* answer = paperAnswerFor(code);
+    if (answer == nullptr && code != largestPaperCode) {
+        return 0;
+    }
+    IniPaperFile file(path);
+    if (answer == nullptr) {
+        if (output != nullptr) {
+            answerLargestPaper(file, output);
+        }
+        return 0;
+    }
+    const int count = file.count();
+    if (output == nullptr) {
+        return count;
+    }
+    for (int i = 0; i < count; ++i) {
+        answer->write(file.paper(i), answer->entry(output, i));
+    }
+    return count;
+}
+
+// The list with a binary file still to be made: whole records, once read, become that file.
+int answerBesideBinary(unsigned short code, char* output, const std::wstring& path) {
+    const int count = answerFromIni(code, output, iniPathBeside(path));
+    if (code == wholePapersCode && output != nullptr) {
+        std::vector<PaperSize> papers(count > 0 ? static_cast<size_t>(count) : 0); // the buffer may be unaligned
+        if (!papers.empty()) {
+            std::memcpy(papers.data(), output, papers.size() * sizeof(PaperSize));
+        }
+        writeBinaryPaperFile(path, papers.data(), count);
+    }
+    return count;
+}
+
+int answerFromBinary(unsigned short code, char* output, const std::wstring& path) {
+    const PaperAnswer* answer = paperAnswerFor(code);
+    auto file = answer != nullptr ? BinaryPaperFile::open(path) : std::nullopt;
+    if (!file || output == nullptr) {
+        return file ? file->count() : 0;
+    }
+    if (code == wholePapersCode) { // drivers count on every entry being filled, however short the file
+        for (int i = 0; i < file->count(); ++i) {
+            answer->write(file->nextCompact(), answer->entry(output, i));
+        }
+        return file->count();
+    }
+    // All other lists are read from whole records only, as drivers supply them; the library's own file answers 0.
+    const auto papers = file->allWhole();
+    if (!papers) {
+        return 0;
+    }
+    for (int i = 0; i < file->count(); ++i) {
+        answer->write((*papers)[static_cast<size_t>(i)], answer->entry(output, i));
+    }
+    return file->count();
+}
+
+} // namespace
+
+int HT_DefaultDeviceCapabilities(unsigned short code, char* output, const _devicemodeW*, const wchar_t* path) {
+    const std::wstring file = path;
+    const bool isBinary = isBinaryPaperPath(file);
+    const bool isThere = isBinary && pathExists(file);
+    if (code == resolutionsCode) {
+        return answerResolutions(output);
+    }
+    if (!isBinary) {
+        return answerFromIni(code, output, file);
+    }
+    return isThere ? answerFromBinary(code, output, file) : answerBesideBinary(code, output, file);
+}

@@ -1,0 +1,82 @@
+#include <algorithm>
+#include <vector>
+
+#include "keldriver/Paper.h"
+#include "paper/BinaryPaperFile.h"
+#include "paper/IniPaperFile.h"
+#include "paper/PaperList.h"
+#include "paper/PaperPath.h"
+
+namespace {
+
+constexpr int32_t newPaper = -1;
+constexpr int32_t firstOwnNumber = 257;
+
+// Of as many numbers and one more, one must be free.
+int32_t lowestFreeNumber(const std::vector<PaperSize>& papers) {
+    std::vector<bool> isTaken(papers.size() + 1);
+    for (const PaperSize& paper : papers) {
+        const int64_t place = int64_t{paper.Paper} - firstOwnNumber;
+        if (place >= 0 && place < static_cast<int64_t>(isTaken.size())) {
+            isTaken[static_cast<size_t>(place)] = true;
+        }
+    }
+    const auto place = std::find(isTaken.begin(), isTaken.end(), false) - isTaken.begin();
+    return firstOwnNumber + static_cast<int32_t>(place);
+}
+
+auto findPaper(std::vector<PaperSize>& papers, int32_t number) {
+    return std::find_if(papers.begin(), papers.end(), [number](const PaperSize& each) { return each.Paper == number; });
+}
+
+bool writePapers(const wchar_t* path, const std::vector<PaperSize>& papers) {
+    return HT_WritePaperFile(path, papers.data(), static_cast<int>(papers.size())) == 1;
+}
+
+} // namespace
+
+int HT_WritePaperFile(const wchar_t* path, const PaperSize* papers, int count) {
+    if (isBinaryPaperPath(path)) {
+        return writeBinaryPaperFile(path, papers, count) ? 1 : 0;
+    }
+    writeIniPaperFile(path, papers, count);
+    return 1;
+}
+
+int HT_DefaultCreatePaper(_devicemodeW*, const PaperSize& paper, const wchar_t* path) {
+    auto list = readPaperList(path, 1);
+    if (!list) {
+        return -1;
+    }
+    std::vector<PaperSize>& papers = list->papers;
+    PaperSize stored = paper;
+    auto place = papers.end();
+    if (paper.Paper == newPaper) {
+        stored.Paper = lowestFreeNumber(papers);
+    } else {
+        place = findPaper(papers, paper.Paper);
+    }
+    if (place != papers.end()) {
+        *place = stored;
+    } else if (list->count >= 0) { // a list of one less than none has no place for it, and becomes an empty one
+        papers.push_back(stored);
+    }
+    return writePapers(path, papers) ? stored.Paper : -1;
+}
+
+int HT_DefaultModifyPaper(_devicemodeW* device, const PaperSize& paper, const wchar_t* path) {
+    return HT_DefaultCreatePaper(device, paper, path);
+}
+
+int HT_DefaultDeletePaper(_devicemodeW*, int& paper, const wchar_t* path) {
+    auto list = readPaperList(path, 0);
+    if (!list) {
+        return 0;
+    }
+    const auto place = findPaper(list->papers, paper);
+    if (place == list->papers.end()) {
+        return 1;
+    }
+    list->papers.erase(place);
+    return writePapers(path, list->papers) ? 1 : 0;
+}

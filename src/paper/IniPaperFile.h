@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "keldriver/Paper.h"
+#include "settings/ProfileSession.h"
+
+/// An INI paper file, read once.
+class IniPaperFile {
+public:
+    /// A file that cannot be read, or is malformed, has no papers. Throws `std::range_error` when the path has no
+    /// UTF-8 form.
+    explicit IniPaperFile(const std::wstring& path);
+
+    /// The number of papers as the file states it; may be negative.
+    int count();
+    /// The paper of an index; what its section lacks, and a section that is missing, has defaults.
+    PaperSize paper(int index);
+    /// The size of the largest paper that the device takes.
+    int32_t largestWidth();
+    int32_t largestLength();
+
+private:
+    ProfileSession m_session;
+};
+
+/// Writes a list of papers into an INI paper file, keeping what else it holds.
+void writeIniPaperFile(const std::wstring& path, const PaperSize* papers, int count);

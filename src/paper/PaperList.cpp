@@ -1,0 +1,73 @@
+#include "paper/PaperList.h"
+
+#include <algorithm>
+#include <new>
+#include <sys/stat.h>
+
+#include "paper/BinaryPaperFile.h"
+#include "paper/IniPaperFile.h"
+#include "paper/PaperPath.h"
+#include "port/Utf8.h"
+
+namespace {
+
+void requireRoom(int count, int spare) {
+    if (count < -spare) {
+        throw std::bad_array_new_length();
+    }
+}
+
+// A paper that the file lacks reads as defaults, or as zeros, so that a file may state some more papers than it
+// describes. Beyond this no device goes, and memory is not taken for it.
+bool mayState(const std::wstring& path, int count) {
+    constexpr int64_t alwaysAllowed = 4096;
+    struct stat status {};
+    const bool isThere = stat(toUtf8(path).c_str(), &status) == 0;
+    return count <= std::max<int64_t>(alwaysAllowed, isThere ? status.st_size : 0);
+}
+
+std::optional<PaperList> readIniList(const std::wstring& path, int spare) {
+    IniPaperFile file(path);
+    const int count = file.count();
+    requireRoom(count, spare);
+    if (!mayState(path, count)) {
+        return std::nullopt;
+    }
+    PaperList list{count, {}};
+    list.papers.reserve(static_cast<size_t>(int64_t{count} + spare));
+    for (int i = 0; i < count; ++i) {
+        list.papers.push_back(file.paper(i));
+    }
+    return list;
+}
+
+std::optional<PaperList> readBinaryList(const std::wstring& path, int spare) {
+    auto file = BinaryPaperFile::open(path);
+    if (!file) {
+        return PaperList{0, {}};
+    }
+    const int count = file->count();
+    requireRoom(count, spare);
+    if (!mayState(path, count)) {
+        return std::nullopt;
+    }
+    PaperList list{count, std::vector<PaperSize>(static_cast<size_t>(std::max(count, 0)))};
+    std::generate(list.papers.begin(), list.papers.end(), [&] { return file->nextCompact(); });
+    return list;
+}
+
+} // namespace
+
+std::optional<PaperList> readPaperList(const std::wstring& path, int spare) {
+    if (!isBinaryPaperPath(path)) {
+        return readIniList(path, spare);
+    }
+    if (pathExists(path)) {
+        return readBinaryList(path, spare);
+    }
+    auto list = readIniList(iniPathBeside(path), spare);
+    if (list) {
+        writeBinaryPaperFile(path, list->papers.data(), list->count);
+    }
+    return list;
+}

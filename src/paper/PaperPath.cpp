@@ -1,0 +1,29 @@
+#include "paper/PaperPath.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <string_view>
+#include <unistd.h>
+
+#include "port/Utf8.h"
+
+bool isBinaryPaperPath(const std::wstring& path) {
+    constexpr std::wstring_view ending = L"PER";
+    if (path.size() < ending.size()) {
+        throw std::out_of_range("paper file path of less than three characters");
+    }
+    return std::equal(ending.rbegin(), ending.rend(), path.rbegin(),
+                      [](wchar_t capital, wchar_t character) { // independent of the locale
+                          return character == capital || character == capital - L'A' + L'a';
+                      });
+}
+
+std::wstring iniPathBeside(const std::wstring& binaryPath) {
+    constexpr size_t ending = 4;
+    const size_t kept = binaryPath.size() < ending ? binaryPath.size() : binaryPath.size() - ending;
+    return binaryPath.substr(0, kept) + L".ini";
+}
+
+bool pathExists(const std::wstring& path) {
+    return access(toUtf8(path).c_str(), F_OK) == 0;
+}

@@ -1,0 +1,40 @@
+#include "port/CString.h"
+
+#include <utility>
+
+#include "port/Utf8.h"
+
+namespace {
+
+/// A plain string conversion names a wide text. Only the literal pair is looked for, even in "%%s", where the result
+/// prints "%ls": drivers know it so.
+void widenPlainStrings(std::string& format) {
+    constexpr std::string_view plain = "%s";
+    constexpr std::string_view wide = "%ls";
+    for (size_t at = format.find(plain); at != std::string::npos; at = format.find(plain, at + wide.size())) {
+        format.replace(at, plain.size(), wide);
+    }
+}
+
+} // namespace
+
+CString::CString(const wchar_t* text) : m_wide(text), m_narrow(toUtf8(m_wide)) {
+}
+
+void CString::Format(CString format, ...) { // NOLINT(performance-unnecessary-value-param)
+    va_list arguments;
+    va_start(arguments, format);
+    FormatV(std::move(format), arguments);
+    va_end(arguments);
+}
+
+void CString::FormatV(CString format, va_list arguments) {
+    widenPlainStrings(format.m_narrow);
+    std::wstring wide = VnEmu_vswprintfV(fromUtf8(format.m_narrow).c_str(), arguments);
+    m_narrow = toUtf8(wide);
+    m_wide = std::move(wide);
+}
+
+std::string CString::wideToString(const wchar_t* text) const { // NOLINT(readability-convert-member-functions-to-static)
+    return toUtf8(text);
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+enum class FloatNotation : uint8_t { General, Fixed, Scientific };
+
+struct FloatStyle {
+    FloatNotation notation = FloatNotation::General;
+    int precision = 6;      ///< digits after the point; significant digits in general notation
+    bool upperCase = false; ///< of no effect in fixed notation
+    bool showSign = false;
+    bool showPoint = false; ///< the point stays without digits after it, and general notation keeps trailing zeros
+};
+
+/// The number as the classic locale writes it, to the last digit of its exact value when that many are asked for.
+std::string floatText(double value, const FloatStyle& style);

@@ -1,0 +1,100 @@
+#include "port/FormatSpec.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+/// False, with nothing taken, when the character is no flag.
+bool takeFlag(const wchar_t*& position, FormatSpec& spec, FormatArguments& arguments) {
+    switch (*position) {
+    case L'-':
+        spec.leftJustified = true;
+        break;
+    case L'+':
+        spec.showSign = true;
+        break;
+    case L'0':
+        spec.zeroFill = true;
+        break;
+    case L' ':
+        break;
+    case L'#':
+        spec.alternateForm = true;
+        break;
+    case L'*':
+        spec.width = arguments.take<int>();
+        break;
+    default:
+        return false;
+    }
+    ++position;
+    return true;
+}
+
+/// 0 without digits; what no int can hold is the greatest int.
+int takeDigits(const wchar_t*& position) {
+    int64_t value = 0;
+    for (; *position >= L'0' && *position <= L'9'; ++position) {
+        value = std::min<int64_t>(value * 10 + (*position - L'0'), std::numeric_limits<int>::max());
+    }
+    return static_cast<int>(value);
+}
+
+int takePrecision(const wchar_t*& position, FormatArguments& arguments) {
+    constexpr int none = -1;
+    if (*position != L'.') {
+        return none;
+    }
+    ++position;
+    if (*position != L'*') {
+        return takeDigits(position);
+    }
+    ++position;
+    return std::max(arguments.take<int>(), none);
+}
+
+LengthPrefix takePrefix(const wchar_t*& position) {
+    if (position[0] == L'I' && position[1] == L'6' && position[2] == L'4') {
+        position += 3;
+        return LengthPrefix::Integer64;
+    }
+    if (position[0] == L'l' && position[1] == L'l') {
+        position += 2;
+        return LengthPrefix::Integer64;
+    }
+    switch (*position) {
+    case L'h':
+        ++position;
+        return LengthPrefix::Narrow;
+    case L'l':
+    case L'L':
+    case L'w':
+        ++position;
+        return LengthPrefix::Wide;
+    case L'F':
+    case L'N':
+        ++position;
+        return LengthPrefix::None;
+    default:
+        return LengthPrefix::None;
+    }
+}
+
+} // namespace
+
+FormatSpec takeFormatSpec(const wchar_t*& position, FormatArguments& arguments) {
+    FormatSpec spec;
+    while (takeFlag(position, spec, arguments)) {
+    }
+    if (spec.width == 0) {
+        spec.width = takeDigits(position);
+    }
+    spec.precision = takePrecision(position, arguments);
+    spec.prefix = takePrefix(position);
+    spec.letter = *position;
+    if (spec.letter != L'\0') {
+        ++position;
+    }
+    return spec;
+}

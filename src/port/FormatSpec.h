@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdarg>
+#include <cstdint>
+
+/// A variable argument list of this object's own: reading it leaves the caller's list where it was.
+class FormatArguments {
+public:
+    explicit FormatArguments(va_list arguments) { va_copy(m_list, arguments); }
+    ~FormatArguments() { va_end(m_list); }
+    FormatArguments(const FormatArguments&) = delete;
+    FormatArguments& operator=(const FormatArguments&) = delete;
+
+    template <typename Value>
+    Value take() {
+        return va_arg(m_list, Value); // NOLINT(clang-analyzer-valist.Uninitialized): the constructor copies it
+    }
+
+private:
+    va_list m_list;
+};
+
+enum class LengthPrefix : uint8_t { None, Narrow, Wide, Integer64 };
+
+/// One conversion specification of a Windows format text, its star arguments already taken.
+struct FormatSpec {
+    bool leftJustified = false;
+    bool showSign = false;
+    bool zeroFill = false;
+    bool alternateForm = false;
+    int width = 0;      ///< 0: none given; a negative one, from a star, is given and pads nothing
+    int precision = -1; ///< -1: none given
+    LengthPrefix prefix = LengthPrefix::None;
+    wchar_t letter = L'\0'; ///< the terminator when the format ends inside the specification
+};
+
+/// Reads the specification after a % and moves `position` behind its letter, or to the terminator of the format.
+FormatSpec takeFormatSpec(const wchar_t*& position, FormatArguments& arguments);

@@ -1,0 +1,6 @@
+#pragma once
+
+/// The capital of a Latin letter, in every locale; any other character as it is.
+constexpr char upperCase(char character) {
+    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A') : character;
+}

@@ -1,0 +1,167 @@
+#include <algorithm>
+#include <string_view>
+
+#include "port/CString.h"
+#include "port/FloatText.h"
+#include "port/FormatSpec.h"
+#include "port/IntegerText.h"
+#include "port/PaddedText.h"
+
+namespace {
+
+/// Writes one conversion after another. Fill and float notation carry over from each to the next, as the state of a
+/// stream does: format texts in use depend on it.
+class WideFormatter {
+public:
+    WideFormatter(size_t expectedLength, va_list arguments) : m_arguments(arguments) { m_text.reserve(expectedLength); }
+
+    void putLiteral(std::wstring_view characters) { m_text.putEach(characters); }
+    /// Reads the specification after a %, moves `position` behind it and writes its argument.
+    void convert(const wchar_t*& position);
+    std::wstring take() { return m_text.take(); }
+
+private:
+    void putConversion(const FormatSpec& spec);
+    void putCharacter(const FormatSpec& spec);
+    void putString(const FormatSpec& spec, LengthPrefix plain);
+    void putInteger(const FormatSpec& spec, IntegerBase base);
+    void putFloat(const FormatSpec& spec, bool upperCase);
+    /// A width brings its own fill; without one the fill stays.
+    void setFillBesideWidth(const FormatSpec& spec);
+
+    PaddedText m_text;
+    FormatArguments m_arguments;
+    FloatNotation m_notation = FloatNotation::General;
+};
+
+void WideFormatter::convert(const wchar_t*& position) {
+    const FormatSpec spec = takeFormatSpec(position, m_arguments);
+    if (spec.width != 0) {
+        m_text.setWidth(spec.width);
+    }
+    m_text.setLeftJustified(spec.leftJustified);
+    putConversion(spec);
+}
+
+void WideFormatter::putConversion(const FormatSpec& spec) {
+    switch (spec.letter) {
+    case L'c':
+    case L'C':
+        return putCharacter(spec);
+    case L's':
+        return putString(spec, LengthPrefix::Wide);
+    case L'S':
+        return putString(spec, LengthPrefix::Narrow);
+    case L'd':
+    case L'i':
+    case L'u':
+        return putInteger(spec, IntegerBase::Decimal);
+    case L'o':
+        return putInteger(spec, IntegerBase::Octal);
+    case L'x':
+        return putInteger(spec, IntegerBase::LowerHex);
+    case L'X':
+        return putInteger(spec, IntegerBase::UpperHex);
+    case L'e':
+    case L'E':
+        m_notation = FloatNotation::Scientific;
+        return putFloat(spec, spec.letter == L'E');
+    case L'f':
+        m_notation = FloatNotation::Fixed;
+        return putFloat(spec, false);
+    case L'g':
+    case L'G': // in the notation of the conversion before
+        return putFloat(spec, spec.letter == L'G');
+    case L'p':
+        return m_text.put(
+            unsignedText(reinterpret_cast<uintptr_t>(m_arguments.take<void*>()), IntegerBase::LowerHex, true));
+    case L'n': // shows the number and stores nothing through the pointer
+        return m_text.put(signedText(*m_arguments.take<const int*>(), spec.showSign));
+    default: // prints nothing and takes no argument; the width waits for what comes next
+        return;
+    }
+}
+
+void WideFormatter::putCharacter(const FormatSpec& spec) {
+    if (spec.prefix == LengthPrefix::Integer64) {
+        return;
+    }
+    const int value = m_arguments.take<int>();
+    if (spec.prefix == LengthPrefix::Narrow) { // a number: callers show the codes of bytes with it
+        m_text.put(signedText(value, spec.showSign));
+    } else {
+        m_text.put(static_cast<wchar_t>(value));
+    }
+}
+
+void WideFormatter::putString(const FormatSpec& spec, LengthPrefix plain) {
+    constexpr std::wstring_view nullText = L"(null)";
+    const LengthPrefix form = spec.prefix == LengthPrefix::None ? plain : spec.prefix;
+    if (form == LengthPrefix::Wide) {
+        const auto* text = m_arguments.take<const wchar_t*>();
+        m_text.put(text != nullptr ? std::wstring_view(text) : nullText);
+    } else if (form == LengthPrefix::Narrow) {
+        const auto* text = m_arguments.take<const char*>();
+        m_text.put(std::string_view(text != nullptr ? text : "(null)"));
+    }
+}
+
+void WideFormatter::putInteger(const FormatSpec& spec, IntegerBase base) {
+    if (spec.width == 0 && spec.precision >= 0) { // the least count of digits; ignored beside a width
+        m_text.setWidth(spec.precision);
+        m_text.setFill(L'0');
+    } else {
+        setFillBesideWidth(spec);
+    }
+    if (spec.prefix == LengthPrefix::Integer64) { // never signed, not even in decimal
+        m_text.put(unsignedText(m_arguments.take<uint64_t>(), base, spec.alternateForm));
+        return;
+    }
+    const int value = m_arguments.take<int>(); // always signed in decimal, for %u too
+    m_text.put(base == IntegerBase::Decimal ? signedText(value, spec.showSign)
+                                            : unsignedText(static_cast<uint32_t>(value), base, spec.alternateForm));
+}
+
+void WideFormatter::putFloat(const FormatSpec& spec, bool upperCase) {
+    setFillBesideWidth(spec);
+    FloatStyle style;
+    style.notation = m_notation;
+    if (spec.precision >= 0) {
+        style.precision = spec.precision;
+    }
+    style.upperCase = upperCase;
+    style.showSign = spec.showSign;
+    style.showPoint = spec.alternateForm;
+    m_text.put(floatText(m_arguments.take<double>(), style));
+}
+
+void WideFormatter::setFillBesideWidth(const FormatSpec& spec) {
+    if (spec.width != 0) {
+        m_text.setFill(spec.zeroFill ? L'0' : L' ');
+    }
+}
+
+} // namespace
+
+std::wstring VnEmu_vswprintfV(const wchar_t* format, va_list arguments) {
+    const std::wstring_view whole = format;
+    constexpr size_t roomForArguments = 32;
+    WideFormatter formatter(whole.size() + roomForArguments, arguments);
+    const wchar_t* position = format;
+    const wchar_t* const end = format + whole.size();
+    while (position != end) {
+        const wchar_t* const percent = std::find(position, end, L'%');
+        formatter.putLiteral(std::wstring_view(position, static_cast<size_t>(percent - position)));
+        if (percent == end) {
+            break;
+        }
+        position = percent + 1;
+        if (*position == L'%') {
+            formatter.putLiteral(L"%");
+            ++position;
+        } else {
+            formatter.convert(position);
+        }
+    }
+    return formatter.take();
+}

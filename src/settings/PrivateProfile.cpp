@@ -1,0 +1,43 @@
+#include "keldriver/PrivateProfile.h"
+
+#include <string>
+
+#include "port/Utf8.h"
+#include "settings/ProfileSession.h"
+
+namespace {
+
+std::string narrow(const wchar_t* text) {
+    return text != nullptr ? toUtf8(text) : std::string();
+}
+
+/// Names matter, and need to have a UTF-8 form, only where there is a file to look them up in.
+std::string nameIn(ProfileSession& session, const wchar_t* name) {
+    return session.isReadable() ? narrow(name) : std::string();
+}
+
+} // namespace
+
+int GetPrivateProfileStringEx(const wchar_t* section, const wchar_t* key, const wchar_t* defaultValue, wchar_t* out,
+                              unsigned int size, const wchar_t* file) {
+    ProfileSession session(narrow(file));
+    return session.getString(nameIn(session, section), nameIn(session, key), defaultValue, out, size);
+}
+
+int GetPrivateProfileIntEx(const wchar_t* section, const wchar_t* key, int defaultValue, const wchar_t* file) {
+    ProfileSession session(narrow(file));
+    return session.getInt(nameIn(session, section), nameIn(session, key), defaultValue);
+}
+
+int GetPrivateProfileSectionNamesEx(wchar_t* out, unsigned int size, const wchar_t* file) {
+    return ProfileSession(narrow(file)).getSectionNames(out, size);
+}
+
+int WritePrivateProfileStringEx(const wchar_t* section, const wchar_t* key, const wchar_t* value, const wchar_t* file) {
+    ProfileSession session(narrow(file));
+    if (session.isWritable()) {
+        session.writeString(narrow(section), narrow(key), narrow(value));
+        session.flush();
+    }
+    return 1;
+}

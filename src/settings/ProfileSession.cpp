@@ -1,0 +1,227 @@
+#include "settings/ProfileSession.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cwchar>
+#include <utility>
+
+#include <sys/stat.h>
+
+#include "settings/IniText.h"
+#include "settings/TextFile.h"
+
+namespace {
+
+constexpr std::string_view delimiter = "#"; // profile files know no other
+
+std::string_view withoutQuotes(std::string_view text) {
+    const size_t first = std::min(text.find_first_not_of('"'), text.size());
+    text.remove_prefix(first);
+    return text.substr(0, text.find_last_not_of('"') + 1);
+}
+
+/// Fills a caller's buffer with texts, each with a terminator; positions count bytes.
+class TextList {
+public:
+    TextList(wchar_t* out, unsigned int size) : m_out(out), m_size(size) { std::fill_n(out, size, L'\0'); }
+
+    /// Takes a text; false when it does not fit, and then the list is at its end.
+    bool add(std::string_view quoted) {
+        const std::string text(withoutQuotes(quoted));
+        if (text.empty()) {
+            return true;
+        }
+        const size_t length = text.size() + 1;
+        if (m_size != 0 && m_count + length > m_size) {
+            return false;
+        }
+        if (m_size != 0) {
+            widen(text, m_out + m_count);
+        }
+        m_count += length;
+        return true;
+    }
+
+    int count() const { return static_cast<int>(m_count); }
+
+private:
+    /// Leaves the place of a text that the locale does not know empty.
+    static void widen(const std::string& text, wchar_t* place) {
+        std::wstring wide(text.size() + 1, L'\0');
+        if (std::mbstowcs(wide.data(), text.c_str(), wide.size()) != static_cast<size_t>(-1)) {
+            std::wcscpy(place, wide.c_str());
+        }
+    }
+
+    wchar_t* m_out;
+    size_t m_size;
+    size_t m_count = 0;
+};
+
+/// Calls `visit` with the value of each item of that key, until it answers false.
+template <typename Visit>
+void visitValues(const inifile::IniSection* section, std::string_view key, Visit visit) {
+    if (section == nullptr) {
+        return;
+    }
+    for (const inifile::IniItem& item : section->items) {
+        if (item.key == key && !visit(item.value)) {
+            return;
+        }
+    }
+}
+
+/// Whether the header of a new section would be read as the same section.
+bool headerReadsBack(const std::string& name) {
+    return name.find_first_of("#]\n") == std::string::npos && trimmed(name).size() == name.size() && !name.empty();
+}
+
+/// Turns an item into what reading its saved line gives; false when the line would not be read as an item.
+bool readBack(inifile::IniItem& item) {
+    std::string line = item.key + '=' + item.value;
+    if (!item.rightComment.empty()) {
+        line += " #" + item.rightComment;
+    }
+    const SplitText note = splitText(line, delimiter);
+    const SplitText pair = splitText(note.left, "=");
+    if (line.find('\n') != std::string::npos || note.left.empty() || note.left.front() == '[' || !pair.isFound) {
+        return false;
+    }
+    item.key = pair.left;
+    item.value = pair.right;
+    item.rightComment = note.right;
+    return true;
+}
+
+} // namespace
+
+ProfileSession::ProfileSession(const std::string& filePath) : path(filePath) {
+    read();
+}
+
+ProfileSession::~ProfileSession() {
+    try {
+        flush();
+    } catch (...) { // no memory for the text: an unwritten file is all that a caller could be told
+        isUnsaved = false;
+    }
+}
+
+void ProfileSession::read() {
+    const int code = file.Load(path);
+    state = code == 0 ? State::WellFormed : code == 6 ? State::Unreadable : State::Malformed;
+    examine();
+}
+
+/// A header with a note is all that reading admits and does not read back the same once it is saved.
+void ProfileSession::examine() {
+    readsBackEqual = std::all_of(file.sections.begin(), file.sections.end(),
+                                 [](const auto& section) { return section->rightComment.empty(); });
+    unsettledSection = nullptr;
+}
+
+/// Brings the model to what the next profile call would read, after something was set.
+void ProfileSession::settle() {
+    if (unsettledSection == nullptr) {
+        return;
+    }
+    if (readsBackEqual && readBack(unsettledSection->items[unsettledItem])) {
+        unsettledSection = nullptr;
+        return;
+    }
+    std::string text = file.savedText();
+    if (file.loadText(text) != 0) {
+        state = State::Malformed;
+        malformedText = std::move(text);
+    }
+    examine();
+}
+
+void ProfileSession::createIfMissing() {
+    if (state != State::Unreadable) {
+        return;
+    }
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0) {
+        writeTextFile(path, {});
+    }
+    read();
+}
+
+bool ProfileSession::isReadable() {
+    if (unsettledSection != nullptr) { // the file gets what was set, not what that reads back as
+        flush();
+    }
+    settle();
+    return state == State::WellFormed;
+}
+
+bool ProfileSession::isWritable() {
+    createIfMissing();
+    return isReadable();
+}
+
+int ProfileSession::getString(std::string_view section, std::string_view key, const wchar_t* defaultValue, wchar_t* out,
+                              unsigned int size) {
+    TextList list(out, size);
+    if (isReadable()) {
+        visitValues(file.findSection(section), key, [&](const std::string& value) { return list.add(value); });
+    }
+    if (list.count() != 0) {
+        return list.count();
+    }
+    if (defaultValue != nullptr) {
+        std::wcscat(out, defaultValue); // of any length: callers size their buffers by their own defaults
+    }
+    constexpr int defaultUsed = 8;
+    return defaultUsed;
+}
+
+int ProfileSession::getInt(std::string_view section, std::string_view key, int defaultValue) {
+    int number = defaultValue;
+    if (isReadable()) {
+        visitValues(file.findSection(section), key, [&](const std::string& value) {
+            const std::string text(withoutQuotes(value));
+            if (!text.empty()) {
+                number = static_cast<int>(std::strtol(text.c_str(), nullptr, 10));
+            }
+            return text.empty();
+        });
+    }
+    return number;
+}
+
+int ProfileSession::getSectionNames(wchar_t* out, unsigned int size) {
+    TextList list(out, size);
+    if (isReadable()) {
+        for (const auto& section : file.sections) {
+            if (!list.add(section->name)) {
+                break;
+            }
+        }
+    }
+    return list.count();
+}
+
+void ProfileSession::writeString(const std::string& section, const std::string& key, const std::string& value) {
+    createIfMissing();
+    settle();
+    if (state != State::WellFormed) {
+        return;
+    }
+    readsBackEqual = readsBackEqual && (file.HasSection(section) || headerReadsBack(section));
+    file.SetStringValue(section, key, value);
+    unsettledSection = file.findSection(section);
+    const auto& items = unsettledSection->items;
+    const auto item = std::find_if(items.begin(), items.end(), [&](const auto& each) { return each.key == key; });
+    unsettledItem = static_cast<size_t>(item - items.begin());
+    isUnsaved = true;
+}
+
+void ProfileSession::flush() {
+    if (!isUnsaved) {
+        return;
+    }
+    isUnsaved = false;
+    writeTextFile(path, state == State::Malformed ? malformedText : file.savedText());
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "keldriver/IniFile.h"
+
+/// Several profile calls on one file, with a single read of it and one write a run of settings.
+///
+/// Every call answers, and the file ends up, byte for byte, as if each had been a profile call of its own that
+/// reads the file and writes it back. Mind that a file does not always read back as what was written: the note of
+/// a header swallows the next line, a value may hold a delimiter or a line break, and a line that is malformed
+/// makes the file refuse all later writes. The session follows all of that in memory.
+///
+/// Names and values are UTF-8. What others write to the file while the session lasts is not seen.
+class ProfileSession {
+public:
+    /// Reads the file; when it cannot be read, every key counts as missing.
+    explicit ProfileSession(const std::string& path);
+    ProfileSession(const ProfileSession&) = delete;
+    ProfileSession& operator=(const ProfileSession&) = delete;
+    /// Calls `flush`, so that what was set before an exception is in the file.
+    ~ProfileSession();
+
+    /// Whether the file could be read and has no malformed line. This and the getters write what was set before.
+    bool isReadable();
+    /// Creates the file, empty, when it does not exist. Tells whether `writeString` would be heeded.
+    bool isWritable();
+
+    /// As `GetPrivateProfileStringEx`.
+    int getString(std::string_view section, std::string_view key, const wchar_t* defaultValue, wchar_t* out,
+                  unsigned int size);
+    /// As `GetPrivateProfileIntEx`.
+    int getInt(std::string_view section, std::string_view key, int defaultValue);
+    /// As `GetPrivateProfileSectionNamesEx`.
+    int getSectionNames(wchar_t* out, unsigned int size);
+    /// As `WritePrivateProfileStringEx`, except that the file is not written before `flush`.
+    void writeString(const std::string& section, const std::string& key, const std::string& value);
+    /// Writes the file when something was set since it was read or last written. A failure is not reported.
+    void flush();
+
+private:
+    enum class State { Unreadable, Malformed, WellFormed };
+
+    void read();
+    void createIfMissing();
+    void settle();
+    void examine();
+
+    std::string path;
+    inifile::IniFile file;
+    State state = State::Unreadable;
+    /// Whether saving and reading the model would give it again, but for the item that is not settled.
+    bool readsBackEqual = false;
+    /// The section and place of the item set last, which has not been read back yet.
+    inifile::IniSection* unsettledSection = nullptr;
+    size_t unsettledItem = 0;
+    bool isUnsaved = false;
+    /// What the file holds, or is to hold, when it was set so that it cannot be read back.
+    std::string malformedText;
+};

@@ -1,0 +1,51 @@
+#include "settings/TextFile.h"
+
+#include <cstdio>
+#include <memory>
+
+#include <sys/stat.h>
+
+namespace {
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); } // a failed last write stays unreported
+};
+
+using FilePtr = std::unique_ptr<std::FILE, CloseFile>;
+
+/// How much to ask for at first; only a hint, because devices and pipes have no size.
+size_t expectedSize(std::FILE* file) {
+    struct stat status {};
+    const bool isRegular = fstat(fileno(file), &status) == 0 && S_ISREG(status.st_mode);
+    return isRegular ? static_cast<size_t>(status.st_size) : 0;
+}
+
+} // namespace
+
+std::optional<std::string> readTextFile(const std::string& path) {
+    const FilePtr file(std::fopen(path.c_str(), "rb"));
+    if (!file) {
+        return std::nullopt;
+    }
+    std::setvbuf(file.get(), nullptr, _IONBF, 0); // the text is the buffer
+    constexpr size_t step = 4096;
+    std::string text(expectedSize(file.get()) + step, '\0'); // the end of the file shows in the first read
+    size_t length = 0;
+    while (const size_t count = std::fread(&text[length], 1, text.size() - length, file.get())) {
+        length += count;
+        if (length < text.size()) {
+            break;
+        }
+        text.resize(2 * text.size());
+    }
+    text.resize(length);
+    return text;
+}
+
+void writeTextFile(const std::string& path, const std::string& text) {
+    const FilePtr file(std::fopen(path.c_str(), "wb"));
+    if (file) {
+        std::setvbuf(file.get(), nullptr, _IONBF, 0);
+        std::fwrite(text.data(), 1, text.size(), file.get());
+    }
+}

@@ -1,0 +1,110 @@
+#include <climits>
+#include <filesystem>
+#include <new>
+
+#include <gtest/gtest.h>
+
+#include "paper/PaperBytes.h"
+#include "support/TemporaryDirectory.h"
+
+namespace {
+
+std::vector<PaperSize> papersOf(const std::vector<int32_t>& numbers) {
+    std::vector<PaperSize> papers;
+    for (const int32_t each : numbers) {
+        papers.push_back(paperOf(each, L"old"));
+    }
+    return papers;
+}
+
+int store(const std::string& path, int32_t number) {
+    return HT_DefaultModifyPaper(nullptr, paperOf(number, L"new"), wide(path).c_str());
+}
+
+int erase(const std::string& path, int number) {
+    return HT_DefaultDeletePaper(nullptr, number, wide(path).c_str());
+}
+
+TEST(EditPapers, StoresAndDeletesByNumber) {
+    const struct {
+        const char* name;
+        int (*edit)(const std::string& path, int number);
+        std::vector<int32_t> before;
+        int request;
+        int result;
+        std::vector<int32_t> after;
+        size_t storedAt;
+    } rows[] = {
+        {"first of one's own", store, {}, -1, 257, {257}, 0},
+        {"lowest free number", store, {259, 257}, -1, 258, {259, 257, 258}, 2},
+        {"no gap", store, {258, INT_MIN, INT_MAX, 257}, -1, 259, {258, INT_MIN, INT_MAX, 257, 259}, 4},
+        {"a stored -1 is no request", store, {-1, 257}, -1, 258, {-1, 257, 258}, 2},
+        {"first of two", store, {9, 8, 8}, 8, 8, {9, 8, 8}, 1},
+        {"not in the list", store, {9, 8}, 300, 300, {9, 8, 300}, 2},
+        {"delete the first of two", erase, {8, 9, 7, 9}, 9, 1, {8, 7, 9}, 9},
+        {"delete what is not there", erase, {8, 9}, 7, 1, {8, 9}, 9},
+        {"delete the last one", erase, {9}, 9, 1, {}, 9},
+        {"delete from nothing", erase, {}, 9, 1, {}, 9},
+    };
+    for (const auto& row : rows) {
+        const TemporaryDirectory directory;
+        std::vector<PaperSize> papers = papersOf(row.after);
+        if (row.storedAt < papers.size()) {
+            papers[row.storedAt] = paperOf(row.result, L"new");
+        }
+        for (const char* name : {"p.PER", "p.ini"}) {
+            SCOPED_TRACE(std::string(row.name) + " " + name);
+            const std::string path = directory.path(name);
+            HT_WritePaperFile(wide(path).c_str(), papersOf(row.before).data(), static_cast<int>(row.before.size()));
+            EXPECT_EQ(row.edit(path, row.request), row.result);
+            EXPECT_EQ(ask(19, path).result, static_cast<int>(papers.size()));
+            EXPECT_EQ(ask(19, path).written, binaryFile(0, papers, 4).substr(28));
+        }
+        EXPECT_EQ(directory.read("p.PER"), binaryFile(static_cast<int>(papers.size()), papers)) << row.name;
+    }
+}
+
+TEST(EditPapers, WritesNameByItsLow16BitsWithAllThatFollows) {
+    const TemporaryDirectory directory;
+    const PaperSize papers[] = {paperOf(-2, L"\U0001F5BA\x20AC"), paperOf(9, std::wstring(L"a\0b", 3) + L'\xFFFF')};
+    EXPECT_EQ(HT_WritePaperFile(wide(directory.path("Ж.per")).c_str(), papers, 2), 1);
+    EXPECT_EQ(directory.read("Ж.per"), binaryFile(2, {papers[0], papers[1]}));
+    EXPECT_EQ(directory.read("Ж.per").substr(28, 10), "\xFE\xFF\xFF\xFF\xBA\xF5\xAC\x20" + std::string(2, '\0'));
+}
+
+TEST(EditPapers, TellsWhenNothingIsWritten) {
+    const TemporaryDirectory directory;
+    std::filesystem::create_symlink("/dev/full", directory.path("full.PER"));
+    for (const char* name : {"full.PER", "none/p.PER"}) {
+        EXPECT_EQ(store(directory.path(name), 9), -1) << name;
+        EXPECT_EQ(HT_WritePaperFile(wide(directory.path(name)).c_str(), nullptr, 0), 0) << name;
+    }
+}
+
+TEST(EditPapers, DamagedCounts) {
+    const TemporaryDirectory directory;
+    const auto iniWith = [](const char* count) {
+        return "[General]\nPaperCount=" + std::string(count) + "\n";
+    };
+    const std::pair<const char*, std::string> more[] = {{"more.PER", binaryFile(INT_MAX, papersOf({9}))},
+                                                        {"more.ini", iniWith("2147483647")}};
+    for (const auto& [name, bytes] : more) { // left alone
+        const std::string path = directory.write(name, bytes);
+        EXPECT_EQ(store(path, 9), -1) << name;
+        EXPECT_EQ(erase(path, 9), 0) << name;
+        EXPECT_EQ(directory.read(name), bytes) << name;
+    }
+    const std::string twoPapers = binaryFile(2, papersOf({9, 11}));
+    EXPECT_EQ(store(directory.write("cut.PER", twoPapers.substr(0, twoPapers.size() - 4)), 257), 257);
+    EXPECT_EQ(directory.read("cut.PER").size(), twoPapers.size() + 160); // the cut paper has its place all the same
+    for (const auto& path : {directory.write("-2.PER", binaryFile(-2, {})), directory.write("-2.ini", iniWith("-2"))}) {
+        EXPECT_THROW(store(path, 9), std::bad_array_new_length) << path;
+        EXPECT_THROW(erase(path, 9), std::bad_array_new_length) << path;
+    }
+    for (const int request : {-1, 9}) { // one less than nothing and one more
+        EXPECT_EQ(store(directory.write("-1.PER", binaryFile(-1, {})), request), request == 9 ? 9 : 257);
+        EXPECT_EQ(directory.read("-1.PER"), binaryFile(0, {}));
+    }
+}
+
+} // namespace

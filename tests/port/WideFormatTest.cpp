@@ -1,0 +1,131 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdarg>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "port/CString.h"
+
+namespace {
+
+std::wstring format(const wchar_t* text, ...) {
+    va_list arguments;
+    va_start(arguments, text);
+    std::wstring result = VnEmu_vswprintfV(text, arguments);
+    va_end(arguments);
+    return result;
+}
+
+struct Row {
+    const char* name;
+    std::wstring result;
+    std::wstring expected;
+};
+
+void expectRows(const std::vector<Row>& rows) {
+    for (const Row& row : rows) {
+        EXPECT_EQ(row.result, row.expected) << row.name;
+    }
+}
+
+TEST(WideFormat, PadsIntegers) {
+    expectRows({
+        {"zeros before the sign", format(L"%05d", -42), L"00-42"},
+        {"zeros before the base", format(L"%#06x", 255), L"000xff"},
+        {"zeros behind", format(L"%-05d|", 12), L"12000|"},
+        {"base", format(L"%#x %#X %X %#o %#x %#o", 255, 255, 255, 8, 0, 0), L"0xff 0XFF FF 010 0 0"},
+        {"least digits", format(L"%.3d %.0d", 7, 0), L"007 0"},
+        {"least digits count the sign", format(L"%.3d %+.3d", -7, 7), L"0-7 0+7"},
+        {"no least digits beside a width", format(L"%5.3d", 7), L"    7"},
+        {"zeros go on over texts", format(L"%.3d%5s", 7, L"ab"), L"007000ab"},
+        {"zeros end at a width", format(L"%.3d%3d%3s", 7, 1, L"a"), L"007  1  a"},
+        {"the zero flag does not reach a text", format(L"%04s", L"a"), L"   a"},
+        {"left ends with its conversion", format(L"%-3d|%3d", 1, 2), L"1  |  2"},
+        {"blank flag", format(L"% d % 3d", 5, 6), L"5   6"},
+    });
+}
+
+TEST(WideFormat, TakesWidthAndPrecisionFromArguments) {
+    expectRows({
+        {"width", format(L"%*d", 3, 7), L"  7"},
+        {"a later star", format(L"%*-*d|", 9, 3, 7), L"7  |"},
+        {"digits beside a zero star", format(L"%*5d", 0, 7), L"    7"},
+        {"digits beside a star are the letter", format(L"%*5d", 3), L"  d"},
+        {"negative width", format(L"%0*d", -5, 7), L"7"},
+        {"precision", format(L"%.*d %.*f", 2, 7, 1, 0.25), L"07 0.2"},
+        {"negative precision", format(L"%.*d %.*f", -2, 7, -1, 0.25), L"7 0.250000"},
+    });
+}
+
+TEST(WideFormat, ReadsLengths) {
+    constexpr int64_t minusOne = -1;
+    expectRows({
+        {"32 bits are signed", format(L"%u %lu %hu", -1, -1, 70000), L"-1 -1 70000"},
+        {"but not in other bases", format(L"%x %o", -1, -1), L"ffffffff 37777777777"},
+        {"64 bits are not", format(L"%I64d %lld", minusOne, minusOne), L"18446744073709551615 18446744073709551615"},
+        {"nor do they show a sign", format(L"%+I64d %+d", int64_t{5}, 5), L"5 +5"},
+        {"64-bit bases", format(L"%#I64X %llo", minusOne, minusOne), L"0XFFFFFFFFFFFFFFFF 1777777777777777777777"},
+        {"unknown lengths", format(L"%I32d %jd %zd %td %I6"), L"32d d d d 6"},
+        {"ignored lengths", format(L"%Fd %Ns %Lf", 1, L"a", 2.0), L"1 a 2.000000"},
+        {"64-bit texts print and take nothing", format(L"%lls%I64S%llc%I64C%d", 5), L"5"},
+    });
+}
+
+TEST(WideFormat, WritesTextsAndCharacters) {
+    const wchar_t* const noText = nullptr;
+    const char* const noBytes = nullptr;
+    expectRows({
+        {"wide", format(L"%s %ls %wS %LS", L"a", L"b", L"\u00e9", L"d"), L"a b \u00e9 d"},
+        {"narrow", format(L"%S %hs %hS", "a", "\xe9", "c"), L"a \u00e9 c"},
+        {"null", format(L"%s %S %8hs", noText, noBytes, noBytes), L"(null) (null)   (null)"},
+        {"precision", format(L"%.1s %.1S", L"whole", "text"), L"whole text"},
+        {"characters", format(L"%c%lC%3c%-3wc|", L'a', L'\u00e9', L'b', L'c'), L"a\u00e9  bc  |"},
+        {"a narrow character is a number", format(L"%hc %+4hC", 65, 66), L"65  +66"},
+        {"no character silences the rest", format(L"%c%d", -1, 5), std::wstring{static_cast<wchar_t>(-1), L'5'}},
+        {"terminator as a character", format(L"%cz", 0), std::wstring{L'\0', L'z'}},
+    });
+}
+
+TEST(WideFormat, WritesFloatingNumbers) {
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    expectRows({
+        {"notation goes on", format(L"%f %g", 1.5, 2.5), L"1.500000 2.500000"},
+        {"scientific goes on", format(L"%E %g %G", 1.5, 2.5, 2.5), L"1.500000E+00 2.500000e+00 2.500000E+00"},
+        {"general at first", format(L"%g %G %.0g", 1e-10, 1e-10, 25.0), L"1e-10 1E-10 2e+01"},
+        {"only the letter makes capitals", format(L"%X%g", 10, 1e-10), L"A1e-10"},
+        {"point", format(L"%#g %#.3g %#.2g %#.0f %.0f", 0.0, 1e9, 250.0, 3.0, 3.0), L"0.00000 1.00e+09 2.5e+02 3. 3"},
+        {"fill", format(L"%08.2f%+7.1f", -1.5, 2.0), L"000-1.50   +2.0"},
+        {"no number", format(L"%G %f %06e %+f", NAN, -infinity, infinity, infinity), L"NAN -inf 000inf +inf"},
+        {"no capitals in fixed notation", format(L"%f %G", infinity, infinity), L"inf inf"},
+    });
+}
+
+TEST(WideFormat, WritesPointers) {
+    int number = -12;
+    expectRows({
+        {"pointer", format(L"%8p|%p", reinterpret_cast<void*>(0xAB), nullptr), L"    0xab|0"},
+        {"counter", format(L"abc%n%5n", &number, &number), L"abc-12  -12"},
+    });
+    EXPECT_EQ(number, -12) << "nothing is stored through the pointer";
+}
+
+TEST(WideFormat, KeepsTheWidthForWhatComesNext) {
+    expectRows({
+        {"literal", format(L"%5q|ab"), L"    |ab"},
+        {"to the left", format(L"%-3qab"), L"a  b"},
+        {"percent", format(L"%3q%%"), L"  %"},
+        {"conversion", format(L"%4q%s", L"ab"), L"  ab"},
+        {"a precision takes its place", format(L"%4q%.2d", 1), L"01"},
+    });
+}
+
+TEST(WideFormat, EndsWithTheFormat) {
+    for (const std::wstring end : {L"%", L"%-+ 0#", L"%5", L"%5.", L"%.3", L"%h", L"%I", L"%I64", L"%l", L"%ll"}) {
+        const std::vector<wchar_t> exact(end.c_str(), end.c_str() + end.size() + 1); // a read beyond it is seen
+        EXPECT_EQ(format(exact.data()), L"") << testing::PrintToString(end);
+    }
+}
+
+} // namespace

@@ -1,0 +1,205 @@
+#include "keldriver/IniFile.h"
+
+#include <ostream>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "support/TemporaryDirectory.h"
+
+using inifile::IniFile;
+
+namespace {
+
+struct TextCase {
+    const char* name;
+    std::string text;
+    int code;
+    std::string message;
+    std::string saved; // what was read before the failure, if there was one
+};
+
+std::ostream& operator<<(std::ostream& out, const TextCase& row) {
+    return out << row.name;
+}
+
+class IniText : public testing::TestWithParam<TextCase> {};
+
+const TextCase texts[] = {
+    {"Empty", "", 0, "", ""},
+    {"BlanksAndNote", "  k \t=  v w  #  a # note \n", 0, "", "k=v w #a # note\n"},
+    {"CrLf", "k=v\r\n[s]\r\nx=1\r\n", 0, "", "k=v\n[s]\nx=1\n"},
+    {"CommentsAreKeptTrimmed", "\n  # one\n[s]\n\n\t#two \nk=v\n# lost\n", 0, "", "\n# one\n[s]\n\n#two\nk=v\n"},
+    {"EmptyKeyAndValue", "=v\nk=\n=\n", 0, "", "=v\nk=\n=\n"},
+    {"NoLineBreakAtTheEnd", "[s]\nk=v", 0, "", "[s]\nk=v\n"},
+    {"DuplicateKeys", "k=1\nk=2\n", 0, "", "k=1\nk=2\n"},
+    {"NamesDifferByCase", "[s]\n[S]\n", 0, "", "[s]\n[S]\n"},
+    {"BehindTheBracket", "[ s ] rest=1\n", 0, "", "[s]\n"},
+    {"FirstBracketEndsTheName", "[[a]]\n", 0, "", "[[a]\n"},
+    {"HeaderNote", "[s] # n\nk=v\n[t] # m\n[u]\n", 0, "", "[s]\n #nk=v\n[t]\n #m[u]\n"},
+    {"HeaderNoteBeforeComment", "[s] # n\n# c\nk=v\n", 0, "", "[s]\n #n# c\nk=v\n"},
+    {"OpenHeader", "a=1\n[s\nb=2\n", 2, "no matched ] found", "a=1\n"},
+    {"BracketInTheNote", "[s # ]\n", 2, "no matched ] found", ""},
+    {"EmptyHeader", "[]\n", 3, "section name is empty", ""},
+    {"BlankHeader", "[  ]\n", 4, "section already exist", ""},
+    {"SectionTwice", "[s]\nk=1\n[ s ]\nl=2\n", 4, "section salready exist", "[s]\nk=1\n"},
+    {"NoEqualsSign", "[s]\n word # n=1\n", 5, "parse line failed:word", "[s]\n"},
+};
+
+} // namespace
+
+TEST_P(IniText, LoadsAndSaves) {
+    const TemporaryDirectory directory;
+    IniFile file;
+    EXPECT_EQ(file.Load(directory.write("in.ini", GetParam().text)), GetParam().code);
+    EXPECT_EQ(file.GetErrMsg(), GetParam().message);
+    EXPECT_EQ(file.SaveAs(directory.path("out.ini")), 0);
+    EXPECT_EQ(directory.read("out.ini"), GetParam().saved);
+}
+
+INSTANTIATE_TEST_SUITE_P(, IniText, testing::ValuesIn(texts), [](const auto& row) { return row.param.name; });
+
+TEST(IniFile, MissingFileLeavesNoSectionAndSavingToNowhereIsSilent) {
+    const TemporaryDirectory directory;
+    IniFile file;
+    file.Load(directory.write("in.ini", "k=v\n"));
+    const std::string missing = directory.path("none/x.ini");
+    EXPECT_EQ(file.Load(missing), 6);
+    EXPECT_EQ(file.GetErrMsg(), "open" + missing + " file failed");
+    EXPECT_EQ(file.GetSectionNum(), 0);
+    EXPECT_EQ(file.Save(), 0);
+    EXPECT_FALSE(directory.exists("none"));
+    file.SetStringValue("s", "k", "v");
+    file.SetStringValue("", "first", "1");
+    EXPECT_EQ(file.SaveAs(directory.path("new.ini")), 0);
+    EXPECT_EQ(directory.read("new.ini"), "first=1\n[s]\nk=v\n");
+}
+
+TEST(IniFile, LookupsAnswerCodesAndKeepMessages) {
+    const TemporaryDirectory directory;
+    IniFile file;
+    file.Load(directory.write("in.ini", "[s] # sn\n# above\nk=1 # kn\nk=2\n"));
+    std::string value = "old", comment;
+    EXPECT_EQ(file.getValue("s", "k", value, comment), 0);
+    EXPECT_EQ(value + comment, "1# above\n");
+    EXPECT_EQ(file.GetStringValue("S", "k", value), 9);
+    EXPECT_EQ(file.GetErrMsg(), "not find the section S");
+    EXPECT_EQ(file.SetRightComment("S", "k", "x"), 9);
+    EXPECT_EQ(file.GetErrMsg(), "Not find the section S");
+    EXPECT_EQ(file.SetComment("T", "", "x"), 9);
+    EXPECT_EQ(file.GetErrMsg(), "Not find the section T");
+    EXPECT_EQ(file.GetStringValue("s", "K", value), 8);
+    EXPECT_FALSE(file.HasSection("U") || file.HasKey("U", "k") || file.HasKey("s", "l"));
+    EXPECT_TRUE(file.HasSection("") && file.HasKey("s", "k"));
+    EXPECT_EQ(file.GetErrMsg(), "not find the key K");
+    EXPECT_EQ(value, "1");
+    EXPECT_EQ(file.GetStringValueOrDefault("s", "x", value, "d"), 8);
+    EXPECT_EQ(value, "d");
+    std::vector<std::string> values = {"kept"}, comments;
+    EXPECT_EQ(file.GetValues("s", "k", values, comments), 0);
+    EXPECT_EQ(values, (std::vector<std::string>{"kept", "1", "2"}));
+    EXPECT_EQ(comments, (std::vector<std::string>{"# above\n", ""}));
+    EXPECT_EQ(file.GetValues("s", "x", values), 8);
+    EXPECT_EQ(file.GetValues("x", "k", values), 9);
+    EXPECT_EQ(file.GetSections(values), 5);
+    EXPECT_EQ(values.back(), "s");
+    EXPECT_EQ(file.GetRightComment("s", "", value), 0);
+    EXPECT_EQ(file.GetRightComment("s", "k", comment), 0);
+    EXPECT_EQ(value + comment, "snkn");
+    EXPECT_EQ(file.getSection("x"), nullptr);
+    file.getSection("s")->name = "t";
+    EXPECT_TRUE(file.HasKey("t", "k") && !file.HasSection("s"));
+}
+
+TEST(IniFile, NumbersAndTruthValues) {
+    IniFile file;
+    // text, as integer, as number, as truth value when it was false before and when it was true
+    const std::vector<std::tuple<const char*, int, double, bool, bool>> rows = {
+        {"12x", 12, 12.0, false, true},
+        {"-7", -7, -7.0, false, true},
+        {"word", 0, 0.0, false, true},
+        {"4294967298", 2, 4294967298.0, false, true},
+        {"TRUE", 0, 0.0, true, true},
+        {"1", 1, 1.0, true, true},
+        {"99999999999999999999", -1, 1e20, false, true},
+        {"False", 0, 0.0, false, false},
+        {"0", 0, 0.0, false, false},
+        {"1.5e1", 1, 15.0, false, true}};
+    int integer = 55;
+    double number = 55.0;
+    for (const auto& [text, expectedInteger, expectedNumber, fromFalse, fromTrue] : rows) {
+        SCOPED_TRACE(text);
+        file.SetStringValue("", "k", text);
+        bool first = false, second = true;
+        EXPECT_EQ(file.GetIntValueOrDefault("", "k", integer, 7) + file.GetDoubleValueOrDefault("", "k", number, 7.0) +
+                      file.GetBoolValue("", "k", first) + file.GetBoolValueOrDefault("", "k", second, first),
+                  0);
+        EXPECT_EQ(std::tie(integer, number, first, second),
+                  std::tie(expectedInteger, expectedNumber, fromFalse, fromTrue));
+    }
+    bool flag = true;
+    EXPECT_EQ(file.GetIntValue("", "none", integer) + file.GetDoubleValue("", "none", number), 16);
+    EXPECT_EQ(file.GetBoolValue("none", "k", flag), 9);
+    EXPECT_TRUE(integer == 0 && number == 0.0 && flag);
+    EXPECT_EQ(file.GetIntValueOrDefault("", "none", integer, 7) +
+                  file.GetDoubleValueOrDefault("", "none", number, 2.5) +
+                  file.GetBoolValueOrDefault("", "none", flag, false),
+              24);
+    EXPECT_TRUE(integer == 7 && number == 2.5 && !flag);
+}
+
+TEST(IniFile, SettersWriteTheirForms) {
+    const TemporaryDirectory directory;
+    IniFile file;
+    file.Load(directory.write("in.ini", "[s]\n# above\ni=1 # note\n"));
+    file.SetIntValue("s", "i", -2147483647);
+    file.SetDoubleValue("s", "d", 1.0 / 3.0);
+    file.SetBoolValue("s", "b", true);
+    file.setValue("s", "c", "v", " why");
+    file.SetComment("s", "", "# head\n");
+    file.SetRightComment("s", "b", "n");
+    file.Save();
+    EXPECT_EQ(directory.read("in.ini"), "# head\n[s]\ni=-2147483647 #note\nd=0.333333\nb=true #n\n# why\nc=v\n");
+}
+
+TEST(IniFile, PrintsItsContent) {
+    const TemporaryDirectory directory;
+    IniFile file;
+    const std::string path = directory.write("in.ini", "[s] # n\n#c\nk=v # m\n");
+    file.Load(path);
+    testing::internal::CaptureStdout();
+    file.print();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "############ print start ############filePath:[" + path +
+                  "]\ncommentDelimiter:[#]\ncomment :[\n]\nsection :\n[]\ncomment :[\n]\nsection :\n[s]\n"
+                  "rightComment:\nn    comment :[\n#c\n]\n    parm    :k=v\n    rcomment:[\nm]\n"
+                  "############ print end ############");
+}
+
+TEST(IniFile, TextHelpers) {
+    std::string text = " \t\n\v\f\r a b\xA0 \r\n";
+    IniFile::trim(text);
+    EXPECT_EQ(text, "a b\xA0");
+    text = "xxaxx";
+    IniFile::trimleft(text, 'x');
+    EXPECT_EQ(text, "axx");
+    IniFile::trimright(text, 'x');
+    EXPECT_EQ(text, "a");
+    IniFile::trimright(text, 'a');
+    IniFile::trimleft(text, 'a');
+    EXPECT_EQ(text, "");
+    std::string left, right = "old";
+    EXPECT_FALSE(IniFile::split(" a ", "//", left, right));
+    EXPECT_EQ(left + "|" + right, "a|");
+    EXPECT_TRUE(IniFile::split("a // b", "//", left, right));
+    EXPECT_EQ(left + "|" + right, "a|/ b");
+    EXPECT_TRUE(IniFile::split("", "", left, right));
+    EXPECT_TRUE(IniFile::parse("k = v = w", left, right));
+    EXPECT_EQ(left + "|" + right, "k|v = w");
+    IniFile file;
+    file.SetCommentDelimiter("rem");
+    EXPECT_TRUE(file.IsCommentLine("remark") && !file.IsCommentLine("re") && !file.IsCommentLine(" rem"));
+    EXPECT_TRUE(IniFile::StringCmpIgnoreCase("aZ1", "Az1") && !IniFile::StringCmpIgnoreCase("a", "ab"));
+}

@@ -1,0 +1,119 @@
+#include "keldriver/PrivateProfile.h"
+
+#include <algorithm>
+#include <clocale>
+#include <ostream>
+#include <stdexcept>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "support/TemporaryDirectory.h"
+
+namespace {
+
+/// Every character of a buffer, zeros shown as bars.
+std::wstring shown(std::wstring buffer) {
+    std::replace(buffer.begin(), buffer.end(), L'\0', L'|');
+    return buffer;
+}
+
+std::wstring wide(const std::string& path) {
+    return {path.begin(), path.end()};
+}
+
+struct StringCase {
+    const char* name;
+    const char* text;
+    unsigned int size;
+    int result;
+    std::wstring buffer;
+};
+
+std::ostream& operator<<(std::ostream& out, const StringCase& row) {
+    return out << row.name;
+}
+
+class ProfileString : public testing::TestWithParam<StringCase> {};
+
+// The buffer holds 12 characters, "zz" at first; the default is "dflt".
+const StringCase strings[] = {
+    {"TwoValues", "[s]\nk=a\nk=bc\n", 10, 5, L"a|bc||||||||"},
+    {"SecondDoesNotFit", "[s]\nk=a\nk=bc\n", 4, 2, L"a|||||||||||"},
+    {"ExactFit", "[s]\nk=a\nk=bc\n", 5, 5, L"a|bc||||||||"},
+    {"SizeZeroCounts", "[s]\nk=a\nk=bc\n", 0, 5, L"zz||||||||||"},
+    {"SizeZeroAppendsTheDefault", "[s]\n", 0, 8, L"zzdflt||||||"},
+    {"FirstDoesNotFit", "[s]\nk=abc\nk=d\n", 3, 8, L"dflt||||||||"},
+    {"OnlyQuotes", "[s]\nk=\"\"\"\nk=\n", 10, 8, L"dflt||||||||"},
+    {"QuotesAreStripped", "[s]\nk=\"\"a\"b\"\nk=\"\nk=c\"\n", 12, 6, L"a\"b|c|||||||"},
+    {"BytesAreCounted", "[s]\nk=\xC3\xA9\nk=b\n", 10, 5, L"\u00E9||b||||||||"},
+    {"NotInTheLocale", "[s]\nk=\xFF\xFE\nk=b\n", 10, 5, L"|||b||||||||"},
+    {"Malformed", "[s]\nk=a\njunk\n", 10, 8, L"dflt||||||||"},
+};
+
+} // namespace
+
+TEST_P(ProfileString, FillsTheBuffer) {
+    const TemporaryDirectory directory;
+    ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
+    const std::wstring path = wide(directory.write("in.ini", GetParam().text));
+    std::wstring buffer(12, L'\0');
+    buffer[0] = buffer[1] = L'z';
+    EXPECT_EQ(GetPrivateProfileStringEx(L"s", L"k", L"dflt", buffer.data(), GetParam().size, path.c_str()),
+              GetParam().result);
+    EXPECT_EQ(shown(buffer), GetParam().buffer);
+    std::setlocale(LC_CTYPE, "C");
+}
+
+INSTANTIATE_TEST_SUITE_P(, ProfileString, testing::ValuesIn(strings), [](const auto& row) { return row.param.name; });
+
+TEST(PrivateProfile, Integers) {
+    const TemporaryDirectory directory;
+    const std::wstring path = wide(
+        directory.write("in.ini", "top=3\n[s]\nq=\"\"12\"\nw=word\nl=\nl=\"\"\nl=-9 mm\nbig=4294967301\n\xC3\xA9=6\n"));
+    const auto integer = [&](const wchar_t* section, const wchar_t* key) {
+        return GetPrivateProfileIntEx(section, key, 77, path.c_str());
+    };
+    EXPECT_EQ(integer(L"s", L"q"), 12);
+    EXPECT_EQ(integer(L"s", L"w"), 0);
+    EXPECT_EQ(integer(L"s", L"l"), -9);
+    EXPECT_EQ(integer(L"s", L"big"), 5);
+    EXPECT_EQ(integer(L"s", L"\u00E9"), 6);
+    EXPECT_EQ(integer(L"s", L"Q"), 77);
+    EXPECT_EQ(integer(nullptr, L"top"), 3);
+    EXPECT_EQ(GetPrivateProfileIntEx(L"s", L"q", 77, (path + L"x").c_str()), 77);
+    EXPECT_THROW(integer(L"\x110000", L"q"), std::range_error);
+}
+
+TEST(PrivateProfile, SectionNames) {
+    const TemporaryDirectory directory;
+    const std::wstring path = wide(directory.write("in.ini", "k=v\n[a]\n[\"bc\"]\n[d]\n"));
+    const auto names = [&](unsigned int size, const std::wstring& file) {
+        std::wstring buffer(9, L'z');
+        const int count = GetPrivateProfileSectionNamesEx(buffer.data(), size, file.c_str());
+        return std::to_wstring(count) + L":" + shown(buffer);
+    };
+    EXPECT_EQ(names(9, path), L"7:a|bc|d|||");
+    EXPECT_EQ(names(6, path), L"5:a|bc||zzz");
+    EXPECT_EQ(names(0, path), L"7:zzzzzzzzz");
+    EXPECT_EQ(names(4, path + L"x"), L"0:||||zzzzz");
+}
+
+TEST(PrivateProfile, Writes) {
+    const TemporaryDirectory directory;
+    const auto write = [&](const char* name, const wchar_t* section, const wchar_t* key, const wchar_t* value) {
+        EXPECT_EQ(WritePrivateProfileStringEx(section, key, value, wide(directory.path(name)).c_str()), 1);
+    };
+    write("new.ini", L"s", L"k", L"\u00E9");
+    EXPECT_EQ(directory.read("new.ini"), "[s]\nk=\xC3\xA9\n");
+    directory.write("old.ini", "# lost\nk=1 # n\n[s] # note\na=1\n");
+    write("old.ini", nullptr, L"k", L"2");
+    EXPECT_EQ(directory.read("old.ini"), "k=2 #n\n[s]\n #notea=1\n");
+    write("old.ini", L"s", L"a", L"");
+    EXPECT_EQ(directory.read("old.ini"), "k=2 #n\n[s]\na=\n");
+    directory.write("bad.ini", "[s]\nk = 1\njunk");
+    write("bad.ini", L"s", L"k", L"2");
+    EXPECT_EQ(directory.read("bad.ini"), "[s]\nk = 1\njunk");
+    write("none/x.ini", L"s", L"k", L"v");
+    EXPECT_FALSE(directory.exists("none"));
+}
