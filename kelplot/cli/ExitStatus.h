@@ -6,7 +6,7 @@ namespace kelplot {
 enum class ExitStatus {
     done = 0,
     usage = 1,
-    cannotOpen = 2,
+    cannotOpen = 2, ///< a drawing or a file of settings
     notADrawing = 3,
     outputFailed = 4,
 };

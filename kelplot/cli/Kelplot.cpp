@@ -14,8 +14,11 @@
 #include "cli/ExitStatus.h"
 #include "cli/Options.h"
 #include "cli/OutputNames.h"
+#include "cli/PaperList.h"
 #include "cli/PlotJob.h"
+#include "cli/SettingsChoice.h"
 #include "reader/DrawingReader.h"
+#include "settings/SettingsFile.h"
 
 namespace kelplot {
 namespace {
@@ -101,6 +104,13 @@ ExitStatus listAll(const Options& options, Console& console) {
 
 ExitStatus run(const Options& options) {
     Console console(std::cerr, progressMode(options), !options.quiet);
+    for (const QString& warning : options.warnings) {
+        if (options.strict) {
+            console.error(warning.toStdString());
+            return ExitStatus::notADrawing;
+        }
+        console.warning(warning.toStdString());
+    }
     switch (options.action) {
     case Action::showHelp:
         std::cout << helpText().toStdString();
@@ -110,8 +120,17 @@ ExitStatus run(const Options& options) {
         return ExitStatus::done;
     case Action::listLayers:
         return listAll(options, console);
+    case Action::listPapers:
+        return listPapers(options.json, std::cout, console);
+    case Action::savePaper:
     case Action::plot:
         break;
+    }
+    if (!options.savedPaper.isEmpty()) {
+        const QString told = savePaper(options);
+        if (!options.quiet) {
+            std::cout << told.toStdString() << std::endl;
+        }
     }
     return plotAll(options, console);
 }
@@ -126,11 +145,15 @@ int runKelplot(int argc, char** argv) {
     int count = 1;
     const QGuiApplication application(count, nameOnly);
     std::setlocale(LC_NUMERIC, "C");
+    std::setlocale(LC_CTYPE, "C.UTF-8"); // the library widens paths and settings under it
     try {
         return static_cast<int>(run(optionsFromArguments(argumentsOf(argc, argv))));
     } catch (const UsageError& error) {
         std::cerr << "kelplot: " << error.what() << "\nTry 'kelplot --help'." << std::endl;
         return static_cast<int>(ExitStatus::usage);
+    } catch (const SettingsError& error) {
+        std::cerr << "kelplot: " << error.what() << std::endl;
+        return static_cast<int>(ExitStatus::cannotOpen);
     }
 }
 

@@ -1,9 +1,14 @@
 #include "cli/Options.h"
 
 #include <QCommandLineParser>
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
+#include "cli/SettingsChoice.h"
 #include "page/Numbers.h"
+#include "settings/PenFile.h"
+#include "settings/SettingsFile.h"
 
 namespace kelplot {
 namespace {
@@ -45,14 +50,20 @@ void setFormat(Options& options, const QString& value) {
 }
 
 void setPaper(Options& options, const QString& value) {
-    options.page.paper = orRefuse(paperFromText(value.toStdString()), value,
-                                  QStringLiteral("WIDTHxHEIGHT in millimetres, 5 to 20000 each, or one of ") +
-                                      QString::fromStdString(paperNames()));
+    options.paper = orRefuseEmpty(value, QStringLiteral("a name or WIDTHxHEIGHT in millimetres"));
+}
+
+void setSavedPaper(Options& options, const QString& value) {
+    options.savedPaper = orRefuseEmpty(value, QStringLiteral("a name"));
+}
+
+void setPens(Options& options, const QString& value) {
+    options.pensFile = orRefuseEmpty(value, QStringLiteral("a file name"));
 }
 
 void setMargins(Options& options, const QString& value) {
-    options.page.margins = orRefuse(marginsFromText(value.toStdString()), value,
-                                    QStringLiteral("one length or LEFT,TOP,RIGHT,BOTTOM in millimetres, none below 0"));
+    options.margins = orRefuse(marginsFromText(value.toStdString()), value,
+                               QStringLiteral("one length or LEFT,TOP,RIGHT,BOTTOM in millimetres, none below 0"));
 }
 
 void setScale(Options& options, const QString& value) {
@@ -99,26 +110,35 @@ void addExcludedLayers(Options& options, const QString& value) {
     options.excludedLayers += layerPatterns(value);
 }
 
+enum class Default { none, inSettings };
+
 struct ValueOption {
     const char* shortName; ///< may be null
     const char* name;
     const char* valueName;
     const char* description;
     void (*apply)(Options& options, const QString& value);
+    Default preset = Default::none; ///< whether kelplot.ini may state a value
 };
 
 constexpr ValueOption valueOptions[] = {
     {"o", "output", "FILE", "Write the plot to FILE.", setOutputFile},
     {"t", "target-directory", "DIR", "Write the plots to DIR, each with the name of its drawing.", setOutputDirectory},
-    {nullptr, "format", "FORMAT", "pdf, png or svg; else the ending of -o FILE tells, else pdf.", setFormat},
-    {nullptr, "paper", "PAPER", "A name such as A3 or Letter, or WIDTHxHEIGHT in millimetres. [A4]", setPaper},
-    {nullptr, "margins", "MM", "One margin for all edges, or LEFT,TOP,RIGHT,BOTTOM. [5]", setMargins},
-    {nullptr, "scale", "SCALE", "Plot to scale: 1:50, 2:1 or 0.5.", setScale},
+    {nullptr, "format", "FORMAT", "pdf, png or svg; else the ending of -o FILE tells, else pdf.", setFormat,
+     Default::inSettings},
+    {nullptr, "paper", "PAPER", "A name such as A3 or Letter, or WIDTHxHEIGHT in millimetres. [A4]", setPaper,
+     Default::inSettings},
+    {nullptr, "save-paper", "NAME", "Keep the size given with --paper, and its margins, under NAME.", setSavedPaper},
+    {nullptr, "margins", "MM", "One margin for all edges, or LEFT,TOP,RIGHT,BOTTOM. [as the paper's]", setMargins,
+     Default::inSettings},
+    {nullptr, "scale", "SCALE", "Plot to scale: 1:50, 2:1 or 0.5.", setScale, Default::inSettings},
     {nullptr, "window", "X1,Y1,X2,Y2", "Plot this part only; two opposite corners in drawing units.", setWindow},
-    {nullptr, "lineweight-scale", "FACTOR", "Multiply all line weights. [1]", setWeightScale},
+    {nullptr, "pens", "FILE", "Take widths, colours and screening by colour number from FILE.", setPens,
+     Default::inSettings},
+    {nullptr, "lineweight-scale", "FACTOR", "Multiply all line weights. [1]", setWeightScale, Default::inSettings},
     {nullptr, "layers", "LIST", "Plot these layers only; names with commas between, * for any text.", addLayers},
     {nullptr, "exclude-layers", "LIST", "Leave these layers out.", addExcludedLayers},
-    {nullptr, "dpi", "N", "Dots an inch of a PNG image. [200]", setDpi},
+    {nullptr, "dpi", "N", "Dots an inch of a PNG image. [200]", setDpi, Default::inSettings},
 };
 
 struct SwitchOption {
@@ -155,6 +175,12 @@ void chooseStrict(Options& options) {
 void chooseLayerList(Options& options) {
     options.action = Action::listLayers;
 }
+void choosePaperList(Options& options) {
+    options.action = Action::listPapers;
+}
+void chooseJson(Options& options) {
+    options.json = true;
+}
 void chooseVersion(Options& options) {
     options.action = Action::showVersion;
 }
@@ -172,6 +198,8 @@ constexpr SwitchOption switchOptions[] = {
     {nullptr, "quiet", "No progress and no warnings.", chooseQuiet},
     {nullptr, "strict", "Take warnings for failures: write nothing and exit with 3.", chooseStrict},
     {nullptr, "list-layers", "Print the layers and their state; plot nothing.", chooseLayerList},
+    {nullptr, "list-papers", "Print the papers: name, size and margins in millimetres; plot nothing.", choosePaperList},
+    {nullptr, "json", "With --list-papers: as JSON.", chooseJson},
     {nullptr, "version", "Print the version.", chooseVersion},
     {"h", "help", "Print this help.", chooseHelp},
 };
@@ -217,15 +245,48 @@ void applyValue(const ValueOption& entry, const QString& value, Options& options
     }
 }
 
-void applyOptions(const QCommandLineParser& parser, Options& options) {
+void applyValues(const QCommandLineParser& parser, Options& options) {
     for (const ValueOption& entry : valueOptions) {
         for (const QString& value : parser.values(QString::fromLatin1(entry.name))) {
             applyValue(entry, value, options);
         }
     }
+}
+
+void applySwitches(const QCommandLineParser& parser, Options& options) {
     for (const SwitchOption& entry : switchOptions) {
         if (parser.isSet(QString::fromLatin1(entry.name))) {
             entry.apply(options);
+        }
+    }
+}
+
+/// Takes what one file of settings states in its section "Defaults", under the names of the options.
+void applyDefaults(const QString& folder, Options& options) {
+    const QString path = QDir(folder).filePath(QStringLiteral("kelplot.ini"));
+    if (!QFile::exists(path)) {
+        return;
+    }
+    requireSettings(path);
+    if (holdsPens(path)) {
+        options.style.pens = penTableFrom(path);
+        options.pensFile.clear(); // of a file that comes after this one
+    }
+    for (const ValueOption& entry : valueOptions) {
+        const QString key = QString::fromLatin1(entry.name);
+        const QString value = entry.preset == Default::inSettings ? settingFrom(path, "Defaults", key) : QString();
+        if (value.isEmpty()) {
+            continue;
+        }
+        try {
+            entry.apply(options, value);
+        } catch (const UsageError& error) {
+            throw SettingsError(path, key + QStringLiteral(": ") + QString::fromUtf8(error.what()));
+        }
+        if (entry.apply == setPaper) {
+            options.paperOrigin = path + QStringLiteral(": paper");
+        } else if (entry.apply == setPens) {
+            options.pensFile = QDir(folder).filePath(value);
         }
     }
 }
@@ -256,7 +317,14 @@ void deriveFormat(Options& options) {
 
 void checkTogether(const QCommandLineParser& parser, Options& options) {
     refuseExclusivePairs(parser);
-    if (options.inputs.isEmpty()) {
+    const bool listsPapers = options.action == Action::listPapers;
+    if (options.json && !listsPapers) {
+        throw UsageError(QStringLiteral("--json: goes with --list-papers"));
+    }
+    if (listsPapers) {
+        return;
+    }
+    if (options.inputs.isEmpty() && options.action != Action::savePaper) {
         throw UsageError(QStringLiteral("no drawing given"));
     }
     if (!options.outputFile.isEmpty() && options.inputs.size() > 1) {
@@ -265,9 +333,14 @@ void checkTogether(const QCommandLineParser& parser, Options& options) {
     if (!parser.isSet(QStringLiteral("format"))) {
         deriveFormat(options);
     }
-    if (!leavesRoom(options.page)) {
-        throw UsageError(QStringLiteral("--margins: they leave no room on the paper"));
-    }
+}
+
+/// What a command line asks for, from all that it says.
+Action actionOf(const QCommandLineParser& parser) {
+    Options options;
+    applySwitches(parser, options);
+    const bool onlySaves = parser.isSet(QStringLiteral("save-paper")) && parser.positionalArguments().isEmpty();
+    return options.action == Action::plot && onlySaves ? Action::savePaper : options.action;
 }
 
 } // namespace
@@ -279,11 +352,25 @@ Options optionsFromArguments(const QStringList& arguments) {
         throw UsageError(parser.errorText());
     }
     Options options;
-    applyOptions(parser, options);
+    const Action action = actionOf(parser);
+    const bool lays = action == Action::plot || action == Action::savePaper;
+    if (lays) {
+        applyDefaults(driverFolder(), options);
+        applyDefaults(ownFolder(), options);
+    }
+    if (parser.isSet(QStringLiteral("paper"))) {
+        options.paperOrigin = QStringLiteral("--paper");
+    }
+    applyValues(parser, options);
+    applySwitches(parser, options);
+    options.action = action;
     options.inputs = parser.positionalArguments();
-    const bool reads = options.action == Action::plot || options.action == Action::listLayers;
-    if (reads) {
+    if (lays || action == Action::listLayers || action == Action::listPapers) {
         checkTogether(parser, options);
+    }
+    if (lays) {
+        choosePaper(options);
+        choosePens(options);
     }
     return options;
 }
@@ -292,9 +379,8 @@ QString helpText() {
     QCommandLineParser parser;
     declareOptions(parser);
     return parser.helpText() +
-           QStringLiteral(
-               "\nExit status: 0 done, 1 wrong usage, 2 a drawing cannot be opened, 3 it is no drawing or is "
-               "truncated,\n4 the output failed.\n");
+           QStringLiteral("\nExit status: 0 done, 1 wrong usage, 2 a drawing, or a file of papers, pens or defaults, "
+                          "cannot be\nread, 3 it is no drawing or is truncated, 4 the output failed.\n");
 }
 
 } // namespace kelplot

@@ -17,26 +17,34 @@ public:
     explicit UsageError(const QString& text) : std::runtime_error(text.toStdString()) {}
 };
 
-enum class Action { plot, listLayers, showHelp, showVersion };
+enum class Action { plot, savePaper, listLayers, listPapers, showHelp, showVersion };
 
 /// A command line, checked.
 struct Options {
     Action action = Action::plot;
     QStringList inputs;
+    QStringList warnings;    ///< about the settings
     QString outputFile;      ///< for the only input; empty: a name after the input's
     QString outputDirectory; ///< empty: the current one
     OutputFormat format = OutputFormat::pdf;
     int dotsPerInch = 200;
     PageOptions page;
     PlotStyleOptions style;
-    QStringList layers;         ///< patterns; empty: all
-    QStringList excludedLayers; ///< patterns
+    QString paper = QStringLiteral("A4"); ///< as asked: a name or a size
+    QString paperOrigin;                  ///< where that was asked, for messages; empty: nowhere
+    std::optional<Margins> margins;       ///< none: those of the paper
+    QString pensFile;                     ///< empty: none but those of the defaults
+    QString savedPaper;                   ///< the name under which the paper's size is to be kept; empty: not at all
+    bool json = false;                    ///< lists are for programs
+    QStringList layers;                   ///< patterns; empty: all
+    QStringList excludedLayers;           ///< patterns
     bool forceProgress = false;
     bool quiet = false;
     bool strict = false;
 };
 
-/// Reads a command line, the program's name first, or throws `UsageError`.
+/// Reads a command line, the program's name first, over the defaults of the settings files. Throws `UsageError`, or
+/// `SettingsError` where the settings that the plot needs are at fault.
 Options optionsFromArguments(const QStringList& arguments);
 
 /// The text for `--help`.

@@ -11,14 +11,6 @@
 
 namespace kelplot {
 
-/// The strip along each edge of the sheet that the plot keeps clear of, in millimetres.
-struct Margins {
-    double left = 5.0;
-    double top = 5.0;
-    double right = 5.0;
-    double bottom = 5.0;
-};
-
 enum class Orientation { automatic, portrait, landscape };
 
 /// What the caller asked of the page.

@@ -16,17 +16,21 @@ struct SheetSize {
     }
 };
 
+/// The strip along each edge of the sheet that the plot keeps clear of, in millimetres.
+struct Margins {
+    double left = 5.0;
+    double top = 5.0;
+    double right = 5.0;
+    double bottom = 5.0;
+};
+
 /// A paper that was asked for by name or by size.
 struct Paper {
-    SheetSize size;             ///< a named paper stands upright; a size of one's own is as it was given
+    SheetSize size;             ///< a paper of the device stands upright; a size of one's own is as it was given
     bool keepsPosition = false; ///< the caller gave width and height, so it is not turned unasked
 };
 
-/// Reads a paper's name, in any case and with or without blanks and hyphens, or a size "WIDTHxHEIGHT" in
-/// millimetres. Nothing when there is no such paper or the size cannot be that of a sheet.
-std::optional<Paper> paperFromText(const std::string& text);
-
-/// The names that `paperFromText` knows, for a message.
-std::string paperNames();
+/// Reads a size "WIDTHxHEIGHT" in millimetres. Nothing when the text is none, or it cannot be that of a sheet.
+std::optional<SheetSize> sheetSizeFromText(const std::string& text);
 
 } // namespace kelplot

@@ -2,7 +2,6 @@
 #include "geometry/LoopNesting.h"
 #include "plot/EntityPlotter.h"
 #include "plot/HatchLoops.h"
-#include "plot/Ink.h"
 #include "plot/PolylinePath.h"
 
 namespace kelplot {
@@ -87,7 +86,7 @@ void EntityPlotter::drawVaryingWidth(const std::vector<PolylineSegment>& segment
     const double overlap = 1.5 * m_target.hairlineWidth; // covers a seam that runs askew through the dots of the device
     const auto outlines = wideOutlines(segments, closed, current.map, rules, overlap);
     if (!outlines.empty()) {
-        m_pens.setFill(inkFor(current.style.colour, InkUse::line, m_options.monochrome), current.style.opacity);
+        m_pens.setFill(inkOf(current.style, InkUse::line), current.style.opacity);
     }
     for (const std::vector<Vec2>& outline : outlines) {
         m_canvas.fillPolygon(outline);

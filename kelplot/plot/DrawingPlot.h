@@ -7,6 +7,7 @@
 #include "geometry/Box2.h"
 #include "keldriver/Renderer.h"
 #include "plot/EntityWalk.h"
+#include "plot/PenTable.h"
 #include "reader/DrawingReader.h"
 
 namespace kelplot {
@@ -15,6 +16,7 @@ namespace kelplot {
 struct PlotStyleOptions {
     bool monochrome = false;
     double lineWeightScale = 1.0;
+    PenTable pens{};
 };
 
 /// Where a plot goes: the map from drawing units to device units, and the size of a millimetre there.

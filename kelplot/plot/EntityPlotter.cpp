@@ -2,7 +2,6 @@
 
 #include "plot/EntityBox.h"
 #include "plot/EntityCurves.h"
-#include "plot/Ink.h"
 #include "plot/PointMark.h"
 
 namespace kelplot {
@@ -43,10 +42,15 @@ void EntityPlotter::visit(const Entity& entity, const EntityStyle& style, const 
     std::visit([&](const auto& geometry) { draw(geometry, current); }, entity.geometry);
 }
 
+HT_Color EntityPlotter::inkOf(const EntityStyle& style, InkUse use) const {
+    return inkFor(style.colour, use, m_options.pens.ruleFor(style.colour), m_options.monochrome);
+}
+
 Pen EntityPlotter::linePen(const EntityStyle& style) const {
-    const double millimetres = style.lineWeight / 100.0 * m_options.lineWeightScale;
+    const PenRule& rule = m_options.pens.ruleFor(style.colour);
+    const double millimetres = rule.width.value_or(style.lineWeight / 100.0) * m_options.lineWeightScale;
     Pen pen;
-    pen.ink = inkFor(style.colour, InkUse::line, m_options.monochrome);
+    pen.ink = inkOf(style, InkUse::line);
     pen.opacity = style.opacity;
     pen.width = std::max(millimetres * m_target.deviceUnitsPerMillimetre, m_target.hairlineWidth);
     if (style.lineType < m_drawing.lineTypes.size() && !m_drawing.lineTypes[style.lineType].pattern.empty()) {
@@ -57,7 +61,7 @@ Pen EntityPlotter::linePen(const EntityStyle& style) const {
 }
 
 void EntityPlotter::useFill(const Current& current) {
-    m_pens.setFill(inkFor(current.style.colour, InkUse::fill, m_options.monochrome), current.style.opacity);
+    m_pens.setFill(inkOf(current.style, InkUse::fill), current.style.opacity);
 }
 
 void EntityPlotter::draw(const PointEntity& point, const Current& current) {

@@ -4,6 +4,7 @@
 
 #include "plot/Canvas.h"
 #include "plot/EntityWalk.h"
+#include "plot/Ink.h"
 #include "plot/PenControl.h"
 
 namespace kelplot {
@@ -29,6 +30,7 @@ private:
         const PlanMap& map;
     };
 
+    HT_Color inkOf(const EntityStyle& style, InkUse use) const;
     Pen linePen(const EntityStyle& style) const;
     void useLinePen(const Current& current) { m_pens.setPen(linePen(current.style)); }
     void useFill(const Current& current);

@@ -16,21 +16,15 @@ TEST(Rounding, HalvesGoAwayFromZeroAndLimitsSaturate) {
         int32_t rounded;
         int32_t truncated;
     } cases[] = {
-        {0.49, 0, 0},
         {0.5, 1, 0},
         {2.5, 3, 2},
-        {-0.49, 0, 0},
         {-0.5, -1, 0},
         {-2.5, -3, -2},
-        {-0.0, 0, 0},
-        {2147483646.4, 2147483646, 2147483646},
         {2147483646.5, INT32_MAX, 2147483646},
-        {2147483646.6, INT32_MAX, 2147483646},
         {2147483647.9, INT32_MAX, INT32_MAX},
         {-2147483647.4, -2147483647, -2147483647},
         {-2147483647.5, INT32_MIN, -2147483647},
         {-2147483648.9, INT32_MIN, INT32_MIN},
-        {3e9, INT32_MAX, INT32_MAX},
         {-1e300, INT32_MIN, INT32_MIN},
         {infinity, INT32_MAX, INT32_MAX},
         {-infinity, INT32_MIN, INT32_MIN},

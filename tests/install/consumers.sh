@@ -10,6 +10,7 @@ prefix=$work/prefix
 
 cmake --install "$build" --prefix "$prefix" >/dev/null
 "$prefix/bin/kelplot" --version
+XDG_CONFIG_HOME=$work "$prefix/bin/kelplot" --list-papers | grep -q $'^A0\t841x1189\t'
 library=$(find "$prefix" -name 'libKelDriver.so')
 libdir=$(dirname "$library")
 objdump -p "$library" | grep -Eq 'SONAME +libKelDriver\.so\.[0-9]+$'

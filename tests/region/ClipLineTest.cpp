@@ -1,7 +1,5 @@
 #include <cstdlib>
 #include <cstring>
-#include <memory>
-#include <new>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -99,6 +97,8 @@ protected:
         module->coordCount = coords.size();
         module->counts = counts.data();
         module->countCount = counts.size();
+        module->releaseCount = 0;
+        requests.clear();
     }
 
     int clip(I_HT_PointerArray& into) { return HT_ClipLine(&region, polyline, 3, &into); }
@@ -125,102 +125,74 @@ private:
 };
 
 TEST_F(ClipLineTest, PiecesLandInOrderAndBuffersGoBack) {
+    constexpr size_t none = SIZE_MAX;
+    const struct {
+        const char* name;
+        std::vector<int32_t> coords;
+        std::vector<int32_t> counts;
+        size_t failingRequest;
+        const char* pieces;
+        std::vector<unsigned long> requests;
+    } rows[] = {
+        {"pieces",
+         {0, 0, 5, 0, 5, 5, 7, INT32_MAX, INT32_MIN, 9},
+         {3, 0, 2},
+         none,
+         "3: 0,0 5,0 5,5; 0:; 2: 7,2147483647 -2147483648,9",
+         {52, 4, 36}},
+        {"negative counts are kept without vertices",
+         {1, 2, 3, 4},
+         {1, INT32_MIN, -1, 1},
+         none,
+         "1: 1,2; -2147483648:; -1:; 1: 3,4",
+         {20, 4, 4, 20}},
+        {"no memory for one, and the others follow",
+         {1, 2, 3, 4, 5, 6},
+         {1, 1, 1},
+         1,
+         "1: 1,2; null; 1: 5,6",
+         {20, 20, 20}},
+        {"sizes are counted in 64 bits", {1, 2}, {INT32_MAX}, 0, "null", {4 + 16UL * INT32_MAX}},
+    };
     load("whole");
-    const std::vector<int32_t> coords{0, 0, 5, 0, 5, 5, 7, INT32_MAX, INT32_MIN, 9};
-    const std::vector<int32_t> counts{3, 0, 2};
-    answer(3, coords, counts);
-    EXPECT_EQ(clip(out), 3);
-    EXPECT_EQ(pieces(), "3: 0,0 5,0 5,5; 0:; 2: 7,2147483647 -2147483648,9");
-    EXPECT_EQ(requests, (std::vector<unsigned long>{52, 4, 36}));
-    EXPECT_EQ(module->points, polyline);
-    EXPECT_EQ(module->pointCount, 3);
-    EXPECT_EQ(module->region, &region);
-    EXPECT_TRUE(module->buffersCameNull);
-    expectBuffersReleased();
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const int count = static_cast<int>(row.counts.size());
+        answer(count, row.coords, row.counts);
+        failingRequest = row.failingRequest;
+        out.Insert(0, nullptr);
+        EXPECT_EQ(clip(out), count);
+        EXPECT_EQ(pieces(), row.pieces + std::string("; null")) << "before what the list held";
+        EXPECT_EQ(requests, row.requests);
+        EXPECT_EQ(module->points, polyline);
+        EXPECT_EQ(module->pointCount, 3);
+        EXPECT_EQ(module->region, &region);
+        EXPECT_TRUE(module->buffersCameNull);
+        expectBuffersReleased();
+        out.Clear();
+    }
 }
-
-TEST_F(ClipLineTest, PiecesGoBeforeWhatTheListHeld) {
-    load("whole");
-    out.Insert(0, nullptr);
-    const std::vector<int32_t> coords{1, 2, 3, 4};
-    const std::vector<int32_t> counts{1, 1};
-    answer(2, coords, counts);
-    EXPECT_EQ(clip(out), 2);
-    EXPECT_EQ(pieces(), "1: 1,2; 1: 3,4; null");
-}
-
-struct ResultCase {
-    const char* name;
-    int result;
-    bool hasBuffers;
-};
 
 TEST_F(ClipLineTest, WithoutPiecesTheResultIsHandedOnAndBuffersStillGoBack) {
     load("whole");
     const std::vector<int32_t> unread{9, 9};
-    for (const ResultCase& c : {ResultCase{"nothing visible", 0, true}, ResultCase{"failure with buffers", -3, true},
-                                ResultCase{"failure without", INT32_MIN, false}}) {
-        SCOPED_TRACE(c.name);
-        answer(c.result, unread, unread);
-        module->coords = c.hasBuffers ? unread.data() : nullptr;
-        module->releaseCount = 0;
-        EXPECT_EQ(clip(out), c.result);
+    for (const auto& [result, hasBuffers] : {std::pair(0, true), std::pair(-3, true), std::pair(INT32_MIN, false)}) {
+        SCOPED_TRACE(result);
+        answer(result, unread, unread);
+        module->coords = hasBuffers ? unread.data() : nullptr;
+        EXPECT_EQ(clip(out), result);
         EXPECT_EQ(out.GetCount(), 0);
         expectBuffersReleased(); // null pointers too
     }
 }
 
-TEST_F(ClipLineTest, NegativeCountIsKeptWithoutVertices) {
-    load("whole");
-    const std::vector<int32_t> coords{1, 2, 3, 4};
-    const std::vector<int32_t> counts{1, INT32_MIN, -1, 1};
-    answer(4, coords, counts);
-    EXPECT_EQ(clip(out), 4);
-    EXPECT_EQ(pieces(), "1: 1,2; -2147483648:; -1:; 1: 3,4");
-    EXPECT_EQ(requests, (std::vector<unsigned long>{20, 4, 4, 20}));
-}
-
-TEST_F(ClipLineTest, PieceWithoutMemoryIsNullAndTheOthersFollow) {
-    load("whole");
-    const std::vector<int32_t> coords{1, 2, 3, 4, 5, 6};
-    const std::vector<int32_t> counts{1, 1, 1};
-    answer(3, coords, counts);
-    failingRequest = 1;
-    EXPECT_EQ(clip(out), 3);
-    EXPECT_EQ(pieces(), "1: 1,2; null; 1: 5,6");
-    expectBuffersReleased();
-}
-
-TEST_F(ClipLineTest, SizesAreCountedIn64Bits) {
-    load("whole");
-    const std::vector<int32_t> coords{1, 2};
-    const std::vector<int32_t> counts{INT32_MAX};
-    answer(1, coords, counts);
-    failingRequest = 0;
-    EXPECT_EQ(clip(out), 1);
-    EXPECT_EQ(requests, std::vector<unsigned long>{4 + 16UL * INT32_MAX});
-    EXPECT_EQ(pieces(), "null");
-}
-
-// A driver's own list that fails half-way.
-class FullArray : public I_HT_PointerArray {
-public:
-    int32_t GetCount() const override { return static_cast<int32_t>(taken.size()); }
+// A driver's own list that fails.
+struct FullArray : I_HT_PointerArray {
+    int32_t GetCount() const override { return 0; }
     void* GetData(int) override { return nullptr; }
-    void Insert(int, void* data) override {
-        if (!taken.empty()) {
-            throw std::length_error("full");
-        }
-        taken.emplace_back(data);
-    }
+    void Insert(int, void*) override { throw std::length_error("full"); }
     void Remove(int) override {}
     void Clear() override {}
-
-private:
-    struct Release {
-        void operator()(void* memory) const { HT_Free(memory); }
-    };
-    std::vector<std::unique_ptr<void, Release>> taken;
 };
 
 TEST_F(ClipLineTest, NothingLeaksWhenTheListThrows) {
@@ -230,8 +202,7 @@ TEST_F(ClipLineTest, NothingLeaksWhenTheListThrows) {
     answer(2, coords, counts);
     FullArray full;
     EXPECT_THROW(clip(full), std::length_error);
-    EXPECT_EQ(full.GetCount(), 1);
-    EXPECT_EQ(liveBlocks, 1) << "only the piece that the list took";
+    EXPECT_EQ(liveBlocks, 0);
     expectBuffersReleased();
 }
 
@@ -255,14 +226,6 @@ TEST_F(ClipLineTest, ModuleWithoutClipMeansNoPieces) {
     EXPECT_EQ(clip(out), 0);
     EXPECT_EQ(out.GetCount(), 0);
     EXPECT_EQ(module->releaseCount, 0);
-}
-
-TEST_F(ClipLineTest, NoModuleMeansNoPieces) {
-    InitInstance();
-    EXPECT_EQ(g_GeMoudle, nullptr);
-    EXPECT_EQ(clip(out), 0);
-    EXPECT_EQ(out.GetCount(), 0);
-    ExitInstance();
 }
 
 TEST_F(ClipLineTest, ClosingKeepsTheEntryPoints) {

@@ -97,9 +97,6 @@ TEST(RegionData, PolygonAndRectangleAreOneContourEach) {
     const HT_Double_Point points[] = {{0, 0}, {9, 1}};
     const RgnList polygon(HT_CreatePolygonRgnData(points, 2));
     EXPECT_EQ(textOf(polygon.get()), "mode 4 count 2: 0,0 9,1");
-    const RgnList none(HT_CreatePolygonRgnData(points, 0));
-    EXPECT_EQ(textOf(none.get()), "mode 4 count 0:");
-
     const RgnList rectangle(HT_CreateRectRgnData({10, 20}, {0, 0})); // corners stay as they came
     EXPECT_EQ(textOf(rectangle.get()), "mode 4 count 4: 10,20 0,20 0,0 10,0");
     HT_Double_Rectangle box = untouched;
@@ -122,77 +119,57 @@ TEST(RegionData, LongListsNeedNoStack) {
     ASSERT_NE(copy->next, nullptr);
 }
 
-struct BoxCase {
-    const char* name;
-    Points points;
-    int count;
-    int result;
-    const char* box;
-};
-
-std::ostream& operator<<(std::ostream& out, const BoxCase& c) {
-    return out << c.name;
+TEST(RegionData, PointsRectIsTheBoundingBox) {
+    const struct {
+        const char* name;
+        Points points;
+        int count;
+        int result;
+        const char* box;
+    } rows[] = {
+        {"no count", {{5, 6}}, 0, 0, untouchedText},
+        {"no points", {}, 3, 0, untouchedText},
+        {"negative count: the first point", {{5, -6}, {9, 9}}, -7, 1, "5 -6 5 -6"},
+        {"falling then rising", {{5, 5}, {4, 6}, {-1, 3}, {8, 9}}, 4, 1, "-1 3 8 9"},
+        {"infinite", {{0, 0}, {infinity, -infinity}}, 2, 1, "0 -inf inf 0"},
+        {"undefined vertex is left out", {{0, 0}, {std::nan(""), 4}}, 2, 1, "0 0 0 4"},
+    };
+    for (const auto& row : rows) {
+        HT_Double_Rectangle box = untouched;
+        EXPECT_EQ(HT_GetPointsRect(row.points.empty() ? nullptr : row.points.data(), row.count, &box), row.result)
+            << row.name;
+        EXPECT_EQ(textOf(box), row.box) << row.name;
+    }
 }
 
-class PointsRect : public ::testing::TestWithParam<BoxCase> {};
-
-TEST_P(PointsRect, GivesTheBoundingBox) {
-    const BoxCase& c = GetParam();
-    HT_Double_Rectangle box = untouched;
-    EXPECT_EQ(HT_GetPointsRect(c.points.empty() ? nullptr : c.points.data(), c.count, &box), c.result);
-    EXPECT_EQ(textOf(box), c.box);
+TEST(RegionData, IsARectangleWhereBothDiagonalsSpanTheBox) {
+    constexpr double tolerance = 1e-10;
+    const struct {
+        const char* name;
+        Points points;
+        bool isRect;
+        const char* box;
+    } rows[] = {
+        {"clockwise", {{0, 0}, {4, 0}, {4, 2}, {0, 2}}, true, "0 0 4 2"},
+        {"the other way, from another corner", {{4, 2}, {4, 0}, {0, 0}, {0, 2}}, true, "0 0 4 2"},
+        {"bow tie: neighbours exchanged", {{0, 0}, {4, 2}, {4, 0}, {0, 2}}, false, "0 0 4 2"},
+        {"diamond", {{0, 0}, {2, 1}, {4, 0}, {2, -1}}, false, "0 -1 4 1"},
+        {"first diagonal too short", {{0, 0}, {4, 0}, {3, 2}, {0, 2}}, false, "0 0 4 2"},
+        {"second diagonal too short", {{0, 0}, {3, 0}, {4, 2}, {0, 2}}, false, "0 0 4 2"},
+        {"no height", {{0, 0}, {4, 0}, {4, 0}, {0, 0}}, true, "0 0 4 0"},
+        {"off by less than the tolerance", {{0, 0}, {1, 0}, {1, 1}, {9e-11, 1}}, true, "0 0 1 1"},
+        {"off by the tolerance itself", {{0, 0}, {0, 0}, {0, 0}, {tolerance, 0}}, false, "0 0 1e-10 0"},
+        {"undefined corner", {{0, 0}, {4, std::nan("")}, {4, 2}, {0, 2}}, false, "0 0 4 2"},
+        {"infinite", {{0, 0}, {infinity, 0}, {infinity, 2}, {0, 2}}, false, "0 0 inf 2"},
+    };
+    for (const auto& row : rows) {
+        Points points = row.points;
+        HT_Double_Rectangle box = untouched;
+        EXPECT_EQ(IsRect(points.data(), &box), row.isRect) << row.name;
+        EXPECT_EQ(textOf(box), row.box) << row.name;
+        EXPECT_EQ(IsRect(points.data(), nullptr), row.isRect) << row.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    RegionData, PointsRect,
-    ::testing::Values(BoxCase{"no count", {{5, 6}}, 0, 0, untouchedText}, BoxCase{"no points", {}, 3, 0, untouchedText},
-                      BoxCase{"one point", {{5, -6}, {9, 9}}, 1, 1, "5 -6 5 -6"},
-                      BoxCase{"negative count: the first point", {{5, -6}, {9, 9}}, -7, 1, "5 -6 5 -6"},
-                      BoxCase{"falling then rising", {{5, 5}, {4, 6}, {-1, 3}, {8, 9}}, 4, 1, "-1 3 8 9"},
-                      BoxCase{"infinite", {{0, 0}, {infinity, -infinity}}, 2, 1, "0 -inf inf 0"},
-                      BoxCase{"undefined vertex is left out", {{0, 0}, {std::nan(""), 4}}, 2, 1, "0 0 0 4"}));
-
-struct RectCase {
-    const char* name;
-    Points points;
-    bool isRect;
-    const char* box;
-};
-
-std::ostream& operator<<(std::ostream& out, const RectCase& c) {
-    return out << c.name;
-}
-
-class RectTest : public ::testing::TestWithParam<RectCase> {};
-
-TEST_P(RectTest, BothDiagonalsSpanTheBox) {
-    Points points = GetParam().points;
-    HT_Double_Rectangle box = untouched;
-    EXPECT_EQ(IsRect(points.data(), &box), GetParam().isRect);
-    EXPECT_EQ(textOf(box), GetParam().box);
-    EXPECT_EQ(IsRect(points.data(), nullptr), GetParam().isRect);
-    const HT_ClipRgn region = contourOf(points, HT_RGN_COPY);
-    EXPECT_EQ(HT_GetRgnMinRect(&region, nullptr), GetParam().isRect);
-}
-
-constexpr double tolerance = 1e-10;
-
-INSTANTIATE_TEST_SUITE_P(
-    RegionData, RectTest,
-    ::testing::Values(
-        RectCase{"clockwise", {{0, 0}, {4, 0}, {4, 2}, {0, 2}}, true, "0 0 4 2"},
-        RectCase{"the other way, from another corner", {{4, 2}, {4, 0}, {0, 0}, {0, 2}}, true, "0 0 4 2"},
-        RectCase{"bow tie: neighbours exchanged", {{0, 0}, {4, 2}, {4, 0}, {0, 2}}, false, "0 0 4 2"},
-        RectCase{"diamond", {{0, 0}, {2, 1}, {4, 0}, {2, -1}}, false, "0 -1 4 1"},
-        RectCase{"turned by a little", {{0, 0}, {4, 0.125}, {3.875, 2.125}, {-0.125, 2}}, false, "-0.125 0 4 2.125"},
-        RectCase{"trapezium", {{0, 0}, {4, 0}, {3, 2}, {0, 2}}, false, "0 0 4 2"},
-        RectCase{"second diagonal too short", {{0, 0}, {3, 0}, {4, 2}, {0, 2}}, false, "0 0 4 2"},
-        RectCase{"no height", {{0, 0}, {4, 0}, {4, 0}, {0, 0}}, true, "0 0 4 0"},
-        RectCase{"one point four times", {{7, 7}, {7, 7}, {7, 7}, {7, 7}}, true, "7 7 7 7"},
-        RectCase{"off by less than the tolerance", {{0, 0}, {1, 0}, {1, 1}, {9e-11, 1}}, true, "0 0 1 1"},
-        RectCase{"off by the tolerance itself", {{0, 0}, {0, 0}, {0, 0}, {tolerance, 0}}, false, "0 0 1e-10 0"},
-        RectCase{"undefined corner", {{0, 0}, {4, std::nan("")}, {4, 2}, {0, 2}}, false, "0 0 4 2"},
-        RectCase{"infinite", {{0, 0}, {infinity, 0}, {infinity, 2}, {0, 2}}, false, "0 0 inf 2"}));
 
 TEST(RegionData, OnlyOneContourOfFourPointsHasAMinimumRectangle) {
     Points square{{0, 0}, {4, 0}, {4, 4}, {0, 4}};
@@ -208,11 +185,9 @@ TEST(RegionData, OnlyOneContourOfFourPointsHasAMinimumRectangle) {
     }
 }
 
-TEST(Rectangles, UnionHoldsBothEvenInverted) {
-    HT_Double_Rectangle box{0, 0, 10, 10};
-    UnionRectangle(box, {5, -5, 20, 6});
-    EXPECT_EQ(textOf(box), "0 -5 20 10");
-    UnionRectangle(box, {30, 30, -30, -30}); // inverted: its corners count as they are
+TEST(Rectangles, UnionHoldsTheCornersOfInvertedOnesAsTheyAre) {
+    HT_Double_Rectangle box{0, -5, 20, 10};
+    UnionRectangle(box, {30, 30, -30, -30});
     EXPECT_EQ(textOf(box), "0 -5 20 10");
     HT_Double_Rectangle inverted{30, 30, -30, -30};
     UnionRectangle(inverted, {0, 0, 0, 0});

@@ -1,4 +1,3 @@
-#include <cmath>
 #include <string>
 #include <vector>
 
@@ -36,80 +35,56 @@ std::string textOf(const HT_Region& region) {
     return text + "open " + textOf(region.current);
 }
 
-struct BuilderCase {
-    const char* name;
-    std::vector<Piece> pieces;
-    const char* results; ///< one digit a piece
-    const char* region;
-};
-
-std::ostream& operator<<(std::ostream& out, const BuilderCase& c) {
-    return out << c.name;
-}
-
-class RegionBuilder : public ::testing::TestWithParam<BuilderCase> {};
-
-TEST_P(RegionBuilder, CollectsPieces) {
-    HT_Region region;
-    std::string results;
-    for (const Piece& piece : GetParam().pieces) {
-        const int count = static_cast<int>(piece.points.size());
-        results += std::to_string(region.AddPoints(piece.points.data(), count, piece.closedFlag, piece.mode));
-    }
-    EXPECT_EQ(results, GetParam().results);
-    EXPECT_EQ(textOf(region), GetParam().region);
-    const size_t finished = region.contours.size() + (region.current != nullptr ? 1 : 0);
-    region.EndData();
-    EXPECT_EQ(region.contours.size(), finished);
-    EXPECT_EQ(region.current, nullptr);
-    region.EndData();
-    EXPECT_EQ(region.contours.size(), finished);
-    region.Clear();
-    EXPECT_TRUE(region.contours.empty());
-}
-
 const Piece triangle{{{0, 0}, {4, 0}, {4, 4}, {0, 0}}, 0, 7};
+const Piece step{{{0, 0}, {1, 0}}, 0, 1};
 
-INSTANTIATE_TEST_SUITE_P(
-    Region, RegionBuilder,
-    ::testing::Values(
-        BuilderCase{"nothing", {}, "", "open none"},
-        BuilderCase{"too few points, flag or not", {{{}, 0, 1}, {{{1, 1}}, 1, 1}}, "00", "open none"},
-        BuilderCase{
-            "back to its start in two points", {{{{1, 1}, {1, 1}}, 0, 1}, {{{1, 1}, {1, 1}}, 1, 1}}, "00", "open none"},
-        BuilderCase{"open piece", {{{{0, 0}, {1, 0}}, 0, 9}}, "1", "open 0/0: 0,0 1,0"},
-        BuilderCase{"chained piece replaces the vertices but its first",
-                    {{{{0, 0}, {1, 0}}, 0, 1}, {{{1, 0}, {2, 0}}, 0, 1}, {{{2, 0}, {3, 0}, {3, 1}}, 0, 1}},
-                    "111",
-                    "open 0/0: 3,0 3,1"},
-        BuilderCase{"piece elsewhere finishes the open contour",
-                    {{{{0, 0}, {1, 0}}, 0, 1}, {{{5, 0}, {6, 0}}, 0, 1}},
-                    "11",
-                    "[1/0: 0,0 1,0] open 0/0: 5,0 6,0"},
-        BuilderCase{"near is not chained",
-                    {{{{0, 0}, {1, 0}}, 0, 1}, {{{1 + 1e-12, 0}, {2, 0}}, 0, 1}},
-                    "11",
-                    "[1/0: 0,0 1,0] open 0/0: 1,0 2,0"},
-        BuilderCase{"negative zero is another vertex",
-                    {{{{1, 1}, {0, 0}}, 0, 1}, {{{-0.0, 0}, {2, 0}}, 0, 1}},
-                    "11",
-                    "[1/0: 1,1 0,0] open 0/0: -0,0 2,0"},
-        BuilderCase{"closed piece leaves the open contour open, and it still chains",
-                    {{{{0, 0}, {1, 0}}, 0, 1}, triangle, {{{1, 0}, {2, 0}}, 0, 1}},
-                    "111",
-                    "[1/7: 0,0 4,0 4,4 0,0] open 0/0: 2,0"},
-        BuilderCase{"flagged piece is finished though it is open",
-                    {{{{0, 0}, {1, 0}}, 0, 1}, {{{1, 0}, {2, 0}}, -1, 255}},
-                    "11",
-                    "[1/255: 1,0 2,0] open 0/0: 0,0 1,0"},
-        BuilderCase{"closed within the tolerance",
-                    {{{{0, 0}, {4, 0}, {9e-11, -9e-11}}, 0, 3}},
-                    "1",
-                    "[1/3: 0,0 4,0 9e-11,-9e-11] open none"},
-        BuilderCase{"apart by the tolerance in one direction",
-                    {{{{0, 0}, {4, 0}, {0, 1e-10}}, 0, 3}},
-                    "1",
-                    "open 0/0: 0,0 4,0 0,1e-10"}));
+TEST(Region, CollectsPieces) {
+    const struct {
+        const char* name;
+        std::vector<Piece> pieces;
+        const char* results; ///< one digit a piece
+        const char* region;
+    } rows[] = {
+        {"too few points, flag or not", {{{}, 0, 1}, {{{1, 1}}, 1, 1}}, "00", "open none"},
+        {"back to its start in two points", {{{{1, 1}, {1, 1}}, 0, 1}, {{{1, 1}, {1, 1}}, 1, 1}}, "00", "open none"},
+        {"open piece", {step}, "1", "open 0/0: 0,0 1,0"},
+        {"chained piece replaces the vertices but its first",
+         {step, {{{1, 0}, {2, 0}}, 0, 1}, {{{2, 0}, {3, 0}, {3, 1}}, 0, 1}},
+         "111",
+         "open 0/0: 3,0 3,1"},
+        {"elsewhere", {step, {{{5, 0}, {6, 0}}, 0, 1}}, "11", "[1/0: 0,0 1,0] open 0/0: 5,0 6,0"},
+        {"near is not chained", {step, {{{1 + 1e-12, 0}, {2, 0}}, 0, 1}}, "11", "[1/0: 0,0 1,0] open 0/0: 1,0 2,0"},
+        {"negative zero is another vertex",
+         {{{{1, 1}, {0, 0}}, 0, 1}, {{{-0.0, 0}, {2, 0}}, 0, 1}},
+         "11",
+         "[1/0: 1,1 0,0] open 0/0: -0,0 2,0"},
+        {"closed piece leaves the open contour open, and it still chains",
+         {step, triangle, {{{1, 0}, {2, 0}}, 0, 1}},
+         "111",
+         "[1/7: 0,0 4,0 4,4 0,0] open 0/0: 2,0"},
+        {"flagged though open", {step, {{{1, 0}, {2, 0}}, -1, 255}}, "11", "[1/255: 1,0 2,0] open 0/0: 0,0 1,0"},
+        {"nearly closed", {{{{0, 0}, {4, 0}, {9e-11, -9e-11}}, 0, 3}}, "1", "[1/3: 0,0 4,0 9e-11,-9e-11] open none"},
+        {"apart by the tolerance", {{{{0, 0}, {4, 0}, {0, 1e-10}}, 0, 3}}, "1", "open 0/0: 0,0 4,0 0,1e-10"},
+    };
+    for (const auto& row : rows) {
+        HT_Region region;
+        std::string results;
+        for (const Piece& piece : row.pieces) {
+            const int count = static_cast<int>(piece.points.size());
+            results += std::to_string(region.AddPoints(piece.points.data(), count, piece.closedFlag, piece.mode));
+        }
+        EXPECT_EQ(results, row.results) << row.name;
+        EXPECT_EQ(textOf(region), row.region) << row.name;
+        const size_t finished = region.contours.size() + (region.current != nullptr ? 1 : 0);
+        for (int time = 0; time < 2; ++time) {
+            region.EndData();
+            EXPECT_EQ(region.contours.size(), finished) << row.name;
+            EXPECT_EQ(region.current, nullptr) << row.name;
+        }
+        region.Clear();
+        EXPECT_TRUE(region.contours.empty()) << row.name;
+    }
+}
 
 TEST(Region, NullPieceIsRefused) {
     HT_Region region;

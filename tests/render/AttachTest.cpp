@@ -1,5 +1,3 @@
-#include <QImage>
-
 #include "render/RendererFixture.h"
 
 namespace {
@@ -101,33 +99,13 @@ TEST(AttachedRenderer, RestoresOnceOnDetachAndOnceOnDestruction) {
 }
 
 TEST_F(RendererTest, MergeControlChoosesComposition) {
-    const struct {
-        int type;
-        QPainter::CompositionMode expected;
-    } steps[] = {
-        {1, QPainter::CompositionMode_Multiply},   {2, QPainter::CompositionMode_Multiply},
-        {-1, QPainter::CompositionMode_Multiply},  {0, QPainter::CompositionMode_SourceOver},
-        {7, QPainter::CompositionMode_SourceOver},
-    };
-    for (const auto& step : steps) {
-        renderer.SetMergeControlType(fromDriver<HT_PlotStyle::MergeControlType>(step.type));
-        EXPECT_EQ(painter.compositionMode(), step.expected) << "type " << step.type;
+    const auto multiply = QPainter::CompositionMode_Multiply, plain = QPainter::CompositionMode_SourceOver;
+    const std::pair<int, QPainter::CompositionMode> cases[] = {
+        {1, multiply}, {2, multiply}, {-1, multiply}, {0, plain}, {7, plain}};
+    for (const auto& [type, expected] : cases) {
+        renderer.SetMergeControlType(fromDriver<HT_PlotStyle::MergeControlType>(type));
+        EXPECT_EQ(painter.compositionMode(), expected) << "type " << type;
     }
-}
-
-TEST(AttachedRenderer, MergedInkMultipliesWithWhatLiesBelow) {
-    QImage page(4, 4, QImage::Format_RGB32);
-    page.fill(QColor(255, 255, 0));
-    QPainter painter(&page);
-    QTRenderer renderer;
-    renderer.AttachDriver(&painter, {4, 4}, false);
-    renderer.StartRender();
-    renderer.SetMergeControlType(HT_PlotStyle::MergeControlMerge);
-    renderer.SetColor(0xFFFF00); // cyan over yellow
-    const HT_Double_Point whole[] = {{0, 0}, {4, 0}, {4, 4}, {0, 4}};
-    renderer.FillPolygon(whole, 4);
-    EXPECT_EQ(page.pixelColor(2, 2), QColor(0, 255, 0));
-    renderer.DetachDriver();
 }
 
 } // namespace

@@ -52,6 +52,7 @@ public:
     void drawImage(const QRectF& target, const QImage& image, const QRectF& source, Qt::ImageConversionFlags) override {
         record("image " + plotText::rectangle(target) + " from " + plotText::rectangle(source) + " of " +
                std::to_string(image.width()) + "x" + std::to_string(image.height()));
+        recorder.recorded.back().image = image;
     }
     void drawTextItem(const QPointF& position, const QTextItem& item) override {
         record("text " + plotText::point(position) + " " + item.text().toStdString());
@@ -97,7 +98,7 @@ private:
     }
 
     void record(std::string shape) {
-        recorder.recorded.push_back({std::move(shape), stateText(), {}, painter()->combinedTransform()});
+        recorder.recorded.push_back({std::move(shape), stateText(), {}, painter()->combinedTransform(), {}});
     }
 
     PlotRecorder& recorder;

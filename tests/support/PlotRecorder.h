@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include <QImage>
 #include <QPaintDevice>
 #include <QPainterPath>
 #include <QTransform>
@@ -21,6 +22,7 @@ public:
         std::string state;    ///< " | pen … | brush …", then what differs from a fresh painter
         QPainterPath path;    ///< of a path call, in logical coordinates
         QTransform transform; ///< from logical to device coordinates
+        QImage image;         ///< of an image call; shares the pixels that were drawn
     };
 
     PlotRecorder();

@@ -19,13 +19,21 @@ struct Contour {
 
 using Contours = std::vector<Contour>;
 
+/// A place with more digits than points have.
+struct Place {
+    long double x;
+    long double y;
+};
+
 /// Even-odd membership in one contour, whatever it crosses.
-inline bool isInside(const Points& contour, const HT_Double_Point& p) {
+template <typename At = HT_Double_Point>
+bool isInside(const Points& contour, const At& p) {
+    using Real = decltype(p.x);
     bool inside = false;
     for (size_t i = 0; i < contour.size(); ++i) {
         const HT_Double_Point& a = contour[i];
         const HT_Double_Point& b = contour[(i + 1) % contour.size()];
-        if ((a.y > p.y) != (b.y > p.y) && p.x < a.x + (b.x - a.x) * ((p.y - a.y) / (b.y - a.y))) {
+        if ((a.y > p.y) != (b.y > p.y) && p.x < a.x + (Real{b.x} - a.x) * ((p.y - a.y) / (Real{b.y} - a.y))) {
             inside = !inside;
         }
     }
@@ -51,7 +59,8 @@ inline bool joined(bool before, bool inside, int mode) {
 }
 
 /// Membership in a region: its first contour, then every later one joined by its code.
-inline bool isInside(const Contours& contours, const HT_Double_Point& p) {
+template <typename At = HT_Double_Point>
+bool isInside(const Contours& contours, const At& p) {
     bool inside = !contours.empty() && isInside(contours.front().points, p);
     for (size_t i = 1; i < contours.size(); ++i) {
         inside = joined(inside, isInside(contours[i].points, p), contours[i].mode);
@@ -59,16 +68,31 @@ inline bool isInside(const Contours& contours, const HT_Double_Point& p) {
     return inside;
 }
 
-inline double distanceToSegment(const HT_Double_Point& p, const HT_Double_Point& a, const HT_Double_Point& b) {
-    const double dx = b.x - a.x;
-    const double dy = b.y - a.y;
-    const double squared = dx * dx + dy * dy;
-    const double t = squared > 0 ? std::clamp(((p.x - a.x) * dx + (p.y - a.y) * dy) / squared, 0.0, 1.0) : 0.0;
+/// The same with the first contour that is no hole in the place of the first: the evaluation of a list starts with it.
+inline Contours outerFirst(Contours contours) {
+    const auto isOuter = [](const Contour& contour) {
+        return contour.mode != HT_RGN_DIFF;
+    };
+    const auto outer = std::find_if(contours.begin(), contours.end(), isOuter);
+    if (outer != contours.end()) {
+        std::swap(contours.front(), *outer);
+    }
+    return contours;
+}
+
+template <typename At>
+auto distanceToSegment(const At& p, const HT_Double_Point& a, const HT_Double_Point& b) {
+    using Real = decltype(p.x);
+    const Real dx = Real{b.x} - a.x;
+    const Real dy = Real{b.y} - a.y;
+    const Real squared = dx * dx + dy * dy;
+    const Real t = squared > 0 ? std::clamp<Real>(((p.x - a.x) * dx + (p.y - a.y) * dy) / squared, 0, 1) : 0;
     return std::hypot(p.x - a.x - t * dx, p.y - a.y - t * dy);
 }
 
 /// Whether a point lies so near to an edge that rounding decides its side.
-inline bool isNearEdge(const Contours& contours, const HT_Double_Point& p, double distance) {
+template <typename At>
+bool isNearEdge(const Contours& contours, const At& p, decltype(p.x) distance) {
     for (const Contour& contour : contours) {
         for (size_t i = 0; i < contour.points.size(); ++i) {
             const HT_Double_Point& next = contour.points[(i + 1) % contour.points.size()];

@@ -3,42 +3,23 @@
 #include <cstring>
 #include <sstream>
 
-#include <dlfcn.h>
-
 #include <gtest/gtest.h>
 
 #include "keldriver/ClipLine.h"
 #include "keldriver/Utility.h"
 
-const Module& module() {
-    static void* const handle = dlopen(VNBASE_MODULE, RTLD_NOW | RTLD_LOCAL);
-    static const Module loaded{reinterpret_cast<ClipProc>(dlsym(handle, "clipPolylineByPolygons")),
-                               reinterpret_cast<FreeProc>(dlsym(handle, "freeClipPolylineBuffer"))};
-    return loaded;
-}
-
-PieceList clipWithModule(const RegionModel& region, const Line& line) {
-    int32_t* coordinates = nullptr;
-    int32_t* counts = nullptr;
-    const RgnList list = listOf(region);
-    const int pieceCount = module().clip(line.data(), static_cast<int>(line.size()), list.get(), &coordinates, &counts);
-    EXPECT_EQ(pieceCount > 0, coordinates != nullptr && counts != nullptr);
-    PieceList pieces;
-    const int32_t* next = coordinates;
-    for (int i = 0; i < pieceCount; ++i) {
-        Piece piece(static_cast<size_t>(counts[i]));
-        std::memcpy(piece.data(), next, piece.size() * sizeof(piece[0]));
-        next += 2 * piece.size();
-        pieces.push_back(piece);
+Line lineOf(const std::string& text) {
+    std::istringstream in(text);
+    Line line;
+    for (std::string x, y; std::getline(in, x, ',') && in >> y;) {
+        line.push_back({std::stod(x), std::stod(y)});
     }
-    module().free(coordinates);
-    module().free(counts);
-    return pieces;
+    return line;
 }
 
-PieceList clipWithLibrary(const RegionModel& region, const Line& line) {
+PieceList clip(const Contours& region, const Line& line) {
     HT_PointerArray records(0, nullptr, HT_Free);
-    const RgnList list = listOf(region);
+    const RgnList list = regionOracle::toList(region);
     const int pieceCount = HT_ClipLine(list.get(), line.data(), static_cast<int>(line.size()), &records);
     EXPECT_EQ(pieceCount, records.GetCount());
     PieceList pieces;

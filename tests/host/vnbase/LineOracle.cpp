@@ -6,17 +6,14 @@
 
 namespace {
 
-struct Place {
-    long double x;
-    long double y;
-};
+using regionOracle::Place;
 using Path = std::vector<Place>;
 
 /// Cuts one polyline.
 class Oracle {
 public:
-    Oracle(const RegionModel& region, long double size, OracleGrain grain)
-        : m_region(region), m_same(size * grain.same), m_beside(size * grain.beside) {}
+    Oracle(const Contours& region, long double size, OracleGrain grain)
+        : m_region(regionOracle::outerFirst(region)), m_same(size * grain.same), m_beside(size * grain.beside) {}
 
     std::vector<Path> clip(const Line& line) {
         for (size_t i = 1; i < line.size(); ++i) {
@@ -57,7 +54,7 @@ private:
     std::vector<long double> cutsOf(const HT_Double_Point& from, long double wayX, long double wayY) const {
         const long double length = std::hypot(wayX, wayY);
         std::vector<long double> found{0, 1};
-        for (const ModelContour& contour : m_region) {
+        for (const regionOracle::Contour& contour : m_region) {
             for (size_t i = 0; contour.points.size() >= 3 && i < contour.points.size(); ++i) {
                 const HT_Double_Point& a = contour.points[i];
                 const HT_Double_Point& b = contour.points[(i + 1) % contour.points.size()];
@@ -88,11 +85,11 @@ private:
     }
 
     bool holds(const Place& p, long double normalX, long double normalY) const {
-        if (distanceToEdges(m_region, p.x, p.y) > m_same) {
-            return modelHolds(m_region, p.x, p.y);
+        if (!isNearEdge(m_region, p, m_same)) {
+            return isInside(m_region, p);
         }
-        return modelHolds(m_region, p.x + normalX * m_beside, p.y + normalY * m_beside) ||
-               modelHolds(m_region, p.x - normalX * m_beside, p.y - normalY * m_beside);
+        return isInside(m_region, Place{p.x + normalX * m_beside, p.y + normalY * m_beside}) ||
+               isInside(m_region, Place{p.x - normalX * m_beside, p.y - normalY * m_beside});
     }
 
     void close() {
@@ -102,7 +99,7 @@ private:
         }
     }
 
-    const RegionModel& m_region;
+    Contours m_region;
     long double m_same;
     long double m_beside;
     std::vector<Path> m_paths;
@@ -117,28 +114,24 @@ bool isRounded(int32_t rounded, long double value, long double doubt) {
 
 } // namespace
 
-std::string differenceFromOracle(const RegionModel& region, const Line& line, long double size, OracleGrain grain,
+std::string differenceFromOracle(const Contours& region, const Line& line, long double size, OracleGrain grain,
                                  const PieceList& pieces) {
     const std::vector<Path> expected = Oracle(region, size, grain).clip(line);
     const long double doubt = size * 1e-9L;
-    std::ostringstream out;
-    out.precision(17);
     if (expected.size() != pieces.size()) {
-        out << pieces.size() << " pieces instead of " << expected.size();
-        return out.str();
+        return std::to_string(pieces.size()) + " pieces instead of " + std::to_string(expected.size());
     }
     for (size_t i = 0; i < pieces.size(); ++i) {
-        if (pieces[i].size() != expected[i].size()) {
-            out << "piece " << i << " has " << pieces[i].size() << " vertices instead of " << expected[i].size();
-            return out.str();
-        }
-        for (size_t k = 0; k < pieces[i].size(); ++k) {
-            const Place& place = expected[i][k];
-            if (!isRounded(pieces[i][k][0], place.x, doubt) || !isRounded(pieces[i][k][1], place.y, doubt)) {
-                out << "piece " << i << " vertex " << k << " is " << pieces[i][k][0] << ',' << pieces[i][k][1]
-                    << " instead of " << static_cast<double>(place.x) << ',' << static_cast<double>(place.y);
-                return out.str();
+        const auto isAsExpected = [&](const std::array<int32_t, 2>& vertex, const Place& place) {
+            return isRounded(vertex[0], place.x, doubt) && isRounded(vertex[1], place.y, doubt);
+        };
+        if (!std::equal(pieces[i].begin(), pieces[i].end(), expected[i].begin(), expected[i].end(), isAsExpected)) {
+            std::ostringstream out;
+            out << "piece " << i << " is " << textOf({pieces[i]}) << " instead of";
+            for (const Place& place : expected[i]) {
+                out << ' ' << place.x << ',' << place.y;
             }
+            return out.str();
         }
     }
     return {};

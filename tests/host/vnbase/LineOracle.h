@@ -14,5 +14,5 @@ struct OracleGrain {
 /// Compares pieces with those found by cutting every segment at every edge, in more digits.
 ///
 /// @return an empty text, or what differs first
-std::string differenceFromOracle(const RegionModel& region, const Line& line, long double size, OracleGrain grain,
+std::string differenceFromOracle(const Contours& region, const Line& line, long double size, OracleGrain grain,
                                  const PieceList& pieces);

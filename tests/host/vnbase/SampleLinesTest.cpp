@@ -10,7 +10,7 @@ namespace {
 struct SampleCase {
     std::string caption;
     std::vector<Line> lines;
-    RegionModel region;
+    Contours region;
 };
 
 /// Cases of a file: a caption, polylines below "SUBJECTS_OPEN" and contours below "CLIPS", one a row.
@@ -49,7 +49,7 @@ TEST(SampleLines, AgreeWithTheOracle) {
     for (const SampleCase& sample : cases) {
         ASSERT_FALSE(sample.lines.empty() || sample.region.empty()) << sample.caption;
         for (const Line& line : sample.lines) {
-            const PieceList pieces = clipWithLibrary(sample.region, line);
+            const PieceList pieces = clip(sample.region, line);
             EXPECT_EQ(differenceFromOracle(sample.region, line, 100, {1e-9L, 1e-7L}, pieces), "") << sample.caption;
         }
     }

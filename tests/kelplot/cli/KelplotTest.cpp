@@ -1,46 +1,15 @@
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QImage>
-#include <QProcess>
 #include <algorithm>
 #include <cmath>
-#include <ostream>
 
+#include "kelplot/cli/KelplotRun.h"
 #include "support/TemporaryDirectory.h"
 
 namespace {
 
 const QString plate = QStringLiteral(EXAMPLE_DRAWINGS "/flange_plate.dxf");
-
-struct Outcome {
-    int status;
-    QString output;
-    QString messages;
-};
-
-/// Runs the program in `directory`, without a display or a locale.
-Outcome run(const TemporaryDirectory& directory, const QStringList& arguments) {
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "LANG", "LC_ALL"}) {
-        environment.remove(QString::fromLatin1(name));
-    }
-    // For builds with sanitizers; to others these variables mean nothing.
-    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("fast_unwind_on_malloc=0"));
-    environment.insert(QStringLiteral("LSAN_OPTIONS"),
-                       QStringLiteral("print_suppressions=0:suppressions=" LEAK_SUPPRESSIONS));
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(QString::fromStdString(directory.path()));
-    process.start(QStringLiteral(KELPLOT_PROGRAM), arguments);
-    const bool ended = process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit;
-    return {ended ? process.exitCode() : -1, QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
-}
-
-QStringList filesIn(const TemporaryDirectory& directory) {
-    return QDir(QString::fromStdString(directory.path())).entryList(QDir::Files | QDir::Hidden, QDir::Name);
-}
 
 const std::string emptyDrawing = "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n";
 const std::string oneLine = "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\nEdge\n10\n0\n20\n0\n11\n500\n21\n0\n"
@@ -71,13 +40,39 @@ struct StatusCase {
     QStringList files; ///< that the run makes
 };
 
-std::ostream& operator<<(std::ostream& stream, const StatusCase& row) {
-    return stream << row.name;
-}
+const StatusCase statusCases[] = {
+    {"plot", {"line.dxf"}, 0, {}, {"line.pdf"}},
+    {"plot as asked", {"-o", "x.svg", "line.dxf"}, 0, {}, {"x.svg"}},
+    {"empty", {"empty.dxf"}, 0, {"kelplot: warning: empty.dxf: nothing to plot"}, {"empty.pdf"}},
+    {"empty and quiet", {"--quiet", "empty.dxf"}, 0, {}, {"empty.pdf"}},
+    {"empty and strict", {"--strict", "empty.dxf"}, 3, {"empty.dxf: nothing to plot"}, {}},
+    {"larger than the page", {"--scale", "1:1", "line.dxf"}, 0, {"line.dxf: ", "larger"}, {"line.pdf"}},
+    {"no such layer", {"--layers", "Edge,Hole", "line.dxf"}, 0, {"line.dxf: ", "Hole"}, {"line.pdf"}},
+    {"window", {"--window", "0,-50,100,50", "line.dxf"}, 0, {}, {"line.pdf"}},
+    {"window beside it", {"--window", "0,1,9,9", "line.dxf"}, 0, {"line.dxf: ", "in the window"}, {"line.pdf"}},
+    {"window too large", {"--window", "0,0,900,900", "--scale", "1:1", "line.dxf"}, 0, {"the window is"}, {"line.pdf"}},
+    {"empty window", {"--window", "5,5,5,9", "line.dxf"}, 1, {"--window", "5,5,5,9", "corners"}, {}},
+    {"wrong usage", {"--scale", "none", "line.dxf"}, 1, {"--scale", "--help"}, {}},
+    {"no such file", {"missing.dxf"}, 2, {"kelplot: missing.dxf: "}, {}},
+    {"directory", {"."}, 2, {"kelplot: .: "}, {}},
+    {"junk", {"junk.dxf"}, 3, {"kelplot: junk.dxf: "}, {}},
+    {"truncated", {"cut.dxf"}, 3, {"kelplot: cut.dxf: "}, {}},
+    {"no such target", {"-t", "nowhere", "line.dxf"}, 4, {"kelplot: nowhere/line.pdf: "}, {}},
+    {"full device", {"-o", "/dev/full", "line.dxf"}, 4, {"kelplot: /dev/full: "}, {}},
+    {"full for an image", {"--format", "png", "-o", "/dev/full", "line.dxf"}, 4, {"/dev/full: No space left"}, {}},
+    {"too many copies", {"copies.dxf"}, 0, {"copies.dxf: too many block copies"}, {"copies.pdf"}},
+    {"strict about copies", {"--strict", "copies.dxf"}, 3, {"copies.dxf: too many block copies"}, {}},
+    {"blocks that are not there",
+     {"parts.dxf"},
+     0,
+     {"parts.dxf: 3 references to blocks that the drawing does not define: Bolt, Nut\n",
+      "parts.dxf: 2 dimensions without a block are left out\n"},
+     {"parts.pdf"}},
+    {"after failures", {"junk.dxf", "missing.dxf", "line.dxf"}, 3, {"junk.dxf: ", "missing.dxf: "}, {"line.pdf"}},
+};
 
-class KelplotStatus : public ::testing::TestWithParam<StatusCase> {};
-
-TEST_P(KelplotStatus, GoesWithMessagesAndFiles) {
+void checkStatus(const StatusCase& row) {
+    SCOPED_TRACE(row.name);
     const TemporaryDirectory directory;
     directory.write("line.dxf", oneLine);
     directory.write("empty.dxf", emptyDrawing);
@@ -87,68 +82,26 @@ TEST_P(KelplotStatus, GoesWithMessagesAndFiles) {
     directory.write("parts.dxf", missingParts);
     const QStringList inputs = filesIn(directory);
 
-    const Outcome outcome = run(directory, GetParam().arguments);
-    EXPECT_EQ(outcome.status, GetParam().status) << outcome.messages.toStdString();
-    EXPECT_EQ(outcome.messages.isEmpty(), GetParam().told.isEmpty()) << outcome.messages.toStdString();
-    EXPECT_TRUE(outcome.messages.isEmpty() || outcome.messages.startsWith("kelplot: "))
-        << "a message of a library's own: " << outcome.messages.toStdString();
-    for (const QString& part : GetParam().told) {
-        EXPECT_TRUE(outcome.messages.contains(part)) << outcome.messages.toStdString();
+    const Outcome outcome = run(directory, row.arguments);
+    const std::string messages = outcome.messages.toStdString();
+    EXPECT_EQ(outcome.status, row.status) << messages;
+    EXPECT_EQ(messages.empty(), row.told.isEmpty()) << messages;
+    EXPECT_TRUE(messages.empty() || messages.rfind("kelplot: ", 0) == 0)
+        << "a message of a library's own: " << messages;
+    for (const QString& part : row.told) {
+        EXPECT_TRUE(outcome.messages.contains(part)) << messages;
     }
     QStringList made = filesIn(directory);
     made.erase(std::remove_if(made.begin(), made.end(), [&](const QString& name) { return inputs.contains(name); }),
                made.end());
-    EXPECT_EQ(made, GetParam().files);
+    EXPECT_EQ(made, row.files);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    All, KelplotStatus,
-    ::testing::Values(
-        StatusCase{"plot", {"line.dxf"}, 0, {}, {"line.pdf"}},
-        StatusCase{"plot as asked", {"-o", "x.svg", "line.dxf"}, 0, {}, {"x.svg"}},
-        StatusCase{"empty", {"empty.dxf"}, 0, {"kelplot: warning: empty.dxf: nothing to plot"}, {"empty.pdf"}},
-        StatusCase{"empty and quiet", {"--quiet", "empty.dxf"}, 0, {}, {"empty.pdf"}},
-        StatusCase{"empty and strict", {"--strict", "empty.dxf"}, 3, {"empty.dxf: nothing to plot"}, {}},
-        StatusCase{"larger than the page", {"--scale", "1:1", "line.dxf"}, 0, {"line.dxf: ", "larger"}, {"line.pdf"}},
-        StatusCase{"no such layer", {"--layers", "Edge,Hole", "line.dxf"}, 0, {"line.dxf: ", "Hole"}, {"line.pdf"}},
-        StatusCase{"window", {"--window", "0,-50,100,50", "line.dxf"}, 0, {}, {"line.pdf"}},
-        StatusCase{"window beside the drawing",
-                   {"--window", "0,1,9,9", "line.dxf"},
-                   0,
-                   {"line.dxf: ", "in the window"},
-                   {"line.pdf"}},
-        StatusCase{"window larger than the page",
-                   {"--window", "0,0,900,900", "--scale", "1:1", "line.dxf"},
-                   0,
-                   {"line.dxf: ", "the window is larger"},
-                   {"line.pdf"}},
-        StatusCase{"empty window", {"--window", "5,5,5,9", "line.dxf"}, 1, {"--window", "5,5,5,9", "corners"}, {}},
-        StatusCase{"malformed window", {"--window", "5,5,9", "line.dxf"}, 1, {"--window", "X1,Y1,X2,Y2"}, {}},
-        StatusCase{"wrong usage", {"--scale", "none", "line.dxf"}, 1, {"--scale", "--help"}, {}},
-        StatusCase{"no such file", {"missing.dxf"}, 2, {"kelplot: missing.dxf: "}, {}},
-        StatusCase{"directory", {"."}, 2, {"kelplot: .: "}, {}},
-        StatusCase{"junk", {"junk.dxf"}, 3, {"kelplot: junk.dxf: "}, {}},
-        StatusCase{"truncated", {"cut.dxf"}, 3, {"kelplot: cut.dxf: "}, {}},
-        StatusCase{"no such target", {"-t", "nowhere", "line.dxf"}, 4, {"kelplot: nowhere/line.pdf: "}, {}},
-        StatusCase{"full device", {"-o", "/dev/full", "line.dxf"}, 4, {"kelplot: /dev/full: "}, {}},
-        StatusCase{"full device for an image",
-                   {"--format", "png", "-o", "/dev/full", "line.dxf"},
-                   4,
-                   {"kelplot: /dev/full: No space left on device"},
-                   {}},
-        StatusCase{"too many copies", {"copies.dxf"}, 0, {"copies.dxf: too many block copies"}, {"copies.pdf"}},
-        StatusCase{"strict about copies", {"--strict", "copies.dxf"}, 3, {"copies.dxf: too many block copies"}, {}},
-        StatusCase{"blocks that are not there",
-                   {"parts.dxf"},
-                   0,
-                   {"parts.dxf: 3 references to blocks that the drawing does not define: Bolt, Nut\n",
-                    "parts.dxf: 2 dimensions without a block are left out\n"},
-                   {"parts.pdf"}},
-        StatusCase{"goes on after a failure",
-                   {"junk.dxf", "missing.dxf", "line.dxf"},
-                   3,
-                   {"junk.dxf: ", "missing.dxf: "},
-                   {"line.pdf"}}));
+TEST(Kelplot, StatusGoesWithMessagesAndFiles) {
+    for (const StatusCase& row : statusCases) {
+        checkStatus(row);
+    }
+}
 
 TEST(Kelplot, HelpAndVersionGoToStandardOutput) {
     const TemporaryDirectory directory;
@@ -202,16 +155,6 @@ QRect inkOf(const TemporaryDirectory& directory, const QStringList& arguments, i
     return ink;
 }
 
-TEST(Kelplot, AFrameAtTrueSizeMeasuresWhatTheDrawingSays) {
-    const TemporaryDirectory directory;
-    // The sheet's frame runs from (10, 10) to (287, 200) millimetres, drawn half a millimetre wide.
-    const QRect ink = inkOf(directory, {"--scale", "1:1", "--center", plate});
-    EXPECT_NEAR(ink.width(), 2770 + 5, 2);
-    EXPECT_NEAR(ink.height(), 1900 + 5, 2);
-    EXPECT_NEAR(ink.center().x(), 1485, 2);
-    EXPECT_NEAR(ink.center().y(), 1050, 2);
-}
-
 TEST(Kelplot, LayersLeftOutAreLeftOutOfTheFit) {
     const TemporaryDirectory directory;
     const QRect frame = inkOf(directory, {plate});
@@ -220,31 +163,6 @@ TEST(Kelplot, LayersLeftOutAreLeftOutOfTheFit) {
     const QRect sections = inkOf(directory, {"--monochrome", "--layers", "hatch", plate});
     EXPECT_NEAR(sections.height(), 2870, 6) << "and so do the sections on their own sheet";
     EXPECT_NEAR(sections.width(), 2870.0 * 63 / 110, 6);
-}
-
-/// A drawing of one solid hatch for each square of a raster of 40 by 40, each with a jagged border of 200 corners.
-std::string rasterOfHatches() {
-    std::string text = "0\nSECTION\n2\nENTITIES\n";
-    for (int square = 0; square < 1600; ++square) {
-        text += "0\nHATCH\n8\n0\n62\n5\n2\nSOLID\n70\n1\n91\n1\n92\n2\n72\n0\n73\n1\n93\n200\n";
-        for (int corner = 0; corner < 200; ++corner) {
-            const double angle = corner * 0.0314159265;
-            const double radius = corner % 2 == 0 ? 5.0 : 4.0 + (corner * square) % 7 * 0.1;
-            text += "10\n" + std::to_string(square % 40 * 10 + radius * std::cos(angle)) + "\n20\n" +
-                    std::to_string(square / 40 * 10 + radius * std::sin(angle)) + "\n";
-        }
-        text += "97\n0\n75\n0\n76\n1\n98\n0\n";
-    }
-    return text + "0\nENDSEC\n0\nEOF\n";
-}
-
-TEST(KelplotPart, MakesTheFileAsSmallAsThePart) {
-    const TemporaryDirectory directory;
-    directory.write("map.dxf", rasterOfHatches());
-    ASSERT_EQ(run(directory, {"map.dxf"}).status, 0);
-    ASSERT_EQ(run(directory, {"-o", "part.pdf", "--window", "100,100,150,150", "map.dxf"}).status, 0);
-    // The window shows a sixty-fourth of the drawing.
-    EXPECT_LT(directory.read("part.pdf").size() * 10, directory.read("map.pdf").size());
 }
 
 /// One drawing with a line, a circle, a dashed line, a wide line, a curve of many points and an area, all of which
@@ -263,43 +181,33 @@ std::string shapesAcross() {
     return text + "0\nENDSEC\n0\nEOF\n";
 }
 
-struct WindowCase {
-    const char* name;
-    QStringList arguments;
-    QRect shown; ///< pixels, a tenth of a millimetre each
-};
-
-std::ostream& operator<<(std::ostream& stream, const WindowCase& row) {
-    return stream << row.name;
+TEST(KelplotPart, ShowsNothingOutside) {
+    const struct {
+        const char* name;
+        QStringList arguments;
+        QRect shown; ///< pixels, a tenth of a millimetre each
+    } rows[] = {
+        {"fitted", {"--paper", "100x200", "--window", "0,0,50,50"}, QRect(50, 550, 900, 900)},
+        {"to scale", {"--paper", "100x200", "--scale", "1:1", "--window", "50,0,0,50"}, QRect(50, 1450, 500, 500)},
+        {"to scale in the middle",
+         {"--paper", "100x200", "--scale", "1:1", "--center", "--window", "0,0,50,50"},
+         QRect(250, 750, 500, 500)},
+        {"larger than the page",
+         {"--paper", "100x100", "--margins", "10,20,30,40", "--scale", "2:1", "--window", "0,0,50,50"},
+         QRect(100, 200, 600, 400)},
+        {"no window, larger than the page",
+         {"--paper", "100x100", "--margins", "10", "--scale", "1:1", "--center"},
+         QRect(100, 100, 800, 800)},
+    };
+    for (const auto& row : rows) {
+        const TemporaryDirectory directory;
+        directory.write("shapes.dxf", shapesAcross());
+        const QRect ink = inkOf(directory, row.arguments + QStringList{"--quiet", "shapes.dxf"}, 255);
+        EXPECT_TRUE(row.shown.adjusted(-1, -1, 1, 1).contains(ink))
+            << row.name << ": " << ink.left() << ' ' << ink.top() << ' ' << ink.right() << ' ' << ink.bottom();
+        EXPECT_TRUE(ink.contains(row.shown.adjusted(2, 2, -2, -2))) << row.name << ": the shapes reach all edges";
+    }
 }
-
-class KelplotWindow : public ::testing::TestWithParam<WindowCase> {};
-
-TEST_P(KelplotWindow, ShowsNothingOutside) {
-    const TemporaryDirectory directory;
-    directory.write("shapes.dxf", shapesAcross());
-    const QRect ink = inkOf(directory, GetParam().arguments + QStringList{"--quiet", "shapes.dxf"}, 255);
-    const QRect& shown = GetParam().shown;
-    EXPECT_TRUE(shown.adjusted(-1, -1, 1, 1).contains(ink))
-        << ink.left() << ' ' << ink.top() << ' ' << ink.right() << ' ' << ink.bottom();
-    EXPECT_TRUE(ink.contains(shown.adjusted(2, 2, -2, -2))) << "the shapes reach all edges";
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    All, KelplotWindow,
-    ::testing::Values(
-        WindowCase{"fitted", {"--paper", "100x200", "--window", "0,0,50,50"}, QRect(50, 550, 900, 900)},
-        WindowCase{
-            "to scale", {"--paper", "100x200", "--scale", "1:1", "--window", "50,0,0,50"}, QRect(50, 1450, 500, 500)},
-        WindowCase{"to scale in the middle",
-                   {"--paper", "100x200", "--scale", "1:1", "--center", "--window", "0,0,50,50"},
-                   QRect(250, 750, 500, 500)},
-        WindowCase{"larger than the page",
-                   {"--paper", "100x100", "--margins", "10,20,30,40", "--scale", "2:1", "--window", "0,0,50,50"},
-                   QRect(100, 200, 600, 400)},
-        WindowCase{"no window, larger than the page",
-                   {"--paper", "100x100", "--margins", "10", "--scale", "1:1", "--center"},
-                   QRect(100, 100, 800, 800)}));
 
 TEST(KelplotPart, TravelsWithAnSvgFile) {
     const TemporaryDirectory directory;

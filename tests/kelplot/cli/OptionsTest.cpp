@@ -127,7 +127,17 @@ INSTANTIATE_TEST_SUITE_P(
         UsageCase{"unknown option", {"--frobnicate", "a.dxf"}, {"frobnicate"}},
         UsageCase{"value missing", {"a.dxf", "--scale"}, {"scale"}},
         UsageCase{"value too many", {"--fit=2", "a.dxf"}, {"fit"}},
-        UsageCase{"paper", {"--paper", "A99", "a.dxf"}, {"--paper", "A99", "WIDTHxHEIGHT", "Letter"}},
+        UsageCase{"paper", {"--paper", "A99", "a.dxf"}, {"--paper", "A99", "A0, A1, ", "WIDTHxHEIGHT"}},
+        UsageCase{"mistyped paper", {"--paper", "lettre", "a.dxf"}, {"nearest are Letter, "}},
+        UsageCase{"paper beyond all sizes", {"--paper", "20001x9", "a.dxf"}, {"--paper", "20001x9", "20000"}},
+        UsageCase{
+            "paper to save has no size", {"--paper", "A3", "--save-paper", "Mine"}, {"--save-paper", "WIDTHxHEIGHT"}},
+        UsageCase{
+            "name of a saved paper is taken", {"--paper", "90x90", "--save-paper", "iso-a3"}, {"\"A3\"", "297x420"}},
+        UsageCase{"name of a saved paper is a size", {"--paper", "90x90", "--save-paper", "9x9"}, {"9x9"}},
+        UsageCase{"name of a saved paper holds a note", {"--paper", "90x90", "--save-paper", "No #1"}, {"No #1"}},
+        UsageCase{"saved paper is too fine", {"--paper", "90.05x90", "--save-paper", "Mine"}, {"tenths"}},
+        UsageCase{"JSON of a plot", {"--json", "a.dxf"}, {"--list-papers"}},
         UsageCase{"scale", {"--scale", "1:0", "a.dxf"}, {"--scale", "1:0", "1:50"}},
         UsageCase{"margins", {"--margins", "1,2", "a.dxf"}, {"--margins", "1,2", "LEFT,TOP,RIGHT,BOTTOM"}},
         UsageCase{"window", {"--window", "1,2,3", "a.dxf"}, {"--window", "1,2,3", "X1,Y1,X2,Y2"}},

@@ -43,20 +43,17 @@ QRectF inkOnPage(const QString& pdf, const TemporaryDirectory& directory) {
                                QString::fromStdString(directory.path("page"))});
     EXPECT_TRUE(process.waitForFinished(60000) && process.exitCode() == 0);
     const QImage page(QString::fromStdString(directory.path("page.pgm")));
-    QRect ink;
+    Box2 ink;
     for (int y = 0; y < page.height(); ++y) {
         const uchar* const line = page.constScanLine(y);
-        const uchar* const end = line + page.width();
-        const auto isDark = [](uchar grey) {
-            return grey < 128;
-        };
-        const auto first = std::find_if(line, end, isDark);
-        if (first != end) {
-            const auto beyond = std::find_if(std::reverse_iterator(end), std::reverse_iterator(line), isDark).base();
-            ink = ink.united(QRect(static_cast<int>(first - line), y, static_cast<int>(beyond - first), 1));
+        for (int x = 0; x < page.width(); ++x) {
+            if (line[x] < 128) {
+                ink.add(Vec2{x * pixel, y * pixel});
+                ink.add(Vec2{(x + 1) * pixel, (y + 1) * pixel});
+            }
         }
     }
-    return {ink.x() * pixel, ink.y() * pixel, ink.width() * pixel, ink.height() * pixel};
+    return {ink.min.x, ink.min.y, ink.width(), ink.height()};
 }
 
 void checkFrame(const QString& drawing, const TemporaryDirectory& directory) {

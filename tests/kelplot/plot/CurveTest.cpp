@@ -33,17 +33,6 @@ std::vector<Vec2> trace(const std::vector<Shape>& shapes) {
     return points;
 }
 
-double distanceToPath(Vec2 p, const std::vector<Vec2>& path) {
-    double nearest = HUGE_VAL;
-    for (size_t i = 0; i + 1 < path.size(); ++i) {
-        const Vec2 chord = path[i + 1] - path[i];
-        const double square = dot(chord, chord);
-        const double along = square > 0.0 ? std::min(1.0, std::max(0.0, dot(p - path[i], chord) / square)) : 0.0;
-        nearest = std::min(nearest, (p - path[i] - chord * along).length());
-    }
-    return nearest;
-}
-
 /// How far two paths are from each other at most, looking from the corners of both.
 double gap(const std::vector<Vec2>& a, const std::vector<Vec2>& b) {
     double worst = 0.0;
@@ -57,23 +46,16 @@ double gap(const std::vector<Vec2>& a, const std::vector<Vec2>& b) {
 }
 
 /// How an arc in a block gets to the page.
-struct Placement {
+const struct Placement {
     const char* name;
     Vec3 scale;
     double rotation;
     bool mirrored; ///< the reference's plane is seen from below
-};
-
-const Placement placements[] = {
-    {"as it is", {1.0, 1.0, 1.0}, 0.0, false},
-    {"turned", {1.0, 1.0, 1.0}, 0.7, false},
-    {"mirrored in x", {-1.0, 1.0, 1.0}, 0.3, false},
-    {"stretched", {2.0, 0.5, 1.0}, 1.1, false},
-    {"stretched and mirrored", {1.5, -0.5, 1.0}, -2.0, false},
-    {"from below", {1.0, 1.0, 1.0}, 0.4, true},
-    {"from below, stretched", {3.0, 0.6, 1.0}, 2.5, true},
-    {"squashed flat", {1.0, 0.0, 1.0}, 0.5, false},
-    {"enlarged", {12.0, 12.0, 1.0}, 0.25, false},
+} placements[] = {
+    {"as it is", {1.0, 1.0, 1.0}, 0.0, false},      {"mirrored in x", {-1.0, 1.0, 1.0}, 0.3, false},
+    {"stretched", {2.0, 0.5, 1.0}, 1.1, false},     {"stretched and mirrored", {1.5, -0.5, 1.0}, -2.0, false},
+    {"from below", {1.0, 1.0, 1.0}, 0.4, true},     {"from below, stretched", {3.0, 0.6, 1.0}, 2.5, true},
+    {"squashed flat", {1.0, 0.0, 1.0}, 0.5, false}, {"enlarged", {12.0, 12.0, 1.0}, 0.25, false},
 };
 
 /// Device coordinates of a point of the block, by the steps one by one.
@@ -85,44 +67,34 @@ Vec2 placed(const Placement& placement, Vec2 p) {
 }
 
 std::vector<Shape> placedShapes(const Placement& placement, Geometry geometry) {
-    Drawing drawing = emptyDrawing();
-    drawing.blocks.push_back({"block", {}, {entityOf(std::move(geometry))}});
     Insert reference = referenceTo(0);
     reference.position = {placement.mirrored ? -50.0 : 50.0, 50.0, 0.0};
     reference.scale = placement.scale;
     reference.rotation = placement.rotation;
-    drawing.modelSpace.push_back(entityOf(reference, {0.0, 0.0, placement.mirrored ? -1.0 : 1.0}));
     PlotTarget target = tenfoldTarget();
     target.pageBox = target.pageBox.inflated(10000.0);
-    return shapesOf(drawing, target);
+    const Vec3 extrusion{0.0, 0.0, placement.mirrored ? -1.0 : 1.0};
+    return shapesOf(drawingOf(entityOf(std::move(geometry)), entityOf(reference, extrusion)), target);
 }
 
-struct ArcCase {
-    const char* name;
-    Geometry geometry;
-    Vec2 center, u, v; ///< the curve center + u·cos t + v·sin t
-    double start, end;
-};
-
 TEST(Arcs, LieOnTheTrueCurveHoweverPlaced) {
-    const ArcCase cases[] = {
+    const Vec2 major{3, 4}, minor{-1.6, 1.2};
+    const struct {
+        const char* name;
+        Geometry geometry;
+        Vec2 center, u, v; ///< the curve center + u·cos t + v·sin t
+        double start, end;
+    } cases[] = {
         {"circle", Circle{{1, 2, 0}, 5.0}, {1, 2}, {5, 0}, {0, 5}, 0.0, 2 * pi},
         {"small arc", Arc{{1, 2, 0}, 5.0, 0.3, 1.234}, {1, 2}, {5, 0}, {0, 5}, 0.3, 1.234},
         {"arc over zero", Arc{{1, 2, 0}, 10.0, 5.5, 1.0}, {1, 2}, {10, 0}, {0, 10}, 5.5, 1.0 + 2 * pi},
         {"angles of other turns", Arc{{0, 0, 0}, 9.0, -7.0, 20.0}, {0, 0}, {9, 0}, {0, 9}, -7.0, 20.0 - 8 * pi},
         {"sliver", Arc{{0, 0, 0}, 15.0, 1.0, 1.0001}, {0, 0}, {15, 0}, {0, 15}, 1.0, 1.0001},
-        {"ellipse", Ellipse{{0, 0, 0}, {3, 4, 0}, 0.4, 0.0, 2 * pi}, {0, 0}, {3, 4}, {-1.6, 1.2}, 0.0, 2 * pi},
-        {"ellipse, six digits",
-         Ellipse{{0, 0, 0}, {3, 4, 0}, 0.4, 0, 6.283186},
-         {0, 0},
-         {3, 4},
-         {-1.6, 1.2},
-         0,
-         2 * pi},
-        {"elliptic arc", Ellipse{{0, 0, 0}, {3, 4, 0}, 0.4, 1.0, 4.0}, {0, 0}, {3, 4}, {-1.6, 1.2}, 1.0, 4.0},
+        {"six digits", Ellipse{{0, 0, 0}, {3, 4, 0}, 0.4, 0, 6.283186}, {0, 0}, major, minor, 0.0, 2 * pi},
+        {"elliptic arc", Ellipse{{0, 0, 0}, {3, 4, 0}, 0.4, 1.0, 4.0}, {0, 0}, major, minor, 1.0, 4.0},
     };
     constexpr double mostGap = 0.65; // half a device unit for the renderer's angles, 0.15 for flattening
-    for (const ArcCase& row : cases) {
+    for (const auto& row : cases) {
         for (const Placement& placement : placements) {
             std::vector<Vec2> expected;
             for (int i = 0; i <= steps; ++i) {
@@ -135,31 +107,26 @@ TEST(Arcs, LieOnTheTrueCurveHoweverPlaced) {
     }
 }
 
-struct EndCase {
-    const char* name;
-    double start, end;
-    double span;
-};
-
 TEST(Arcs, EndWithinOneTurnAfterTheirStart) {
     const double turn = 2 * pi;
-    const EndCase cases[] = {
+    const struct {
+        const char* name;
+        double start, end;
+        double span;
+    } cases[] = {
         {"equal", 1.0, 1.0, turn},
-        {"turn", 0.0, turn, turn},
         {"six digits, rounded up", 0.0, 6.283186, turn},
         {"six digits, rounded down", 0.0, 6.283185, turn},
-        {"five digits", 0.0, 6.28319, turn},
         {"360.0001 degrees", 0.0, 360.0001 * pi / 180, turn},
         {"359.9999 degrees", 0.0, 359.9999 * pi / 180, turn},
         {"clockwise turn", 6.283186, 0.0, turn},
         {"end a little before the start", 1.0, 1.0 - 1e-7, turn},
         {"tiny", 1.0, 1.0 + 2e-6, 2e-6},
-        {"small", 0.0, 1e-4, 1e-4},
         {"small over zero", 6.2831, 6.2831 - turn + 1e-3, 1e-3},
         {"nearly a turn", 0.0, turn - 1e-3, turn - 1e-3},
         {"turns away", -7.0, 20.0, 27.0 - 4 * turn},
     };
-    for (const EndCase& row : cases) {
+    for (const auto& row : cases) {
         EXPECT_NEAR(endWithinTurn(row.start, row.end) - row.start, row.span, 1e-12) << row.name;
     }
 }
@@ -174,12 +141,10 @@ TEST(Arcs, GoToTheRendererAsArcsWhereItIsExact) {
     EXPECT_EQ(kindOf(Arc{{50, 50, 0}, 5.0, 0.1, 1.0}), "arc") << "small";
     EXPECT_EQ(kindOf(Arc{{-100, -100, 0}, 200.0, 0.5, 1.0}), "line") << "its end would miss";
     EXPECT_EQ(kindOf(Circle{{50, 50, 0}, 1e9}), "nothing") << "far off the page";
-}
 
-TEST(Arcs, AnglesSurviveBeingCutToSixteenthsOfADegree) {
     const auto shapes = shapesOf(entityOf(Arc{{50, 50, 0}, 10.0, pi / 6, pi / 2}));
     ASSERT_EQ(shapes.at(0).kind, "arc");
-    EXPECT_NEAR(cut(shapes[0].start), pi / 6, 1e-9);
+    EXPECT_NEAR(cut(shapes[0].start), pi / 6, 1e-9) << "angles survive being cut";
     EXPECT_NEAR(cut(shapes[0].end - shapes[0].start), pi / 3, 1e-9);
 }
 
@@ -196,53 +161,8 @@ TEST(Arcs, OfHugeRadiusPassThePageWithFewPoints) {
     EXPECT_LT(count, 1000U);
 }
 
-TEST(Arcs, WithoutASizeAreLeftOut) {
-    const double nan = std::nan("");
-    for (const double radius : {0.0, -3.0, nan, HUGE_VAL}) {
-        EXPECT_TRUE(shapesOf(entityOf(Circle{{50, 50, 0}, radius})).empty()) << radius;
-    }
-    EXPECT_TRUE(shapesOf(entityOf(Arc{{50, 50, 0}, 5.0, nan, 1.0})).empty());
-    EXPECT_TRUE(shapesOf(entityOf(Circle{{nan, 50, 0}, 5.0})).empty());
-    EXPECT_TRUE(shapesOf(entityOf(Ellipse{{50, 50, 0}, {0, 0, 0}, 0.5, 0.0, 1.0})).empty());
-}
-
-Spline quarterCircle() {
-    Spline spline;
-    spline.degree = 2;
-    spline.knots = {0, 0, 0, 1, 1, 1};
-    spline.controlPoints = {{70, 50, 0}, {70, 70, 0}, {50, 70, 0}};
-    spline.weights = {1.0, std::sqrt(0.5), 1.0};
-    return spline;
-}
-
-TEST(Splines, WithWeightsGiveTheCircleTheyAreMadeFor) {
-    const auto shapes = shapesOf(entityOf(quarterCircle()));
-    ASSERT_EQ(shapes.size(), 1U);
-    std::vector<Vec2> expected;
-    for (int i = 0; i <= 500; ++i) {
-        const double t = pi / 2 * i / 500;
-        expected.push_back({500 + 200 * std::cos(t), 500 - 200 * std::sin(t)});
-    }
-    EXPECT_LT(gap(shapes[0].points, expected), 0.11);
-    EXPECT_LT(shapes[0].points.size(), 60U) << "flattened too finely";
-}
-
-TEST(Splines, FollowThePolynomialOfTheirControlPoints) {
-    Spline spline; // one cubic span with a turning point in the middle
-    spline.knots = {0, 0, 0, 0, 1, 1, 1, 1};
-    spline.controlPoints = {{10, 10, 0}, {90, 10, 0}, {10, 90, 0}, {90, 90, 0}};
-    std::vector<Vec2> expected;
-    for (int i = 0; i <= 500; ++i) {
-        const double t = i / 500.0, s = 1.0 - t;
-        const double x = 10 * s * s * s + 270 * s * s * t + 30 * s * t * t + 90 * t * t * t;
-        const double y = 10 * s * s * s + 30 * s * s * t + 270 * s * t * t + 90 * t * t * t;
-        expected.push_back({10 * x, 1000 - 10 * y});
-    }
-    EXPECT_LT(gap(shapesOf(entityOf(spline)).at(0).points, expected), 0.11);
-}
-
 TEST(Splines, OfAnyDegreeThatFilesMayHaveFollowTheirPolynomial) {
-    for (const int degree : {15, 16, 20, NurbsCurve::maxDegree}) {
+    for (const int degree : {3, 15, 16, 20, NurbsCurve::maxDegree}) {
         Spline spline; // one span
         spline.degree = degree;
         spline.knots.assign(static_cast<size_t>(degree) + 1, 0.0);
@@ -262,7 +182,9 @@ TEST(Splines, OfAnyDegreeThatFilesMayHaveFollowTheirPolynomial) {
             }
             expected.push_back({10 * p.x, 1000 - 10 * p.y});
         }
-        EXPECT_LT(gap(shapesOf(entityOf(spline)).at(0).points, expected), 0.11) << degree;
+        const std::vector<Vec2> points = shapesOf(entityOf(spline)).at(0).points;
+        EXPECT_LT(gap(points, expected), 0.11) << degree;
+        EXPECT_LT(points.size(), 400U) << "flattened too finely, " << degree;
     }
 }
 
@@ -299,15 +221,13 @@ TEST(Splines, ThroughFitPointsAreSmooth) {
     }
 }
 
-struct DamagedSpline {
-    const char* name;
-    int degree;
-    std::vector<double> knots;
-    std::vector<double> weights;
-};
-
 TEST(Splines, DamagedOnesStillRunFromFirstToLastControlPoint) {
-    const DamagedSpline cases[] = {
+    const struct {
+        const char* name;
+        int degree;
+        std::vector<double> knots;
+        std::vector<double> weights;
+    } cases[] = {
         {"no knots", 3, {}, {}},
         {"falling knots", 3, {0, 0, 0, 0, 2, 1, 1, 1}, {}},
         {"knots all alike", 3, {1, 1, 1, 1, 1, 1, 1, 1}, {}},
@@ -316,7 +236,7 @@ TEST(Splines, DamagedOnesStillRunFromFirstToLastControlPoint) {
         {"weight of 0", 3, {}, {1, 0, 1, 1}},
         {"weights missing", 3, {}, {1, 1}},
     };
-    for (const DamagedSpline& row : cases) {
+    for (const auto& row : cases) {
         Spline spline;
         spline.degree = row.degree;
         spline.knots = row.knots;

@@ -1,8 +1,7 @@
 #include "kelplot/plot/PlotKit.h"
 
+#include <algorithm>
 #include <cmath>
-
-#include "keldriver/ClipRgn.h"
 
 namespace kelplot {
 
@@ -35,10 +34,6 @@ void RecordingRenderer::add(const char* kind, const HT_Double_Point* points, int
     shapes.push_back(shape);
 }
 
-void RecordingRenderer::DrawEllipse(const HT_Double_Point& center, double radiusX, double radiusY, double rotation) {
-    DrawArc(center, radiusX, radiusY, rotation, 0.0, 6.283185307179586);
-}
-
 void RecordingRenderer::DrawArc(const HT_Double_Point& center, double radiusX, double radiusY, double rotation,
                                 double startParam, double endParam) {
     add("arc", &center, 1);
@@ -50,21 +45,6 @@ void RecordingRenderer::DrawArc(const HT_Double_Point& center, double radiusX, d
     arc.end = endParam;
 }
 
-void RecordingRenderer::SetLineWeight(double weight) {
-    ++styleCalls;
-    m_style.weight = weight;
-}
-
-void RecordingRenderer::SetLineEndStyle(HT_PlotStyle::LineEndStyle style) {
-    ++styleCalls;
-    m_style.ends = style;
-}
-
-void RecordingRenderer::SetLineJoinStyle(HT_PlotStyle::LineJoinStyle style) {
-    ++styleCalls;
-    m_style.joins = style;
-}
-
 void RecordingRenderer::SetLineType(HT_PlotStyle::LineType type, double* pattern, unsigned int count) {
     ++styleCalls;
     m_style.pattern.clear();
@@ -74,23 +54,8 @@ void RecordingRenderer::SetLineType(HT_PlotStyle::LineType type, double* pattern
 }
 
 void RecordingRenderer::SetColor(HT_Color color) {
-    ++styleCalls;
-    m_style.color = color;
+    set(m_style.color, color);
     m_style.alpha = 255;
-}
-
-void RecordingRenderer::SetAlpha(unsigned char alpha) {
-    m_style.alpha = alpha;
-    ++styleCalls;
-}
-
-void RecordingRenderer::SetClipRgn(const HT_ClipRgn* region) {
-    clip = Box2();
-    for (const HT_ClipRgn* contour = region; contour != nullptr; contour = contour->next) {
-        for (int i = 0; i < contour->pointCount; ++i) {
-            clip.add(Vec2{contour->points[i].x, contour->points[i].y});
-        }
-    }
 }
 
 Drawing emptyDrawing() {
@@ -114,6 +79,33 @@ Insert referenceTo(uint32_t block) {
     return insert;
 }
 
+Drawing drawingOf(Entity entity) {
+    Drawing drawing = emptyDrawing();
+    drawing.modelSpace.push_back(std::move(entity));
+    return drawing;
+}
+
+Drawing drawingOf(Entity content, Entity reference) {
+    Drawing drawing = drawingOf(std::move(reference));
+    drawing.blocks.push_back({"block", {}, {std::move(content)}});
+    return drawing;
+}
+
+Polyline polylineOf(std::vector<PolylineVertex> vertices, bool closed) {
+    Polyline polyline;
+    polyline.vertices = std::move(vertices);
+    polyline.closed = closed;
+    return polyline;
+}
+
+Hatch solidHatch(std::vector<HatchLoop> loops, HatchStyle style) {
+    Hatch hatch;
+    hatch.solid = true;
+    hatch.style = style;
+    hatch.loops = std::move(loops);
+    return hatch;
+}
+
 PlotTarget tenfoldTarget() {
     PlotTarget target;
     target.toDevice = {10.0, 0.0, 0.0, -10.0, 0.0, 1000.0};
@@ -130,9 +122,7 @@ std::vector<Shape> shapesOf(const Drawing& drawing, const PlotTarget& target, co
 }
 
 std::vector<Shape> shapesOf(const Entity& entity) {
-    Drawing drawing = emptyDrawing();
-    drawing.modelSpace.push_back(entity);
-    return shapesOf(drawing);
+    return shapesOf(drawingOf(entity));
 }
 
 std::string textOf(const std::vector<Shape>& shapes) {
@@ -141,6 +131,25 @@ std::string textOf(const std::vector<Shape>& shapes) {
         text += shape.text() + '\n';
     }
     return text;
+}
+
+double distanceToPath(Vec2 p, const std::vector<Vec2>& path) {
+    double nearest = HUGE_VAL;
+    for (size_t i = 0; i + 1 < path.size(); ++i) {
+        const Vec2 chord = path[i + 1] - path[i];
+        const double square = dot(chord, chord);
+        const double along = square > 0.0 ? std::clamp(dot(p - path[i], chord) / square, 0.0, 1.0) : 0.0;
+        nearest = std::min(nearest, (p - path[i] - chord * along).length());
+    }
+    return nearest;
+}
+
+double distanceToLines(Vec2 p, const std::vector<Shape>& shapes) {
+    double nearest = HUGE_VAL;
+    for (const Shape& shape : shapes) {
+        nearest = std::min(nearest, distanceToPath(p, shape.points));
+    }
+    return nearest;
 }
 
 bool isCovered(const std::vector<Shape>& shapes, Vec2 p) {

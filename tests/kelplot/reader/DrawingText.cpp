@@ -2,25 +2,33 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "reader/DxfReader.h"
 #include "support/TemporaryDirectory.h"
 
 namespace kelplot {
 
-std::string groups(std::initializer_list<WrittenGroup> written) {
-    std::string text;
-    for (const WrittenGroup& group : written) {
-        text += std::to_string(group.code) + "\n" + group.value + "\n";
+std::string linesOf(const std::string& groups) {
+    std::string lines;
+    std::istringstream stream(groups);
+    for (std::string group; stream >> group;) {
+        const size_t sign = group.find('=');
+        lines += group.substr(0, sign) + '\n' + group.substr(sign + 1) + '\n';
     }
-    return text;
+    return lines;
 }
 
 std::string section(const std::string& name, const std::string& content) {
-    return groups({{0, "SECTION"}, {2, name}}) + content + groups({{0, "ENDSEC"}});
+    return " 0=SECTION 2=" + name + ' ' + content + " 0=ENDSEC ";
 }
 
 std::string drawingOf(const std::string& entities) {
-    return section("ENTITIES", entities) + groups({{0, "EOF"}});
+    return section("ENTITIES", entities) + "0=EOF";
+}
+
+Drawing readGroups(const std::string& groups) {
+    return readText(linesOf(groups));
 }
 
 Drawing readText(const std::string& text) {
@@ -29,7 +37,7 @@ Drawing readText(const std::string& text) {
 }
 
 Entity readOne(const std::string& entities) {
-    const Drawing drawing = readText(drawingOf(entities));
+    const Drawing drawing = readGroups(drawingOf(entities));
     EXPECT_EQ(drawing.modelSpace.size(), 1u);
     return drawing.modelSpace.empty() ? Entity() : drawing.modelSpace.front();
 }

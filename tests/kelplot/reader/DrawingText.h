@@ -1,27 +1,24 @@
 #pragma once
 
-#include <initializer_list>
 #include <string>
 
 #include "drawing/Drawing.h"
 
 namespace kelplot {
 
-/// One group of a drawing as a test writes it.
-struct WrittenGroup {
-    int code;
-    std::string value;
-};
+// Tests write the groups of a drawing as "code=value" with blanks between them.
 
-std::string groups(std::initializer_list<WrittenGroup> written);
+/// The lines of a file for such groups.
+std::string linesOf(const std::string& groups);
 
-/// A section of this name around `content`.
+/// The groups of a section of this name around `content`.
 std::string section(const std::string& name, const std::string& content);
 
-/// A whole drawing with nothing but these entities.
+/// The groups of a whole drawing with nothing but these entities.
 std::string drawingOf(const std::string& entities);
 
-/// What the reader makes of a file with this text.
+/// What the reader makes of a file with these groups, or with this text.
+Drawing readGroups(const std::string& groups);
 Drawing readText(const std::string& text);
 
 /// Reads entities that are to come out as one. Fails the test where they do not.

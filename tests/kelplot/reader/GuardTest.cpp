@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <ostream>
 #include <vector>
 
 #include "DrawingText.h"
@@ -13,101 +12,67 @@ namespace {
 
 using namespace std::string_literals;
 
-const std::string line = groups({{0, "LINE"}, {10, "1"}, {20, "2"}, {11, "3"}, {21, "4"}});
-const std::string end = groups({{0, "EOF"}});
+const std::string line = "0=LINE 10=1 20=2 11=3 21=4 ";
 
-/// The error with which `path` is refused; fails the test when it is not.
-ReadError refusalOf(const std::string& path) {
+/// Reads what must be refused, and compares the error.
+void expectRefusal(const std::string& path, ReadError::Reason reason, const std::string& part) {
     try {
         DxfReader().read(path, {});
+        ADD_FAILURE() << path << " was read";
     } catch (const ReadError& error) {
-        return error;
+        const std::string message = error.what();
+        EXPECT_EQ(error.reason, reason) << message;
+        EXPECT_EQ(message.rfind(path + ": ", 0), 0u) << message;
+        EXPECT_NE(message.find(part), std::string::npos) << message;
     }
-    ADD_FAILURE() << path << " was read";
-    return {ReadError::Reason::cannotOpen, ""};
 }
 
-struct RefusedCase {
-    const char* name;
-    std::string text;
-    const char* message; ///< a part of it
-};
-
-std::ostream& operator<<(std::ostream& stream, const RefusedCase& row) {
-    return stream << row.name;
+TEST(Refused, WhatIsNoDrawing) {
+    const std::string whole = linesOf(drawingOf(line));
+    const std::string unended = linesOf(section("ENTITIES", line));
+    const auto counting = [](const std::string& groups) {
+        return linesOf(drawingOf(groups + "=2147483647 10=1 20=2"));
+    };
+    const struct {
+        const char* name;
+        std::string text;
+        const char* message; ///< a part of it
+    } rows[] = {
+        {"empty", "", "empty"},
+        {"binary", "Program Binary DXF\r\n\x1A\0\0\0SECTION"s, "binary"},
+        {"prose", "Dear all,\nthe meeting is at 3.\n", "line 1: 'Dear all,' is not a group"},
+        {"other bytes", "\x89PNG\r\n\x1A\n\0\0\0"s, "line 1: '?PNG' is not a group code"},
+        {"no line end", std::string(1u << 20, '7'), "too long"},
+        {"numbers only", "0\n1\n2\n3\n", "no sections"},
+        {"just an end", "0\nEOF\n", "no sections"},
+        {"code goes missing", linesOf(section("ENTITIES", line + "oops=1") + "0=EOF"),
+         "line 15: 'oops' is not a group"},
+        {"no end mark", unended, "truncated"},
+        {"amid a section", whole.substr(0, 40), "truncated"},
+        {"amid the end mark", unended + "0\nEO", "truncated"},
+        {"end mark without its value", unended + "0\n", "truncated"},
+        {"vertices", counting("0=LWPOLYLINE 90"), "line 8: LWPOLYLINE announces 2147483647 vertices"},
+        {"knots", counting("0=SPLINE 72"), "knots"},
+        {"control points", counting("0=SPLINE 73"), "control points"},
+        {"fit points", counting("0=SPLINE 74"), "fit points"},
+        {"loops", counting("0=HATCH 91"), "boundaries"},
+        {"edges", counting("0=HATCH 93"), "edges"},
+        {"sources", counting("0=HATCH 97"), "sources"},
+        {"dashes", linesOf(section("TABLES", "0=LTYPE 2=DASH 73=100")) + whole, "LTYPE announces 100 dashes"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const TemporaryDirectory directory;
+        const std::string path = directory.write("refused.dxf", row.text);
+        expectRefusal(path, ReadError::Reason::notADrawing, row.message);
+    }
 }
 
-class RefusedText : public ::testing::TestWithParam<RefusedCase> {};
-
-TEST_P(RefusedText, IsNotADrawing) {
-    const TemporaryDirectory directory;
-    const std::string path = directory.write("refused.dxf", GetParam().text);
-    const ReadError error = refusalOf(path);
-    EXPECT_EQ(error.reason, ReadError::Reason::notADrawing);
-    EXPECT_EQ(std::string(error.what()).rfind(path + ": ", 0), 0u) << error.what();
-    EXPECT_NE(std::string(error.what()).find(GetParam().message), std::string::npos) << error.what();
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Content, RefusedText,
-    ::testing::Values(RefusedCase{"empty", "", "empty"},
-                      RefusedCase{"binary", "Program Binary DXF\r\n\x1A\0\0\0SECTION"s, "binary"},
-                      RefusedCase{"prose", "Dear all,\nthe meeting is at 3.\n", "line 1: 'Dear all,' is not a group"},
-                      RefusedCase{"other bytes", "\x89PNG\r\n\x1A\n\0\0\0"s, "line 1: '?PNG' is not a group code"},
-                      RefusedCase{"no line end", std::string(1u << 20, '7'), "too long"},
-                      RefusedCase{"numbers only", "0\n1\n2\n3\n", "no sections"},
-                      RefusedCase{"just an end", end, "no sections"},
-                      RefusedCase{"code goes missing", section("ENTITIES", line + "oops\n1\n") + end,
-                                  "line 15: 'oops' is not a group code"}));
-
-INSTANTIATE_TEST_SUITE_P(
-    Truncated, RefusedText,
-    ::testing::Values(RefusedCase{"no end mark", section("ENTITIES", line), "truncated"},
-                      RefusedCase{"amid a section", drawingOf(line).substr(0, 40), "truncated"},
-                      RefusedCase{"amid the end mark", section("ENTITIES", line) + "0\nEO", "truncated"},
-                      RefusedCase{"end mark without its value", section("ENTITIES", line) + "0\n", "truncated"}));
-
-RefusedCase count(const char* name, const char* type, int code, const char* message) {
-    return {name, drawingOf(groups({{0, type}, {code, "2147483647"}, {10, "1"}, {20, "2"}})), message};
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Counts, RefusedText,
-    ::testing::Values(count("polyline", "LWPOLYLINE", 90, "line 8: LWPOLYLINE announces 2147483647 vertices"),
-                      count("knots", "SPLINE", 72, "knots"), count("control points", "SPLINE", 73, "control points"),
-                      count("fit points", "SPLINE", 74, "fit points"), count("loops", "HATCH", 91, "boundaries"),
-                      count("edges", "HATCH", 93, "edges"), count("sources", "HATCH", 97, "sources"),
-                      RefusedCase{"dashes",
-                                  section("TABLES", groups({{0, "LTYPE"}, {2, "DASH"}, {73, "100"}})) + drawingOf(line),
-                                  "LTYPE announces 100 dashes"}));
-
-TEST(UnreadablePath, CannotBeOpened) {
+TEST(Refused, WhatCannotBeOpened) {
     const TemporaryDirectory directory;
     for (const std::string& path : {directory.path("missing.dxf"), directory.path(), "/dev/null"s, ""s}) {
-        const ReadError error = refusalOf(path);
-        EXPECT_EQ(error.reason, ReadError::Reason::cannotOpen) << path;
-        EXPECT_EQ(std::string(error.what()).rfind(path + ": ", 0), 0u) << error.what();
+        expectRefusal(path, ReadError::Reason::cannotOpen, "");
     }
-}
-
-struct ReadCase {
-    const char* name;
-    std::string text;
-};
-
-std::ostream& operator<<(std::ostream& stream, const ReadCase& row) {
-    return stream << row.name;
-}
-
-class ToleratedText : public ::testing::TestWithParam<ReadCase> {};
-
-TEST_P(ToleratedText, KeepsItsLine) {
-    const Drawing drawing = readText(GetParam().text);
-    ASSERT_EQ(drawing.modelSpace.size(), 1u);
-    const Line* const read = std::get_if<Line>(&drawing.modelSpace.front().geometry);
-    ASSERT_NE(read, nullptr);
-    EXPECT_EQ(read->start, (Vec3{1, 2, 0}));
-    EXPECT_EQ(read->end, (Vec3{3, 4, 0}));
 }
 
 std::string withCarriageReturns(const std::string& text) {
@@ -118,24 +83,33 @@ std::string withCarriageReturns(const std::string& text) {
     return result;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Oddities, ToleratedText,
-    ::testing::Values(
-        ReadCase{"carriage returns", withCarriageReturns(drawingOf(line))},
-        ReadCase{"byte order mark", "\xEF\xBB\xBF" + drawingOf(line)},
-        ReadCase{"no newline at the end", drawingOf(line).substr(0, drawingOf(line).size() - 1)},
-        ReadCase{"text after the end", drawingOf(line) + "anything\ngoes\nhere"}, ReadCase{"no sections", line + end},
-        ReadCase{"comment", groups({{999, "dxflib"}}) + drawingOf(line)},
-        ReadCase{"negative code", groups({{-5, "x"}}) + drawingOf(line)},
-        ReadCase{"long value", drawingOf(line + groups({{7, std::string(5000, 'x')}, {999, std::string(99999, 'y')}}))},
-        ReadCase{"empty numbers", drawingOf(line + groups({{30, ""}, {31, "  "}, {48, ""}}))},
-        ReadCase{"entity type behind a variable's code",
-                 drawingOf(line + groups({{9, "LWPOLYLINE"}, {90, "2147483647"}}))},
-        ReadCase{"entity type as a header variable",
-                 section("HEADER", groups({{9, "LWPOLYLINE"}, {90, "2147483647"}, {10, "5"}})) + drawingOf(line)},
-        ReadCase{"entities of other sections", section("OBJECTS", line) + drawingOf(line)},
-        ReadCase{"embedded object",
-                 drawingOf(line + groups({{101, "Embedded Object"}, {10, "77"}, {21, "88"}, {62, "1"}}))}));
+TEST(Tolerated, OdditiesKeepTheirLine) {
+    const std::string whole = linesOf(drawingOf(line));
+    const std::string announced = "9=LWPOLYLINE 90=2147483647";
+    const std::pair<const char*, std::string> rows[] = {
+        {"carriage returns", withCarriageReturns(whole)},
+        {"byte order mark", "\xEF\xBB\xBF" + whole},
+        {"no newline at the end", whole.substr(0, whole.size() - 1)},
+        {"text after the end", whole + "anything\ngoes\nhere"},
+        {"no sections", linesOf(line + "0=EOF")},
+        {"comment", "999\ndxflib\n" + whole},
+        {"negative code", "-5\nx\n" + whole},
+        {"long value", linesOf(drawingOf(line + "7=" + std::string(5000, 'x') + " 999=" + std::string(99999, 'y')))},
+        {"empty numbers", linesOf(drawingOf(line + "30= 31= 48="))},
+        {"entity type behind a variable's code", linesOf(drawingOf(line + announced))},
+        {"entity type as a header variable", linesOf(section("HEADER", announced + " 10=5")) + whole},
+        {"entities of other sections", linesOf(section("OBJECTS", line)) + whole},
+        {"embedded object", linesOf(drawingOf(line + "101=Embedded 10=77 21=88 62=1"))},
+    };
+    for (const auto& [name, text] : rows) {
+        const Drawing drawing = readText(text);
+        ASSERT_EQ(drawing.modelSpace.size(), 1u) << name;
+        const Line* const read = std::get_if<Line>(&drawing.modelSpace.front().geometry);
+        ASSERT_NE(read, nullptr) << name;
+        EXPECT_EQ(read->start, (Vec3{1, 2, 0})) << name;
+        EXPECT_EQ(read->end, (Vec3{3, 4, 0})) << name;
+    }
+}
 
 TEST(ReadingProgress, RisesToTheEnd) {
     std::string lines;
@@ -143,7 +117,7 @@ TEST(ReadingProgress, RisesToTheEnd) {
         lines += line;
     }
     const TemporaryDirectory directory;
-    const std::string path = directory.write("long.dxf", drawingOf(lines));
+    const std::string path = directory.write("long.dxf", linesOf(drawingOf(lines)));
     std::vector<double> told;
     DxfReader().read(path, [&](double fraction) { told.push_back(fraction); });
     ASSERT_GE(told.size(), 4u);

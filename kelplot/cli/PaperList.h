@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+#include <iosfwd>
+
+#include "cli/Console.h"
+#include "cli/ExitStatus.h"
+#include "settings/PaperTable.h"
+
+namespace kelplot {
+
+/// A size as the option --paper reads it.
+QString sizeText(const SheetSize& size);
+
+/// Prints a paper a line: the name, the size, the margins, and whether it is the user's own, with tabs between. Sizes
+/// and margins are such as the options take.
+void printPapers(const PaperTable& table, std::ostream& stream);
+
+/// Prints the papers as a JSON array of objects; lengths are millimetres.
+void printPapersAsJson(const PaperTable& table, std::ostream& stream);
+
+/// Prints the papers of all files that can be read, and tells of those that cannot.
+ExitStatus listPapers(bool json, std::ostream& stream, Console& console);
+
+} // namespace kelplot

@@ -1,0 +1,252 @@
+#include "settings/PaperFile.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QTemporaryFile>
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cwchar>
+
+#include "keldriver/IniFile.h"
+#include "settings/SettingsFile.h"
+
+namespace kelplot {
+namespace {
+
+constexpr unsigned short paperRecords = 19;
+constexpr unsigned short largestPaper = 20;
+
+// The binary file as the library writes it.
+constexpr qint64 cacheHeader = 28;
+constexpr qint64 cacheRecord = 160;
+
+int paperCount(const QString& path) {
+    return HT_DefaultDeviceCapabilities(paperRecords, nullptr, nullptr, path.toStdWString().c_str());
+}
+
+std::vector<PaperSize> recordsFrom(const QString& path) {
+    std::vector<PaperSize> records(static_cast<size_t>(std::max(paperCount(path), 0)), PaperSize{});
+    if (!records.empty()) {
+        HT_DefaultDeviceCapabilities(paperRecords, reinterpret_cast<char*>(records.data()), nullptr,
+                                     path.toStdWString().c_str());
+    }
+    return records;
+}
+
+bool sameName(const PaperSize& a, const PaperSize& b) {
+    return std::wcsncmp(a.Name, b.Name, std::size(a.Name)) == 0;
+}
+
+bool samePaper(const PaperSize& a, const PaperSize& b) {
+    const auto numbers = [](const PaperSize& p) {
+        return std::array{p.Paper, p.Width, p.Length, p.UpEdge, p.DownEdge, p.LeftEdge, p.RightEdge, p.Units};
+    };
+    return sameName(a, b) && numbers(a) == numbers(b);
+}
+
+/// What is wrong with a paper; empty when nothing is.
+QString faultOf(const PaperSize& paper) {
+    if (paper.Name[0] == L'\0') {
+        return QStringLiteral("has no name, or one of more than 63 bytes");
+    }
+    if (paper.Width <= 0 || paper.Length <= 0) {
+        return QStringLiteral("has no Width or Length above 0");
+    }
+    const bool inward = std::min({paper.LeftEdge, paper.RightEdge, paper.UpEdge, paper.DownEdge}) >= 0;
+    if (!inward || int64_t{paper.LeftEdge} + paper.RightEdge >= paper.Width ||
+        int64_t{paper.UpEdge} + paper.DownEdge >= paper.Length) {
+        return QStringLiteral("has margins that are negative or leave no room");
+    }
+    return {};
+}
+
+bool areSound(const std::vector<PaperSize>& records) {
+    return std::all_of(records.begin(), records.end(), [](const PaperSize& p) { return faultOf(p).isEmpty(); });
+}
+
+/// The cache has 16 bits for a character.
+bool fitsCache(const PaperSize& paper) {
+    constexpr wchar_t widest = 0xFFFF;
+    return std::all_of(std::begin(paper.Name), std::end(paper.Name), [](wchar_t c) { return c <= widest; });
+}
+
+QString sectionName(int index) {
+    return QStringLiteral("Paper %1").arg(index);
+}
+
+/// The count must be there and be backed by sections: the library would fill what is missing with defaults.
+void requireSections(const QString& path) {
+    inifile::IniFile file;
+    file.Load(path.toStdString());
+    int count = 0;
+    if (file.GetIntValue("General", "PaperCount", count) != 0 || count < 0) {
+        throw SettingsError(path, QStringLiteral("section [General] states no PaperCount of 0 or more"));
+    }
+    for (int i = 0; i < count; ++i) {
+        if (!file.HasSection(sectionName(i).toStdString())) {
+            throw SettingsError(
+                path, QStringLiteral("PaperCount is %1, but there is no section [%2]").arg(count).arg(sectionName(i)));
+        }
+    }
+}
+
+void requireSound(const QString& path, const std::vector<PaperSize>& records) {
+    for (size_t i = 0; i < records.size(); ++i) {
+        const QString fault = faultOf(records[i]);
+        if (!fault.isEmpty()) {
+            throw SettingsError(path, QStringLiteral("[%1] %2").arg(sectionName(static_cast<int>(i)), fault));
+        }
+    }
+}
+
+/// Tells whether a rewritten file still states all that it did; the note of a header may have swallowed a key.
+bool keepsKeys(const QString& original, const QString& rewritten) {
+    inifile::IniFile before;
+    inifile::IniFile after;
+    std::vector<std::string> sections;
+    if (before.Load(original.toStdString()) != 0 || after.Load(rewritten.toStdString()) != 0) {
+        return !QFile::exists(original);
+    }
+    before.GetSections(sections);
+    return std::all_of(sections.begin(), sections.end(), [&](const std::string& section) {
+        const auto& items = before.getSection(section)->items;
+        return std::all_of(items.begin(), items.end(),
+                           [&](const inifile::IniItem& item) { return after.HasKey(section, item.key); });
+    });
+}
+
+/// A new file beside `original` with the content of it, if there is one.
+void startCopy(QTemporaryFile& copy, const QString& original) {
+    QFile source(original);
+    const bool exists = source.exists();
+    const QByteArray content = exists && source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
+    if (!copy.open() || copy.write(content) != content.size() || !copy.flush()) {
+        throw SettingsError(original, copy.errorString());
+    }
+    constexpr auto usual = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther;
+    copy.setPermissions(exists ? source.permissions() : usual);
+    copy.close();
+}
+
+/// Puts `copy` in the place of `original`, which stays beside it.
+void replaceFile(const QString& original, QTemporaryFile& copy) {
+    const QString kept = original + QLatin1Char('~');
+    if (QFile::exists(original)) {
+        QFile::remove(kept);
+        if (!QFile::copy(original, kept)) {
+            throw SettingsError(kept, QStringLiteral("cannot be written"));
+        }
+    }
+    if (std::rename(QFile::encodeName(copy.fileName()).constData(), QFile::encodeName(original).constData()) != 0) {
+        throw SettingsError(original, QStringLiteral("cannot be written"));
+    }
+    copy.setAutoRemove(false);
+}
+
+} // namespace
+
+PaperFile::PaperFile(const QString& folder)
+    : m_folder(folder), m_text(QDir(folder).filePath(QStringLiteral("papers.ini"))),
+      m_cache(QDir(folder).filePath(QStringLiteral("papers.PER"))) {
+}
+
+bool PaperFile::exists() const {
+    return QFile::exists(m_text) || QFile::exists(m_cache);
+}
+
+/// A text file that was edited, moved or installed after the cache was made has the last word.
+bool PaperFile::cacheIsCurrent() const {
+    const QFileInfo text(m_text);
+    const QFileInfo cache(m_cache);
+    return cache.exists() && (!text.exists() || text.metadataChangeTime() < cache.lastModified());
+}
+
+bool PaperFile::cacheIsWhole() const {
+    const qint64 count = paperCount(m_cache);
+    return count > 0 && QFileInfo(m_cache).size() == cacheHeader + count * cacheRecord;
+}
+
+void PaperFile::warnOfCache(QStringList& warnings) const {
+    constexpr qint64 writingTime = 2; // seconds; until then it may be another run's, half written
+    if (QFileInfo(m_cache).lastModified().secsTo(QDateTime::currentDateTime()) > writingTime) {
+        warnings << QStringLiteral("%1: damaged, or without papers; reading %2 in its place. Remove it to have "
+                                   "it made anew")
+                        .arg(m_cache, QFileInfo(m_text).fileName());
+    }
+}
+
+std::vector<PaperSize> PaperFile::read(QStringList& warnings) const {
+    const bool hasText = QFile::exists(m_text);
+    const bool hasCache = QFile::exists(m_cache);
+    std::vector<PaperSize> cached = hasCache && cacheIsWhole() ? recordsFrom(m_cache) : std::vector<PaperSize>();
+    const bool usable = !cached.empty() && areSound(cached);
+    if ((usable && cacheIsCurrent()) || (!hasText && !hasCache)) {
+        return cached;
+    }
+    if (!hasText) {
+        throw SettingsError(m_cache, QStringLiteral("damaged, or without papers"));
+    }
+    std::vector<PaperSize> records = readText();
+    if (hasCache && !usable) {
+        warnOfCache(warnings);
+        return records;
+    }
+    const bool unbarred = !hasCache || QFile::remove(m_cache);
+    if (unbarred && std::all_of(records.begin(), records.end(), fitsCache)) {
+        recordsFrom(m_cache); // the query of whole records makes the cache
+    }
+    return records;
+}
+
+std::vector<PaperSize> PaperFile::readText() const {
+    requireSettings(m_text);
+    requireSections(m_text);
+    std::vector<PaperSize> records = recordsFrom(m_text);
+    requireSound(m_text, records);
+    return records;
+}
+
+int PaperFile::add(const PaperSize& paper) const {
+    if (!QDir().mkpath(m_folder)) {
+        throw SettingsError(m_folder, QStringLiteral("cannot be made a folder"));
+    }
+    constexpr int patience = 5000; // milliseconds
+    QLockFile lock(m_text + QStringLiteral(".lock"));
+    if (!lock.tryLock(patience)) {
+        throw SettingsError(m_text, QStringLiteral("cannot be written, or another run is at it"));
+    }
+    const bool exists = QFile::exists(m_text);
+    if (!exists && QFile::exists(m_cache)) {
+        throw SettingsError(m_cache, QStringLiteral("has no text file beside it to which a paper could be added"));
+    }
+    const QString target = exists ? QFileInfo(m_text).canonicalFilePath() : m_text;
+    std::vector<PaperSize> wanted = exists ? readText() : std::vector<PaperSize>();
+
+    QTemporaryFile copy(target.chopped(4) + QStringLiteral("-XXXXXX.ini"));
+    startCopy(copy, target);
+    wanted.push_back(paper);
+    wanted.back().Paper = HT_DefaultCreatePaper(nullptr, paper, copy.fileName().toStdWString().c_str());
+    const std::vector<PaperSize> written = recordsFrom(copy.fileName());
+    const bool whole = std::equal(wanted.begin(), wanted.end(), written.begin(), written.end(), samePaper);
+    if (!whole || !keepsKeys(target, copy.fileName())) {
+        throw SettingsError(m_text, QStringLiteral("the paper cannot be added without loss: the disk is full, or a "
+                                                   "note stands behind the header of a section; give it its own line"));
+    }
+    replaceFile(target, copy);
+    return wanted.back().Paper;
+}
+
+bool PaperFile::takes(const SheetSize& size) const {
+    std::array<int32_t, 2> largest{};
+    HT_DefaultDeviceCapabilities(largestPaper, reinterpret_cast<char*>(largest.data()), nullptr,
+                                 m_text.toStdWString().c_str());
+    const double width = largest[0] / 10.0;
+    const double length = largest[1] / 10.0;
+    return (size.width <= width && size.height <= length) || (size.height <= width && size.width <= length);
+}
+
+} // namespace kelplot

@@ -1,0 +1,46 @@
+#include "kelplot/cli/KelplotRun.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QProcess>
+
+#include "keldriver/Utility.h"
+
+namespace {
+
+/// Gives the tests that call the program's parts its settings, and keeps those of whoever runs them out.
+class ProgramSettings : public ::testing::Environment {
+    void SetUp() override {
+        qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(m_ownSettings.path()));
+        VornSetAppDataPath(L"" KELPLOT_DRIVERS);
+    }
+    TemporaryDirectory m_ownSettings;
+};
+
+const auto* const programSettings = ::testing::AddGlobalTestEnvironment(new ProgramSettings);
+
+} // namespace
+
+Outcome run(const TemporaryDirectory& directory, const QStringList& arguments, const QString& program) {
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "LANG", "LC_ALL"}) {
+        environment.remove(QString::fromLatin1(name));
+    }
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), QString::fromStdString(directory.path("config")));
+    // For builds with sanitizers; to others these variables mean nothing.
+    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("fast_unwind_on_malloc=0"));
+    environment.insert(QStringLiteral("LSAN_OPTIONS"),
+                       QStringLiteral("print_suppressions=0:suppressions=" LEAK_SUPPRESSIONS));
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(QString::fromStdString(directory.path()));
+    process.start(program, arguments);
+    const bool ended = process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit;
+    return {ended ? process.exitCode() : -1, QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+QStringList filesIn(const TemporaryDirectory& directory) {
+    return QDir(QString::fromStdString(directory.path())).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+}

@@ -1,0 +1,189 @@
+#include <gtest/gtest.h>
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <ostream>
+
+#include "settings/PaperFile.h"
+#include "settings/PaperTable.h"
+#include "settings/SettingsFile.h"
+#include "support/TemporaryDirectory.h"
+
+namespace kelplot {
+namespace {
+
+const std::string general = "[General]\nPaperCount=1\n";
+const std::string label = "# for the small machine\n[Paper 0]\nName=Label\nPaper=257\nWidth=500\nLength=300\n";
+
+PaperFile fileIn(const TemporaryDirectory& directory) {
+    return PaperFile(QString::fromStdString(directory.path()));
+}
+
+QStringList namesIn(const TemporaryDirectory& directory, QStringList* warnings = nullptr) {
+    QStringList ignored;
+    PaperTable table;
+    table.add(fileIn(directory).read(warnings ? *warnings : ignored), true);
+    QStringList names;
+    for (const NamedPaper& paper : table.papers()) {
+        names << paper.name;
+    }
+    return names;
+}
+
+/// Makes a file look as if it had been written so many seconds ago.
+void makeOlder(const TemporaryDirectory& directory, const std::string& name, int seconds) {
+    QFile file(QString::fromStdString(directory.path(name)));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addSecs(-seconds), QFileDevice::FileModificationTime));
+}
+
+PaperSize banner() {
+    return recordFor(QStringLiteral("Bänner"), {5000.0, 914.4}, {1.0, 2.0, 3.0, 4.0}).value_or(PaperSize());
+}
+
+TEST(PaperFile, KeepsWhatItHeldWhenAPaperIsAdded) {
+    const TemporaryDirectory directory;
+    const std::string before = "# mine\n[Desk]\nheight=720\n" + general + label;
+    directory.write("papers.ini", before);
+    EXPECT_EQ(fileIn(directory).add(banner()), 258) << "257 is taken";
+    QStringList warnings;
+    const std::vector<PaperSize> papers = fileIn(directory).read(warnings);
+    ASSERT_EQ(papers.size(), 2U);
+    EXPECT_EQ(papers[0].Width, 500);
+    EXPECT_EQ(std::wstring(papers[1].Name), L"B\u00e4nner");
+    EXPECT_EQ(papers[1].Width, 50000);
+    EXPECT_EQ(papers[1].Length, 9144);
+    EXPECT_EQ(papers[1].UpEdge, 20);
+    EXPECT_EQ(papers[1].DownEdge, 40);
+    for (const char* const part : {"# mine\n", "[Desk]\nheight=720\n", "# for the small machine\n"}) {
+        EXPECT_NE(directory.read("papers.ini").find(part), std::string::npos) << part;
+    }
+    EXPECT_EQ(directory.read("papers.ini~"), before);
+    EXPECT_EQ(warnings, QStringList());
+}
+
+TEST(PaperFile, IsMadeWithItsFolder) {
+    const TemporaryDirectory directory;
+    const PaperFile file(QString::fromStdString(directory.path("new/folder")));
+    EXPECT_FALSE(file.exists());
+    EXPECT_EQ(file.add(banner()), 257);
+    QStringList warnings;
+    EXPECT_EQ(file.read(warnings).size(), 1U);
+}
+
+TEST(PaperFile, IsLeftAloneWhereAnAdditionWouldLoseAKey) {
+    const TemporaryDirectory directory;
+    // A rewritten file puts the note of a header on the line of the section's first key.
+    const std::string text = general + label + "[Desk] # by the window\nheight=720\n";
+    directory.write("papers.ini", text);
+    EXPECT_THROW(fileIn(directory).add(banner()), SettingsError);
+    EXPECT_EQ(directory.read("papers.ini"), text);
+    EXPECT_EQ(QDir(QString::fromStdString(directory.path())).entryList(QDir::Files), QStringList{"papers.ini"});
+}
+
+TEST(PaperCache, IsMadeAndFollowsTheText) {
+    const TemporaryDirectory directory;
+    directory.write("papers.ini", general + label);
+    EXPECT_EQ(namesIn(directory), QStringList{"Label"});
+    ASSERT_EQ(directory.read("papers.PER").size(), 28U + 160U);
+    // Only a look at the cache can answer this one: the text is older and would be refused.
+    directory.write("papers.ini", "junk\n");
+    QFile cache(QString::fromStdString(directory.path("papers.PER")));
+    ASSERT_TRUE(cache.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(cache.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
+    EXPECT_EQ(namesIn(directory), QStringList{"Label"});
+    cache.close();
+    makeOlder(directory, "papers.PER", 60);
+    directory.write("papers.ini", general + "[Paper 0]\nName=Ticket\nWidth=500\nLength=300\n");
+    EXPECT_EQ(namesIn(directory), QStringList{"Ticket"}) << "the text was edited after the cache was made";
+    EXPECT_EQ(namesIn(directory), QStringList{"Ticket"});
+}
+
+TEST(PaperCache, IsPassedOverAndKeptWhenDamaged) {
+    const TemporaryDirectory directory;
+    directory.write("papers.ini", general + label);
+    namesIn(directory);
+    const std::string whole = directory.read("papers.PER");
+    for (const std::string& damaged :
+         {whole.substr(0, 100), whole.substr(0, 4) + "x" + whole.substr(5), std::string("VORNPAPER")}) {
+        directory.write("papers.PER", damaged);
+        makeOlder(directory, "papers.PER", 60);
+        QStringList warnings;
+        EXPECT_EQ(namesIn(directory, &warnings), QStringList{"Label"});
+        ASSERT_EQ(warnings.size(), 1);
+        EXPECT_TRUE(warnings[0].contains("papers.PER: damaged")) << warnings[0].toStdString();
+        EXPECT_EQ(directory.read("papers.PER"), damaged);
+    }
+}
+
+struct DamageCase {
+    const char* name;
+    std::string text;
+    const char* told;
+};
+
+std::ostream& operator<<(std::ostream& stream, const DamageCase& row) {
+    return stream << row.name;
+}
+
+class DamagedPaperFile : public ::testing::TestWithParam<DamageCase> {};
+
+TEST_P(DamagedPaperFile, IsRefusedWithTheReasonAndStaysAsItIs) {
+    const TemporaryDirectory directory;
+    directory.write("papers.ini", GetParam().text);
+    const auto expectRefusal = [&](const char* action, auto&& act) {
+        try {
+            act();
+            ADD_FAILURE() << action << ": accepted";
+        } catch (const SettingsError& error) {
+            const std::string told = error.what();
+            EXPECT_NE(told.find("papers.ini: "), std::string::npos) << action << ": " << told;
+            EXPECT_NE(told.find(GetParam().told), std::string::npos) << action << ": " << told;
+        }
+    };
+    expectRefusal("read", [&] { namesIn(directory); });
+    expectRefusal("add", [&] { fileIn(directory).add(banner()); });
+    EXPECT_EQ(directory.read("papers.ini"), GetParam().text);
+    EXPECT_EQ(QDir(QString::fromStdString(directory.path())).entryList(QDir::Files), QStringList{"papers.ini"});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, DamagedPaperFile,
+    ::testing::Values(
+        DamageCase{"line that is nothing", general + label + "Width 500\n", "Width 500"},
+        DamageCase{"section twice", general + label + label, "same name"},
+        DamageCase{"open header", general + "[Paper 0\n", "closing bracket"}, DamageCase{"empty", "", "PaperCount"},
+        DamageCase{"no count", label, "PaperCount"},
+        DamageCase{"negative count", "[General]\nPaperCount=-1\n" + label, "PaperCount"},
+        DamageCase{"count beyond all sections", "[General]\nPaperCount=2000000000\n" + label, "no section [Paper 1]"},
+        DamageCase{"cut off", general + "[Paper 0]\nPaper=257\n", "[Paper 0] has no name"},
+        DamageCase{"no width", general + "[Paper 0]\nName=X\nWidth=wide\n", "[Paper 0] has no Width"},
+        DamageCase{"margins wider than the sheet", general + label + "LeftEdge=250\nRightEdge=250\n", "margins"}));
+
+struct NameCase {
+    const char* asked;
+    const char* found; ///< null: none
+};
+
+TEST(PaperTable, FindsNamesAsPeopleWriteThem) {
+    PaperTable table;
+    std::vector<PaperSize> records;
+    for (const char* const name : {"A4", "ANSI D", "DIN A4x3", "Größe 1"}) {
+        records.push_back(recordFor(QString::fromUtf8(name), {100.0, 200.0}, {}).value_or(PaperSize()));
+    }
+    table.add(records, true);
+    table.add({recordFor(QStringLiteral("a-4"), {1.0, 2.0}, {}).value_or(PaperSize())}, false);
+    EXPECT_EQ(table.papers().size(), 4U) << "the first paper of a name hides the others";
+    const NameCase cases[] = {{"a4", "A4"},        {"DIN A4", "A4"},     {"iso_a4", "A4"},      {"ansi-d", "ANSI D"},
+                              {"AnsiD", "ANSI D"}, {"A4x3", "DIN A4x3"}, {"GRÖSSE 1", nullptr}, {"GRÖßE-1", "Größe 1"},
+                              {"A44", nullptr},    {"", nullptr},        {"DIN", nullptr}};
+    for (const NameCase& row : cases) {
+        const NamedPaper* const paper = table.find(QString::fromUtf8(row.asked));
+        EXPECT_EQ(paper ? paper->name : QString(), QString::fromUtf8(row.found)) << row.asked;
+    }
+    EXPECT_EQ(table.nearest(QStringLiteral("asni d")).value(0), "ANSI D");
+}
+
+} // namespace
+} // namespace kelplot
