@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 #include <benchmark/benchmark.h>
@@ -36,7 +37,8 @@ public:
 
     std::wstring wide() const { return path.wstring(); }
 
-    const std::filesystem::path path = std::filesystem::temp_directory_path() / "keldriver-papers.ini";
+    const std::filesystem::path path =
+        std::filesystem::temp_directory_path() / ("keldriver-papers-" + std::to_string(getpid()) + ".ini");
     const std::vector<PaperSize> papers = manyPapers();
 };
 

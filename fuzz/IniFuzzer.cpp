@@ -103,7 +103,7 @@ void apply(inifile::IniFile& file, const Edit& edit) {
     }
 }
 
-/// What is read and saved once does not change any more: notes of headers are comments then.
+/// What has been read and saved twice does not change any more: notes of headers are comments by then.
 void requireStable(const MemoryFile& disk) {
     inifile::IniFile file;
     if (file.Load(disk.path()) != 0) {

@@ -1,9 +1,11 @@
 // A binary paper file of any bytes under any capability code, then edited. The first two bytes are the code, the third
 // tells the edit, the rest is the file.
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cwchar>
 #include <filesystem>
 #include <new>
 #include <string>
@@ -43,9 +45,10 @@ private:
     std::filesystem::path m_directory;
 };
 
+constexpr int mostPapers = 4096; // a driver refuses to offer more
+
 /// Asks as a driver does: for the count, then with a buffer of just that many entries of the longest kind.
 void query(unsigned short code, const std::wstring& path) {
-    constexpr int mostPapers = 4096; // a driver refuses to offer more
     const int count = HT_DefaultDeviceCapabilities(code, nullptr, nullptr, path.c_str());
     if (count > mostPapers) {
         return;
@@ -58,13 +61,44 @@ void query(unsigned short code, const std::wstring& path) {
     }
 }
 
+/// The papers that the file states and holds.
+std::vector<PaperSize> papersOf(const std::wstring& path) {
+    const int count = HT_DefaultDeviceCapabilities(19, nullptr, nullptr, path.c_str());
+    std::vector<PaperSize> papers(count > 0 && count <= mostPapers ? static_cast<size_t>(count) : 0);
+    if (!papers.empty()) {
+        HT_DefaultDeviceCapabilities(19, reinterpret_cast<char*>(papers.data()), nullptr, path.c_str());
+    }
+    return papers;
+}
+
+void create(const PaperSize& paper, const std::wstring& path) {
+    const int count = HT_DefaultDeviceCapabilities(19, nullptr, nullptr, path.c_str());
+    const int number = HT_DefaultCreatePaper(nullptr, paper, path.c_str());
+    if (number == -1 || count < 0 || count >= mostPapers) {
+        return; // not stored, or not to be listed
+    }
+    const std::vector<PaperSize> papers = papersOf(path);
+    const bool isListed = std::any_of(papers.begin(), papers.end(), [&](const PaperSize& each) {
+        return each.Paper == number && each.Width == paper.Width && std::wcscmp(each.Name, paper.Name) == 0;
+    });
+    if (!isListed) {
+        std::abort();
+    }
+}
+
+void remove(int number, const std::wstring& path) {
+    const size_t before = papersOf(path).size();
+    if (HT_DefaultDeletePaper(nullptr, number, path.c_str()) == 1 && papersOf(path).size() + 1 < before) {
+        std::abort();
+    }
+}
+
 void edit(uint8_t way, const std::wstring& path) {
-    PaperSize paper{way % 4 == 0 ? -1 : way, L"Edited", 2100, 2970, 1, 2, 3, 4, 1};
     try {
         if (way % 2 == 0) {
-            HT_DefaultCreatePaper(nullptr, paper, path.c_str());
+            create({way % 4 == 0 ? -1 : way, L"Edited", 2100, 2970, 1, 2, 3, 4, 1}, path);
         } else {
-            HT_DefaultDeletePaper(nullptr, paper.Paper, path.c_str());
+            remove(way, path);
         }
     } catch (const std::bad_array_new_length&) { // the agreed answer to a negative count
         return;

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "keldriver/Export.h"
@@ -10,8 +12,6 @@
 class ProfileSession;
 
 namespace inifile {
-
-class SectionIndex;
 
 /// One key line of a settings file. Texts are the bytes of the file, undecoded.
 struct IniItem {
@@ -193,7 +193,8 @@ private:
     std::string filePath;
     std::string commentDelimiter = "#";
     std::string errMsg;
-    std::unique_ptr<SectionIndex> index; ///< null once a caller holds a section, and may rename it
+    /// The sections by their own names; none once a caller holds a section, and may rename it.
+    std::optional<std::unordered_map<std::string_view, IniSection*>> index;
 };
 
 } // namespace inifile

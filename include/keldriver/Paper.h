@@ -47,15 +47,16 @@ static_assert(offsetof(PaperSize, Width) == 260 && offsetof(PaperSize, Units) ==
 ///                count only. It needs no alignment.
 /// @param device  ignored
 /// @param path    of the paper file; not null, at least three characters (else `std::out_of_range`)
-/// @return the table's answer; 0 when the binary file cannot be opened or is damaged. Nothing tells a damaged file
-///         from an empty one.
+/// @return the table's answer. A count is answered as the file states it, even a negative one, and code 19 answers it
+///         for a file that is cut off too, with zeros for what is missing. 0 when the binary file cannot be opened or
+///         its header is not that of a paper file: nothing tells it from an empty list.
 KELDRIVER_API int HT_DefaultDeviceCapabilities(unsigned short code, char* output, const _devicemodeW* device,
                                                const wchar_t* path);
 
 /// Writes a list of papers as the paper file that `path` names by its ending: binary for "PER", else INI.
 ///
 /// An INI file keeps its other sections and comments, and those of papers beyond the new count. A malformed INI file is
-/// left as it is, and still answers 1.
+/// left as it is, one that cannot be written stays unwritten, and both still answer 1.
 ///
 /// @param papers  `count` records; borrowed; names are taken up to 64 characters
 /// @return 1, or 0 when the binary file could not be written
@@ -64,13 +65,14 @@ KELDRIVER_API int HT_WritePaperFile(const wchar_t* path, const PaperSize* papers
 /// Stores a paper in a driver's paper file: in place of the first one of the same number, else as a new last one.
 ///
 /// What cannot be read as a paper file counts as an empty list and is replaced, by a binary file only. A file that
-/// states more papers than bytes, and more than 4096, is left as it is. A stated count below -1 throws
+/// states more than 4096 papers and cannot hold them is left as it is. A stated count below -1 throws
 /// `std::bad_array_new_length`.
 ///
 /// @param device  ignored
 /// @param paper   with the number -1 it becomes a new last paper under the smallest free number from 257 upward
 /// @param path    of the paper file, INI or binary
-/// @return the number under which it is stored; -1 when the file was not written
+/// @return the number under which it is stored; -1 when a binary file was not written. An INI file that could not be
+///         written is not told of.
 KELDRIVER_API int HT_DefaultCreatePaper(_devicemodeW* device, const PaperSize& paper, const wchar_t* path);
 
 /// Does exactly what `HT_DefaultCreatePaper` does: a paper that is not in the list is added.
@@ -78,11 +80,12 @@ KELDRIVER_API int HT_DefaultModifyPaper(_devicemodeW* device, const PaperSize& p
 
 /// Removes the first paper of number `paper` from a driver's paper file.
 ///
-/// A file that states more papers than bytes, and more than 4096, is left as it is. A negative stated count throws
+/// A file that states more than 4096 papers and cannot hold them is left as it is. A negative stated count throws
 /// `std::bad_array_new_length`.
 ///
 /// @param device  ignored
 /// @param paper   only read
 /// @param path    of the paper file, INI or binary
-/// @return 1, also when no paper has that number; 0 when the file was not written
+/// @return 1, also when no paper has that number; 0 when a binary file was not written. An INI file that could not be
+///         written is not told of.
 KELDRIVER_API int HT_DefaultDeletePaper(_devicemodeW* device, int& paper, const wchar_t* path);

@@ -2,6 +2,7 @@
 
 #include "keldriver/Export.h"
 
+/// @file
 /// Reads and writes single settings of a file, in the manner of the Win32 calls of these names.
 ///
 /// Every call reads the file anew. Names are wide text and are looked up as UTF-8, byte by byte; wide text that has

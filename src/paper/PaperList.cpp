@@ -7,6 +7,7 @@
 #include "paper/BinaryPaperFile.h"
 #include "paper/IniPaperFile.h"
 #include "paper/PaperPath.h"
+#include "paper/PaperRecord.h"
 #include "port/Utf8.h"
 
 namespace {
@@ -19,18 +20,19 @@ void requireRoom(int count, int spare) {
 
 // A paper that the file lacks reads as defaults, or as zeros, so that a file may state some more papers than it
 // describes. Beyond this no device goes, and memory is not taken for it.
-bool mayState(const std::wstring& path, int count) {
+bool mayState(const std::wstring& path, int count, int64_t bytesPerPaper) {
     constexpr int64_t alwaysAllowed = 4096;
     struct stat status {};
     const bool isThere = stat(toUtf8(path).c_str(), &status) == 0;
-    return count <= std::max<int64_t>(alwaysAllowed, isThere ? status.st_size : 0);
+    return count <= std::max<int64_t>(alwaysAllowed, isThere ? status.st_size / bytesPerPaper : 0);
 }
 
 std::optional<PaperList> readIniList(const std::wstring& path, int spare) {
+    constexpr int64_t shortestSection = sizeof "[Paper 1000]"; // with its line break
     IniPaperFile file(path);
     const int count = file.count();
     requireRoom(count, spare);
-    if (!mayState(path, count)) {
+    if (!mayState(path, count, shortestSection)) {
         return std::nullopt;
     }
     PaperList list{count, {}};
@@ -48,7 +50,7 @@ std::optional<PaperList> readBinaryList(const std::wstring& path, int spare) {
     }
     const int count = file->count();
     requireRoom(count, spare);
-    if (!mayState(path, count)) {
+    if (!mayState(path, count, compactRecordSize)) {
         return std::nullopt;
     }
     PaperList list{count, std::vector<PaperSize>(static_cast<size_t>(std::max(count, 0)))};

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "port/ArgumentList.h"
 #include "port/Utf8.h"
 
 namespace {
@@ -22,10 +23,9 @@ CString::CString(const wchar_t* text) : m_wide(text), m_narrow(toUtf8(m_wide)) {
 }
 
 void CString::Format(CString format, ...) { // NOLINT(performance-unnecessary-value-param)
-    va_list arguments;
-    va_start(arguments, format);
-    FormatV(std::move(format), arguments);
-    va_end(arguments);
+    ArgumentList arguments;
+    va_start(arguments.list, format);
+    FormatV(std::move(format), arguments.list);
 }
 
 void CString::FormatV(CString format, va_list arguments) {

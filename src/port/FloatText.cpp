@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 
 #include "port/UpperCase.h"
 
@@ -34,7 +35,8 @@ std::string withFraction(double value, std::chars_format format, int precision, 
 
 /// General notation that keeps its point and all its significant digits.
 std::string generalWithPoint(double value, int precision) {
-    const int significant = std::max(precision, 1);
+    constexpr int mostZeros = 4; // before the first digit in fixed notation
+    const int significant = std::clamp(precision, 1, std::numeric_limits<int>::max() - mostZeros);
     const std::string rounded =
         digitsOf(value, std::chars_format::scientific, std::min(significant - 1, longestFraction));
     const int exponent = std::atoi(rounded.c_str() + rounded.find('e') + 1);

@@ -1,16 +1,15 @@
 #include "port/WinRuntime.h"
 
-#include <cstdarg>
 #include <cwchar>
 
+#include "port/ArgumentList.h"
 #include "port/CString.h"
 
 int swprintf_s(wchar_t* destination, const wchar_t* format, ...) {
-    va_list arguments;
-    va_start(arguments, format);
+    ArgumentList arguments;
+    va_start(arguments.list, format);
     CString text;
-    text.FormatV(format, arguments);
-    va_end(arguments);
+    text.FormatV(format, arguments.list);
     const std::wstring& wide = text.wide();
     std::wmemcpy(destination, wide.c_str(), wide.size() + 1);
     return static_cast<int>(wide.size());

@@ -4,28 +4,13 @@
 #include <cstdlib>
 #include <utility>
 
+#include "settings/FirstItem.h"
 #include "settings/IniText.h"
-#include "settings/SectionIndex.h"
+#include "settings/ResultCodes.h"
 
 namespace inifile {
 
-namespace {
-
-constexpr int keyMissing = 8;
-constexpr int sectionMissing = 9;
-
-IniItem* firstItem(IniSection& section, const std::string& key) {
-    for (IniItem& item : section.items) {
-        if (item.key == key) {
-            return &item;
-        }
-    }
-    return nullptr;
-}
-
-} // namespace
-
-IniFile::IniFile() : index(std::make_unique<SectionIndex>()) {
+IniFile::IniFile() : index(std::in_place) {
 }
 
 IniFile::~IniFile() = default;
@@ -36,11 +21,7 @@ void IniFile::release() {
 }
 
 void IniFile::dropSections() {
-    if (index) {
-        index->clear();
-    } else {
-        index = std::make_unique<SectionIndex>();
-    }
+    index.emplace();
     sections.clear();
 }
 
@@ -49,14 +30,15 @@ IniSection& IniFile::addSection(std::unique_ptr<IniSection> section) {
     IniSection& added = *section;
     sections.insert(added.name.empty() ? sections.begin() : sections.end(), std::move(section));
     if (index) {
-        index->add(&added);
+        index->emplace(added.name, &added);
     }
     return added;
 }
 
 IniSection* IniFile::findSection(std::string_view name) const {
     if (index) {
-        return index->find(name);
+        const auto found = index->find(name);
+        return found == index->end() ? nullptr : found->second;
     }
     const auto found =
         std::find_if(sections.begin(), sections.end(), [&](const auto& section) { return section->name == name; });
@@ -86,9 +68,13 @@ IniItem* IniFile::findItem(const std::string& section, const std::string& key, i
         code = fail(sectionMissing, "not find the section " + section);
         return nullptr;
     }
-    IniItem* const item = firstItem(*found, key);
-    code = item != nullptr ? 0 : fail(keyMissing, "not find the key " + key);
-    return item;
+    const auto item = firstItem(*found, key);
+    if (item == found->items.end()) {
+        code = fail(keyMissing, "not find the key " + key);
+        return nullptr;
+    }
+    code = 0;
+    return &*item;
 }
 
 int IniFile::getValue(const std::string& section, const std::string& key, std::string& value, std::string& comment) {
@@ -205,7 +191,7 @@ bool IniFile::HasSection(const std::string& section) const {
 
 bool IniFile::HasKey(const std::string& section, const std::string& key) const {
     IniSection* const found = findSection(section);
-    return found != nullptr && firstItem(*found, key) != nullptr;
+    return found != nullptr && firstItem(*found, key) != found->items.end();
 }
 
 bool IniFile::IsCommentLine(const std::string& line) const {

@@ -5,19 +5,11 @@
 #include <utility>
 
 #include "keldriver/IniFile.h"
+#include "settings/FirstItem.h"
 #include "settings/IniText.h"
-#include "settings/SectionIndex.h"
+#include "settings/ResultCodes.h"
 
 namespace inifile {
-
-namespace {
-
-std::vector<IniItem>::iterator firstItem(IniSection& section, const std::string& key) {
-    return std::find_if(section.items.begin(), section.items.end(),
-                        [&](const IniItem& item) { return item.key == key; });
-}
-
-} // namespace
 
 int IniFile::setValue(const std::string& section, const std::string& key, const std::string& value,
                       const std::string& comment) {
@@ -63,7 +55,7 @@ int IniFile::findText(const std::string& section, const std::string& key, std::s
     }
     IniSection* const found = findSection(section);
     text = found != nullptr ? &(found->*ofSection) : nullptr;
-    return found != nullptr ? 0 : fail(9, "not find the section " + section);
+    return found != nullptr ? 0 : fail(sectionMissing, "not find the section " + section);
 }
 
 int IniFile::GetComment(const std::string& section, const std::string& key, std::string& comment) {
@@ -90,7 +82,8 @@ int IniFile::SetComment(const std::string& section, const std::string& key, cons
     if (text != nullptr) {
         *text = comment;
     }
-    return code != 9 ? code : fail(9, "Not find the section " + section); // setters spell it with a capital
+    // Setters spell it with a capital.
+    return code != sectionMissing ? code : fail(sectionMissing, "Not find the section " + section);
 }
 
 int IniFile::SetRightComment(const std::string& section, const std::string& key, const std::string& rightComment) {
@@ -99,7 +92,7 @@ int IniFile::SetRightComment(const std::string& section, const std::string& key,
     if (text != nullptr) {
         *text = rightComment;
     }
-    return code != 9 ? code : fail(9, "Not find the section " + section);
+    return code != sectionMissing ? code : fail(sectionMissing, "Not find the section " + section);
 }
 
 void IniFile::SetCommentDelimiter(const std::string& delimiter) {
@@ -112,7 +105,7 @@ void IniFile::DeleteSection(const std::string& section) {
         return;
     }
     if (index) {
-        index->remove(doomed);
+        index->erase(doomed->name);
     }
     sections.erase(std::find_if(sections.begin(), sections.end(),
                                 [doomed](const auto& candidate) { return candidate.get() == doomed; }));

@@ -6,6 +6,7 @@
 
 #include "keldriver/IniFile.h"
 #include "settings/IniText.h"
+#include "settings/ResultCodes.h"
 #include "settings/TextFile.h"
 
 namespace inifile {
@@ -53,7 +54,7 @@ int IniFile::Load(const std::string& path) {
     release();
     filePath = std::move(newPath);
     const std::optional<std::string> text = readTextFile(filePath);
-    return text ? loadText(*text) : fail(6, "open" + filePath + " file failed");
+    return text ? loadText(*text) : fail(cannotOpen, "open" + filePath + " file failed");
 }
 
 /// An item of the section at hand, still in the text.
@@ -118,14 +119,15 @@ void IniFile::storeItems(std::vector<LoadedItem>& items) {
 int IniFile::loadHeader(std::string_view content, const std::string& comment, std::string_view rightComment) {
     const size_t end = content.find(']');
     if (end == std::string_view::npos) {
-        return fail(2, "no matched ] found");
+        return fail(noClosingBracket, "no matched ] found");
     }
     if (end == 1) {
-        return fail(3, "section name is empty");
+        return fail(emptySectionName, "section name is empty");
     }
     const std::string name(trimmed(content.substr(1, end - 1)));
     if (findSection(name) != nullptr) {
-        return fail(4, "section " + name + "already exist"); // drivers match this text, missing blank included
+        return fail(sectionExists,
+                    "section " + name + "already exist"); // drivers match this text, missing blank included
     }
     addSection(std::make_unique<IniSection>(IniSection{name, comment, std::string(rightComment), {}}));
     return 0;
@@ -135,7 +137,7 @@ int IniFile::loadItem(std::string_view content, const std::string& comment, std:
                       std::vector<LoadedItem>& items) {
     const SplitText parts = splitText(content, "=");
     if (!parts.isFound) {
-        return fail(5, "parse line failed:" + std::string(content));
+        return fail(noEqualsSign, "parse line failed:" + std::string(content));
     }
     items.push_back({parts.left, parts.right, rightComment, comment});
     return 0;

@@ -1,5 +1,6 @@
 #include "keldriver/PrivateProfile.h"
 
+#include <algorithm>
 #include <string>
 
 #include "port/Utf8.h"
@@ -20,6 +21,7 @@ std::string nameIn(ProfileSession& session, const wchar_t* name) {
 
 int GetPrivateProfileStringEx(const wchar_t* section, const wchar_t* key, const wchar_t* defaultValue, wchar_t* out,
                               unsigned int size, const wchar_t* file) {
+    std::fill_n(out, size, L'\0');
     ProfileSession session(narrow(file));
     return session.getString(nameIn(session, section), nameIn(session, key), defaultValue, out, size);
 }
@@ -30,6 +32,7 @@ int GetPrivateProfileIntEx(const wchar_t* section, const wchar_t* key, int defau
 }
 
 int GetPrivateProfileSectionNamesEx(wchar_t* out, unsigned int size, const wchar_t* file) {
+    std::fill_n(out, size, L'\0');
     return ProfileSession(narrow(file)).getSectionNames(out, size);
 }
 

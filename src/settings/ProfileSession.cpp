@@ -7,7 +7,9 @@
 
 #include <sys/stat.h>
 
+#include "settings/FirstItem.h"
 #include "settings/IniText.h"
+#include "settings/ResultCodes.h"
 #include "settings/TextFile.h"
 
 namespace {
@@ -20,10 +22,10 @@ std::string_view withoutQuotes(std::string_view text) {
     return text.substr(0, text.find_last_not_of('"') + 1);
 }
 
-/// Fills a caller's buffer with texts, each with a terminator; positions count bytes.
+/// Fills a caller's zeroed buffer with texts, each with a terminator; positions count bytes.
 class TextList {
 public:
-    TextList(wchar_t* out, unsigned int size) : m_out(out), m_size(size) { std::fill_n(out, size, L'\0'); }
+    TextList(wchar_t* out, unsigned int size) : m_out(out), m_size(size) {}
 
     /// Takes a text; false when it does not fit, and then the list is at its end.
     bool add(std::string_view quoted) {
@@ -109,7 +111,7 @@ ProfileSession::~ProfileSession() {
 
 void ProfileSession::read() {
     const int code = file.Load(path);
-    state = code == 0 ? State::WellFormed : code == 6 ? State::Unreadable : State::Malformed;
+    state = code == 0 ? State::WellFormed : code == inifile::cannotOpen ? State::Unreadable : State::Malformed;
     examine();
 }
 
@@ -212,9 +214,8 @@ void ProfileSession::writeString(const std::string& section, const std::string& 
     readsBackEqual = readsBackEqual && (file.HasSection(section) || headerReadsBack(section));
     file.SetStringValue(section, key, value);
     unsettledSection = file.findSection(section);
-    const auto& items = unsettledSection->items;
-    const auto item = std::find_if(items.begin(), items.end(), [&](const auto& each) { return each.key == key; });
-    unsettledItem = static_cast<size_t>(item - items.begin());
+    const auto item = inifile::firstItem(*unsettledSection, key);
+    unsettledItem = static_cast<size_t>(item - unsettledSection->items.begin());
     isUnsaved = true;
 }
 

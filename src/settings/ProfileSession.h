@@ -28,12 +28,12 @@ public:
     /// Creates the file, empty, when it does not exist. Tells whether `writeString` would be heeded.
     bool isWritable();
 
-    /// As `GetPrivateProfileStringEx`.
+    /// As `GetPrivateProfileStringEx`, into a buffer that the caller has zeroed.
     int getString(std::string_view section, std::string_view key, const wchar_t* defaultValue, wchar_t* out,
                   unsigned int size);
     /// As `GetPrivateProfileIntEx`.
     int getInt(std::string_view section, std::string_view key, int defaultValue);
-    /// As `GetPrivateProfileSectionNamesEx`.
+    /// As `GetPrivateProfileSectionNamesEx`, into a buffer that the caller has zeroed.
     int getSectionNames(wchar_t* out, unsigned int size);
     /// As `WritePrivateProfileStringEx`, except that the file is not written before `flush`.
     void writeString(const std::string& section, const std::string& key, const std::string& value);

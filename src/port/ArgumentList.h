@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdarg>
+
+/// The arguments of a variadic call, ended however the call is left; to be started with `va_start` on `list`.
+struct ArgumentList {
+    ArgumentList() = default;
+    ArgumentList(const ArgumentList&) = delete;
+    ArgumentList& operator=(const ArgumentList&) = delete;
+    ~ArgumentList() { va_end(list); }
+
+    va_list list;
+};
