@@ -17,6 +17,7 @@ public:
     void drawLines(const QLineF*, int count) override { elements += 2 * int64_t{count}; }
     void drawPolygon(const QPointF*, int count, PolygonDrawMode) override { elements += count; }
     void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override { ++elements; }
+    void drawImage(const QRectF&, const QImage&, const QRectF&, Qt::ImageConversionFlags) override { ++elements; }
 
     using QPaintEngine::drawLines;
     using QPaintEngine::drawPolygon;

@@ -6,6 +6,10 @@ install(TARGETS KelDriver EXPORT KelDriverTargets LIBRARY DESTINATION ${CMAKE_IN
 if(TARGET Tarsel) # otherwise the host application brings its own
     install(TARGETS Tarsel EXPORT KelDriverTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 endif()
+if(TARGET Imgo)
+    install(TARGETS Imgo EXPORT KelDriverTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+    install(FILES ${PROJECT_SOURCE_DIR}/host/imgo/include/imgo.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+endif()
 install(TARGETS vnbase LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}) # where the library's run path finds it
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/keldriver DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(EXPORT KelDriverTargets NAMESPACE KelDriver:: DESTINATION ${package_dir})

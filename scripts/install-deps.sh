@@ -10,6 +10,7 @@ packages=(
     libgtest-dev
     libbenchmark-dev
     poppler-utils
+    fonts-dejavu-core fonts-droid-fallback
 )
 
 missing=()

@@ -64,10 +64,23 @@ public:
     void FillPolygon(const HT_Double_Point* points, int count) override;
     /// Draws a polyline through the points on the device grid; no curve is computed.
     void DrawBezier(const HT_Double_Point* points, int count) override;
-    /// Text is not drawn yet: this does nothing.
+    /// Fills the outlines of one line of text, never underlined or struck out, under a world transform of its own,
+    /// which replaces the painter's for the call. The height counts in pixels of the primary screen before the scale
+    /// applies; the transform's elements are in single precision.
+    ///
+    /// With `charWidths` the size becomes the whole number of points, rounded down, at which the first `length`
+    /// characters are as wide as the widths say; it stays as it is where that is below one point. The whole text is
+    /// drawn whatever `length` says. Null text, a width factor of 0 and positions that are not finite draw nothing.
     void DrawText(wchar_t* text, int length, const HT_Font& font, const HT_Double_Point& position, double obliqueAngle,
                   double widthFactor, double* charWidths) override;
-    /// Images are not drawn yet: this does nothing.
+    /// Draws an image's memory, read as 32 bits a pixel whatever its depth, into a rectangle on the device grid.
+    ///
+    /// The size of the image is that of its bitmap header; the rectangle is as high as one row more than the
+    /// image has. A negative height factor turns the image upside down and lets it grow upward from `y`. Memory
+    /// is wrapped, not copied, unless `SetAlpha` has given an opacity below 255, which multiplies that of each
+    /// pixel, or the image is turned. Images of this library that have fewer bytes than 32 bits a pixel take are
+    /// completed with transparent black; other implementations must have them all. Nothing is drawn without a
+    /// header, with a width of 0 or less or a height of 0 in it, or without pixels.
     void DrawImage(HT_RasterImage_Record* record) override;
 
     /// Rounds the weight to whole device units, saturating. `QPen` itself refuses widths below 0 and from

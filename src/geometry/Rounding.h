@@ -22,3 +22,8 @@ inline int32_t truncateToInt32(double value) {
 inline int32_t roundToInt32(double value) {
     return truncateToInt32(value + std::copysign(0.5, value));
 }
+
+/// Rounds to the nearest integer, halves up, also those of negative values; saturates, and NaN gives 0.
+inline int32_t roundHalfUpToInt32(double value) {
+    return truncateToInt32(std::floor(value + 0.5));
+}

@@ -63,9 +63,3 @@ void QTRenderer::SetMergeControlType(HT_PlotStyle::MergeControlType type) {
         break;
     }
 }
-
-void QTRenderer::DrawText(wchar_t*, int, const HT_Font&, const HT_Double_Point&, double, double, double*) {
-}
-
-void QTRenderer::DrawImage(HT_RasterImage_Record*) {
-}

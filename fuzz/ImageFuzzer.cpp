@@ -1,0 +1,98 @@
+// Feeds both image readers any bytes, and asks everything of what they read.
+
+#include <cstdint>
+#include <cstdlib>
+#include <vector>
+
+#include <QBuffer>
+#include <QImage>
+#include <QImageReader>
+#include <QPainter>
+
+#include "imgo.h"
+#include "keldriver/QTRenderer.h"
+#include "keldriver/RasterImage.h"
+
+namespace {
+
+constexpr qint64 pixelLimit = 1 << 20; // larger ones only show how much memory there is
+
+void require(bool condition) {
+    if (!condition) {
+        std::abort();
+    }
+}
+
+void ignoreMessage(QtMsgType, const QMessageLogContext&, const QString&) {
+}
+
+bool statesTooManyPixels(const std::vector<uint8_t>& bytes) {
+    QByteArray content(reinterpret_cast<const char*>(bytes.data()), static_cast<int>(bytes.size()));
+    QBuffer buffer(&content);
+    buffer.open(QIODevice::ReadOnly);
+    const QSize size = QImageReader(&buffer).size();
+    return qint64{size.width()} * size.height() > pixelLimit || bytes.size() > 1 << 16;
+}
+
+/// Reads every byte that the image says it has.
+void readPixels(const HT_RasterImage& image) {
+    const size_t size = size_t{image.scanLineSize()} * static_cast<size_t>(std::abs(image.pixelHeight()));
+    unsigned sum = 0;
+    for (size_t i = 0; i < size; ++i) {
+        sum += image.scanLinesBase()[i];
+    }
+    unsigned int count = 0;
+    const tagRGBQUAD* palette = image.paletteData(count);
+    for (uint32_t i = 0; palette != nullptr && i < image.numPaletteColors(); ++i) {
+        sum += palette[i].rgbBlue;
+    }
+    require(size > 0 || sum == 0);
+}
+
+void draw(HT_RasterImage& image) {
+    QImage page(64, 64, QImage::Format_ARGB32);
+    page.fill(Qt::white);
+    QPainter painter(&page);
+    QTRenderer renderer;
+    renderer.AttachDriver(&painter, {64, 64}, false);
+    for (const double factor : {0.5, -0.5}) {
+        HT_RasterImage_Record record{&image, 3, 30, 0.5, {}, factor};
+        renderer.DrawImage(&record);
+        renderer.SetAlpha(100);
+    }
+}
+
+void askEverything(HT_RasterImage& image) {
+    const bool isAbsent = image.colorDepth() == -1;
+    require(isAbsent == (image.getBitmapInfo() == nullptr));
+    require(isAbsent == (image.scanLinesBase() == nullptr));
+    require(isAbsent == (image.pixelWidth() == 0));
+    require(image.hasAlpha() || image.getTransparency() != 1);
+    readPixels(image);
+    draw(image);
+    image.addAlpha(90);
+    image.flip();
+    draw(image);
+    void* data = nullptr;
+    unsigned long size = 0;
+    if (image.convertTo(L"BMP", &data, &size, 50) != 0) {
+        require(data != nullptr && size > 0);
+        image.freeConvert();
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    static const QtMessageHandler silenced = qInstallMessageHandler(ignoreMessage); // readers complain of most inputs
+    require(silenced != nullptr);
+    std::vector<uint8_t> bytes(data, data + size);
+    if (statesTooManyPixels(bytes)) {
+        return 0;
+    }
+    askEverything(*RasterImageFactory::CreateFromDibImage(bytes.data(), static_cast<int>(size)));
+    if (auto library = Imgo::Image::LoadBytes(bytes.data(), size)) {
+        askEverything(*RasterImageFactory::CreateFromGiRasterImage(library.release()));
+    }
+    return 0;
+}

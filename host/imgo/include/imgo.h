@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "keldriver/Win32Types.h"
+
+class QIODevice;
+
+#define IMGO_API __attribute__((visibility("default")))
+
+/// The image library of libImgo.so: pictures in, their DIB out.
+namespace Imgo {
+
+/// An image as a DIB: the bottom row first, every row filled up to a multiple of four bytes.
+struct DibInfo {
+    const tagBITMAPINFO* info;   ///< the header, with its `paletteCount` colour entries behind it
+    uint32_t paletteCount;       ///< 0 for images with more than 8 bits a pixel
+    const unsigned char* pixels; ///< the bottom row
+    uint32_t scanLineSize;       ///< bytes a row
+    int32_t bitCount;            ///< bits per pixel: 1, 8, 24 or 32
+};
+
+/// A picture that was read from a file or from its bytes: PNG, JPEG, BMP, GIF, TIFF and what else Qt finds plugins
+/// for. The format is told by the content.
+class IMGO_API Image {
+public:
+    /// Reads the first picture of a file.
+    ///
+    /// @param path  UTF-8
+    /// @return null when it cannot be read
+    static std::unique_ptr<Image> LoadFile(const std::string& path);
+    /// Reads a picture from the bytes of a file, which are borrowed for the call.
+    ///
+    /// @return null when they cannot be decoded
+    static std::unique_ptr<Image> LoadBytes(const void* data, size_t size);
+
+    ~Image();
+    Image(const Image&) = delete;
+    Image& operator=(const Image&) = delete;
+
+    /// The image as a DIB, which is made once and lasts until `AddAlphaOnCvtBmp` or the end of the image.
+    ///
+    /// @param make  false: only when there is a DIB already
+    /// @return null when there is none or memory runs out
+    const DibInfo* GetDibInfo(bool make);
+    /// 1 when a pixel of the picture is not opaque, else 0; -1 where `GetDibInfo` has no answer.
+    int GetDibTransparency(bool make);
+    /// Multiplies the opacity of every pixel by `alpha` / 255, kept within 0 to 255, and makes the image one with
+    /// 32 bits a pixel. With 255 this is the way to a DIB that a renderer takes.
+    void AddAlphaOnCvtBmp(int alpha);
+
+private:
+    struct Data;
+    explicit Image(std::unique_ptr<Data> content);
+    static std::unique_ptr<Image> Load(QIODevice& device);
+
+    std::unique_ptr<Data> data;
+};
+
+} // namespace Imgo

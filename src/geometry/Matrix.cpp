@@ -1,0 +1,182 @@
+#include "keldriver/Matrix.h"
+
+#include <algorithm>
+#include <cstring>
+#include <functional>
+#include <utility>
+
+namespace {
+
+/// A block of zeros with room for the reference count behind the elements.
+double* newBlock(int rows, int cols) {
+    if (rows < 0 || cols < 0) {
+        throw "Invalid matrix size";
+    }
+    return new double[static_cast<size_t>(rows) * static_cast<size_t>(cols) + 1]();
+}
+
+} // namespace
+
+CPrintDriverMatrix::CPrintDriverMatrix() : CPrintDriverMatrix(1, 1) {
+}
+
+CPrintDriverMatrix::CPrintDriverMatrix(int rows, int cols) : m_rows(rows), m_cols(cols), m_data(newBlock(rows, cols)) {
+    setReferenceCount(1);
+}
+
+CPrintDriverMatrix::CPrintDriverMatrix(int size, bool identity) : CPrintDriverMatrix(size, size) {
+    for (int i = 0; identity && i < size; ++i) {
+        element(i, i) = 1.0;
+    }
+}
+
+CPrintDriverMatrix::CPrintDriverMatrix(const CPrintDriverMatrix& other)
+    : CPrintDriverMatrix(other.m_rows, other.m_cols) {
+    std::copy_n(other.m_data, elementCount(), m_data);
+}
+
+CPrintDriverMatrix& CPrintDriverMatrix::operator=(const CPrintDriverMatrix& other) {
+    CPrintDriverMatrix copy(other);
+    swap(copy);
+    return *this;
+}
+
+CPrintDriverMatrix::~CPrintDriverMatrix() {
+    DecrementAndRelease();
+}
+
+void CPrintDriverMatrix::swap(CPrintDriverMatrix& other) noexcept {
+    std::swap(m_rows, other.m_rows);
+    std::swap(m_cols, other.m_cols);
+    std::swap(m_data, other.m_data);
+}
+
+void CPrintDriverMatrix::takePrivateCopy() {
+    CPrintDriverMatrix copy(*this);
+    swap(copy);
+}
+
+bool CPrintDriverMatrix::SetElement(int row, int col, double value) {
+    detach();
+    element(row, col) = value;
+    return true;
+}
+
+int CPrintDriverMatrix::GetReferenceCount() const {
+    int32_t count = 0;
+    if (m_data != nullptr) {
+        std::memcpy(&count, m_data + elementCount(), sizeof count);
+    }
+    return count;
+}
+
+void CPrintDriverMatrix::setReferenceCount(int32_t count) {
+    if (m_data != nullptr) {
+        std::memcpy(m_data + elementCount(), &count, sizeof count);
+    }
+}
+
+void CPrintDriverMatrix::IncrementReferenceCount() {
+    setReferenceCount(GetReferenceCount() + 1);
+}
+
+void CPrintDriverMatrix::DecrementReferenceCount() {
+    setReferenceCount(GetReferenceCount() - 1);
+}
+
+void CPrintDriverMatrix::DecrementAndRelease() {
+    if (GetReferenceCount() == 1) {
+        delete[] m_data;
+        m_data = nullptr;
+    } else {
+        DecrementReferenceCount();
+    }
+}
+
+CPrintDriverMatrix CPrintDriverMatrix::operator+(const CPrintDriverMatrix& other) const {
+    CPrintDriverMatrix sum(*this);
+    sum += other;
+    return sum;
+}
+
+CPrintDriverMatrix CPrintDriverMatrix::operator-(const CPrintDriverMatrix& other) const {
+    CPrintDriverMatrix difference(*this);
+    difference -= other;
+    return difference;
+}
+
+CPrintDriverMatrix& CPrintDriverMatrix::operator+=(const CPrintDriverMatrix& other) {
+    if (m_rows != other.m_rows || m_cols != other.m_cols) {
+        throw "Invalid operation";
+    }
+    detach();
+    std::transform(m_data, m_data + elementCount(), other.m_data, m_data, std::plus<>());
+    return *this;
+}
+
+CPrintDriverMatrix& CPrintDriverMatrix::operator-=(const CPrintDriverMatrix& other) {
+    if (m_rows != other.m_rows || m_cols != other.m_cols) {
+        throw "Invalid operation";
+    }
+    detach();
+    std::transform(m_data, m_data + elementCount(), other.m_data, m_data, std::minus<>());
+    return *this;
+}
+
+CPrintDriverMatrix CPrintDriverMatrix::operator*(const CPrintDriverMatrix& other) const {
+    if (m_cols != other.m_rows) {
+        throw "Matrices do not have common size";
+    }
+    CPrintDriverMatrix product(m_rows, other.m_cols);
+    for (int col = 0; col < other.m_cols; ++col) {
+        for (int row = 0; row < m_rows; ++row) {
+            double sum = 0.0;
+            for (int k = 0; k < m_cols; ++k) {
+                sum += element(row, k) * other.element(k, col);
+            }
+            product.element(row, col) = sum;
+        }
+    }
+    return product;
+}
+
+CPrintDriverMatrix CPrintDriverMatrix::operator*(double factor) const {
+    CPrintDriverMatrix product(*this);
+    product *= factor;
+    return product;
+}
+
+CPrintDriverMatrix& CPrintDriverMatrix::operator*=(const CPrintDriverMatrix& other) {
+    CPrintDriverMatrix product = *this * other;
+    swap(product);
+    return *this;
+}
+
+CPrintDriverMatrix& CPrintDriverMatrix::operator*=(double factor) {
+    detach();
+    std::for_each(m_data, m_data + elementCount(), [factor](double& value) { value *= factor; });
+    return *this;
+}
+
+bool CPrintDriverMatrix::operator==(const CPrintDriverMatrix& other) const {
+    if (this == &other || m_data == other.m_data) {
+        return true;
+    }
+    return m_rows == other.m_rows && m_cols == other.m_cols &&
+           std::memcmp(m_data, other.m_data, elementCount() * sizeof(double)) == 0;
+}
+
+void CPrintDriverMatrix::Transpose() {
+    CPrintDriverMatrix transposed = GetTransposed();
+    swap(transposed);
+}
+
+CPrintDriverMatrix CPrintDriverMatrix::GetTransposed() const {
+    CPrintDriverMatrix transposed(m_cols, m_rows);
+    for (int col = 0; col < m_cols; ++col) {
+        for (int row = 0; row < m_rows; ++row) {
+            transposed.element(col, row) = element(row, col);
+        }
+    }
+    return transposed;
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QImage>
+
+/// Decodes `size` bytes of a PNG file; null when they are none, or `size` is 0 or less.
+QImage decodePng(const unsigned char* data, int size);

@@ -1,0 +1,146 @@
+#include "render/FontChooser.h"
+
+#include <cstdint>
+#include <iterator>
+
+#include <QGlyphRun>
+#include <QRawFont>
+#include <QTextLayout>
+
+#include "render/FontCoverage.h"
+#include "render/FontStock.h"
+#include "render/LogFont.h"
+
+namespace {
+
+constexpr int32_t normalWeight = 400;
+constexpr uint8_t defaultCharSet = 1; // whatever the font has
+
+/// The families that the system draws these characters with when it is asked for this font.
+QStringList systemChoice(const tagLOGFONTW& record, std::wstring_view cluster) {
+    QTextLayout layout(QString::fromWCharArray(cluster.data(), static_cast<int>(cluster.size())), fontFor(record));
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    QStringList families;
+    for (const QGlyphRun& run : layout.glyphRuns()) {
+        families.append(run.rawFont().familyName());
+    }
+    return families;
+}
+
+} // namespace
+
+tagLOGFONTW inStyleOf(const tagLOGFONTW& request, tagLOGFONTW font) {
+    font.lfHeight = request.lfHeight;
+    font.lfWidth = request.lfWidth;
+    font.lfEscapement = request.lfEscapement;
+    font.lfOrientation = request.lfOrientation;
+    font.lfWeight = request.lfWeight;
+    font.lfItalic = request.lfItalic;
+    font.lfUnderline = request.lfUnderline;
+    font.lfStrikeOut = request.lfStrikeOut;
+    font.lfQuality = request.lfQuality;
+    return font;
+}
+
+FontChooser::FontChooser(FontStock& fonts, const std::wstring& faceName) : stock(fonts) {
+    if (const tagLOGFONTW* known = stock.find(faceName)) {
+        addCandidate(*known);
+    } else {
+        tagLOGFONTW request{};
+        request.lfWeight = normalWeight;
+        setFaceName(request, faceName);
+        addCandidate(request);
+    }
+    for (const FontStock::MappedFont& font : stock.mappedFonts()) {
+        addCandidate(font.record);
+    }
+    listed = candidates.size();
+}
+
+FontChooser::FontChooser(FontStock& fonts, const tagLOGFONTW& request) : stock(fonts) {
+    addCandidate(request);
+    if (const tagLOGFONTW* known = stock.find(faceNameOf(request))) {
+        addCandidate(inStyleOf(request, *known));
+    }
+    for (const FontStock::MappedFont& font : stock.mappedFonts()) {
+        addCandidate(inStyleOf(request, font.record));
+    }
+    listed = candidates.size();
+}
+
+void FontChooser::addCandidate(const tagLOGFONTW& record) {
+    candidates.push_back({record, stock.coverageOf(record)});
+}
+
+bool FontChooser::mayShow(size_t font, std::wstring_view cluster) const {
+    FontCoverage* coverage = candidates[font].coverage;
+    return coverage == nullptr || coverage->showsAll(cluster);
+}
+
+std::optional<size_t> FontChooser::listedFont(std::wstring_view cluster) const {
+    for (size_t font = 0; font < listed; ++font) {
+        FontCoverage* coverage = candidates[font].coverage;
+        if (coverage != nullptr && coverage->showsAll(cluster)) {
+            return font;
+        }
+    }
+    return std::nullopt;
+}
+
+/// The number of a system font, if it can show the cluster.
+std::optional<size_t> FontChooser::familyFont(const QString& family, std::wstring_view cluster) {
+    tagLOGFONTW font{};
+    font.lfCharSet = defaultCharSet;
+    const std::wstring faceName = family.toStdWString();
+    if (faceName.size() >= std::size(font.lfFaceName)) {
+        return std::nullopt; // no record can name it
+    }
+    setFaceName(font, faceName);
+    const tagLOGFONTW record = inStyleOf(candidates.front().record, font);
+    FontCoverage* coverage = stock.coverageOf(record);
+    if (coverage == nullptr || !coverage->showsAll(cluster)) {
+        return std::nullopt;
+    }
+    for (size_t known = listed; known < candidates.size(); ++known) {
+        if (candidates[known].coverage == coverage) {
+            return known;
+        }
+    }
+    candidates.push_back({record, coverage});
+    return candidates.size() - 1;
+}
+
+std::optional<size_t> FontChooser::systemFont(std::wstring_view cluster) {
+    if (stock.families().isEmpty()) {
+        return std::nullopt;
+    }
+    for (const QString& family : systemChoice(candidates.front().record, cluster) + stock.families()) {
+        if (const std::optional<size_t> font = familyFont(family, cluster)) {
+            return font;
+        }
+    }
+    return std::nullopt;
+}
+
+size_t FontChooser::fontBeyondTheList(std::wstring_view cluster) {
+    if (const std::optional<size_t> font = systemFont(cluster)) {
+        return *font;
+    }
+    return cluster.size() > 1 ? choose(cluster.substr(0, 1)) : 0;
+}
+
+size_t FontChooser::choose(std::wstring_view cluster) {
+    if (const std::optional<size_t> font = listedFont(cluster)) {
+        return *font;
+    }
+    const std::wstring characters(cluster);
+    const auto known = beyond.find(characters);
+    if (known != beyond.end()) {
+        return known->second;
+    }
+    const size_t font = fontBeyondTheList(cluster);
+    beyond.emplace(characters, font);
+    return font;
+}

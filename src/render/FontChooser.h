@@ -1,0 +1,48 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include <QString>
+
+#include "keldriver/Win32Types.h"
+
+class FontCoverage;
+class FontStock;
+
+/// `font` as a text shows it that asks for `request`: in the size, weight, slant and lines of the latter.
+tagLOGFONTW inStyleOf(const tagLOGFONTW& request, tagLOGFONTW font);
+
+/// Chooses the fonts of texts that make the same request: the requested one, then those of the map, then the
+/// system's. Fonts are told by numbers that stay the same as long as the chooser is there; 0 is the requested one.
+class FontChooser {
+public:
+    FontChooser(FontStock& fonts, const std::wstring& faceName);
+    FontChooser(FontStock& fonts, const tagLOGFONTW& request);
+
+    /// The font for a cluster: one that can show all of it, else one for its first character, else the requested one.
+    size_t choose(std::wstring_view cluster);
+    /// True unless the font is known to lack a character of the cluster.
+    bool mayShow(size_t font, std::wstring_view cluster) const;
+    const tagLOGFONTW& record(size_t font) const { return candidates[font].record; }
+
+private:
+    struct Candidate {
+        tagLOGFONTW record;
+        FontCoverage* coverage; ///< null: not installed, shows nothing; owned by the stock
+    };
+
+    void addCandidate(const tagLOGFONTW& record);
+    std::optional<size_t> listedFont(std::wstring_view cluster) const;
+    std::optional<size_t> systemFont(std::wstring_view cluster);
+    std::optional<size_t> familyFont(const QString& family, std::wstring_view cluster);
+    size_t fontBeyondTheList(std::wstring_view cluster);
+
+    FontStock& stock;
+    std::vector<Candidate> candidates;
+    size_t listed = 0;                               ///< the requested font and those of the map; system fonts follow
+    std::unordered_map<std::wstring, size_t> beyond; ///< fonts for clusters that no listed font can show
+};

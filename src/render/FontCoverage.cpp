@@ -1,0 +1,59 @@
+#include "render/FontCoverage.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include <QString>
+
+#include "render/TextCluster.h"
+
+namespace {
+
+constexpr uint32_t pageSize = 256;
+constexpr uint32_t characterCount = 0x110000;
+
+bool isSurrogate(uint32_t code) {
+    return code >= 0xD800 && code <= 0xDFFF;
+}
+
+} // namespace
+
+FontCoverage::FontCoverage(QRawFont source) : font(std::move(source)) {
+}
+
+bool FontCoverage::shows(wchar_t character) {
+    const auto code = static_cast<uint32_t>(character);
+    if (code >= characterCount || isSurrogate(code)) {
+        return false;
+    }
+    const uint32_t index = code / pageSize;
+    if (index >= pages.size()) {
+        pages.resize(index + 1);
+    }
+    std::unique_ptr<Page>& page = pages[index];
+    if (page == nullptr) {
+        page = std::make_unique<Page>();
+        for (uint32_t i = 0; i < pageSize; ++i) {
+            page->set(i, font.supportsCharacter(index * pageSize + i));
+        }
+    }
+    return page->test(code % pageSize);
+}
+
+bool FontCoverage::showsEach(std::wstring_view cluster) {
+    return std::all_of(cluster.begin(), cluster.end(),
+                       [this](wchar_t character) { return isInvisible(character) || shows(character); });
+}
+
+bool FontCoverage::showsAll(std::wstring_view cluster) {
+    if (showsEach(cluster)) {
+        return true;
+    }
+    if (cluster.size() == 1) {
+        return false;
+    }
+    // A letter and its mark are drawn as the one glyph that stands for both, where the font has it.
+    const QString characters = QString::fromWCharArray(cluster.data(), static_cast<int>(cluster.size()));
+    return showsEach(characters.normalized(QString::NormalizationForm_C).toStdWString());
+}

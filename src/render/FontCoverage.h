@@ -1,0 +1,27 @@
+#pragma once
+
+#include <bitset>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include <QRawFont>
+
+/// Which characters one font can show by itself. The font is asked once for each page of 256 characters.
+class FontCoverage {
+public:
+    explicit FontCoverage(QRawFont source);
+
+    bool shows(wchar_t character);
+    /// True when the font can show every visible character of the cluster, as it stands or composed.
+    bool showsAll(std::wstring_view cluster);
+
+private:
+    using Page = std::bitset<256>;
+
+    bool showsEach(std::wstring_view cluster);
+
+    QRawFont font;
+    std::vector<std::unique_ptr<Page>> pages; ///< null: not asked for yet
+};

@@ -1,0 +1,8 @@
+#include "keldriver/FontName.h"
+
+#include "render/LogFont.h"
+
+int GetFontFullName(const tagLOGFONTW* font, std::wstring& name) {
+    name = fontFor(font != nullptr ? *font : tagLOGFONTW{}).family().toStdWString();
+    return 1;
+}

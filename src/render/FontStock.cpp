@@ -1,0 +1,94 @@
+#include "render/FontStock.h"
+
+#include <algorithm>
+
+#include <QFont>
+#include <QFontDatabase>
+#include <QGuiApplication>
+
+#include "render/LogFont.h"
+
+namespace {
+
+QString folded(const std::wstring& faceName) {
+    return QString::fromStdWString(faceName).toCaseFolded();
+}
+
+/// A family's name without the foundry that Qt adds where several have one of that name.
+QString withoutFoundry(const QString& family) {
+    const int bracket = family.indexOf(QLatin1String(" ["));
+    return bracket > 0 ? family.left(bracket) : family;
+}
+
+bool hasFontDatabase() {
+    return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr;
+}
+
+QRawFont rawFontFor(const tagLOGFONTW& record) {
+    QFont font = fontFor(record);
+    font.setStyleStrategy(QFont::NoFontMerging); // else other fonts lend their characters
+    return QRawFont::fromFont(font);
+}
+
+} // namespace
+
+void FontStock::add(const std::wstring& faceName, const tagLOGFONTW& record) {
+    const QString name = folded(faceName);
+    const auto known =
+        std::find_if(mapped.begin(), mapped.end(), [&](const MappedFont& font) { return font.foldedName == name; });
+    if (known != mapped.end()) {
+        known->record = record;
+    } else {
+        mapped.push_back({name, record});
+    }
+    choosersByName.clear();
+    choosersByRecord.clear();
+}
+
+const tagLOGFONTW* FontStock::find(const std::wstring& faceName) const {
+    const QString name = folded(faceName);
+    const auto known =
+        std::find_if(mapped.begin(), mapped.end(), [&](const MappedFont& font) { return font.foldedName == name; });
+    return known == mapped.end() ? nullptr : &known->record;
+}
+
+FontStock::FontKey FontStock::keyOf(const tagLOGFONTW& record) {
+    return {folded(faceNameOf(record)), record.lfWeight, record.lfItalic != 0};
+}
+
+const QStringList& FontStock::families() {
+    if (installed.isEmpty() && hasFontDatabase()) {
+        for (const QString& family : QFontDatabase().families()) {
+            installed.append(withoutFoundry(family));
+        }
+        installed.removeDuplicates();
+    }
+    return installed;
+}
+
+FontCoverage* FontStock::coverageOf(const tagLOGFONTW& record) {
+    const auto [place, isNew] = coverages.try_emplace(keyOf(record));
+    if (isNew) {
+        const QString family = withoutFoundry(QString::fromStdWString(faceNameOf(record)));
+        if (families().contains(family, Qt::CaseInsensitive)) {
+            place->second = std::make_unique<FontCoverage>(rawFontFor(record));
+        }
+    }
+    return place->second.get();
+}
+
+FontChooser& FontStock::chooserFor(const std::wstring& faceName) {
+    std::unique_ptr<FontChooser>& chooser = choosersByName[faceName];
+    if (chooser == nullptr) {
+        chooser = std::make_unique<FontChooser>(*this, faceName);
+    }
+    return *chooser;
+}
+
+FontChooser& FontStock::chooserFor(const tagLOGFONTW& request) {
+    std::unique_ptr<FontChooser>& chooser = choosersByRecord[keyOf(request)];
+    if (chooser == nullptr) {
+        chooser = std::make_unique<FontChooser>(*this, request);
+    }
+    return *chooser;
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include <QFont>
+#include <QString>
+
+#include "keldriver/Renderer.h"
+#include "keldriver/Win32Types.h"
+
+/// The face name of a record, which may fill its field without a terminator.
+std::wstring faceNameOf(const tagLOGFONTW& record);
+
+/// Writes a face name, cut to the characters that the record has room for.
+void setFaceName(tagLOGFONTW& record, const std::wstring& faceName);
+
+/// The record of a plot's font; never underlined or struck out.
+tagLOGFONTW logFontFor(const HT_Font& font);
+
+/// The Qt font that a record asks for, its height taken in pixels of the primary screen.
+QFont fontFor(const tagLOGFONTW& record);

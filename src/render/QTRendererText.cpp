@@ -1,0 +1,102 @@
+#include "keldriver/QTRenderer.h"
+
+#include <cmath>
+#include <cstdint>
+
+#include <QBrush>
+#include <QFontMetrics>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPen>
+#include <QString>
+#include <QTransform>
+
+#include "geometry/Rounding.h"
+#include "render/LogFont.h"
+
+namespace {
+
+constexpr double radiansPerDegree = 0.017453292519943295;
+
+/// The sum of the rounded advances, without the stretch that the transform adds; 32 bits wide, and it wraps.
+int32_t roundedWidth(const double* charWidths, int length, double widthFactor) {
+    uint32_t sum = 0;
+    for (int i = 0; i < length; ++i) {
+        sum += static_cast<uint32_t>(roundToInt32(charWidths[i] / widthFactor));
+    }
+    return static_cast<int32_t>(sum);
+}
+
+/// The number of UTF-16 units that the first `length` characters take up.
+int utf16Length(const wchar_t* text, int length) {
+    int units = 0;
+    for (int i = 0; i < length && text[i] != L'\0'; ++i) {
+        units += static_cast<uint32_t>(text[i]) > 0xFFFF ? 2 : 1;
+    }
+    return units;
+}
+
+/// Gives the font the size at which the text's natural width is `target`, in whole points, where there is one.
+void fitWidth(QFont& font, const QString& text, int measuredUnits, int32_t target) {
+    if (target < 1) {
+        return;
+    }
+    const int natural = QFontMetrics(font).horizontalAdvance(text, measuredUnits);
+    if (natural < 1) {
+        return;
+    }
+    const int32_t points = truncateToInt32(font.pointSizeF() * target / natural);
+    if (points > 0) {
+        font.setPointSize(points);
+    }
+}
+
+/// Devices take the elements of a text's transform in single precision.
+double inSinglePrecision(double value) {
+    return static_cast<double>(static_cast<float>(value));
+}
+
+QTransform textTransform(double degrees, double obliqueAngle, double widthFactor, const HT_Double_Point& position,
+                         double scale) {
+    const double c = std::cos(radiansPerDegree * degrees);
+    const double s = std::sin(-(radiansPerDegree * degrees));
+    const double t = std::tan(-obliqueAngle);
+    QTransform transform(inSinglePrecision(c * widthFactor), inSinglePrecision(s * widthFactor), 0.0,
+                         inSinglePrecision(t * c - s), inSinglePrecision(c + s * t), 0.0,
+                         inSinglePrecision(position.x * scale), inSinglePrecision(position.y * scale), 1.0);
+    return transform.scale(scale, scale);
+}
+
+bool isFinite(const QTransform& transform) {
+    // One sum tells: it is finite only where each of its terms is, or overflows, and such a text shows nowhere.
+    return std::isfinite(std::fabs(transform.m11()) + std::fabs(transform.m12()) + std::fabs(transform.m21()) +
+                         std::fabs(transform.m22()) + std::fabs(transform.dx()) + std::fabs(transform.dy()));
+}
+
+} // namespace
+
+void QTRenderer::DrawText(wchar_t* text, int length, const HT_Font& font, const HT_Double_Point& position,
+                          double obliqueAngle, double widthFactor, double* charWidths) {
+    if (painter == nullptr || text == nullptr) {
+        return;
+    }
+    const QTransform transform = textTransform(font.rotation, obliqueAngle, widthFactor, position, scale);
+    if (widthFactor == 0.0 || !isFinite(transform)) {
+        return; // nothing would show, and the widths could not be divided by the factor
+    }
+    const QString characters = QString::fromWCharArray(text);
+    QFont qtFont = fontFor(logFontFor(font));
+    qtFont.setStyleStrategy(QFont::PreferAntialias);
+    if (charWidths != nullptr) {
+        fitWidth(qtFont, characters, utf16Length(text, length), roundedWidth(charWidths, length, widthFactor));
+    }
+    QPainterPath outline;
+    outline.addText(0, 0, qtFont, characters);
+
+    painter->save();
+    painter->setBackgroundMode(Qt::TransparentMode);
+    painter->setPen(color);
+    painter->setWorldTransform(transform);
+    painter->fillPath(outline, QBrush(color, Qt::SolidPattern));
+    painter->restore();
+}

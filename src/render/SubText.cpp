@@ -1,0 +1,83 @@
+#include "keldriver/SubText.h"
+
+#include <string_view>
+
+#include "render/FontStock.h"
+#include "render/LogFont.h"
+#include "render/TextCluster.h"
+
+namespace {
+
+/// A stretch of a text and the number of its font.
+struct FontRun {
+    size_t start;
+    size_t length;
+    size_t font;
+};
+
+std::vector<FontRun> splitByFont(std::wstring_view text, FontChooser& chooser) {
+    std::vector<FontRun> runs;
+    for (size_t start = 0; start < text.size();) {
+        const size_t length = clusterEnd(text, start) - start;
+        const std::wstring_view cluster = text.substr(start, length);
+        const bool staysWithLast = !runs.empty() && isBlank(cluster) && chooser.mayShow(runs.back().font, cluster);
+        const size_t font = staysWithLast ? runs.back().font : chooser.choose(cluster);
+        if (!runs.empty() && runs.back().font == font) {
+            runs.back().length += length;
+        } else {
+            runs.push_back({start, length, font});
+        }
+        start += length;
+    }
+    return runs;
+}
+
+HT_SubText subTextFor(const FontRun& run, const tagLOGFONTW& font) {
+    return {static_cast<int>(run.start), static_cast<int>(run.length), font};
+}
+
+std::wstring textOrNone(const wchar_t* text) {
+    return text != nullptr ? text : L"";
+}
+
+} // namespace
+
+HT_FontMap::HT_FontMap() : stock(std::make_unique<FontStock>()) {
+}
+
+HT_FontMap::~HT_FontMap() = default;
+HT_FontMap::HT_FontMap(HT_FontMap&& other) noexcept = default;
+HT_FontMap& HT_FontMap::operator=(HT_FontMap&& other) noexcept = default;
+
+void HT_FontMap::Add(const std::wstring& faceName, const tagLOGFONTW& font) {
+    stock->add(faceName, font);
+}
+
+int HT_FontMap::GetCount() const {
+    return static_cast<int>(stock->mappedFonts().size());
+}
+
+const tagLOGFONTW* HT_FontMap::Find(const std::wstring& faceName) const {
+    return stock->find(faceName);
+}
+
+HT_Text::HT_Text(const wchar_t* source, const wchar_t* faceName, const HT_FontMap& fonts) : text(textOrNone(source)) {
+    FontChooser& chooser = fonts.stock->chooserFor(textOrNone(faceName));
+    for (const FontRun& run : splitByFont(text, chooser)) {
+        subTexts.push_back(subTextFor(run, chooser.record(run.font)));
+    }
+}
+
+HT_Text::HT_Text(const wchar_t* source, const tagLOGFONTW& font, const HT_FontMap& fonts) : text(textOrNone(source)) {
+    FontChooser& chooser = fonts.stock->chooserFor(font);
+    for (const FontRun& run : splitByFont(text, chooser)) {
+        subTexts.push_back(subTextFor(run, run.font == 0 ? font : inStyleOf(font, chooser.record(run.font))));
+    }
+}
+
+std::wstring HT_Text::GetRunText(const HT_SubText& run) const {
+    if (run.start < 0 || run.length < 0 || static_cast<size_t>(run.start) > text.size()) {
+        return {};
+    }
+    return text.substr(static_cast<size_t>(run.start), static_cast<size_t>(run.length));
+}

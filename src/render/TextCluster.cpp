@@ -1,0 +1,106 @@
+#include "render/TextCluster.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+
+#include <QChar>
+
+namespace {
+
+struct CodeRange {
+    uint32_t first;
+    uint32_t last;
+};
+
+bool contains(const CodeRange& range, uint32_t code) {
+    return range.first <= code && code <= range.last;
+}
+
+template <size_t count>
+bool contains(const CodeRange (&ranges)[count], uint32_t code) {
+    // Rising ranges: only the first that ends at or behind the code can hold it.
+    const auto* range = std::lower_bound(std::begin(ranges), std::end(ranges), code,
+                                         [](const CodeRange& r, uint32_t value) { return r.last < value; });
+    return range != std::end(ranges) && range->first <= code;
+}
+
+constexpr CodeRange invisible[] = {
+    {0x0000, 0x001F}, {0x007F, 0x009F}, {0x00AD, 0x00AD}, {0x034F, 0x034F},   {0x061C, 0x061C},   {0x115F, 0x1160},
+    {0x17B4, 0x17B5}, {0x180B, 0x180E}, {0x200B, 0x200F}, {0x2028, 0x202E},   {0x2060, 0x206F},   {0x3164, 0x3164},
+    {0xFE00, 0xFE0F}, {0xFEFF, 0xFEFF}, {0xFFA0, 0xFFA0}, {0x1BCA0, 0x1BCA3}, {0x1D173, 0x1D17A}, {0xE0000, 0xE0FFF},
+};
+
+// What follows its base beside the marks that Unicode's categories tell.
+constexpr CodeRange followers[] = {
+    {0x200C, 0x200D},   // joiners
+    {0xFF9E, 0xFF9F},   // sound marks of narrow syllables
+    {0x1F3FB, 0x1F3FF}, // skin tones
+    {0xE0020, 0xE007F}, // tags of regional flags
+};
+
+constexpr CodeRange leadingJamo[] = {{0x1100, 0x115F}, {0xA960, 0xA97C}};
+constexpr CodeRange laterJamo[] = {{0x1160, 0x11FF}, {0xD7B0, 0xD7FB}};
+constexpr CodeRange hangulSyllables = {0xAC00, 0xD7A3};
+constexpr CodeRange flagLetters = {0x1F1E6, 0x1F1FF};
+constexpr uint32_t zeroWidthJoiner = 0x200D;
+
+bool isMark(uint32_t code) {
+    const QChar::Category category = QChar::category(code);
+    return category == QChar::Mark_NonSpacing || category == QChar::Mark_SpacingCombining ||
+           category == QChar::Mark_Enclosing;
+}
+
+bool isSpace(uint32_t code) {
+    return QChar::category(code) == QChar::Separator_Space;
+}
+
+bool isHangulPair(uint32_t before, uint32_t code) {
+    if (contains(laterJamo, code)) {
+        return contains(leadingJamo, before) || contains(laterJamo, before) || contains(hangulSyllables, before);
+    }
+    return contains(leadingJamo, before) && (contains(leadingJamo, code) || contains(hangulSyllables, code));
+}
+
+bool isControl(uint32_t code) {
+    return QChar::category(code) == QChar::Other_Control;
+}
+
+bool joins(uint32_t before, uint32_t code) {
+    if (before < 0x300 && code < 0x300) {
+        return false; // most texts: nothing below the first combining mark joins
+    }
+    if (isControl(before)) {
+        return false;
+    }
+    if (before == zeroWidthJoiner) {
+        return !isSpace(code) && !isControl(code);
+    }
+    return isMark(code) || contains(followers, code) || isHangulPair(before, code);
+}
+
+} // namespace
+
+bool isInvisible(wchar_t character) {
+    return contains(invisible, static_cast<uint32_t>(character));
+}
+
+bool isBlank(std::wstring_view cluster) {
+    return std::all_of(cluster.begin(), cluster.end(), [](wchar_t character) {
+        return isSpace(static_cast<uint32_t>(character)) || isInvisible(character);
+    });
+}
+
+size_t clusterEnd(std::wstring_view text, size_t start) {
+    const auto code = [&](size_t i) {
+        return static_cast<uint32_t>(text[i]);
+    };
+    size_t end = start + 1;
+    if (end < text.size() && contains(flagLetters, code(start)) && contains(flagLetters, code(end))) {
+        ++end; // two letters make one flag
+    }
+    while (end < text.size() && joins(code(end - 1), code(end))) {
+        ++end;
+    }
+    return end;
+}

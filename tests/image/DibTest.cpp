@@ -1,0 +1,102 @@
+#include <climits>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "keldriver/Dib.h"
+#include "support/ExpectedWarnings.h"
+
+namespace {
+
+int nearestByFullSearch(unsigned color) {
+    const int wanted[] = {static_cast<int>(color & 0xFF), static_cast<int>(color >> 16 & 0xFF),
+                          static_cast<int>(color >> 8 & 0xFF)};
+    int best = 0;
+    int bestDistance = 0x0FFFFFFF;
+    for (int i = 0; i < 255; ++i) {
+        const uint32_t entry = HT_GetPaletteColors(i);
+        int distance = 0;
+        for (int c = 0; c < 3; ++c) {
+            const int apart = static_cast<int>(entry >> (16 - 8 * c) & 0xFF) - wanted[c];
+            distance += apart * apart;
+        }
+        if (distance < bestDistance) {
+            best = i;
+            bestDistance = distance;
+        }
+    }
+    return best;
+}
+
+TEST(NearestIndex, KnownColours) {
+    const std::pair<unsigned, int> rows[] = {{0x0000FF, 0}, {0xFFFFFF, 6}, {0x808080, 7},  {0, 17},
+                                             {0x00FF00, 4}, {0xFF0000, 2}, {0x7F0000FF, 0}};
+    for (const auto& [color, index] : rows) {
+        EXPECT_EQ(HT_GetNearestIndex(color), index) << std::hex << color;
+    }
+}
+
+TEST(NearestIndex, AgreesWithAFullSearch) {
+    std::mt19937 random(5);
+    int wrong = 0;
+    for (unsigned i = 0; i < 64U * 64 * 64; ++i) {
+        const unsigned cube = (i & 63U) * 4 | (i >> 6 & 63U) * 4 << 8 | (i >> 12) * 4 << 16;
+        wrong += HT_GetNearestIndex(cube) != nearestByFullSearch(cube) ? 1 : 0;
+    }
+    for (int i = 0; i < 200000; ++i) {
+        const auto color = static_cast<unsigned>(random());
+        wrong += HT_GetNearestIndex(color) != nearestByFullSearch(color) ? 1 : 0;
+    }
+    EXPECT_EQ(wrong, 0);
+}
+
+tagBITMAPINFOHEADER header(int32_t width, int32_t height, uint16_t bits) {
+    return {40, width, height, 1, bits, 0, 0, 0, 0, 0, 0};
+}
+
+TEST(DibSize, OfPixels) {
+    EXPECT_EQ(HT_GetDIBPixelSize(header(3, -2, 24)), 24U);
+    EXPECT_EQ(HT_GetDIBPixelSize(header(33, 1, 1)), 8U);
+    EXPECT_EQ(HT_GetDIBPixelSize(header(-3, 5, 24)), static_cast<uint32_t>(-20)) << "(-72 + 31) / 32 is -1";
+    EXPECT_EQ(HT_GetDIBPixelSize(header(INT32_MAX, INT32_MIN, 32)), 0U) << "the low 32 bits";
+    tagBITMAPINFOHEADER stated = header(3, 2, 24);
+    stated.biSizeImage = 99;
+    EXPECT_EQ(HT_GetDIBPixelSize(stated), 99U);
+}
+
+TEST(DibSize, OfThePalette) {
+    const struct {
+        uint16_t bits;
+        uint32_t compression;
+        uint32_t used;
+        int count;
+    } rows[] = {{8, 0, 0, 256}, {1, 0, 0, 2}, {4, 3, 7, 7}, {24, 0, 5, 5}, {32, 3, 0, 3}, {16, 3, 2, 5}, {0, 0, 0, 1}};
+    for (const auto& row : rows) {
+        tagBITMAPINFOHEADER dib = header(1, 1, row.bits);
+        dib.biCompression = row.compression;
+        dib.biClrUsed = row.used;
+        EXPECT_EQ(HT_GetDIBColorCount(dib), row.count) << row.bits << " bits";
+    }
+}
+
+TEST(PixelColor, IsReadWithinTheImageAndOnItsFarEdges) {
+    const unsigned char pixels[] = {1, 2, 3, 255, 4, 5, 6, 0};
+    const tagBITMAPINFO info{header(-2, -1, 32), {}};
+    tagRGBQUAD color{9, 9, 9, 9};
+    for (const auto& [x, y] : {std::pair<long, long>{-1, 0}, {0, -1}, {3, 0}, {0, 2}, {1L << 32, 0}, {LONG_MIN, 0}}) {
+        EXPECT_EQ(vndrGetColor(pixels, info, x, y, 0, color), 0) << x << ", " << y;
+    }
+    EXPECT_EQ(vndrGetColor(nullptr, info, 0, 0, 0, color), 0);
+    EXPECT_EQ(vndrGetColor(pixels, {header(0, 1, 32), {}}, 0, 0, 0, color), 0);
+    EXPECT_EQ(vndrGetColor(pixels, {header(INT32_MIN, INT32_MIN, 32), {}}, 0, 0, 0, color), 0);
+    EXPECT_EQ(color.rgbBlue, 9) << "left alone";
+    EXPECT_EQ(vndrGetColor(pixels, info, 0, 0, 77, color), 1);
+    EXPECT_TRUE(color.rgbBlue == 1 && color.rgbGreen == 2 && color.rgbRed == 3 && color.rgbReserved == 1);
+    EXPECT_EQ(vndrGetColor(pixels, info, 1, 0, 0, color), 1);
+    EXPECT_TRUE(color.rgbBlue == 4 && color.rgbReserved == 0);
+    const ExpectedWarnings outside("QImage::pixel: coordinate");
+    EXPECT_EQ(vndrGetColor(pixels, info, 2, 1, 0, color), 1);
+    EXPECT_TRUE(color.rgbBlue == 12345 % 256 && color.rgbGreen == 12345 / 256 && color.rgbReserved == 0);
+}
+
+} // namespace

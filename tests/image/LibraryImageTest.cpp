@@ -1,0 +1,98 @@
+// An image library of the application's own takes the place of the open one in this program.
+
+#include <new>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "imgo.h"
+#include "keldriver/RasterImage.h"
+
+namespace {
+
+const Imgo::DibInfo* description = nullptr;
+std::string calls;
+
+} // namespace
+
+struct Imgo::Image::Data {};
+
+Imgo::Image::Image(std::unique_ptr<Data> content) : data(std::move(content)) {
+}
+
+Imgo::Image::~Image() {
+    calls += "destroyed ";
+}
+
+std::unique_ptr<Imgo::Image> Imgo::Image::LoadBytes(const void*, size_t) {
+    void* storage = ::operator new(1000); // larger than the declared class, as an application's own may be
+    return std::unique_ptr<Image>(new (storage) Image(nullptr));
+}
+
+const Imgo::DibInfo* Imgo::Image::GetDibInfo(bool make) {
+    return make ? description : nullptr;
+}
+
+int Imgo::Image::GetDibTransparency(bool make) {
+    return make ? 42 : 0;
+}
+
+void Imgo::Image::AddAlphaOnCvtBmp(int alpha) {
+    calls += "alpha " + std::to_string(alpha) + " ";
+}
+
+namespace {
+
+Imgo::Image* newLibraryImage() {
+    calls.clear();
+    return Imgo::Image::LoadBytes(nullptr, 0).release();
+}
+
+TEST(LibraryImage, IsDestroyedOnceByItsOwner) {
+    description = nullptr;
+    RasterImageFactory::CreateFromGiRasterImage(newLibraryImage()).reset();
+    EXPECT_EQ(calls, "destroyed ");
+    RasterImageFactory::CreateFromGiRasterImage(newLibraryImage()).release()->destroy();
+    EXPECT_EQ(calls, "destroyed ");
+}
+
+TEST(LibraryImage, AnswersWithoutADescription) {
+    description = nullptr;
+    HT_RasterImageImpl none(nullptr);
+    HT_RasterImageImpl undescribed(newLibraryImage());
+    for (HT_RasterImageImpl* image : {&none, &undescribed}) {
+        EXPECT_TRUE(image->pixelWidth() == 0 && image->pixelHeight() == 0 && image->colorDepth() == -1);
+        EXPECT_TRUE(image->resolutionWidth() == -1.0 && image->resolutionHeight() == -1.0);
+        EXPECT_FALSE(image->hasPalette() || image->hasAlpha());
+        unsigned int count = 5;
+        EXPECT_TRUE(image->paletteData(count) == nullptr && count == 5 && image->numPaletteColors() == 0);
+        EXPECT_TRUE(image->scanLineSize() == 0 && image->scanLinesBase() == nullptr);
+        EXPECT_TRUE(image->getBitmapInfo() == nullptr && image->getTransparency() == -1);
+        image->addAlpha(3);
+        EXPECT_EQ(calls, "");
+    }
+}
+
+TEST(LibraryImage, AnswersFromItsDescription) {
+    struct {
+        tagBITMAPINFOHEADER header{40, 6, -4, 1, 8, 0, 0, 11800, 5900, 9, 0};
+        tagRGBQUAD colors[2]{};
+    } dib;
+    const unsigned char pixels[32]{};
+    const Imgo::DibInfo info{reinterpret_cast<const tagBITMAPINFO*>(&dib), 2, pixels, 8, 32};
+    description = &info;
+    HT_RasterImageImpl image(newLibraryImage());
+    EXPECT_TRUE(image.pixelWidth() == 6 && image.pixelHeight() == -4 && image.colorDepth() == 32);
+    EXPECT_TRUE(image.resolutionWidth() == 118.0 && image.resolutionHeight() == 59.0);
+    EXPECT_TRUE(image.hasPalette() && image.hasAlpha() && image.pixelFormat() == 15);
+    unsigned int count = 0;
+    EXPECT_TRUE(image.paletteData(count) == dib.colors && count == 2 && image.numPaletteColors() == 9);
+    EXPECT_TRUE(image.scanLineSize() == 8 && image.scanLinesBase() == pixels && image.getBitmapInfo() == info.info);
+    EXPECT_EQ(image.getTransparency(), 42);
+    EXPECT_EQ(image.imageSource(), HT_RasterImage::SourceType(-1));
+    EXPECT_EQ(image.saveAs(L"never.png"), 4294967295U);
+    image.addAlpha(99);
+    EXPECT_EQ(calls, "alpha 99 ");
+}
+
+} // namespace

@@ -1,0 +1,160 @@
+#include <gtest/gtest.h>
+
+#include "support/ExpectedWarnings.h"
+#include "support/ImageBytes.h"
+#include "support/TemporaryDirectory.h"
+#include "support/VirtualSlot.h"
+
+static_assert(std::is_abstract_v<HT_RasterImage> && !std::has_virtual_destructor_v<HT_RasterImage>);
+static_assert(std::is_trivially_default_constructible_v<RasterImageFactory>);
+
+namespace {
+
+QImage picture(int width, int height, QImage::Format format = QImage::Format_ARGB32) {
+    QImage image(width, height, format);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            image.setPixelColor(x, y, QColor(x * 20 % 256, y * 10 % 256, 77, 255 - x));
+        }
+    }
+    return image;
+}
+
+TEST(RasterImage, SlotsKeepTheOrderAgreedWithDrivers) {
+    using I = HT_RasterImage;
+    const ptrdiff_t order[] = {slotOf(&I::pixelWidth),
+                               slotOf(&I::pixelHeight),
+                               slotOf(&I::colorDepth),
+                               slotOf(&I::resolutionWidth),
+                               slotOf(&I::resolutionHeight),
+                               slotOf(&I::hasPalette),
+                               slotOf(&I::hasAlpha),
+                               slotOf(&I::transparentColor),
+                               slotOf(&I::getTransparency),
+                               slotOf(&I::imageSource),
+                               slotOf(&I::SetImageSource),
+                               slotOf(&I::pixelFormat),
+                               slotOf(&I::numPaletteColors),
+                               slotOf(&I::paletteData),
+                               slotOf(&I::scanLineSize),
+                               slotOf(&I::scanLinesBase),
+                               slotOf(&I::scanLines),
+                               slotOf(&I::getBitmapInfo),
+                               slotOf(&I::bltDraw),
+                               slotOf(&I::saveAs),
+                               slotOf(&I::convertTo),
+                               slotOf(&I::freeConvert),
+                               slotOf(&I::isMapViewOfFile),
+                               slotOf(&I::destroy),
+                               slotOf(&I::flip),
+                               slotOf(&I::addAlpha)};
+    ptrdiff_t expected = 0;
+    for (const ptrdiff_t slot : order) {
+        EXPECT_EQ(slot, expected++);
+    }
+}
+
+TEST(RasterImage, AnswersForAnAbsentImage) {
+    unsigned char junk[] = "no image";
+    for (const auto& [data, size] : {std::pair<unsigned char*, int>{junk, 8}, {nullptr, 8}, {junk, 0}, {junk, -1}}) {
+        const HT_RasterImagePtr image = RasterImageFactory::CreateFromDibImage(data, size);
+        ASSERT_NE(image, nullptr);
+        EXPECT_TRUE(image->pixelWidth() == 0 && image->pixelHeight() == 0 && image->colorDepth() == -1);
+        EXPECT_TRUE(image->resolutionWidth() == -1.0 && image->resolutionHeight() == -1.0);
+        EXPECT_FALSE(image->hasPalette() || image->hasAlpha());
+        EXPECT_TRUE(image->getTransparency() == 0 && image->pixelFormat() == 15 && image->numPaletteColors() == 0);
+        unsigned int count = 5;
+        EXPECT_TRUE(image->paletteData(count) == nullptr && count == 5);
+        EXPECT_TRUE(image->scanLineSize() == 0 && image->scanLinesBase() == nullptr);
+        EXPECT_EQ(image->getBitmapInfo(), nullptr);
+        EXPECT_EQ(image->saveAs(L"never.png"), 0U);
+        EXPECT_TRUE(convertedBack(*image).isNull());
+        image->flip();
+        image->addAlpha(7);
+        image->destroy();
+        EXPECT_EQ(image->transparentColor(), 4294967295U);
+    }
+    EXPECT_EQ(RasterImageFactory::CreateFromGiRasterImage(nullptr), nullptr);
+    EXPECT_EQ(RasterImageFactory::CreateFromDibImage(nullptr, nullptr, nullptr, true), nullptr);
+}
+
+TEST(RasterImage, DescribesDecodedImages) {
+    QImage indexed(10, 20, QImage::Format_Indexed8);
+    indexed.setColorTable({0xFF102030, 0x80405060, 0xFF000000});
+    indexed.fill(0);
+    indexed.setDotsPerMeterX(11811); // 300 dots per inch
+    indexed.setDotsPerMeterY(5906);
+    const HT_RasterImagePtr image = decode(imageBytes(indexed));
+    EXPECT_TRUE(image->resolutionWidth() == 300.0 && image->resolutionHeight() == 150.0);
+    EXPECT_TRUE(image->hasPalette() && image->hasAlpha() && image->pixelFormat() == 2);
+    EXPECT_EQ(image->getTransparency(), 0) << "the translucent colour is not used";
+    unsigned int count = 7;
+    const tagRGBQUAD* palette = image->paletteData(count);
+    EXPECT_TRUE(palette[0].rgbRed == 0x10 && palette[0].rgbGreen == 0x20 && palette[1].rgbReserved == 0x80);
+    EXPECT_EQ(count, 7U) << "left alone";
+    const tagBITMAPINFO* info = image->getBitmapInfo();
+    EXPECT_TRUE(info->bmiHeader.biSize == 40 && info->bmiHeader.biWidth == 10 && info->bmiHeader.biHeight == -20);
+    EXPECT_TRUE(info->bmiHeader.biPlanes == 1 && info->bmiHeader.biBitCount == 8);
+    EXPECT_TRUE(info->bmiHeader.biClrUsed == 3 && image->numPaletteColors() == 3 && image->scanLineSize() == 12);
+    image->addAlpha(0);
+    EXPECT_EQ(image->getTransparency(), 0) << "colours with a palette have no opacity of their own";
+
+    const std::pair<QImage::Format, int> codes[] = {{QImage::Format_Mono, 1},        {QImage::Format_Grayscale8, 15},
+                                                    {QImage::Format_Grayscale16, 3}, {QImage::Format_RGB32, 8},
+                                                    {QImage::Format_ARGB32, 9},      {QImage::Format_RGBA64, 15}};
+    for (const auto& [format, code] : codes) {
+        EXPECT_EQ(decode(imageBytes(picture(5, 5).convertToFormat(format)))->pixelFormat(), code) << format;
+    }
+}
+
+TEST(RasterImage, MultipliesOpacity) {
+    const struct {
+        int alpha;
+        int before;
+        int after;
+    } rows[] = {{128, 255, 128}, {128, 1, 1},     {127, 1, 0},  {0, 255, 0},
+                {255, 254, 254}, {510, 200, 255}, {-90, 255, 0}};
+    for (const QImage::Format format : {QImage::Format_ARGB32, QImage::Format_RGBA64}) {
+        for (const auto& row : rows) {
+            QImage image(3, 2, format);
+            image.fill(QColor(10, 20, 30));
+            image.setPixelColor(1, 1, QColor(40, 50, 60, row.before));
+            image.setPixelColor(0, 0, QColor(1, 1, 1, 9)); // keeps the alpha channel in the file
+            const HT_RasterImagePtr decoded = decode(imageBytes(image));
+            EXPECT_EQ(decoded->getTransparency(), 1);
+            decoded->addAlpha(row.alpha);
+            const QRgb expected = qRgba(40, 50, 60, row.after);
+            const QRgb pixel = convertedBack(*decoded).pixel(1, 1);
+            EXPECT_EQ(pixel, expected) << row.alpha << " x " << row.before;
+        }
+    }
+}
+
+TEST(RasterImage, FlipsConvertsAndSaves) {
+    const QImage original = picture(7, 5);
+    const HT_RasterImagePtr image = decode(imageBytes(original));
+    image->flip();
+    EXPECT_EQ(convertedBack(*image), original.mirrored(false, true));
+    image->flip();
+    EXPECT_EQ(convertedBack(*image), original);
+    EXPECT_FALSE(convertedBack(*image, L"JPG").isNull());
+
+    void* data = nullptr;
+    unsigned long size = 0;
+    ASSERT_NE(image->convertTo(L"BMP", &data, &size, 4294967295UL), 0U); // the format's own quality
+    void* const kept = data;
+    const std::string bytes(static_cast<char*>(data), size);
+    for (const wchar_t* unknown : {L"no such format", L"", static_cast<const wchar_t*>(nullptr)}) {
+        EXPECT_EQ(image->convertTo(unknown, &data, &size, 50), 0U);
+        EXPECT_TRUE(data == kept && size == bytes.size());
+    }
+    EXPECT_EQ(std::string(static_cast<char*>(kept), size), bytes) << "still there after the failures";
+    image->freeConvert();
+
+    const TemporaryDirectory directory;
+    EXPECT_EQ(image->saveAs(QString::fromStdString(directory.path("ж.png")).toStdWString().c_str()), 1U);
+    EXPECT_EQ(QImage(QString::fromStdString(directory.path("ж.png"))), original);
+    EXPECT_EQ(image->saveAs(QString::fromStdString(directory.path("a.nothing")).toStdWString().c_str()), 0U);
+}
+
+} // namespace

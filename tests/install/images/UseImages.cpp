@@ -1,0 +1,9 @@
+// Succeeds when the library's images come from the image library that it was built against.
+
+#include <imgo.h>
+#include <keldriver/KelDriver.h>
+
+int main() {
+    auto image = RasterImageFactory::CreateFromGiRasterImage(Imgo::Image::LoadBytes(nullptr, 0).release());
+    return image != nullptr && image->pixelWidth() == 7 && image->colorDepth() == 24 ? 0 : 1;
+}

@@ -1,0 +1,158 @@
+#include <cwchar>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <QChar>
+#include <QFontDatabase>
+#include <QRawFont>
+
+#include "keldriver/SubText.h"
+
+namespace {
+
+constexpr const wchar_t* sans = L"DejaVu Sans";
+constexpr const wchar_t* serif = L"DejaVu Serif";
+constexpr const wchar_t* cjk = L"Droid Sans Fallback";
+
+tagLOGFONTW fontOf(const wchar_t* faceName) {
+    tagLOGFONTW font{};
+    std::wcscpy(font.lfFaceName, faceName);
+    return font;
+}
+
+struct Shown {
+    std::wstring text;
+    std::wstring faceName;
+};
+
+bool operator==(const Shown& a, const Shown& b) {
+    return a.text == b.text && a.faceName == b.faceName;
+}
+
+void PrintTo(const Shown& run, std::ostream* out) {
+    *out << ::testing::PrintToString(run.text) << " in " << ::testing::PrintToString(run.faceName);
+}
+
+std::vector<Shown> runsOf(const HT_Text& text) {
+    std::vector<Shown> runs;
+    std::wstring joined;
+    for (const HT_SubText& run : text.GetSubTexts()) {
+        EXPECT_EQ(static_cast<size_t>(run.start), joined.size());
+        runs.push_back({text.GetRunText(run), run.font.lfFaceName});
+        joined += runs.back().text;
+    }
+    EXPECT_EQ(joined, text.GetText());
+    return runs;
+}
+
+class SubTextTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        for (const wchar_t* face : {sans, serif, cjk}) {
+            if (!QFontDatabase().families().contains(QString::fromWCharArray(face))) {
+                GTEST_SKIP() << "not installed: " << QString::fromWCharArray(face).toStdString();
+            }
+        }
+        fonts.Add(L"Han", fontOf(cjk));
+        fonts.Add(L"Stroke", fontOf(serif));
+        fonts.Add(L"Gone", fontOf(L"Not installed"));
+    }
+
+    HT_FontMap fonts;
+};
+
+TEST_F(SubTextTest, SplitsByFont) {
+    const struct {
+        const char* name;
+        const wchar_t* text;
+        const wchar_t* faceName;
+        std::vector<Shown> runs;
+    } rows[] = {
+        {"one font", L"Ab é Ж Ω", sans, {{L"Ab é Ж Ω", sans}}},
+        {"any case", L"Ab", L"dejavu sans", {{L"Ab", L"dejavu sans"}}},
+        {"through the map", L"Ab", L"sTROKE", {{L"Ab", serif}}},
+        {"back to the requested font", L"Ω 中文  Ω", sans, {{L"Ω ", sans}, {L"中文  ", cjk}, {L"Ω", sans}}},
+        {"spaces in front", L"  中", sans, {{L"  ", sans}, {L"中", cjk}}},
+        {"what shows nothing", L"中\t\u200E\u00AD", sans, {{L"中\t\u200E\u00AD", cjk}}},
+        {"a mark", L"a\u0301中\u0301\u20DDb", sans, {{L"a\u0301", sans}, {L"中\u0301\u20DD", cjk}, {L"b", sans}}},
+        {"a variation selector", L"中\U000E0100文", sans, {{L"中\U000E0100文", cjk}}},
+        {"a joiner and what it joins", L"中\u200D\u0416", sans, {{L"中\u200D\u0416", cjk}}},
+        {"a joiner before a space", L"b\u200D 中", sans, {{L"b\u200D ", sans}, {L"中", cjk}}},
+        {"a mark in front", L"\u0301a", sans, {{L"\u0301a", sans}}},
+        {"a map font that is not installed", L"Ω", L"Gone", {{L"Ω", serif}}},
+        {"an unknown face", L"Ж中", L"No such font", {{L"Ж", serif}, {L"中", cjk}}},
+        {"no face", L"Ж", nullptr, {{L"Ж", serif}}},
+        {"what no font shows", L"A\u0378 \xD800 \x110000", sans, {{L"A\u0378 \xD800 \x110000", sans}}},
+        {"nothing but that", L"\u0378 \u0378", L"No such font", {{L"\u0378 \u0378", L"No such font"}}},
+        {"empty", L"", sans, {}},
+        {"null", nullptr, sans, {}},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(runsOf(HT_Text(row.text, row.faceName, fonts)), row.runs) << row.name;
+    }
+    EXPECT_TRUE(HT_Text().GetSubTexts().empty());
+}
+
+TEST_F(SubTextTest, MapOrderDecides) {
+    HT_FontMap serifFirst;
+    serifFirst.Add(L"b", fontOf(serif));
+    serifFirst.Add(L"a", fontOf(sans));
+    EXPECT_EQ(runsOf(HT_Text(L"Ж", L"unknown", serifFirst)), (std::vector<Shown>{{L"Ж", serif}}));
+    serifFirst.Add(L"B", fontOf(sans)); // keeps its place
+    serifFirst.Add(L"a", fontOf(serif));
+    EXPECT_EQ(serifFirst.GetCount(), 2);
+    EXPECT_EQ(runsOf(HT_Text(L"Ж", L"unknown", serifFirst)), (std::vector<Shown>{{L"Ж", sans}}));
+    ASSERT_NE(serifFirst.Find(L"A"), nullptr);
+    EXPECT_STREQ(serifFirst.Find(L"A")->lfFaceName, serif);
+    EXPECT_EQ(serifFirst.Find(L"c"), nullptr);
+}
+
+TEST_F(SubTextTest, RecordsKeepTheirStyle) {
+    tagLOGFONTW request = fontOf(L"Stroke");
+    request.lfHeight = -40;
+    request.lfWeight = 700;
+    request.lfItalic = 1;
+    request.lfUnderline = 1;
+    request.lfCharSet = 200;
+    const HT_Text text(L"Ω中\u0378", request, fonts); // the last one stays with what was asked for
+    EXPECT_EQ(runsOf(text), (std::vector<Shown>{{L"Ω", serif}, {L"中", cjk}, {L"\u0378", L"Stroke"}}));
+    for (const HT_SubText& run : text.GetSubTexts()) {
+        EXPECT_EQ(run.font.lfHeight, -40);
+        EXPECT_EQ(run.font.lfWeight, 700);
+        EXPECT_EQ(run.font.lfItalic, 1);
+        EXPECT_EQ(run.font.lfUnderline, 1);
+    }
+    EXPECT_EQ(text.GetSubTexts()[2].font.lfCharSet, 200);
+    EXPECT_EQ(text.GetRunText({2, 9, {}}), L"\u0378");
+    EXPECT_EQ(text.GetRunText({-1, 1, {}}) + text.GetRunText({4, 1, {}}), L"");
+}
+
+// Every visible character of a run is in its font, asked straight; neighbours differ; marks never lead.
+TEST_F(SubTextTest, SystemFontsShowWhatTheyAreChosenFor) {
+    std::wstring sample;
+    for (wchar_t c = 0x20; c < 0x3100; c += 7) {
+        sample += c >= 0x1100 && c < 0x1200 ? L'x' : c; // parts of syllables make up one long syllable
+    }
+    sample += L"中文 한국어 ﷺ \U0001D400\U0001F600";
+    const HT_FontMap none;
+    const HT_Text text(sample.c_str(), L"No such font", none);
+    const std::vector<Shown> runs = runsOf(text);
+    ASSERT_GT(runs.size(), 2U);
+    for (size_t i = 0; i < runs.size(); ++i) {
+        EXPECT_TRUE(i == 0 || runs[i].faceName != runs[i - 1].faceName);
+        QFont font(QString::fromStdWString(runs[i].faceName));
+        font.setStyleStrategy(QFont::NoFontMerging);
+        const QRawFont raw = QRawFont::fromFont(font);
+        for (const wchar_t c : runs[i].text) {
+            const auto code = static_cast<uint>(c);
+            const QChar::Category category = QChar::category(code);
+            const bool mayLack = category == QChar::Other_Format || category == QChar::Other_Control ||
+                                 category == QChar::Mark_NonSpacing || runs[i].faceName == L"No such font";
+            EXPECT_TRUE(mayLack || raw.supportsCharacter(code)) << std::hex << code << " in run " << i;
+        }
+    }
+}
+
+} // namespace

@@ -1,0 +1,192 @@
+#include <cmath>
+#include <complex>
+#include <cwchar>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include "keldriver/FontName.h"
+#include "render/RendererFixture.h"
+
+namespace {
+
+constexpr double pi = 3.141592653589793;
+constexpr double height = 40;
+
+// A text whose second character takes two UTF-16 units.
+std::wstring sample = L"A\U0001D400gW";
+
+HT_Font fontOf(double characterHeight, double rotation = 0) {
+    HT_Font font{};
+    font.height = characterHeight;
+    font.rotation = rotation;
+    std::wcscpy(font.faceName, L"DejaVu Sans");
+    return font;
+}
+
+// The font by its size in points, made without the renderer's means.
+QFont qtFont(double points) {
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setWeight(50);
+    font.setPointSizeF(points);
+    font.setStyleStrategy(QFont::PreferAntialias);
+    return font;
+}
+
+double usualPoints() {
+    return height * 72 / static_cast<int>(QGuiApplication::primaryScreen()->logicalDotsPerInch());
+}
+
+QPainterPath outlineOf(const QFont& font) {
+    QPainterPath path;
+    path.addText(0, 0, font, QString::fromStdWString(sample));
+    return path;
+}
+
+class TextTest : public RendererTest {
+protected:
+    void draw(const HT_Font& font, double oblique = 0, double widthFactor = 1) {
+        renderer.DrawText(sample.data(), 0, font, {100.3, 200.7}, oblique, widthFactor, nullptr);
+    }
+};
+
+// Where the base line and an upright stroke of the text run on the page.
+TEST_F(TextTest, TurnsLeansAndStretches) {
+    const struct {
+        const char* name;
+        double scale, degrees, oblique, widthFactor;
+    } rows[] = {
+        {"upright", 1, 0, 0, 1},         {"30 degrees", 1, 30, 0, 1},
+        {"90 degrees", 1, 90, 0, 1},     {"oblique", 1, 0, pi / 12, 1},
+        {"stretched", 1, 0, 0, 2.5},     {"mirrored", 1, 0, 0, -1},
+        {"all at once", 3, 30, 0.25, 2}, {"leaning back, scaled", 0.5, -60, -0.5, 0.75},
+    };
+    for (const auto& row : rows) {
+        recorder.clear();
+        renderer.setScale(row.scale);
+        draw(fontOf(height, row.degrees), row.oblique, row.widthFactor);
+        ASSERT_EQ(recorder.calls().size(), 1U) << row.name;
+        const PlotRecorder::Call& call = recorder.calls().back();
+        EXPECT_EQ(call.path, outlineOf(qtFont(usualPoints()))) << row.name;
+        const auto onPage = [&](double x, double up) {
+            const QPointF point = call.transform.map(QPointF(x, -up)) / row.scale;
+            return std::complex<double>(point.x(), -point.y()); // counter-clockwise on the page
+        };
+        const std::complex<double> start(100.3, -200.7);
+        const std::complex<double> turn = std::polar(1.0, row.degrees * pi / 180);
+        EXPECT_NEAR(std::abs(onPage(0, 0) - start), 0, 1e-4) << row.name;
+        EXPECT_NEAR(std::abs(onPage(1, 0) - start - turn * row.widthFactor), 0, 1e-4) << row.name;
+        EXPECT_NEAR(std::abs(onPage(0, 1) - start - turn * std::complex(std::tan(row.oblique), 1.0)), 0, 1e-4)
+            << row.name;
+    }
+}
+
+TEST_F(TextTest, ReachesThePainterInOneFill) {
+    renderer.SetColor(0x332211);
+    renderer.SetAlpha(0x80);
+    painter.setTransform(QTransform::fromScale(7, 7));
+    painter.setBackgroundMode(Qt::OpaqueMode);
+    const QPen pen = painter.pen();
+    renderer.setScale(2);
+    draw(fontOf(height, 90));
+    ASSERT_EQ(recorder.calls().size(), 1U);
+    const std::string state = " | pen none | brush #80112233 solid | transform";
+    EXPECT_EQ(recorder.calls()[0].state.substr(0, state.size()), state);
+    // In single precision.
+    EXPECT_EQ(recorder.calls()[0].transform.m11(), 2 * static_cast<double>(static_cast<float>(std::cos(pi / 2))));
+    EXPECT_EQ(recorder.calls()[0].transform.dx(), static_cast<double>(static_cast<float>(100.3 * 2)));
+    EXPECT_EQ(painter.transform(), QTransform::fromScale(7, 7));
+    EXPECT_EQ(painter.backgroundMode(), Qt::OpaqueMode);
+    EXPECT_EQ(painter.pen(), pen);
+}
+
+TEST_F(TextTest, FitsTheWidthInWholePoints) {
+    const double points = usualPoints();
+    const auto fitted = [&](double target, int characters) {
+        const QString measured = QString::fromStdWString(sample.substr(0, static_cast<size_t>(characters)));
+        return qtFont(static_cast<int>(points * target / QFontMetrics(qtFont(points)).horizontalAdvance(measured)));
+    };
+    const double huge = std::numeric_limits<double>::max();
+    const struct {
+        const char* name;
+        int length;
+        std::vector<double> widths;
+        double widthFactor;
+        QFont expected;
+    } rows[] = {
+        {"each width rounded", 4, {50.5, 50.4, 49.5, 50}, 1, fitted(51 + 50 + 50 + 50, 4)},
+        {"without the stretch", 4, {50, 50, 50, 50}, 2, fitted(100, 4)},
+        {"first characters only", 2, {60, 60}, 1, fitted(120, 2)},
+        {"more widths than characters", 5, {50, 50, 50, 50, 50}, 1, fitted(250, 4)},
+        {"no widths", 0, {1}, 1, qtFont(points)},
+        {"negative length", -3, {1}, 1, qtFont(points)},
+        {"widths of nothing", 4, {0.4, 0.4, 0.4, 0.4}, 1, qtFont(points)},
+        {"below one point", 4, {1, 1, 0, 0}, 1, qtFont(points)},
+        {"saturated widths that cancel out", 2, {huge, -huge}, 1, qtFont(points)},
+    };
+    for (const auto& row : rows) {
+        recorder.clear();
+        std::vector<double> widths = row.widths;
+        renderer.DrawText(sample.data(), row.length, fontOf(height), {0, 0}, 0, row.widthFactor, widths.data());
+        ASSERT_EQ(recorder.calls().size(), 1U) << row.name;
+        EXPECT_EQ(recorder.calls()[0].path, outlineOf(row.expected)) << row.name;
+    }
+}
+
+TEST_F(TextTest, HeavyAndSlantedFonts) {
+    HT_Font font = fontOf(-height); // the height's sign does not count
+    font.bold = 7;
+    font.italic = 7;
+    draw(font);
+    QFont expected = qtFont(usualPoints());
+    expected.setWeight(75);
+    expected.setItalic(true);
+    ASSERT_EQ(recorder.calls().size(), 1U);
+    EXPECT_EQ(recorder.calls()[0].path, outlineOf(expected));
+    EXPECT_NE(recorder.calls()[0].path, outlineOf(qtFont(usualPoints())));
+}
+
+TEST_F(TextTest, OddArgumentsAreHarmless) {
+    const double extremes[] = {1e300, -1e300, -2147483648.0, std::numeric_limits<double>::infinity(), std::nan("")};
+    for (const double value : extremes) {
+        draw(fontOf(value));
+        draw(fontOf(height, value));
+        draw(fontOf(height), value);
+        draw(fontOf(height), 0, value);
+        renderer.setScale(value);
+        draw(fontOf(height));
+        renderer.setScale(1);
+    }
+    recorder.clear();
+    renderer.DrawText(nullptr, 4, fontOf(height), {0, 0}, 0, 1, nullptr);
+    draw(fontOf(height), 0, 0);
+    EXPECT_EQ(recorder.shapes(), "");
+    HT_Font unterminated = fontOf(0);
+    std::wmemset(unterminated.faceName, L'x', 32);
+    draw(unterminated);
+    EXPECT_EQ(recorder.calls().size(), 1U);
+    OpenRenderer unattached;
+    unattached.DrawText(sample.data(), 4, fontOf(height), {0, 0}, 0, 1, nullptr);
+    EXPECT_EQ(recorder.calls().size(), 1U);
+}
+
+TEST(FontNameTest, IsTheFamilyAskedFor) {
+    tagLOGFONTW record{};
+    std::wstring name = L"before";
+    EXPECT_EQ(GetFontFullName(&record, name), 1);
+    EXPECT_EQ(name, L"");
+    std::wcscpy(record.lfFaceName, L"No such fönt \U0001D400");
+    EXPECT_EQ(GetFontFullName(&record, name), 1);
+    EXPECT_EQ(name, L"No such fönt \U0001D400");
+    std::wmemset(record.lfFaceName, L'x', 32); // no terminator
+    EXPECT_EQ(GetFontFullName(&record, name), 1);
+    EXPECT_EQ(name, std::wstring(32, L'x'));
+    EXPECT_EQ(GetFontFullName(nullptr, name), 1);
+    EXPECT_EQ(name, L"");
+}
+
+} // namespace
