@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr qint64 pixelLimit = 1 << 20; // larger ones only show how much memory there is
+constexpr qint64 pixelLimit = 1 << 18; // larger ones only show how much memory there is
 
 void require(bool condition) {
     if (!condition) {
@@ -31,7 +31,8 @@ bool statesTooManyPixels(const std::vector<uint8_t>& bytes) {
     QBuffer buffer(&content);
     buffer.open(QIODevice::ReadOnly);
     const QSize size = QImageReader(&buffer).size();
-    return qint64{size.width()} * size.height() > pixelLimit || bytes.size() > 1 << 16;
+    // A header may state a negative height, which turns the picture.
+    return std::abs(qint64{size.width()} * size.height()) > pixelLimit || bytes.size() > 1 << 16;
 }
 
 /// Reads every byte that the image says it has.

@@ -9,10 +9,10 @@ namespace {
 
 /// A plain string conversion names a wide text. Only the literal pair is looked for, even in "%%s", where the result
 /// prints "%ls": drivers know it so.
-void widenPlainStrings(std::string& format) {
-    constexpr std::string_view plain = "%s";
-    constexpr std::string_view wide = "%ls";
-    for (size_t at = format.find(plain); at != std::string::npos; at = format.find(plain, at + wide.size())) {
+void widenPlainStrings(std::wstring& format) {
+    constexpr std::wstring_view plain = L"%s";
+    constexpr std::wstring_view wide = L"%ls";
+    for (size_t at = format.find(plain); at != std::wstring::npos; at = format.find(plain, at + wide.size())) {
         format.replace(at, plain.size(), wide);
     }
 }
@@ -29,8 +29,8 @@ void CString::Format(CString format, ...) { // NOLINT(performance-unnecessary-va
 }
 
 void CString::FormatV(CString format, va_list arguments) {
-    widenPlainStrings(format.m_narrow);
-    std::wstring wide = VnEmu_vswprintfV(fromUtf8(format.m_narrow).c_str(), arguments);
+    widenPlainStrings(format.m_wide);
+    std::wstring wide = VnEmu_vswprintfV(format.m_wide.c_str(), arguments);
     m_narrow = toUtf8(wide);
     m_wide = std::move(wide);
 }
