@@ -9,7 +9,8 @@
 ///
 /// Rows and columns count from 0 unless a member says otherwise. Indices are not checked. An operation whose
 /// operands do not fit throws a pointer to a constant message text (`catch (char const*)`) before it changes
-/// anything; so does the construction of a matrix with a negative size.
+/// anything; so does the construction of a matrix with a negative size. Where memory runs out, the standard
+/// exceptions are thrown (`std::bad_alloc` and its kin).
 ///
 /// Elements are stored by column in one block, which also holds a reference count. Copies never share a block;
 /// a writer that finds the count above 1 takes a private copy first and gives up its share of the old block.
@@ -84,7 +85,9 @@ public:
     bool operator==(const CPrintDriverMatrix& other) const;
     bool operator!=(const CPrintDriverMatrix& other) const { return !(*this == other); }
 
+    /// Makes rows columns and columns rows.
     void Transpose();
+    /// The transposed matrix, as a copy.
     CPrintDriverMatrix GetTransposed() const;
 
     /// A copy of the block of `rows` x `cols` elements from (row, col) on. A block that reaches the last row or
@@ -121,13 +124,21 @@ public:
     void Normalise(double lo, double hi);
     CPrintDriverMatrix GetNormalised(double lo, double hi) const;
 
+    /// The sum of a row's elements; 0 when there are none.
     double SumRow(int row) const;
+    /// The sum of a column's elements; 0 when there are none.
     double SumColumn(int col) const;
+    /// The sum of the squares of a row's elements; 0 when there are none.
     double SumRowSquared(int row) const;
+    /// The sum of the squares of a column's elements; 0 when there are none.
     double SumColumnSquared(int col) const;
+    /// The smallest element of a row; 0 when there are none.
     double GetRowMin(int row) const;
+    /// The largest element of a row; 0 when there are none.
     double GetRowMax(int row) const;
+    /// The smallest element of a column; 0 when there are none.
     double GetColumnMin(int col) const;
+    /// The largest element of a column; 0 when there are none.
     double GetColumnMax(int col) const;
 
     /// A copy without one column and one row, which count from 1. The last one goes where there is none of that

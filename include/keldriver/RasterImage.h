@@ -18,7 +18,8 @@ class Image;
 /// Every query has an answer for an image that is absent, because it could not be read for example; it stands
 /// with the query. Pointers that are answered belong to the image and last until it is changed or released. An
 /// image is used by one thread at a time. There is no virtual destructor: the handle that
-/// `RasterImageFactory` gives out knows how to release its image.
+/// `RasterImageFactory` gives out knows how to release its image. A driver's own implementation is compiled with
+/// run-time type information, which the renderer asks.
 class KELDRIVER_API HT_RasterImage {
 public:
     /// Where an image comes from; the drivers' matter, so there are no names here.
@@ -38,29 +39,42 @@ public:
     virtual double resolutionWidth() const = 0;
     /// Vertical resolution in the unit of the implementation; absent: -1.
     virtual double resolutionHeight() const = 0;
+    /// True when pixels are numbers of colours in a palette; absent: false.
     virtual bool hasPalette() const = 0;
+    /// True when pixels have an opacity of their own; absent: false.
     virtual bool hasAlpha() const = 0;
     /// The colour that is to be seen through; 4294967295 for none.
     virtual uint32_t transparentColor() const = 0;
     /// 1 when a pixel is not opaque, else 0.
     virtual int32_t getTransparency() const = 0;
+    /// Where the image comes from; -1 when that is not kept, and when absent.
     virtual SourceType imageSource() const = 0;
+    /// Tells where the image comes from; implementations that do not keep it do nothing.
     virtual void SetImageSource(SourceType source) = 0;
     /// A code agreed with the drivers; 15 for a layout that has none, and when absent.
     virtual int32_t pixelFormat() const = 0;
     /// The number of palette entries; absent: 0.
     virtual uint32_t numPaletteColors() const = 0;
-    /// The palette entries; null without a palette, and when absent.
+    /// The palette entries; null when absent.
+    ///
+    /// @param count  receives their number where the implementation says so, else it is left as it is;
+    ///               `numPaletteColors` always tells
     virtual const tagRGBQUAD* paletteData(unsigned int& count) const = 0;
     /// Bytes from one row to the next; absent: 0.
     virtual uint32_t scanLineSize() const = 0;
     /// The first byte of the first row in memory; absent: null.
     virtual const unsigned char* scanLinesBase() const = 0;
+    /// Copies `count` rows from row `first` on to `buffer`; implementations whose rows are only to be had from
+    /// `scanLinesBase` do nothing.
     virtual void scanLines(unsigned char* buffer, unsigned int first, unsigned int count) const = 0;
-    /// The DIB header with its palette; absent: null.
+    /// The DIB header; absent: null. The colour entries stand behind it in an `HT_RasterImageImpl` only; others
+    /// answer them through `paletteData`.
     virtual const tagBITMAPINFO* getBitmapInfo() const = 0;
+    /// Draws the image by itself; implementations that leave that to `HT_Renderer::DrawImage` do nothing.
     virtual void bltDraw(void* target, double* origin, double* u, double* v) const = 0;
     /// Writes the image to a file, in the format that its suffix names.
+    ///
+    /// @return 1 on success; 0 on failure, and when absent; 4294967295 from an implementation that writes no files
     virtual uint32_t saveAs(const wchar_t* path) = 0;
     /// Encodes the image.
     ///
@@ -71,11 +85,12 @@ public:
     virtual uint32_t convertTo(const wchar_t* format, void** data, unsigned long* size, unsigned long quality) = 0;
     /// Releases the bytes of the last `convertTo`.
     virtual void freeConvert() = 0;
+    /// True when the pixels lie in a mapped file; absent: false.
     virtual bool isMapViewOfFile() const = 0;
     /// Releases an image that is an `HT_RasterImageImpl`; of no effect on others. A handle must have given its
     /// image up before.
     virtual void destroy() = 0;
-    /// Turns the image upside down.
+    /// Turns the image upside down. An absent image stays so, here and under `addAlpha`.
     virtual void flip() = 0;
     /// Multiplies the opacity of every pixel by `alpha` / 255.
     virtual void addAlpha(int alpha) = 0;
@@ -118,25 +133,25 @@ public:
     bool hasPalette() const override;
     bool hasAlpha() const override; ///< 32 bits a pixel
     uint32_t transparentColor() const override;
-    int32_t getTransparency() const override; ///< what the library answers; absent: -1
-    SourceType imageSource() const override;  ///< -1
-    void SetImageSource(SourceType source) override;
+    int32_t getTransparency() const override;        ///< what the library answers; absent: -1
+    SourceType imageSource() const override;         ///< -1
+    void SetImageSource(SourceType source) override; ///< does nothing
     int32_t pixelFormat() const override;
     uint32_t numPaletteColors() const override; ///< the header's number of used colours
     /// The colour entries behind the header, even where there are none; sets `count` to their number.
     const tagRGBQUAD* paletteData(unsigned int& count) const override;
     uint32_t scanLineSize() const override;
     const unsigned char* scanLinesBase() const override;
-    void scanLines(unsigned char* buffer, unsigned int first, unsigned int count) const override;
+    void scanLines(unsigned char* buffer, unsigned int first, unsigned int count) const override; ///< does nothing
     const tagBITMAPINFO* getBitmapInfo() const override;
-    void bltDraw(void* target, double* origin, double* u, double* v) const override;
+    void bltDraw(void* target, double* origin, double* u, double* v) const override; ///< does nothing
     uint32_t saveAs(const wchar_t* path) override; ///< writes nothing and answers 4294967295
     uint32_t convertTo(const wchar_t* format, void** data, unsigned long* size, unsigned long quality) override; ///< 0
     void freeConvert() override;
-    bool isMapViewOfFile() const override;
-    void destroy() override;           ///< releases the library image and this object, which must come from `new`
-    void flip() override;              ///< does nothing
-    void addAlpha(int alpha) override; ///< the library's matter
+    bool isMapViewOfFile() const override; ///< false
+    void destroy() override;               ///< releases the library image and this object, which must come from `new`
+    void flip() override;                  ///< does nothing
+    void addAlpha(int alpha) override;     ///< the library's matter
 
     int ConvertImageInLockMem(const tagBITMAPINFO* info, const void* bits, const wchar_t* format, void** data,
                               unsigned long* size, unsigned int quality); ///< does nothing and answers 0
@@ -163,24 +178,25 @@ public:
     bool hasPalette() const override;
     bool hasAlpha() const override;
     uint32_t transparentColor() const override;
-    int32_t getTransparency() const override; ///< absent: 0
-    SourceType imageSource() const override;  ///< -1
-    void SetImageSource(SourceType source) override;
+    int32_t getTransparency() const override;        ///< absent: 0
+    SourceType imageSource() const override;         ///< -1
+    void SetImageSource(SourceType source) override; ///< does nothing
     int32_t pixelFormat() const override;
     uint32_t numPaletteColors() const override;
-    const tagRGBQUAD* paletteData(unsigned int& count) const override; ///< leaves `count` as it is
+    /// Null without a palette; leaves `count` as it is.
+    const tagRGBQUAD* paletteData(unsigned int& count) const override;
     uint32_t scanLineSize() const override;
     const unsigned char* scanLinesBase() const override; ///< the top row comes first
-    void scanLines(unsigned char* buffer, unsigned int first, unsigned int count) const override;
+    void scanLines(unsigned char* buffer, unsigned int first, unsigned int count) const override; ///< does nothing
     /// A header with a negative height, for the top row comes first, and with one colour entry of 0.
     const tagBITMAPINFO* getBitmapInfo() const override;
-    void bltDraw(void* target, double* origin, double* u, double* v) const override;
-    uint32_t saveAs(const wchar_t* path) override; ///< 1 on success, else 0
+    void bltDraw(void* target, double* origin, double* u, double* v) const override; ///< does nothing
+    uint32_t saveAs(const wchar_t* path) override;                                   ///< 1 on success, else 0
     /// Encodes a copy with 32 bits a pixel, so decoding a PNG again gives an image that `DrawImage` shows right.
     uint32_t convertTo(const wchar_t* format, void** data, unsigned long* size, unsigned long quality) override;
     void freeConvert() override;
-    bool isMapViewOfFile() const override;
-    void destroy() override; ///< does nothing
+    bool isMapViewOfFile() const override; ///< false
+    void destroy() override;               ///< does nothing
     void flip() override;
     /// The product is rounded and kept within 0 to 255. Images without an alpha channel or with a palette stay
     /// as they are.
@@ -196,14 +212,19 @@ private:
     std::unique_ptr<unsigned char[]> conversionBuffer; ///< from the last successful `convertTo`
 };
 
-/// Releases an image through its concrete class.
+/// Releases an image through its concrete class. Without a function it releases nothing: a handle made from a bare
+/// pointer borrows its image.
 class HT_RasterImageDeleter {
 public:
     HT_RasterImageDeleter() = default;
     /// @param function  destroys an image of the class that the handle holds
     explicit HT_RasterImageDeleter(void (*function)(HT_RasterImage*)) : release(function) {}
 
-    void operator()(HT_RasterImage* image) const { release(image); }
+    void operator()(HT_RasterImage* image) const {
+        if (release != nullptr) {
+            release(image);
+        }
+    }
 
 private:
     void (*release)(HT_RasterImage*) = nullptr;

@@ -18,7 +18,9 @@ class KELDRIVER_API HT_FontMap {
 public:
     HT_FontMap();
     ~HT_FontMap();
+    /// Leaves `other` to be assigned to or destroyed, and to nothing else.
     HT_FontMap(HT_FontMap&& other) noexcept;
+    /// Leaves `other` as the constructor does.
     HT_FontMap& operator=(HT_FontMap&& other) noexcept;
 
     /// Adds a font behind those already there. A face name that the map knows keeps its place and gets this font.
@@ -26,6 +28,7 @@ public:
     /// @param faceName  the name that texts ask for; it need not be that of an installed font
     /// @param font      what to draw with instead; its `lfFaceName` names the installed font
     void Add(const std::wstring& faceName, const tagLOGFONTW& font);
+    /// The number of face names that the map knows.
     int GetCount() const;
     /// The font for a face name, owned by the map and valid until it changes; null when there is none.
     const tagLOGFONTW* Find(const std::wstring& faceName) const;
@@ -47,10 +50,11 @@ struct HT_SubText {
 /// Characters are wide characters. Each goes to the requested font where that can show it, else to the first of the
 /// map that can, else to a system font; what no font can show stays with the requested one. A font that is not
 /// installed shows nothing here, whatever the system would take in its place. What belongs together stays together:
-/// combining marks, variation selectors, joiners and what they join, the parts of a flag or a syllable. Spaces, and
-/// characters that show nothing at all, go to the run before them. The runs are in order, without gaps, and neighbours
-/// differ in their fonts. A text without characters has no runs. Without a `QGuiApplication` there are no fonts
-/// to ask, and the text is one run with the requested font.
+/// combining marks, variation selectors, joiners and what they join, the parts of a flag or a syllable. Blanks, which
+/// every font can show, and characters that show nothing at all go to the run before them, at the start of a text to
+/// the one behind. The runs are in order, without gaps, and neighbours differ in their fonts. A text without
+/// characters has no runs. Without a `QGuiApplication` there are no fonts to ask, and the text is one run with the
+/// requested font.
 ///
 /// @code
 /// const HT_Text text(L"Ω = 50 中", L"Arial", fonts);

@@ -126,13 +126,22 @@ ExitStatus run(const Options& options) {
     case Action::plot:
         break;
     }
-    if (!options.savedPaper.isEmpty()) {
-        const QString told = savePaper(options);
+    if (options.savedRecord) {
+        const QString told = savePaper(options, *options.savedRecord);
         if (!options.quiet) {
             std::cout << told.toStdString() << std::endl;
         }
     }
     return plotAll(options, console);
+}
+
+/// What a run ends with: text that did not reach standard output is a failure too.
+ExitStatus flushed(ExitStatus status) {
+    if (std::cout.flush()) {
+        return status;
+    }
+    std::cerr << "kelplot: standard output cannot be written" << std::endl;
+    return std::max(status, ExitStatus::outputFailed);
 }
 
 } // namespace
@@ -147,13 +156,16 @@ int runKelplot(int argc, char** argv) {
     std::setlocale(LC_NUMERIC, "C");
     std::setlocale(LC_CTYPE, "C.UTF-8"); // the library widens paths and settings under it
     try {
-        return static_cast<int>(run(optionsFromArguments(argumentsOf(argc, argv))));
+        return static_cast<int>(flushed(run(optionsFromArguments(argumentsOf(argc, argv)))));
     } catch (const UsageError& error) {
         std::cerr << "kelplot: " << error.what() << "\nTry 'kelplot --help'." << std::endl;
         return static_cast<int>(ExitStatus::usage);
     } catch (const SettingsError& error) {
         std::cerr << "kelplot: " << error.what() << std::endl;
         return static_cast<int>(ExitStatus::cannotOpen);
+    } catch (const std::exception& error) {
+        std::cerr << "kelplot: " << error.what() << std::endl;
+        return static_cast<int>(ExitStatus::outputFailed);
     }
 }
 

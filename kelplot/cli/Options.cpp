@@ -1,13 +1,11 @@
 #include "cli/Options.h"
 
 #include <QCommandLineParser>
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
+#include "cli/Defaults.h"
 #include "cli/SettingsChoice.h"
 #include "page/Numbers.h"
-#include "settings/PenFile.h"
 #include "settings/SettingsFile.h"
 
 namespace kelplot {
@@ -58,7 +56,15 @@ void setSavedPaper(Options& options, const QString& value) {
 }
 
 void setPens(Options& options, const QString& value) {
-    options.pensFile = orRefuseEmpty(value, QStringLiteral("a file name"));
+    options.pensFiles = QStringList(orRefuseEmpty(value, QStringLiteral("a file name")));
+}
+
+void setTexts(Options& options, const QString& value) {
+    const bool fonts = value == QLatin1String("fonts");
+    if (!fonts && value != QLatin1String("outlines")) {
+        refuse(value, QStringLiteral("outlines or fonts"));
+    }
+    options.style.texts = fonts ? TextMode::fonts : TextMode::outlines;
 }
 
 void setMargins(Options& options, const QString& value) {
@@ -136,6 +142,8 @@ constexpr ValueOption valueOptions[] = {
     {nullptr, "pens", "FILE", "Take widths, colours and screening by colour number from FILE.", setPens,
      Default::inSettings},
     {nullptr, "lineweight-scale", "FACTOR", "Multiply all line weights. [1]", setWeightScale, Default::inSettings},
+    {nullptr, "text", "MODE", "outlines, or fonts: texts of a PDF or SVG file can be searched. [outlines]", setTexts,
+     Default::inSettings},
     {nullptr, "layers", "LIST", "Plot these layers only; names with commas between, * for any text.", addLayers},
     {nullptr, "exclude-layers", "LIST", "Leave these layers out.", addExcludedLayers},
     {nullptr, "dpi", "N", "Dots an inch of a PNG image. [200]", setDpi, Default::inSettings},
@@ -205,10 +213,9 @@ constexpr SwitchOption switchOptions[] = {
 };
 
 constexpr const char* exclusivePairs[][2] = {
-    {"portrait", "landscape"},
-    {"fit", "scale"},
-    {"output", "target-directory"},
-    {"progress", "quiet"},
+    {"portrait", "landscape"},      {"fit", "scale"},
+    {"output", "target-directory"}, {"progress", "quiet"},
+    {"save-paper", "list-papers"},  {"save-paper", "list-layers"},
 };
 
 template <typename Entry>
@@ -261,34 +268,15 @@ void applySwitches(const QCommandLineParser& parser, Options& options) {
     }
 }
 
-/// Takes what one file of settings states in its section "Defaults", under the names of the options.
-void applyDefaults(const QString& folder, Options& options) {
-    const QString path = QDir(folder).filePath(QStringLiteral("kelplot.ini"));
-    if (!QFile::exists(path)) {
-        return;
-    }
-    requireSettings(path);
-    if (holdsPens(path)) {
-        options.style.pens = penTableFrom(path);
-        options.pensFile.clear(); // of a file that comes after this one
-    }
+/// What kelplot.ini may state.
+std::vector<Preset> presets() {
+    std::vector<Preset> found;
     for (const ValueOption& entry : valueOptions) {
-        const QString key = QString::fromLatin1(entry.name);
-        const QString value = entry.preset == Default::inSettings ? settingFrom(path, "Defaults", key) : QString();
-        if (value.isEmpty()) {
-            continue;
-        }
-        try {
-            entry.apply(options, value);
-        } catch (const UsageError& error) {
-            throw SettingsError(path, key + QStringLiteral(": ") + QString::fromUtf8(error.what()));
-        }
-        if (entry.apply == setPaper) {
-            options.paperOrigin = path + QStringLiteral(": paper");
-        } else if (entry.apply == setPens) {
-            options.pensFile = QDir(folder).filePath(value);
+        if (entry.preset == Default::inSettings) {
+            found.push_back({QString::fromLatin1(entry.name), entry.apply});
         }
     }
+    return found;
 }
 
 void refuseExclusivePairs(const QCommandLineParser& parser) {
@@ -333,6 +321,9 @@ void checkTogether(const QCommandLineParser& parser, Options& options) {
     if (!parser.isSet(QStringLiteral("format"))) {
         deriveFormat(options);
     }
+    if (options.format == OutputFormat::png) { // an image has no texts
+        options.style.texts = TextMode::outlines;
+    }
 }
 
 /// What a command line asks for, from all that it says.
@@ -355,11 +346,14 @@ Options optionsFromArguments(const QStringList& arguments) {
     const Action action = actionOf(parser);
     const bool lays = action == Action::plot || action == Action::savePaper;
     if (lays) {
-        applyDefaults(driverFolder(), options);
-        applyDefaults(ownFolder(), options);
+        applyDefaults(driverFolder(), presets(), options);
+        applyDefaults(ownFolder(), presets(), options);
     }
     if (parser.isSet(QStringLiteral("paper"))) {
         options.paperOrigin = QStringLiteral("--paper");
+    }
+    if (parser.isSet(QStringLiteral("margins"))) {
+        options.marginsOrigin = QStringLiteral("--margins");
     }
     applyValues(parser, options);
     applySwitches(parser, options);

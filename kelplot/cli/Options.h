@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "device/OutputDevice.h"
+#include "keldriver/Paper.h"
 #include "page/PageSetup.h"
 #include "plot/DrawingPlot.h"
 
@@ -33,8 +34,10 @@ struct Options {
     QString paper = QStringLiteral("A4"); ///< as asked: a name or a size
     QString paperOrigin;                  ///< where that was asked, for messages; empty: nowhere
     std::optional<Margins> margins;       ///< none: those of the paper
-    QString pensFile;                     ///< empty: none but those of the defaults
+    QString marginsOrigin;                ///< where those were asked, for messages
+    QStringList pensFiles;                ///< the last to state a pen counts; empty: the drawing's pens
     QString savedPaper;                   ///< the name under which the paper's size is to be kept; empty: not at all
+    std::optional<PaperSize> savedRecord; ///< what is kept of it
     bool json = false;                    ///< lists are for programs
     QStringList layers;                   ///< patterns; empty: all
     QStringList excludedLayers;           ///< patterns

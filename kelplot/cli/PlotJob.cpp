@@ -24,9 +24,14 @@ QString counted(size_t count, const char* one, const char* many) {
     return QString::number(count) + QLatin1Char(' ') + QLatin1String(count == 1 ? one : many);
 }
 
-/// The first few names of the blocks that are not there.
-QString undefinedNames(const Drawing& drawing, const WalkReport& report) {
+/// The first few of `names`.
+QString firstOf(const QStringList& names) {
     constexpr int mostNames = 5;
+    const QStringList first = names.mid(0, mostNames);
+    return first.join(QStringLiteral(", ")) + QLatin1String(names.size() > mostNames ? ", ..." : "");
+}
+
+QString undefinedNames(const Drawing& drawing, const WalkReport& report) {
     std::set<uint32_t> blocks;
     for (const Insert* reference : report.undefined) {
         if (reference->block < drawing.blocks.size()) {
@@ -35,13 +40,18 @@ QString undefinedNames(const Drawing& drawing, const WalkReport& report) {
     }
     QStringList names;
     for (const uint32_t block : blocks) {
-        if (names.size() == mostNames) {
-            names << QStringLiteral("...");
-            break;
-        }
         names << QString::fromStdString(drawing.blocks[block].name);
     }
-    return names.join(QStringLiteral(", "));
+    return firstOf(names);
+}
+
+QString pictureNames(const Drawing& drawing, const std::set<uint32_t>& pictures) {
+    QStringList names;
+    for (const uint32_t picture : pictures) {
+        const std::string path = picture < drawing.images.size() ? drawing.images[picture].path : std::string();
+        names << (path.empty() ? QStringLiteral("one without a file") : QString::fromStdString(path));
+    }
+    return firstOf(names);
 }
 
 /// One drawing on its way to paper.
@@ -105,7 +115,7 @@ void PlotJob::warnOfMissingParts(const WalkReport& report) const {
 
 PageLayout PlotJob::layOut(const std::vector<Entity>& entities) const {
     WalkReport report;
-    const Box2 extents = visibleExtents(m_drawing, entities, &report);
+    const Box2 extents = visibleExtents(m_drawing, entities, &report, m_options.style.fonts);
     warnOfMissingParts(report);
     PageLayout layout = layOutPage(extents, m_drawing.millimetresPerUnit, m_options.page);
     const auto& window = m_options.page.window;
@@ -122,9 +132,14 @@ PageLayout PlotJob::layOut(const std::vector<Entity>& entities) const {
 
 void PlotJob::draw(const std::vector<Entity>& entities, const PageLayout& layout, OutputDevice& device) const {
     RenderSession session(device);
-    const WalkReport report =
-        plotEntities(m_drawing, entities, plotTargetFor(layout, device.grid()), m_options.style, session.renderer(),
-                     [&](double fraction) { m_console.showProgress(0.5 + fraction / 2.0); });
+    PlotTarget target = plotTargetFor(layout, device.grid());
+    target.painter = &device.painter();
+    const PlotReport report = plotEntities(m_drawing, entities, target, m_options.style, session.renderer(),
+                                           [&](double fraction) { m_console.showProgress(0.5 + fraction / 2.0); });
+    if (!report.missingPictures.empty()) {
+        warn(counted(report.missingPictures.size(), "picture", "pictures") +
+             QStringLiteral(" that cannot be found or read: ") + pictureNames(m_drawing, report.missingPictures));
+    }
     if (report.tooManyCopies) {
         warn(QStringLiteral("too many block copies; the plot is incomplete"));
     }

@@ -49,6 +49,18 @@ void useName(Options& options) {
                               table.nearest(options.paper).join(QStringLiteral(", ")), sizeRule));
 }
 
+void requireRoom(const Options& options) {
+    if (leavesRoom(options.page)) {
+        return;
+    }
+    if (options.margins) {
+        throw UsageError(QStringLiteral("%1: they leave no room on the paper").arg(options.marginsOrigin));
+    }
+    throw UsageError(QStringLiteral("%1: \"%2\" has no room within the usual margins; give --margins")
+                         .arg(options.paperOrigin, options.paper));
+}
+
+/// Keeps the record that is to be saved.
 void requireSavable(Options& options) {
     if (!sheetSizeFromText(options.paper.toStdString())) {
         throw UsageError(QStringLiteral("--save-paper: needs a size, --paper WIDTHxHEIGHT"));
@@ -57,7 +69,8 @@ void requireSavable(Options& options) {
         throw UsageError(QStringLiteral("--save-paper: lengths are kept in tenths of a millimetre, no finer"));
     }
     const bool isSize = sheetSizeFromText(options.savedPaper.toStdString()).has_value();
-    if (isSize || !recordFor(options.savedPaper, options.page.paper.size, options.page.margins)) {
+    options.savedRecord = recordFor(options.savedPaper, options.page.paper.size, options.page.margins);
+    if (isSize || !options.savedRecord) {
         throw UsageError(QStringLiteral("--save-paper: \"%1\" is not allowed; give a name of up to 63 bytes without "
                                         "quotes and number signs, that is no size")
                              .arg(options.savedPaper));
@@ -82,25 +95,19 @@ void choosePaper(Options& options) {
         useName(options);
     }
     options.page.margins = options.margins.value_or(options.page.margins);
-    if (!leavesRoom(options.page)) {
-        throw UsageError(QStringLiteral("--margins: they leave no room on the paper"));
-    }
+    requireRoom(options);
     if (!options.savedPaper.isEmpty()) {
         requireSavable(options);
     }
 }
 
 void choosePens(Options& options) {
-    if (!options.pensFile.isEmpty()) {
-        options.style.pens = penTableFrom(options.pensFile);
-    }
+    options.style.pens = penTableFrom(options.pensFiles);
 }
 
-QString savePaper(const Options& options) {
+QString savePaper(const Options& options, const PaperSize& record) {
     const PaperFile file(ownFolder());
-    if (const auto record = recordFor(options.savedPaper, options.page.paper.size, options.page.margins)) {
-        file.add(*record);
-    }
+    file.add(record);
     return QStringLiteral("%1: %2, saved as \"%3\"")
         .arg(file.path(), sizeText(options.page.paper.size), options.savedPaper);
 }

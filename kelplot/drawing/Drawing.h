@@ -32,12 +32,17 @@ struct Block {
 
 /// A drawing as plain records in drawing units. Entities refer to layers, line types and blocks by index.
 struct Drawing {
-    std::vector<Layer> layers;       ///< entry 0 is layer "0"
-    std::vector<LineType> lineTypes; ///< entry 0 is "Continuous"
+    std::vector<Layer> layers;         ///< entry 0 is layer "0"
+    std::vector<LineType> lineTypes;   ///< entry 0 is "Continuous"
+    std::vector<TextStyle> textStyles; ///< entry 0 is "Standard"
+    std::vector<ImageDefinition> images;
     std::vector<Block> blocks;
     std::vector<Entity> modelSpace;
     std::vector<Entity> paperSpace;
     size_t dimensionsWithoutBlock = 0; ///< dimensions that nothing tells how to draw; they are not in the spaces
+    std::string folder;                ///< UTF-8, where its file lies
+    bool imageFrames = true;
+    bool wipeoutFrames = false;
     double lineTypeScale = 1.0;
     int pointMode = 0;      ///< how points look: 0 dot, 1 nothing, 2 plus, 3 cross, 4 tick; +32 circle, +64 square
     double pointSize = 0.0; ///< drawing units; negative: per cent of the page; 0: 5 per cent

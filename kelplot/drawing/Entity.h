@@ -6,16 +6,12 @@
 #include <variant>
 #include <vector>
 
+#include "drawing/Colour.h"
+#include "drawing/Image.h"
+#include "drawing/Text.h"
 #include "geometry/Vec.h"
 
 namespace kelplot {
-
-/// The colour of an entity or layer as the drawing states it.
-struct Colour {
-    enum class Kind : uint8_t { byBlock, byLayer, index, trueColour };
-    Kind kind = Kind::byLayer;
-    uint32_t value = 0; ///< colour number 1 to 255, or 0x00RRGGBB for a true colour
-};
 
 /// Line weight in hundredths of a millimetre, or one of the negative marks below.
 using LineWeight = int16_t;
@@ -169,7 +165,8 @@ struct Insert {
     double rowSpacing = 0.0;
 };
 
-using Geometry = std::variant<PointEntity, Line, Circle, Arc, Ellipse, Polyline, Spline, Solid, Face3d, Hatch, Insert>;
+using Geometry = std::variant<PointEntity, Line, Circle, Arc, Ellipse, Polyline, Spline, Solid, Face3d, Hatch, Text,
+                              MText, Image, Wipeout, Insert>;
 
 /// One entity; unless its type says otherwise, coordinates belong to the plane that `extrusion` names.
 struct Entity {

@@ -1,8 +1,10 @@
 #include "page/PageSetup.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
+#include "keldriver/UCS33.h"
 #include "page/Numbers.h"
 
 namespace kelplot {
@@ -24,6 +26,12 @@ Box2 roomOn(const SheetSize& sheet, const Margins& margins) {
 
 Box2 sheetBox(const SheetSize& sheet) {
     return roomOn(sheet, {0.0, 0.0, 0.0, 0.0});
+}
+
+Affine2 affineOf(const CUCS33& system) {
+    std::array<double, 6> elements{};
+    system.GetElements(elements.data(), static_cast<int>(elements.size()));
+    return {elements[0], elements[1], elements[2], elements[3], elements[4], elements[5]};
 }
 
 Box2 mapped(const Box2& box, const Affine2& map) {
@@ -102,16 +110,14 @@ Box2 subjectOf(const Box2& extents, const PageOptions& options) {
     return {{0.0, 0.0}, {0.0, 0.0}};
 }
 
-/// Puts the middle of `extents` in the middle of `room`, with y turned over.
-Affine2 centredMap(const Box2& extents, const Box2& room, double factor) {
-    const Vec2 from = extents.center();
-    const Vec2 to = room.center();
-    return {factor, 0.0, 0.0, -factor, to.x - factor * from.x, to.y + factor * from.y};
-}
-
-/// Puts the lower left corner of `extents` on that of `room`, with y turned over.
-Affine2 corneredMap(const Box2& extents, const Box2& room, double factor) {
-    return {factor, 0.0, 0.0, -factor, room.min.x - factor * extents.min.x, room.max.y + factor * extents.min.y};
+/// The map that puts the point `from` at `to` and draws `factor` times as large about it, with y turned over.
+Affine2 anchoredMap(Vec2 from, Vec2 to, double factor) {
+    CUCS33 toSheet;
+    toSheet.Offset(-from.x, -from.y);
+    toSheet.Scale(factor, factor);
+    toSheet.MirrorX();
+    toSheet.Offset(to.x, to.y);
+    return affineOf(toSheet);
 }
 
 } // namespace
@@ -172,7 +178,8 @@ PageLayout layOutPage(const Box2& extents, double millimetresPerUnit, const Page
     layout.scale = factor / millimetresPerUnit;
     layout.drawingFits = !fitting || factor <= *fitting * (1.0 + fitTolerance);
     const bool centred = !options.scale || options.centred;
-    layout.toSheet = centred ? centredMap(subject, room, factor) : corneredMap(subject, room, factor);
+    layout.toSheet = centred ? anchoredMap(subject.center(), room.center(), factor)
+                             : anchoredMap(subject.min, {room.min.x, room.max.y}, factor);
     layout.limits = {layout.drawingFits && !options.window ? sheetBox(layout.sheet) : room};
     if (options.window) {
         layout.limits.push_back(mapped(*options.window, layout.toSheet));

@@ -8,13 +8,27 @@ ClipRegion regionOf(const Box2& box) {
     return ClipRegion(KelDriver::HT_CreateRectRgnData({box.min.x, box.min.y}, {box.max.x, box.max.y}));
 }
 
-ClipRegion commonRegion(const Box2& box, const std::vector<Box2>& limits) {
-    CVornRgn common(regionOf(box).get());
-    for (const Box2& limit : limits) {
-        CVornRgn region(regionOf(limit).get());
-        common.CombineRgn(&common, &region, HT_RGN_OP_2_CDC_OP(HT_RGN_AND));
+ClipRegion polygonRegion(const std::vector<Vec2>& polygon) {
+    std::vector<HT_Double_Point> points;
+    for (const Vec2 point : polygon) {
+        points.push_back({point.x, point.y});
     }
-    return ClipRegion(KelDriver::HT_CloneRgnData(common.GetClipRgnRef()));
+    return ClipRegion(KelDriver::HT_CreatePolygonRgnData(points.data(), static_cast<int>(points.size())));
+}
+
+ClipRegion combined(const ClipRegion& a, const ClipRegion& b, HT_RgnOp operation) {
+    CVornRgn result(a.get());
+    CVornRgn other(b.get());
+    result.CombineRgn(&result, &other, HT_RGN_OP_2_CDC_OP(operation));
+    return ClipRegion(KelDriver::HT_CloneRgnData(result.GetClipRgnRef()));
+}
+
+ClipRegion commonRegion(const Box2& box, const std::vector<Box2>& limits) {
+    ClipRegion common = regionOf(box);
+    for (const Box2& limit : limits) {
+        common = combined(common, regionOf(limit), HT_RGN_AND);
+    }
+    return common;
 }
 
 } // namespace kelplot

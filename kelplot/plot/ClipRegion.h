@@ -16,6 +16,10 @@ struct RegionDeleter {
 using ClipRegion = std::unique_ptr<HT_ClipRgn, RegionDeleter>;
 
 ClipRegion regionOf(const Box2& box);
+ClipRegion polygonRegion(const std::vector<Vec2>& polygon);
+
+/// What `operation` makes of two regions; without an area where that is nothing.
+ClipRegion combined(const ClipRegion& a, const ClipRegion& b, HT_RgnOp operation);
 
 /// What `box` and all `limits` have in common. Where that is nothing, a region without an area.
 ClipRegion commonRegion(const Box2& box, const std::vector<Box2>& limits);

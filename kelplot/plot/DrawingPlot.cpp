@@ -4,6 +4,7 @@
 #include "plot/EntityBox.h"
 #include "plot/EntityPlotter.h"
 #include "plot/PointMark.h"
+#include "plot/Typesetter.h"
 
 namespace kelplot {
 
@@ -11,16 +12,18 @@ namespace {
 
 class ExtentsFinder : public EntityVisitor {
 public:
-    explicit ExtentsFinder(bool pointsShow) : m_pointsShow(pointsShow) {}
+    ExtentsFinder(const Drawing& drawing, const FontTable& fonts)
+        : m_texts(drawing, fonts), m_pointsShow(isPointVisible(drawing.pointMode)) {}
 
     void visit(const Entity& entity, const EntityStyle&, const PlanMap& map) override {
         if (m_pointsShow || !std::holds_alternative<PointEntity>(entity.geometry)) {
-            m_extents.add(boxOf(entity, map, CurveBox::exact));
+            m_extents.add(boxOf(entity, map, CurveBox::exact, m_texts));
         }
     }
     const Box2& extents() const { return m_extents; }
 
 private:
+    Typesetter m_texts;
     bool m_pointsShow;
     Box2 m_extents;
 };
@@ -35,8 +38,9 @@ Box2 PlotTarget::visibleBox() const {
     return box;
 }
 
-Box2 visibleExtents(const Drawing& drawing, const std::vector<Entity>& entities, WalkReport* report) {
-    ExtentsFinder finder(isPointVisible(drawing.pointMode));
+Box2 visibleExtents(const Drawing& drawing, const std::vector<Entity>& entities, WalkReport* report,
+                    const FontTable& fonts) {
+    ExtentsFinder finder(drawing, fonts);
     WalkRules rules;
     rules.copies = ArrayCopies::corners;
     WalkReport found = EntityWalk(drawing, rules, finder).run(entities, PlanMap(), {});
@@ -46,7 +50,7 @@ Box2 visibleExtents(const Drawing& drawing, const std::vector<Entity>& entities,
     return finder.extents();
 }
 
-WalkReport plotEntities(const Drawing& drawing, const std::vector<Entity>& entities, const PlotTarget& target,
+PlotReport plotEntities(const Drawing& drawing, const std::vector<Entity>& entities, const PlotTarget& target,
                         const PlotStyleOptions& style, HT_Renderer& renderer, const Progress& progress) {
     renderer.SetClipRgn(commonRegion(target.pageBox, target.limits).get());
     EntityPlotter plotter(drawing, target, style, renderer);
@@ -55,7 +59,8 @@ WalkReport plotEntities(const Drawing& drawing, const std::vector<Entity>& entit
         VisiblePart{target.visibleBox(), [&plotter](const auto& entity, const auto& entityStyle, const auto& map) {
                         return plotter.inkBox(entity, entityStyle, map);
                     }};
-    return EntityWalk(drawing, rules, plotter).run(entities, PlanMap(target.toDevice), progress);
+    WalkReport walked = EntityWalk(drawing, rules, plotter).run(entities, PlanMap(target.toDevice), progress);
+    return {std::move(walked), plotter.missingPictures()};
 }
 
 } // namespace kelplot

@@ -26,6 +26,7 @@ struct BoxMaker {
     const Entity& entity;
     const PlanMap& map;
     CurveBox curves;
+    const Typesetter& texts;
 
     Box2 operator()(const PointEntity& point) const { return ofPoints(&point.position, 1); }
     Box2 operator()(const Line& line) const {
@@ -41,6 +42,10 @@ struct BoxMaker {
     Box2 operator()(const Solid& solid) const { return ofPoints(solid.corners.data(), solid.corners.size()); }
     Box2 operator()(const Face3d& face) const { return ofPoints(face.corners.data(), face.corners.size()); }
     Box2 operator()(const Hatch& hatch) const;
+    Box2 operator()(const Text& text) const { return texts.place(text).boxThrough(map); }
+    Box2 operator()(const MText& text) const { return texts.place(text).boxThrough(map); }
+    Box2 operator()(const Image& image) const;
+    Box2 operator()(const Wipeout& wipeout) const { return ofPoints(wipeout.boundary.data(), wipeout.boundary.size()); }
     Box2 operator()(const Insert&) const { return {}; }
 
 private:
@@ -122,12 +127,20 @@ Box2 BoxMaker::ofEdge(const HatchEdge& edge) const {
     return ofPoints(ends, 2);
 }
 
+Box2 BoxMaker::operator()(const Image& image) const {
+    Box2 box;
+    for (const Vec2 pixel : image.outline()) {
+        addFinite(map.mapPoint(image.pointAt(pixel)), box);
+    }
+    return box;
+}
+
 Box2 BoxMaker::operator()(const Hatch& hatch) const {
     if (!hatch.solid) { // patterns are not drawn
         return {};
     }
     const PlanMap raised = map.raised(hatch.elevation);
-    return BoxMaker{entity, raised, curves}.ofLoops(hatch.loops);
+    return BoxMaker{entity, raised, curves, texts}.ofLoops(hatch.loops);
 }
 
 Box2 BoxMaker::ofLoops(const std::vector<HatchLoop>& loops) const {
@@ -145,8 +158,8 @@ Box2 BoxMaker::ofLoops(const std::vector<HatchLoop>& loops) const {
 
 } // namespace
 
-Box2 boxOf(const Entity& entity, const PlanMap& map, CurveBox curves) {
-    return std::visit(BoxMaker{entity, map, curves}, entity.geometry);
+Box2 boxOf(const Entity& entity, const PlanMap& map, CurveBox curves, const Typesetter& texts) {
+    return std::visit(BoxMaker{entity, map, curves, texts}, entity.geometry);
 }
 
 } // namespace kelplot

@@ -3,6 +3,7 @@
 #include "drawing/Entity.h"
 #include "geometry/Box2.h"
 #include "geometry/PlanMap.h"
+#include "plot/Typesetter.h"
 
 namespace kelplot {
 
@@ -13,7 +14,7 @@ enum class CurveBox {
 };
 
 /// The box of what an entity covers, without the width that its line weight adds; empty when it has
-/// nothing that can be drawn. References to blocks have no box of their own.
-Box2 boxOf(const Entity& entity, const PlanMap& map, CurveBox curves);
+/// nothing that can be drawn. References to blocks have no box of their own. `texts` lays out those of the drawing.
+Box2 boxOf(const Entity& entity, const PlanMap& map, CurveBox curves, const Typesetter& texts);
 
 } // namespace kelplot

@@ -24,14 +24,15 @@ EntityPlotter::EntityPlotter(const Drawing& drawing, const PlotTarget& target, c
                              HT_Renderer& renderer)
     : m_drawing(drawing), m_target(target), m_options(options),
       m_pens(renderer, target.hairlineWidth, target.thinnestDashed), m_canvas(renderer, target, m_pens),
-      m_unitSize(PlanMap(target.toDevice).meanScale()),
+      m_pictures(drawing, target, options.monochrome, renderer), m_typesetter(drawing, options.fonts),
+      m_texts(m_typesetter, target, options.texts, renderer), m_unitSize(PlanMap(target.toDevice).meanScale()),
       m_pointSize(pointSizeOn(target, drawing.pointSize, m_unitSize)) {
 }
 
 Box2 EntityPlotter::inkBox(const Entity& entity, const EntityStyle& style, const PlanMap& map) const {
     const bool isPoint = std::holds_alternative<PointEntity>(entity.geometry);
     const double margin = linePen(style).width + (isPoint ? m_pointSize : 0.0);
-    return boxOf(entity, map, CurveBox::hull).inflated(margin);
+    return boxOf(entity, map, CurveBox::hull, m_typesetter).inflated(margin);
 }
 
 void EntityPlotter::visit(const Entity& entity, const EntityStyle& style, const PlanMap& map) {

@@ -6,6 +6,9 @@
 #include "plot/EntityWalk.h"
 #include "plot/Ink.h"
 #include "plot/PenControl.h"
+#include "plot/PicturePlotter.h"
+#include "plot/TextPlotter.h"
+#include "plot/Typesetter.h"
 
 namespace kelplot {
 
@@ -22,6 +25,9 @@ public:
     /// What the entity may cover, with the width of its lines, in device coordinates.
     Box2 inkBox(const Entity& entity, const EntityStyle& style, const PlanMap& map) const;
 
+    /// Indices of the pictures that could not be had.
+    const std::set<uint32_t>& missingPictures() const { return m_pictures.missing(); }
+
 private:
     /// The entity in hand.
     struct Current {
@@ -32,6 +38,7 @@ private:
 
     HT_Color inkOf(const EntityStyle& style, InkUse use) const;
     Pen linePen(const EntityStyle& style) const;
+    EntityStyle styleOf(const std::optional<Colour>& colour, const Current& current) const;
     void useLinePen(const Current& current) { m_pens.setPen(linePen(current.style)); }
     void useFill(const Current& current);
 
@@ -45,6 +52,11 @@ private:
     void draw(const Solid& solid, const Current& current);
     void draw(const Face3d& face, const Current& current);
     void draw(const Hatch& hatch, const Current& current);
+    void draw(const Text& text, const Current& current) { draw(m_typesetter.place(text), current); }
+    void draw(const MText& text, const Current& current) { draw(m_typesetter.place(text), current); }
+    void draw(const PlacedText& text, const Current& current);
+    void draw(const Image& image, const Current& current);
+    void draw(const Wipeout& wipeout, const Current& current);
     void draw(const Insert&, const Current&) {} // the walk goes into blocks itself
 
     void strokeArc(const std::optional<EllipticArc>& arc, const Current& current);
@@ -52,11 +64,17 @@ private:
                         const PlanMap& map);
     void drawVaryingWidth(const std::vector<PolylineSegment>& segments, bool closed, const Current& current);
 
+    void frame(const Image& image, const std::vector<Vec2>& pixels, const Current& current);
+    void frame(const std::vector<Vec3>& corners, const Current& current);
+
     const Drawing& m_drawing;
     const PlotTarget& m_target;
     const PlotStyleOptions& m_options;
     PenControl m_pens;
     Canvas m_canvas;
+    PicturePlotter m_pictures;
+    Typesetter m_typesetter;
+    TextPlotter m_texts;
     double m_unitSize;  ///< device units in a drawing unit
     double m_pointSize; ///< device units
     std::vector<Vec2> m_path;

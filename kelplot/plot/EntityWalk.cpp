@@ -14,6 +14,8 @@ struct LiesInWorld {
     bool operator()(const Ellipse&) const { return true; }
     bool operator()(const Spline&) const { return true; }
     bool operator()(const Face3d&) const { return true; }
+    bool operator()(const Image&) const { return true; }
+    bool operator()(const Wipeout&) const { return true; }
     bool operator()(const Polyline& polyline) const { return polyline.spatial; }
     template <typename Planar>
     bool operator()(const Planar&) const {

@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::string_view defaultLayer = "0";
 constexpr std::string_view continuousLineType = "Continuous";
+constexpr std::string_view standardTextStyle = "Standard";
 
 bool equalsIgnoringCase(std::string_view left, const char* right) {
     return qstrnicmp(left.data(), static_cast<qsizetype>(left.size()), right) == 0;
@@ -29,6 +30,7 @@ Vec3 usableExtrusion(const Vec3& direction) {
 DrawingBuilder::DrawingBuilder() {
     layer(defaultLayer);
     lineType(continuousLineType);
+    textStyle(standardTextStyle);
 }
 
 uint32_t DrawingBuilder::layer(std::string_view name) {
@@ -55,6 +57,15 @@ uint32_t DrawingBuilder::lineType(std::string_view name) {
     return found.index;
 }
 
+uint32_t DrawingBuilder::textStyle(std::string_view name) {
+    std::string newName;
+    const NameTable::Found found = m_textStyles.find(name.empty() ? standardTextStyle : name, m_decoder, newName);
+    if (found.added) {
+        m_drawing.textStyles.emplace_back().name = std::move(newName);
+    }
+    return found.index;
+}
+
 uint32_t DrawingBuilder::block(std::string_view name) {
     std::string newName;
     const NameTable::Found found = m_blocks.find(name, m_decoder, newName);
@@ -62,6 +73,15 @@ uint32_t DrawingBuilder::block(std::string_view name) {
         Block& added = m_drawing.blocks.emplace_back();
         added.name = std::move(newName);
         added.defined = false;
+    }
+    return found.index;
+}
+
+uint32_t DrawingBuilder::image(std::string_view handle) {
+    std::string newHandle;
+    const NameTable::Found found = m_images.find(handle, m_decoder, newHandle);
+    if (found.added) {
+        m_drawing.images.emplace_back();
     }
     return found.index;
 }

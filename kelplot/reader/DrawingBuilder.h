@@ -26,8 +26,12 @@ public:
     uint32_t layer(std::string_view name);
     /// Index of the line type of this name, or the mark for "by layer" or "by block".
     uint32_t lineType(std::string_view name);
+    /// Index of the text style of this name; without a name that of the standard one.
+    uint32_t textStyle(std::string_view name);
     /// Index of the block of this name.
     uint32_t block(std::string_view name);
+    /// Index of the picture whose definition has this handle.
+    uint32_t image(std::string_view handle);
 
     /// From here on entities go where block `name` says: into the block, or into the model or paper
     /// space that it is the file's way to write.
@@ -35,6 +39,16 @@ public:
     /// As `beginBlock`, for a block without a name: nothing can refer to it, so its content is dropped.
     void beginNamelessBlock();
     void endBlock();
+    /// Whether entities go into a block that references show.
+    bool inBlock() const { return m_destination == Destination::block || m_destination == Destination::nowhere; }
+
+    /// Which attributes the drawing shows: none, all but invisible ones, or all.
+    enum class ShownAttributes { none, visible, all };
+    void setShownAttributes(ShownAttributes shown) { m_shownAttributes = shown; }
+    bool showsAttribute(bool invisible) const {
+        return m_shownAttributes == (invisible ? ShownAttributes::all : ShownAttributes::visible) ||
+               m_shownAttributes == ShownAttributes::all;
+    }
 
     /// Adds an entity whose coordinates belong to the plane of its extrusion.
     void add(const RecordHeader& header, Geometry&& geometry);
@@ -54,7 +68,10 @@ private:
     NameDecoder m_decoder;
     NameTable m_layers;
     NameTable m_lineTypes;
+    NameTable m_textStyles;
     NameTable m_blocks;
+    NameTable m_images;
+    ShownAttributes m_shownAttributes = ShownAttributes::visible;
     Destination m_destination = Destination::space;
     uint32_t m_currentBlock = noBlock;
 };

@@ -2,6 +2,8 @@
 
 #include <dl_dxf.h>
 
+#include <QFile>
+#include <QFileInfo>
 #include <istream>
 
 #include "reader/DrawingFault.h"
@@ -41,7 +43,9 @@ Drawing readGroups(DrawingFile& file, const Progress& progress) {
 Drawing DxfReader::read(const std::string& path, const Progress& progress) {
     DrawingFile file = openDrawingFile(path);
     try {
-        return readGroups(file, progress);
+        Drawing drawing = readGroups(file, progress);
+        drawing.folder = QFileInfo(QFile::decodeName(path.c_str())).path().toStdString();
+        return drawing;
     } catch (const DrawingFault& fault) {
         throw ReadError(ReadError::Reason::notADrawing, path + ": " + fault.what());
     }

@@ -2,6 +2,7 @@
 
 #include "reader/DrawingUnits.h"
 #include "reader/GroupValue.h"
+#include "reader/ImageObjects.h"
 #include "reader/RecordHeader.h"
 
 namespace kelplot {
@@ -23,8 +24,12 @@ void HeaderVariables::setInteger(std::string_view key, int value) {
         applyUnits();
     } else if (key == "$PDMODE") {
         m_builder.drawing().pointMode = value;
+    } else if (key == "$IMAGEFRAME") {
+        m_builder.drawing().imageFrames = value == framesPlotted;
     } else if (key == "$LWDEFAULT" && value >= 0) {
         m_builder.drawing().defaultLineWeight = lineWeightOf(value);
+    } else if (key == "$ATTMODE" && value >= 0 && value <= 2) {
+        m_builder.setShownAttributes(static_cast<DrawingBuilder::ShownAttributes>(value));
     }
 }
 

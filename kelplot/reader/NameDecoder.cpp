@@ -14,25 +14,8 @@ namespace {
 constexpr std::string_view firstUnicodeVersion = "AC1021";
 constexpr std::string_view unicodeEscape = "\\U+";
 constexpr std::string_view multiByteEscape = "\\M+";
+constexpr std::string_view doubleBackslash = "\\\\";
 constexpr std::size_t escapeDigits = 4;
-
-/// Code pages that are not simply Windows' own, by their number.
-struct CodePage {
-    std::string_view number;
-    const char* codec;
-};
-constexpr CodePage codePages[] = {
-    {"437", "IBM437"},        {"850", "IBM850"},        {"852", "IBM852"},        {"855", "IBM855"},
-    {"857", "IBM857"},        {"860", "IBM860"},        {"861", "IBM861"},        {"863", "IBM863"},
-    {"864", "IBM864"},        {"865", "IBM865"},        {"866", "IBM866"},        {"869", "IBM869"},
-    {"874", "TIS-620"},       {"932", "Shift_JIS"},     {"936", "GB18030"},       {"949", "EUC-KR"},
-    {"950", "Big5"},          {"1361", "Johab"},        {"1250", "windows-1250"}, {"1251", "windows-1251"},
-    {"1252", "windows-1252"}, {"1253", "windows-1253"}, {"1254", "windows-1254"}, {"1255", "windows-1255"},
-    {"1256", "windows-1256"}, {"1257", "windows-1257"}, {"1258", "windows-1258"},
-};
-
-/// The code page of a \M+N escape, by its digit.
-constexpr const char* multiByteCodecs[] = {nullptr, "Shift_JIS", "Big5", "EUC-KR", "Johab", "GB18030"};
 
 bool isPlain(std::string_view bytes) {
     return std::all_of(bytes.begin(), bytes.end(), [](char c) { return c != '\\' && (c & 0x80) == 0; });
@@ -40,12 +23,6 @@ bool isPlain(std::string_view bytes) {
 
 QByteArray viewOf(std::string_view bytes) {
     return QByteArray::fromRawData(bytes.data(), static_cast<int>(bytes.size()));
-}
-
-bool isUtf8(std::string_view bytes) {
-    QTextCodec::ConverterState state;
-    QTextCodec::codecForName("UTF-8")->toUnicode(bytes.data(), static_cast<int>(bytes.size()), &state);
-    return state.invalidChars == 0 && state.remainingChars == 0;
 }
 
 std::string convert(std::string_view bytes, QTextCodec* codec) {
@@ -73,12 +50,11 @@ std::optional<QString> takeEscape(std::string_view& text) {
         }
     }
     const std::size_t pageAt = multiByteEscape.size();
-    if (text.substr(0, pageAt) != multiByteEscape || text.size() <= pageAt || text[pageAt] < '1' ||
-        text[pageAt] > '5') {
+    if (text.substr(0, pageAt) != multiByteEscape || text.size() <= pageAt) {
         return std::nullopt;
     }
     const auto character = hexAt(text, pageAt + 1);
-    QTextCodec* const codec = QTextCodec::codecForName(multiByteCodecs[text[pageAt] - '0']);
+    QTextCodec* const codec = codePageOfEscape(text[pageAt]).codec;
     if (!character || codec == nullptr) {
         return std::nullopt;
     }
@@ -88,7 +64,7 @@ std::optional<QString> takeEscape(std::string_view& text) {
 }
 
 /// UTF-16 halves of one character stand in two escapes, so the text is put together in UTF-16.
-std::string replaceEscapes(std::string_view utf8) {
+std::string replaceEscapes(std::string_view utf8, bool keepsDouble) {
     QString result;
     while (!utf8.empty()) {
         const std::size_t plain = std::min(utf8.find('\\'), utf8.size());
@@ -97,8 +73,10 @@ std::string replaceEscapes(std::string_view utf8) {
         if (const auto characters = takeEscape(utf8)) {
             result += *characters;
         } else if (!utf8.empty()) {
-            result += QLatin1Char('\\');
-            utf8.remove_prefix(1);
+            const bool twice = keepsDouble && utf8.substr(0, 2) == doubleBackslash;
+            const std::size_t count = twice ? 2 : 1;
+            result += QString(static_cast<int>(count), QLatin1Char('\\'));
+            utf8.remove_prefix(count);
         }
     }
     return result.toStdString();
@@ -113,11 +91,7 @@ void NameDecoder::setVersion(std::string_view version) {
 }
 
 void NameDecoder::setCodePage(std::string_view name) {
-    const std::size_t digits = name.find_first_of("0123456789");
-    const std::string_view number = digits == std::string_view::npos ? std::string_view() : name.substr(digits);
-    const auto* const page = std::find_if(std::begin(codePages), std::end(codePages),
-                                          [&](const CodePage& candidate) { return candidate.number == number; });
-    m_codec = QTextCodec::codecForName(page != std::end(codePages) ? QByteArray(page->codec) : viewOf(name));
+    m_codePage = codePageOfDrawing(name);
 }
 
 std::string NameDecoder::decode(std::string_view bytes) const {
@@ -125,15 +99,27 @@ std::string NameDecoder::decode(std::string_view bytes) const {
         return std::string(bytes);
     }
     const std::string utf8 = decodeBytes(bytes);
-    return utf8.find('\\') == std::string::npos ? utf8 : replaceEscapes(utf8);
+    return utf8.find('\\') == std::string::npos ? utf8 : replaceEscapes(utf8, false);
+}
+
+std::string NameDecoder::decodeMarkup(std::string_view bytes) const {
+    const std::string utf8 = isPlain(bytes) ? std::string(bytes) : decodeBytes(bytes);
+    const bool escapes =
+        utf8.find(unicodeEscape) != std::string::npos || utf8.find(multiByteEscape) != std::string::npos;
+    return escapes ? replaceEscapes(utf8, true) : utf8;
+}
+
+std::string NameDecoder::decodeByte(unsigned char byte) const {
+    const char text = static_cast<char>(byte);
+    return convert({&text, 1}, m_codePage.multiByte ? nullptr : m_codePage.codec);
 }
 
 std::string NameDecoder::decodeBytes(std::string_view bytes) const {
-    // Without a code page, bytes that are sound UTF-8 hardly mean anything else.
-    if ((m_unicode || m_codec == nullptr) && isUtf8(bytes)) {
+    // Drawings lie about both: newer ones hold bytes of a code page, older ones UTF-8.
+    if (isUtf8(bytes) && (m_unicode || outweighs(bytes, m_codePage))) {
         return std::string(bytes);
     }
-    return convert(bytes, m_codec);
+    return convert(bytes, m_codePage.codec);
 }
 
 } // namespace kelplot

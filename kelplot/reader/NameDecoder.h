@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-class QTextCodec;
+#include "reader/CodePage.h"
 
 namespace kelplot {
 
@@ -19,11 +19,17 @@ public:
     /// `bytes` as UTF-8, with the escapes \\U+XXXX and \\M+NXXXX replaced by what they stand for.
     std::string decode(std::string_view bytes) const;
 
+    /// As `decode`, for texts in which a double backslash is one that begins no escape; it stays double.
+    std::string decodeMarkup(std::string_view bytes) const;
+
+    /// The character that a single byte of the drawing's code page stands for.
+    std::string decodeByte(unsigned char byte) const;
+
 private:
     std::string decodeBytes(std::string_view bytes) const;
 
     bool m_unicode = false;
-    QTextCodec* m_codec = nullptr;
+    CodePage m_codePage;
 };
 
 } // namespace kelplot

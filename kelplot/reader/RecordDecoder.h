@@ -16,8 +16,12 @@ public:
 
     /// A record of `type` begins; `type` is valid during the call only.
     virtual void begin(std::string_view type) = 0;
-    /// Takes a group of the record, except the one that begins it and extended data.
+    /// Takes a group of the record, except the one that begins it and those of the next two.
     virtual void take(const Group& group) = 0;
+    /// Takes a group of an object within the record, which has codes of its own; the first one is its mark.
+    virtual void takeEmbedded(const Group&) {}
+    /// Takes a group of what programs attached to the record.
+    virtual void takeExtended(const Group&) {}
     /// The record is complete.
     virtual void end(const RecordHeader& header, DrawingBuilder& builder) = 0;
 };

@@ -40,6 +40,13 @@ const LibraryType* findType(const LibraryType (&types)[count], std::string_view 
     return found == std::end(types) ? nullptr : found;
 }
 
+/// Long texts are cut into groups, one of which may happen to hold blanks only.
+bool isBlankText(const Group& group) {
+    constexpr int textCode = 1;
+    constexpr int furtherTextCode = 3;
+    return !group.value.empty() && (group.code == textCode || group.code == furtherTextCode);
+}
+
 } // namespace
 
 RecordRouter::RecordRouter(DrawingBuilder& builder)
@@ -56,9 +63,13 @@ bool RecordRouter::take(Group& group, std::uintmax_t remaining) {
     }
     if (m_reader == Reader::library && group.code > firstCommentCode) {
         m_libraryRecords.takeExtended(group);
+    } else if (m_reader == Reader::decoder && group.code > firstCommentCode) {
+        m_decoder->takeExtended(group);
     }
     // The library would read a number from an empty value without setting it.
-    if (group.code < 0 || group.code >= firstCommentCode || trimmed(group.value).empty()) {
+    const bool blankText = m_reader == Reader::decoder && isBlankText(group);
+    const bool meansNothing = trimmed(group.value).empty() && !blankText;
+    if (group.code < 0 || group.code >= firstCommentCode || meansNothing) {
         return false;
     }
     if (m_section == Section::header) {
@@ -66,17 +77,29 @@ bool RecordRouter::take(Group& group, std::uintmax_t remaining) {
     }
     m_embedded = m_embedded || group.code == embeddedObjectCode;
     // To the library, the code of a variable would begin a record of any type.
-    if (m_reader == Reader::nobody || m_embedded || group.code == variableCode) {
+    const bool forLibrary = m_reader == Reader::library;
+    if (m_reader == Reader::nobody || (m_embedded && forLibrary) || group.code == variableCode) {
         return false;
     }
     checkCount(m_type, group, remaining);
-    if (m_reader == Reader::library) {
+    if (forLibrary) {
         m_libraryRecords.take(group);
-        return true;
+    } else {
+        takeForDecoder(group);
     }
-    m_header.take(group, m_builder);
+    return forLibrary;
+}
+
+void RecordRouter::takeForDecoder(const Group& group) {
+    if (m_embedded) {
+        m_decoder->takeEmbedded(group);
+        return;
+    }
+    // The common codes are those of entities.
+    if (m_section != Section::tables) {
+        m_header.take(group, m_builder);
+    }
     m_decoder->take(group);
-    return false;
 }
 
 bool RecordRouter::takeOfHeader(Group& group) {
@@ -113,10 +136,8 @@ void RecordRouter::enterSection(std::string_view name) {
         std::string_view name;
         Section section;
     } sections[] = {
-        {"HEADER", Section::header},
-        {"TABLES", Section::tables},
-        {"BLOCKS", Section::blocks},
-        {"ENTITIES", Section::entities},
+        {"HEADER", Section::header},     {"TABLES", Section::tables},   {"BLOCKS", Section::blocks},
+        {"ENTITIES", Section::entities}, {"OBJECTS", Section::objects},
     };
     const auto* const found =
         std::find_if(std::begin(sections), std::end(sections), [&](const auto& entry) { return entry.name == name; });
@@ -140,12 +161,15 @@ void RecordRouter::chooseReader(std::string_view& readAs) {
         return;
     }
     const bool inTables = m_section == Section::tables;
-    if (const LibraryType* const found =
-            inTables ? findType(libraryTables, m_type) : findType(libraryEntities, m_type)) {
+    if (m_section == Section::objects) {
+        m_decoder = objectDecoderFor(m_type);
+        m_reader = m_decoder != nullptr ? Reader::decoder : Reader::nobody;
+    } else if (const LibraryType* const found =
+                   inTables ? findType(libraryTables, m_type) : findType(libraryEntities, m_type)) {
         m_reader = Reader::library;
         readAs = found->readAs;
-    } else if (!inTables) {
-        m_decoder = decoderFor(m_type);
+    } else {
+        m_decoder = inTables ? tableDecoderFor(m_type) : decoderFor(m_type);
         m_reader = m_decoder != nullptr ? Reader::decoder : Reader::nobody;
     }
     // Small programs leave the sections out and write just entities.
@@ -181,10 +205,29 @@ RecordDecoder* RecordRouter::decoderFor(std::string_view type) {
         {"DIMENSION", &m_dimensions},
         {"ARC_DIMENSION", &m_dimensions},
         {"LARGE_RADIAL_DIMENSION", &m_dimensions},
+        {"TEXT", &m_texts},
+        {"ATTRIB", &m_texts},
+        {"ATTDEF", &m_texts},
+        {"MTEXT", &m_paragraphTexts},
+        {"LEADER", &m_leaders},
+        {"IMAGE", &m_images},
+        {"WIPEOUT", &m_images},
     };
     const auto* const found =
         std::find_if(std::begin(decoders), std::end(decoders), [&](const auto& entry) { return entry.type == type; });
     return found == std::end(decoders) ? nullptr : found->decoder;
+}
+
+RecordDecoder* RecordRouter::tableDecoderFor(std::string_view type) {
+    if (type == "STYLE") {
+        return &m_textStyles;
+    }
+    return type == "DIMSTYLE" || type == "BLOCK_RECORD" ? &m_dimensionStyles : nullptr;
+}
+
+RecordDecoder* RecordRouter::objectDecoderFor(std::string_view type) {
+    const bool aboutImages = type == "IMAGEDEF" || type == "RASTERVARIABLES" || type == "WIPEOUTVARIABLES";
+    return aboutImages ? &m_imageObjects : nullptr;
 }
 
 } // namespace kelplot

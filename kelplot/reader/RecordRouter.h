@@ -5,11 +5,18 @@
 #include <string_view>
 
 #include "reader/DimensionDecoder.h"
+#include "reader/DimensionStyles.h"
 #include "reader/HatchDecoder.h"
+#include "reader/ImageDecoder.h"
+#include "reader/ImageObjects.h"
+#include "reader/LeaderDecoder.h"
 #include "reader/LibraryRecords.h"
 #include "reader/LwPolylineDecoder.h"
+#include "reader/MTextDecoder.h"
 #include "reader/PolylineDecoder.h"
 #include "reader/SplineDecoder.h"
+#include "reader/StyleTable.h"
+#include "reader/TextDecoder.h"
 
 namespace kelplot {
 
@@ -32,7 +39,7 @@ public:
     LibraryRecords& libraryRecords() { return m_libraryRecords; }
 
 private:
-    enum class Section { none, header, tables, blocks, entities, other };
+    enum class Section { none, header, tables, blocks, entities, objects, other };
     enum class Reader { nobody, library, decoder };
 
     bool takeOfHeader(Group& group);
@@ -41,6 +48,9 @@ private:
     void chooseReader(std::string_view& readAs);
     void beginRecord();
     RecordDecoder* decoderFor(std::string_view type);
+    RecordDecoder* tableDecoderFor(std::string_view type);
+    RecordDecoder* objectDecoderFor(std::string_view type);
+    void takeForDecoder(const Group& group);
 
     DrawingBuilder& m_builder;
     LibraryRecords m_libraryRecords;
@@ -49,6 +59,13 @@ private:
     SplineDecoder m_splines;
     HatchDecoder m_hatches;
     DimensionDecoder m_dimensions;
+    StyleTable m_textStyles;
+    DimensionStyles m_dimensionStyles;
+    TextDecoder m_texts;
+    MTextDecoder m_paragraphTexts;
+    LeaderDecoder m_leaders{m_dimensionStyles};
+    ImageDecoder m_images;
+    ImageObjects m_imageObjects;
 
     Section m_section = Section::none;
     std::string m_type; ///< of the current record

@@ -103,48 +103,107 @@ void requireSound(const QString& path, const std::vector<PaperSize>& records) {
     }
 }
 
-/// Tells whether a rewritten file still states all that it did; the note of a header may have swallowed a key.
-bool keepsKeys(const QString& original, const QString& rewritten) {
-    inifile::IniFile before;
-    inifile::IniFile after;
+/// Refuses what a rewritten file would not keep: the note of a header swallows the line below it, and the new paper
+/// takes the section behind the counted ones.
+void requireRewritable(const QString& path, size_t papers) {
+    inifile::IniFile file;
     std::vector<std::string> sections;
-    if (before.Load(original.toStdString()) != 0 || after.Load(rewritten.toStdString()) != 0) {
-        return !QFile::exists(original);
+    file.Load(path.toStdString());
+    file.GetSections(sections);
+    for (const std::string& section : sections) {
+        if (!file.getSection(section)->rightComment.empty()) {
+            throw SettingsError(path, QStringLiteral("the note behind the header [%1] would swallow the line below it; "
+                                                     "give the note a line of its own")
+                                          .arg(QString::fromStdString(section)));
+        }
     }
-    before.GetSections(sections);
-    return std::all_of(sections.begin(), sections.end(), [&](const std::string& section) {
-        const auto& items = before.getSection(section)->items;
-        return std::all_of(items.begin(), items.end(),
-                           [&](const inifile::IniItem& item) { return after.HasKey(section, item.key); });
-    });
+    const QString next = sectionName(static_cast<int>(papers));
+    if (file.HasSection(next.toStdString())) {
+        throw SettingsError(path,
+                            QStringLiteral("PaperCount is %1, so a paper would replace [%2]").arg(papers).arg(next));
+    }
 }
 
-/// A new file beside `original` with the content of it, if there is one.
-void startCopy(QTemporaryFile& copy, const QString& original) {
+/// A line of a settings file: section, key and value.
+using StatedItem = std::array<std::string, 3>;
+
+bool isOfPapers(const std::string& section, const std::string& key) {
+    const QString name = QString::fromStdString(section);
+    bool isNumber = false;
+    name.midRef(name.indexOf(QLatin1Char(' ')) + 1).toInt(&isNumber);
+    return (isNumber && name.startsWith(QStringLiteral("Paper "))) || (section == "General" && key == "PaperCount");
+}
+
+/// What a file states besides its papers, in its order; nothing when there is no file.
+std::vector<StatedItem> otherItems(const QString& path) {
+    inifile::IniFile file;
+    std::vector<std::string> sections;
+    std::vector<StatedItem> items;
+    file.Load(path.toStdString());
+    file.GetSections(sections);
+    for (const std::string& section : sections) {
+        for (const inifile::IniItem& item : file.getSection(section)->items) {
+            if (!isOfPapers(section, item.key)) {
+                items.push_back({section, item.key, item.value});
+            }
+        }
+    }
+    return items;
+}
+
+/// The comment and blank lines behind the last key. The library does not keep them.
+QByteArray closingComment(const QByteArray& text) {
+    int start = 0;
+    for (int line = 0; line < text.size();) {
+        const int newline = text.indexOf('\n', line);
+        const int next = newline < 0 ? text.size() : newline + 1;
+        const QByteArray content = text.mid(line, next - line).trimmed();
+        start = content.isEmpty() || content.startsWith('#') ? start : next;
+        line = next;
+    }
+    return text.mid(start);
+}
+
+/// A new file beside `original` with the content of it, if there is one; returns that.
+QByteArray startCopy(QTemporaryFile& copy, const QString& original) {
     QFile source(original);
     const bool exists = source.exists();
-    const QByteArray content = exists && source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
+    if (exists && !source.open(QIODevice::ReadOnly)) {
+        throw SettingsError(original, source.errorString());
+    }
+    const QByteArray content = exists ? source.readAll() : QByteArray();
     if (!copy.open() || copy.write(content) != content.size() || !copy.flush()) {
         throw SettingsError(original, copy.errorString());
     }
     constexpr auto usual = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther;
     copy.setPermissions(exists ? source.permissions() : usual);
     copy.close();
+    return content;
+}
+
+void append(const QString& path, const QByteArray& text) {
+    QFile file(path);
+    if (!file.open(QIODevice::Append) || file.write(text) != text.size() || !file.flush()) {
+        throw SettingsError(path, file.errorString());
+    }
+}
+
+void putInPlace(QTemporaryFile& copy, const QString& path) {
+    if (std::rename(QFile::encodeName(copy.fileName()).constData(), QFile::encodeName(path).constData()) != 0) {
+        throw SettingsError(path, QStringLiteral("cannot be written"));
+    }
+    copy.setAutoRemove(false);
 }
 
 /// Puts `copy` in the place of `original`, which stays beside it.
 void replaceFile(const QString& original, QTemporaryFile& copy) {
-    const QString kept = original + QLatin1Char('~');
     if (QFile::exists(original)) {
-        QFile::remove(kept);
-        if (!QFile::copy(original, kept)) {
-            throw SettingsError(kept, QStringLiteral("cannot be written"));
-        }
+        const QString beside = original + QLatin1Char('~');
+        QTemporaryFile kept(beside + QStringLiteral("XXXXXX"));
+        startCopy(kept, original);
+        putInPlace(kept, beside);
     }
-    if (std::rename(QFile::encodeName(copy.fileName()).constData(), QFile::encodeName(original).constData()) != 0) {
-        throw SettingsError(original, QStringLiteral("cannot be written"));
-    }
-    copy.setAutoRemove(false);
+    putInPlace(copy, original);
 }
 
 } // namespace
@@ -226,15 +285,17 @@ int PaperFile::add(const PaperSize& paper) const {
     const QString target = exists ? QFileInfo(m_text).canonicalFilePath() : m_text;
     std::vector<PaperSize> wanted = exists ? readText() : std::vector<PaperSize>();
 
+    requireRewritable(target, wanted.size());
+
     QTemporaryFile copy(target.chopped(4) + QStringLiteral("-XXXXXX.ini"));
-    startCopy(copy, target);
+    const QByteArray before = startCopy(copy, target);
     wanted.push_back(paper);
     wanted.back().Paper = HT_DefaultCreatePaper(nullptr, paper, copy.fileName().toStdWString().c_str());
+    append(copy.fileName(), closingComment(before));
     const std::vector<PaperSize> written = recordsFrom(copy.fileName());
     const bool whole = std::equal(wanted.begin(), wanted.end(), written.begin(), written.end(), samePaper);
-    if (!whole || !keepsKeys(target, copy.fileName())) {
-        throw SettingsError(m_text, QStringLiteral("the paper cannot be added without loss: the disk is full, or a "
-                                                   "note stands behind the header of a section; give it its own line"));
+    if (!whole || otherItems(target) != otherItems(copy.fileName())) {
+        throw SettingsError(m_text, QStringLiteral("cannot be rewritten whole; the disk may be full"));
     }
     replaceFile(target, copy);
     return wanted.back().Paper;

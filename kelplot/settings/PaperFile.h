@@ -26,7 +26,8 @@ public:
     std::vector<PaperSize> read(QStringList& warnings) const;
 
     /// Adds a paper under a number of its own and returns it. Creates folder and file where they are missing; what the
-    /// file was before stays beside it with "~" behind its name. Throws `SettingsError`, and then nothing has changed.
+    /// file was before stays beside it with "~" behind its name. All comments stay but those above the keys of papers.
+    /// Throws `SettingsError`, and then the file is as it was; beside it there is at worst a copy of it.
     int add(const PaperSize& paper) const;
 
     /// Tells whether the device takes a sheet of this size, one way round or the other. Without a file it does.

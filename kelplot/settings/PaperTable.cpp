@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 #include <utility>
 
+#include "settings/NearestNames.h"
 #include "settings/PaperFile.h"
 #include "settings/SettingsFile.h"
 
@@ -25,20 +25,6 @@ QString plainName(const QString& name) {
         }
     }
     return plain;
-}
-
-/// How many letters must be added, dropped or changed to make `b` of `a`.
-int differencesBetween(const QString& a, const QString& b) {
-    std::vector<int> row(static_cast<size_t>(b.size()) + 1);
-    std::iota(row.begin(), row.end(), 0);
-    for (const QChar letter : a) {
-        int diagonal = std::exchange(row[0], row[0] + 1);
-        for (size_t j = 1; j < row.size(); ++j) {
-            const int changed = diagonal + (letter == b[static_cast<int>(j) - 1] ? 0 : 1);
-            diagonal = std::exchange(row[j], std::min({changed, row[j] + 1, row[j - 1] + 1}));
-        }
-    }
-    return row.back();
 }
 
 NamedPaper paperOf(const PaperSize& record, bool own) {
@@ -93,19 +79,12 @@ const NamedPaper* PaperTable::find(const QString& name) const& {
 }
 
 QStringList PaperTable::nearest(const QString& name) const {
-    constexpr size_t mostNames = 5;
-    const QString wanted = plainName(name);
-    std::vector<std::pair<int, QString>> ranked;
-    for (const NamedPaper& paper : m_papers) {
-        ranked.emplace_back(differencesBetween(wanted, plainName(paper.name)), paper.name);
-    }
-    std::stable_sort(ranked.begin(), ranked.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-    ranked.resize(std::min(ranked.size(), mostNames));
+    constexpr int mostNames = 5;
     QStringList names;
-    for (const auto& [differences, paperName] : ranked) {
-        names << paperName;
+    for (const NamedPaper& paper : m_papers) {
+        names << paper.name;
     }
-    return names;
+    return nearestNames(name, names, mostNames, plainName);
 }
 
 std::optional<PaperSize> recordFor(const QString& name, const SheetSize& size, const Margins& margins) {

@@ -1,8 +1,7 @@
 #include "settings/PenFile.h"
 
-#include <QStringList>
+#include <map>
 
-#include "keldriver/IniFile.h"
 #include "page/Numbers.h"
 #include "settings/SettingsFile.h"
 
@@ -73,16 +72,19 @@ PenRule ruleFrom(const QString& text) {
     return {widthFrom(parts[0]), inkFrom(parts[1]), screeningFrom(parts[2])};
 }
 
-PenRule ruleAt(const QString& path, const QString& key) {
-    const QString value = settingFrom(path, penSection, key);
+PenRule ruleAt(const QString& path, const Setting& pen) {
     try {
-        return ruleFrom(value);
+        return ruleFrom(pen.value);
     } catch (const PenFault& fault) {
-        throw SettingsError(path, QStringLiteral("pen %1=%2: %3").arg(key, value, fault.reason));
+        throw SettingsError(path, QStringLiteral("pen %1=%2: %3").arg(pen.key, pen.value, fault.reason));
     }
 }
 
+/// The colour number of a pen; 0 for the numbers that are not listed.
 int numberAt(const QString& path, const QString& key) {
+    if (key == others) {
+        return 0;
+    }
     bool isNumber = false;
     const int number = key.toInt(&isNumber);
     if (!isNumber || number < 1 || number > PenTable::lastNumber) {
@@ -91,42 +93,28 @@ int numberAt(const QString& path, const QString& key) {
     return number;
 }
 
-/// The keys of the table, once each.
-QStringList penKeys(inifile::IniFile& file) {
-    QStringList keys;
-    if (const inifile::IniSection* const section = file.getSection(penSection)) {
-        for (const inifile::IniItem& item : section->items) {
-            keys << QString::fromStdString(item.key);
-        }
-    }
-    keys.removeDuplicates();
-    return keys;
-}
-
 } // namespace
 
 bool holdsPens(const QString& path) {
-    inifile::IniFile file;
-    return file.Load(path.toStdString()) == 0 && file.HasSection(penSection);
+    return settingsFrom(path, penSection).has_value();
 }
 
-PenTable penTableFrom(const QString& path) {
-    requireSettings(path);
-    inifile::IniFile file;
-    file.Load(path.toStdString());
-    if (!file.HasSection(penSection)) {
-        throw SettingsError(path,
-                            QStringLiteral("no pen table: it has no section [%1]").arg(QLatin1String(penSection)));
+PenTable penTableFrom(const QStringList& paths) {
+    std::map<int, PenRule> rules;
+    for (const QString& path : paths) {
+        const auto pens = settingsFrom(path, penSection);
+        if (!pens) {
+            throw SettingsError(path,
+                                QStringLiteral("no pen table: it has no section [%1]").arg(QLatin1String(penSection)));
+        }
+        for (const Setting& pen : *pens) {
+            rules[numberAt(path, pen.key)] = ruleAt(path, pen);
+        }
     }
     PenTable table;
-    const PenRule rule = ruleAt(path, QString(others));
     for (int number = 1; number <= PenTable::lastNumber; ++number) {
-        table.set(number, rule);
-    }
-    for (const QString& key : penKeys(file)) {
-        if (key != others) {
-            table.set(numberAt(path, key), ruleAt(path, key));
-        }
+        const auto listed = rules.find(number);
+        table.set(number, listed != rules.end() ? listed->second : rules[0]);
     }
     return table;
 }

@@ -1,16 +1,17 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 #include "plot/PenTable.h"
 
 namespace kelplot {
 
-/// Tells whether a sound file of settings holds a pen table.
+/// Tells whether a file of settings holds a pen table. Throws `SettingsError` when it is not sound.
 bool holdsPens(const QString& path);
 
-/// Reads the section "Pens" of a file: "NUMBER=WIDTH,COLOUR,SCREENING", or "other" for the numbers that are not listed.
-/// What is left away at the end of a line is left to the drawing. Throws `SettingsError`, which names the line.
-PenTable penTableFrom(const QString& path);
+/// Reads the section "Pens" of files: "NUMBER=WIDTH,COLOUR,SCREENING", or "other" for the numbers that none of them
+/// lists. What is left away at the end of a line is left to the drawing. Of several files, the last to state a pen
+/// counts. Throws `SettingsError`, which names the line.
+PenTable penTableFrom(const QStringList& paths);
 
 } // namespace kelplot

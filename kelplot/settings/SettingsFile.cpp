@@ -3,11 +3,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 #include <QStandardPaths>
-#include <array>
+#include <algorithm>
 
 #include "keldriver/IniFile.h"
-#include "keldriver/PrivateProfile.h"
 #include "keldriver/Utility.h"
 
 namespace kelplot {
@@ -28,10 +28,20 @@ QString reasonOf(int code, const QString& message) {
     }
 }
 
+QString withoutQuotes(const std::string& value) {
+    const size_t first = std::min(value.find_first_not_of('"'), value.size());
+    const size_t end = value.find_last_not_of('"') + 1;
+    return QString::fromStdString(value.substr(first, std::max(end, first) - first));
+}
+
 } // namespace
 
 QString driverFolder() {
-    return QString::fromWCharArray(VornGetAppDataPath());
+    const QString folder = QString::fromWCharArray(VornGetAppDataPath());
+    if (folder.isEmpty()) {
+        throw SettingsError(QStringLiteral("Drivers"), QStringLiteral("the program's folder cannot be told"));
+    }
+    return folder;
 }
 
 QString ownFolder() {
@@ -54,11 +64,24 @@ void requireSettings(const QString& path) {
     }
 }
 
-QString settingFrom(const QString& path, const char* section, const QString& key) {
-    std::array<wchar_t, 4096> value{};
-    GetPrivateProfileStringEx(QString::fromLatin1(section).toStdWString().c_str(), key.toStdWString().c_str(), L"",
-                              value.data(), static_cast<unsigned int>(value.size()), path.toStdWString().c_str());
-    return QString::fromWCharArray(value.data());
+std::optional<std::vector<Setting>> settingsFrom(const QString& path, const char* section) {
+    requireSettings(path);
+    inifile::IniFile file;
+    file.Load(path.toStdString());
+    const inifile::IniSection* const found = file.getSection(section);
+    if (!found) {
+        return std::nullopt;
+    }
+    std::vector<Setting> settings;
+    QSet<QString> keys;
+    for (const inifile::IniItem& item : found->items) {
+        const QString key = QString::fromStdString(item.key);
+        if (!keys.contains(key)) {
+            keys << key;
+            settings.push_back({key, withoutQuotes(item.value)});
+        }
+    }
+    return settings;
 }
 
 } // namespace kelplot

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 #include <stdexcept>
+#include <vector>
 
 namespace kelplot {
 
@@ -12,7 +14,7 @@ public:
         : std::runtime_error((path + QStringLiteral(": ") + reason).toStdString()) {}
 };
 
-/// The folder with the settings that belong to the program.
+/// The folder with the settings that belong to the program. Throws `SettingsError` when the system does not tell it.
 QString driverFolder();
 
 /// The folder with the user's own settings. It need not exist.
@@ -21,7 +23,14 @@ QString ownFolder();
 /// Throws `SettingsError` when there is no such file or it is not wholly a settings file.
 void requireSettings(const QString& path);
 
-/// The value of a key; empty when the file does not state it.
-QString settingFrom(const QString& path, const char* section, const QString& key);
+/// A key and its value, without quotes.
+struct Setting {
+    QString key;
+    QString value;
+};
+
+/// What a section states, in its order; of several equal keys the first counts. Nothing when there is no such section.
+/// Throws as `requireSettings` does.
+std::optional<std::vector<Setting>> settingsFrom(const QString& path, const char* section);
 
 } // namespace kelplot

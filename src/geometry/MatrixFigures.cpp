@@ -36,6 +36,12 @@ double fold(int count, double start, Line line, Fold step) {
     return start;
 }
 
+/// The element of a row or column that wins every comparison; 0 when there are none.
+template <typename Line, typename Choice>
+double best(int count, Line line, Choice choose) {
+    return count > 0 ? fold(count, line(0), line, choose) : 0.0;
+}
+
 } // namespace
 
 CPrintDriverMatrix CPrintDriverMatrix::Covariant() const {
@@ -88,23 +94,23 @@ double CPrintDriverMatrix::SumColumnSquared(int col) const {
 }
 
 double CPrintDriverMatrix::GetRowMin(int row) const {
-    return fold(
-        m_cols, element(row, 0), [&](int col) { return element(row, col); }, smaller);
+    return best(
+        m_cols, [&](int col) { return element(row, col); }, smaller);
 }
 
 double CPrintDriverMatrix::GetRowMax(int row) const {
-    return fold(
-        m_cols, element(row, 0), [&](int col) { return element(row, col); }, larger);
+    return best(
+        m_cols, [&](int col) { return element(row, col); }, larger);
 }
 
 double CPrintDriverMatrix::GetColumnMin(int col) const {
-    return fold(
-        m_rows, element(0, col), [&](int row) { return element(row, col); }, smaller);
+    return best(
+        m_rows, [&](int row) { return element(row, col); }, smaller);
 }
 
 double CPrintDriverMatrix::GetColumnMax(int col) const {
-    return fold(
-        m_rows, element(0, col), [&](int row) { return element(row, col); }, larger);
+    return best(
+        m_rows, [&](int row) { return element(row, col); }, larger);
 }
 
 double CPrintDriverMatrix::calculate() const {

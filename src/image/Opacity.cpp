@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include <QImage>
+#include <QRgba64>
 
 #include "geometry/Rounding.h"
 
@@ -24,18 +25,45 @@ OpacityTable opacityTable(int alpha) {
     return table;
 }
 
-bool isOpaqueRow(const uint32_t* pixels, int count) {
-    uint32_t common = alphaBits;
+bool isOpaqueRow(const QRgb* pixels, int count) {
+    QRgb common = alphaBits;
     for (int i = 0; i < count; ++i) {
         common &= pixels[i];
     }
     return common == alphaBits;
 }
 
-void multiplyRow(uint32_t* pixels, int count, const OpacityTable& table) {
+bool isOpaqueRow(const QRgba64* pixels, int count) {
+    return std::all_of(pixels, pixels + count, [](QRgba64 pixel) { return pixel.alpha8() == 255; });
+}
+
+template <typename Pixel>
+bool hasOpaqueRows(const QImage& image) {
+    for (int y = 0; y < image.height(); ++y) {
+        if (!isOpaqueRow(reinterpret_cast<const Pixel*>(image.constScanLine(y)), image.width())) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void multiplyRow(QRgb* pixels, int count, const OpacityTable& table) {
     for (int i = 0; i < count; ++i) {
-        const uint32_t opacity = table[pixels[i] >> 24];
+        const QRgb opacity = table[pixels[i] >> 24];
         pixels[i] = (pixels[i] & colorBits) | opacity << 24;
+    }
+}
+
+void multiplyRow(QRgba64* pixels, int count, const OpacityTable& table) {
+    for (int i = 0; i < count; ++i) {
+        pixels[i].setAlpha(static_cast<quint16>(table[pixels[i].alpha8()] * 257)); // 255 becomes 65535
+    }
+}
+
+template <typename Pixel>
+void multiplyRows(QImage& image, const OpacityTable& table) {
+    for (int y = 0; y < image.height(); ++y) {
+        multiplyRow(reinterpret_cast<Pixel*>(image.scanLine(y)), image.width(), table);
     }
 }
 
@@ -45,13 +73,10 @@ bool hasTranslucentPixel(const QImage& image) {
     if (!image.hasAlphaChannel()) {
         return false;
     }
-    const QImage pixels = image.convertToFormat(QImage::Format_ARGB32); // shares the memory where it is that already
-    for (int y = 0; y < pixels.height(); ++y) {
-        if (!isOpaqueRow(reinterpret_cast<const uint32_t*>(pixels.constScanLine(y)), pixels.width())) {
-            return true;
-        }
+    if (image.format() == QImage::Format_RGBA64) {
+        return !hasOpaqueRows<QRgba64>(image);
     }
-    return false;
+    return !hasOpaqueRows<QRgb>(image.convertToFormat(QImage::Format_ARGB32)); // shares the memory of one that is that
 }
 
 void multiplyOpacity(QImage& image, int alpha) {
@@ -59,17 +84,9 @@ void multiplyOpacity(QImage& image, int alpha) {
         return;
     }
     const OpacityTable table = opacityTable(alpha);
-    if (image.format() == QImage::Format_ARGB32) {
-        for (int y = 0; y < image.height(); ++y) {
-            multiplyRow(reinterpret_cast<uint32_t*>(image.scanLine(y)), image.width(), table);
-        }
-        return;
-    }
-    for (int y = 0; y < image.height(); ++y) { // 16 bits a channel
-        for (int x = 0; x < image.width(); ++x) {
-            QColor color = image.pixelColor(x, y);
-            color.setAlpha(table[static_cast<size_t>(color.alpha())]);
-            image.setPixelColor(x, y, color);
-        }
+    if (image.format() == QImage::Format_RGBA64) {
+        multiplyRows<QRgba64>(image, table);
+    } else if (image.format() == QImage::Format_ARGB32) {
+        multiplyRows<QRgb>(image, table);
     }
 }

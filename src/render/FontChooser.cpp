@@ -10,6 +10,7 @@
 #include "render/FontCoverage.h"
 #include "render/FontStock.h"
 #include "render/LogFont.h"
+#include "render/WideText.h"
 
 namespace {
 
@@ -18,7 +19,7 @@ constexpr uint8_t defaultCharSet = 1; // whatever the font has
 
 /// The families that the system draws these characters with when it is asked for this font.
 QStringList systemChoice(const tagLOGFONTW& record, std::wstring_view cluster) {
-    QTextLayout layout(QString::fromWCharArray(cluster.data(), static_cast<int>(cluster.size())), fontFor(record));
+    QTextLayout layout(toQString(cluster), usualSizeFontFor(record));
     layout.beginLayout();
     layout.createLine();
     layout.endLayout();
@@ -74,11 +75,6 @@ void FontChooser::addCandidate(const tagLOGFONTW& record) {
     candidates.push_back({record, stock.coverageOf(record)});
 }
 
-bool FontChooser::mayShow(size_t font, std::wstring_view cluster) const {
-    FontCoverage* coverage = candidates[font].coverage;
-    return coverage == nullptr || coverage->showsAll(cluster);
-}
-
 std::optional<size_t> FontChooser::listedFont(std::wstring_view cluster) const {
     for (size_t font = 0; font < listed; ++font) {
         FontCoverage* coverage = candidates[font].coverage;
@@ -116,7 +112,9 @@ std::optional<size_t> FontChooser::systemFont(std::wstring_view cluster) {
     if (stock.families().isEmpty()) {
         return std::nullopt;
     }
-    for (const QString& family : systemChoice(candidates.front().record, cluster) + stock.families()) {
+    QStringList families = systemChoice(candidates.front().record, cluster);
+    families << stock.defaultFamily() << stock.families();
+    for (const QString& family : families) {
         if (const std::optional<size_t> font = familyFont(family, cluster)) {
             return font;
         }

@@ -25,8 +25,6 @@ public:
 
     /// The font for a cluster: one that can show all of it, else one for its first character, else the requested one.
     size_t choose(std::wstring_view cluster);
-    /// True unless the font is known to lack a character of the cluster.
-    bool mayShow(size_t font, std::wstring_view cluster) const;
     const tagLOGFONTW& record(size_t font) const { return candidates[font].record; }
 
 private:

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include "render/TextCluster.h"
+#include "render/WideText.h"
 
 namespace {
 
@@ -43,7 +44,7 @@ bool FontCoverage::shows(wchar_t character) {
 
 bool FontCoverage::showsEach(std::wstring_view cluster) {
     return std::all_of(cluster.begin(), cluster.end(),
-                       [this](wchar_t character) { return isInvisible(character) || shows(character); });
+                       [this](wchar_t character) { return shows(character) || isBlank(character); });
 }
 
 bool FontCoverage::showsAll(std::wstring_view cluster) {
@@ -54,6 +55,5 @@ bool FontCoverage::showsAll(std::wstring_view cluster) {
         return false;
     }
     // A letter and its mark are drawn as the one glyph that stands for both, where the font has it.
-    const QString characters = QString::fromWCharArray(cluster.data(), static_cast<int>(cluster.size()));
-    return showsEach(characters.normalized(QString::NormalizationForm_C).toStdWString());
+    return showsEach(toQString(cluster).normalized(QString::NormalizationForm_C).toStdWString());
 }

@@ -14,7 +14,7 @@ public:
     explicit FontCoverage(QRawFont source);
 
     bool shows(wchar_t character);
-    /// True when the font can show every visible character of the cluster, as it stands or composed.
+    /// True when the font can show every character of the cluster that is not blank, as it stands or composed.
     bool showsAll(std::wstring_view cluster);
 
 private:

@@ -4,6 +4,7 @@
 
 #include <QFont>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QGuiApplication>
 
 #include "render/LogFont.h"
@@ -25,7 +26,7 @@ bool hasFontDatabase() {
 }
 
 QRawFont rawFontFor(const tagLOGFONTW& record) {
-    QFont font = fontFor(record);
+    QFont font = usualSizeFontFor(record);
     font.setStyleStrategy(QFont::NoFontMerging); // else other fonts lend their characters
     return QRawFont::fromFont(font);
 }
@@ -41,8 +42,7 @@ void FontStock::add(const std::wstring& faceName, const tagLOGFONTW& record) {
     } else {
         mapped.push_back({name, record});
     }
-    choosersByName.clear();
-    choosersByRecord.clear();
+    forgetChoosers();
 }
 
 const tagLOGFONTW* FontStock::find(const std::wstring& faceName) const {
@@ -66,7 +66,17 @@ const QStringList& FontStock::families() {
     return installed;
 }
 
+QString FontStock::defaultFamily() {
+    if (families().isEmpty()) {
+        return {};
+    }
+    return withoutFoundry(QFontInfo(QFontDatabase::systemFont(QFontDatabase::GeneralFont)).family());
+}
+
 FontCoverage* FontStock::coverageOf(const tagLOGFONTW& record) {
+    if (families().isEmpty()) {
+        return nullptr; // for now: once there is an application, the font may be there
+    }
     const auto [place, isNew] = coverages.try_emplace(keyOf(record));
     if (isNew) {
         const QString family = withoutFoundry(QString::fromStdWString(faceNameOf(record)));
@@ -77,7 +87,19 @@ FontCoverage* FontStock::coverageOf(const tagLOGFONTW& record) {
     return place->second.get();
 }
 
+void FontStock::forgetChoosers() {
+    choosersByName.clear();
+    choosersByRecord.clear();
+}
+
+void FontStock::lookForFonts() {
+    if (installed.isEmpty() && !families().isEmpty()) {
+        forgetChoosers();
+    }
+}
+
 FontChooser& FontStock::chooserFor(const std::wstring& faceName) {
+    lookForFonts();
     std::unique_ptr<FontChooser>& chooser = choosersByName[faceName];
     if (chooser == nullptr) {
         chooser = std::make_unique<FontChooser>(*this, faceName);
@@ -86,6 +108,7 @@ FontChooser& FontStock::chooserFor(const std::wstring& faceName) {
 }
 
 FontChooser& FontStock::chooserFor(const tagLOGFONTW& request) {
+    lookForFonts();
     std::unique_ptr<FontChooser>& chooser = choosersByRecord[keyOf(request)];
     if (chooser == nullptr) {
         chooser = std::make_unique<FontChooser>(*this, request);

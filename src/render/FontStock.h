@@ -26,12 +26,15 @@ public:
     const tagLOGFONTW* find(const std::wstring& faceName) const;
 
     /// What the installed font of the record's face name can show in its weight and slant; null when none is
-    /// installed. Owned by the stock.
+    /// installed, or none can be told of without a `QGuiApplication`. Owned by the stock.
     FontCoverage* coverageOf(const tagLOGFONTW& record);
     /// Every family that is installed; none without a `QGuiApplication`.
     const QStringList& families();
+    /// The family that the system draws with when nothing else is asked for; empty without a `QGuiApplication`.
+    QString defaultFamily();
 
-    /// Chooses fonts for texts that ask for a face name. Owned by the stock; valid until a font is added.
+    /// Chooses fonts for texts that ask for a face name. Owned by the stock; valid until a font is added
+    /// or another chooser is asked for.
     FontChooser& chooserFor(const std::wstring& faceName);
     /// Chooses fonts for texts that ask for a record; all keep its weight and slant.
     FontChooser& chooserFor(const tagLOGFONTW& request);
@@ -40,6 +43,9 @@ private:
     using FontKey = std::tuple<QString, int32_t, bool>; ///< folded face name, weight, slanted
 
     static FontKey keyOf(const tagLOGFONTW& record);
+    void forgetChoosers();
+    /// Forgets the choosers from before there was an application, which know of no installed fonts.
+    void lookForFonts();
 
     std::vector<MappedFont> mapped; ///< in the driver's order of preference
     QStringList installed;

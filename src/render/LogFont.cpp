@@ -72,3 +72,8 @@ QFont fontFor(const tagLOGFONTW& record) {
     font.setStrikeOut(record.lfStrikeOut != 0);
     return font;
 }
+
+QFont usualSizeFontFor(tagLOGFONTW record) {
+    record.lfHeight = 0;
+    return fontFor(record);
+}

@@ -19,3 +19,6 @@ tagLOGFONTW logFontFor(const HT_Font& font);
 
 /// The Qt font that a record asks for, its height taken in pixels of the primary screen.
 QFont fontFor(const tagLOGFONTW& record);
+
+/// The same in Qt's usual size. What a font can show does not depend on its size, but Qt gives no glyphs of a huge one.
+QFont usualSizeFontFor(tagLOGFONTW record);

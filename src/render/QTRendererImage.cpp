@@ -37,7 +37,8 @@ Destination destinationFor(const HT_RasterImage_Record& record, double scale) {
             static_cast<double>(truncateToInt32(height * scale))};
 }
 
-// How many bytes of pixels an image is known to have. Memory that is not the library's own is trusted.
+// How many bytes of pixels an image is known to have. Memory that is not the library's own is trusted. The casts
+// need the type information of every implementation, a driver's too.
 uint64_t knownSize(const HT_RasterImage& image) {
     const bool isOwn = dynamic_cast<const HT_RasterImageDibImpl*>(&image) != nullptr ||
                        dynamic_cast<const HT_RasterImageImpl*>(&image) != nullptr;

@@ -1,7 +1,9 @@
 #include "keldriver/QTRenderer.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <string_view>
 
 #include <QBrush>
 #include <QFontMetrics>
@@ -13,6 +15,7 @@
 
 #include "geometry/Rounding.h"
 #include "render/LogFont.h"
+#include "render/WideText.h"
 
 namespace {
 
@@ -28,12 +31,8 @@ int32_t roundedWidth(const double* charWidths, int length, double widthFactor) {
 }
 
 /// The number of UTF-16 units that the first `length` characters take up.
-int utf16Length(const wchar_t* text, int length) {
-    int units = 0;
-    for (int i = 0; i < length && text[i] != L'\0'; ++i) {
-        units += static_cast<uint32_t>(text[i]) > 0xFFFF ? 2 : 1;
-    }
-    return units;
+int utf16Length(std::wstring_view text, int length) {
+    return toQString(text.substr(0, static_cast<size_t>(std::max(length, 0)))).size();
 }
 
 /// Gives the font the size at which the text's natural width is `target`, in whole points, where there is one.
@@ -68,7 +67,7 @@ QTransform textTransform(double degrees, double obliqueAngle, double widthFactor
 }
 
 bool isFinite(const QTransform& transform) {
-    // One sum tells: it is finite only where each of its terms is, or overflows, and such a text shows nowhere.
+    // One sum tells for all: not finite, or too large to show.
     return std::isfinite(std::fabs(transform.m11()) + std::fabs(transform.m12()) + std::fabs(transform.m21()) +
                          std::fabs(transform.m22()) + std::fabs(transform.dx()) + std::fabs(transform.dy()));
 }
@@ -84,7 +83,7 @@ void QTRenderer::DrawText(wchar_t* text, int length, const HT_Font& font, const 
     if (widthFactor == 0.0 || !isFinite(transform)) {
         return; // nothing would show, and the widths could not be divided by the factor
     }
-    const QString characters = QString::fromWCharArray(text);
+    const QString characters = toQString(text);
     QFont qtFont = fontFor(logFontFor(font));
     qtFont.setStyleStrategy(QFont::PreferAntialias);
     if (charWidths != nullptr) {

@@ -15,14 +15,29 @@ struct FontRun {
     size_t font;
 };
 
+/// The first cluster that is not blank; where all are, the first.
+std::wstring_view firstVisibleCluster(std::wstring_view text) {
+    size_t end = 0;
+    for (size_t start = 0; start < text.size(); start = end) {
+        end = clusterEnd(text, start);
+        const std::wstring_view cluster = text.substr(start, end - start);
+        if (!isBlank(cluster)) {
+            return cluster;
+        }
+    }
+    return text.substr(0, clusterEnd(text, 0));
+}
+
 std::vector<FontRun> splitByFont(std::wstring_view text, FontChooser& chooser) {
-    std::vector<FontRun> runs;
+    if (text.empty()) {
+        return {};
+    }
+    std::vector<FontRun> runs{{0, 0, chooser.choose(firstVisibleCluster(text))}}; // blanks in front belong to it
     for (size_t start = 0; start < text.size();) {
         const size_t length = clusterEnd(text, start) - start;
         const std::wstring_view cluster = text.substr(start, length);
-        const bool staysWithLast = !runs.empty() && isBlank(cluster) && chooser.mayShow(runs.back().font, cluster);
-        const size_t font = staysWithLast ? runs.back().font : chooser.choose(cluster);
-        if (!runs.empty() && runs.back().font == font) {
+        const size_t font = isBlank(cluster) ? runs.back().font : chooser.choose(cluster);
+        if (runs.back().font == font) {
             runs.back().length += length;
         } else {
             runs.push_back({start, length, font});

@@ -44,6 +44,7 @@ constexpr CodeRange laterJamo[] = {{0x1160, 0x11FF}, {0xD7B0, 0xD7FB}};
 constexpr CodeRange hangulSyllables = {0xAC00, 0xD7A3};
 constexpr CodeRange flagLetters = {0x1F1E6, 0x1F1FF};
 constexpr uint32_t zeroWidthJoiner = 0x200D;
+constexpr uint32_t visibleSpace = 0x1680; // the space between Ogham words is a stroke
 
 bool isMark(uint32_t code) {
     const QChar::Category category = QChar::category(code);
@@ -52,7 +53,7 @@ bool isMark(uint32_t code) {
 }
 
 bool isSpace(uint32_t code) {
-    return QChar::category(code) == QChar::Separator_Space;
+    return QChar::category(code) == QChar::Separator_Space && code != visibleSpace;
 }
 
 bool isHangulPair(uint32_t before, uint32_t code) {
@@ -81,14 +82,13 @@ bool joins(uint32_t before, uint32_t code) {
 
 } // namespace
 
-bool isInvisible(wchar_t character) {
-    return contains(invisible, static_cast<uint32_t>(character));
+bool isBlank(wchar_t character) {
+    const auto code = static_cast<uint32_t>(character);
+    return isSpace(code) || contains(invisible, code);
 }
 
 bool isBlank(std::wstring_view cluster) {
-    return std::all_of(cluster.begin(), cluster.end(), [](wchar_t character) {
-        return isSpace(static_cast<uint32_t>(character)) || isInvisible(character);
-    });
+    return std::all_of(cluster.begin(), cluster.end(), [](wchar_t character) { return isBlank(character); });
 }
 
 size_t clusterEnd(std::wstring_view text, size_t start) {

@@ -3,10 +3,11 @@
 #include <cstddef>
 #include <string_view>
 
-/// True for characters without a glyph of their own: controls, joiners, variation selectors, direction marks.
-bool isInvisible(wchar_t character);
+/// True for characters that leave the paper blank: spaces, controls, joiners, variation selectors, direction marks.
+/// Any font can show them.
+bool isBlank(wchar_t character);
 
-/// True when all that would show of the cluster is blank.
+/// True when every character of the cluster is blank.
 bool isBlank(std::wstring_view cluster);
 
 /// Where the cluster ends that starts at `start`: a base character with all that must be shown with it in one font.

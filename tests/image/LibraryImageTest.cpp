@@ -12,6 +12,7 @@ namespace {
 
 const Imgo::DibInfo* description = nullptr;
 std::string calls;
+int descriptionsAsked = 0;
 
 } // namespace
 
@@ -30,6 +31,7 @@ std::unique_ptr<Imgo::Image> Imgo::Image::LoadBytes(const void*, size_t) {
 }
 
 const Imgo::DibInfo* Imgo::Image::GetDibInfo(bool make) {
+    ++descriptionsAsked;
     return make ? description : nullptr;
 }
 
@@ -91,6 +93,11 @@ TEST(LibraryImage, AnswersFromItsDescription) {
     EXPECT_EQ(image.getTransparency(), 42);
     EXPECT_EQ(image.imageSource(), HT_RasterImage::SourceType(-1));
     EXPECT_EQ(image.saveAs(L"never.png"), 4294967295U);
+    descriptionsAsked = 0;
+    void* data = nullptr;
+    unsigned long size = 0;
+    EXPECT_EQ(image.convertTo(L"PNG", &data, &size, 50), 0U);
+    EXPECT_EQ(descriptionsAsked, 1);
     image.addAlpha(99);
     EXPECT_EQ(calls, "alpha 99 ");
 }

@@ -2,6 +2,7 @@
 #include <cstring>
 #include <vector>
 
+#include "imgo.h"
 #include "render/FakeImage.h"
 #include "render/RendererFixture.h"
 #include "support/ImageBytes.h"
@@ -100,18 +101,34 @@ TEST_F(RendererTest, NegativeFactorTurnsTheImage) {
     }
 }
 
-TEST_F(RendererTest, DecodedImagesOfOtherDepthsEndWithTheirBytes) {
-    QImage mono(40, 3, QImage::Format_Mono);
-    mono.fill(1);
-    const HT_RasterImagePtr image = decode(imageBytes(mono));
-    HT_RasterImage_Record record{image.get(), 0, 0, 1, {}, 1};
-    renderer.DrawImage(&record);
-    const QImage drawn = recorder.calls().at(0).image;
-    ASSERT_EQ(drawn.size(), QSize(40, 3));
-    const uint32_t size = 3 * image->scanLineSize();
-    EXPECT_EQ(std::memcmp(drawn.constBits(), image->scanLinesBase(), size), 0);
-    for (uint32_t i = size; i < 40 * 3 * 4; ++i) {
-        EXPECT_EQ(drawn.constBits()[i], 0);
+HT_RasterImagePtr libraryImage(const std::vector<unsigned char>& bytes) {
+    return RasterImageFactory::CreateFromGiRasterImage(Imgo::Image::LoadBytes(bytes.data(), bytes.size()).release());
+}
+
+TEST_F(RendererTest, ImagesOfOtherDepthsEndWithTheirBytes) {
+    QImage white(40, 3, QImage::Format_RGB32);
+    white.fill(Qt::white);
+    const auto bytes = [&](QImage::Format format) {
+        return imageBytes(white.convertToFormat(format));
+    };
+    const struct {
+        int depth;
+        HT_RasterImagePtr image;
+    } rows[] = {{1, decode(bytes(QImage::Format_Mono))},
+                {8, libraryImage(bytes(QImage::Format_Indexed8))},
+                {24, libraryImage(bytes(QImage::Format_RGB32))}};
+    for (const auto& row : rows) {
+        ASSERT_EQ(row.image->colorDepth(), row.depth);
+        HT_RasterImage_Record record{row.image.get(), 0, 0, 1, {}, 1};
+        recorder.clear();
+        renderer.DrawImage(&record);
+        const QImage drawn = recorder.calls().at(0).image;
+        ASSERT_EQ(drawn.size(), QSize(40, 3)) << row.depth;
+        const uint32_t size = 3 * row.image->scanLineSize();
+        EXPECT_EQ(std::memcmp(drawn.constBits(), row.image->scanLinesBase(), size), 0) << row.depth;
+        for (uint32_t i = size; i < 40 * 3 * 4; ++i) {
+            EXPECT_EQ(drawn.constBits()[i], 0) << row.depth;
+        }
     }
 }
 

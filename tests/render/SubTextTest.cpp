@@ -1,3 +1,4 @@
+#include <cstdint>
 #include <cwchar>
 #include <string>
 #include <vector>
@@ -6,6 +7,7 @@
 
 #include <QChar>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QRawFont>
 
 #include "keldriver/SubText.h"
@@ -74,7 +76,11 @@ TEST_F(SubTextTest, SplitsByFont) {
         {"any case", L"Ab", L"dejavu sans", {{L"Ab", L"dejavu sans"}}},
         {"through the map", L"Ab", L"sTROKE", {{L"Ab", serif}}},
         {"back to the requested font", L"Ω 中文  Ω", sans, {{L"Ω ", sans}, {L"中文  ", cjk}, {L"Ω", sans}}},
-        {"spaces in front", L"  中", sans, {{L"  ", sans}, {L"中", cjk}}},
+        {"blanks in front", L"  中Ω", sans, {{L"  中", cjk}, {L"Ω", sans}}},
+        {"a byte order mark in front", L"\uFEFFabc", L"Gone", {{L"\uFEFFabc", serif}}},
+        {"nothing but blanks", L" \uFEFF ", sans, {{L" \uFEFF ", sans}}},
+        {"a blank that the font lacks", L"中\u2006\u00A0文", sans, {{L"中\u2006\u00A0文", cjk}}},
+        {"a space that is a stroke", L"中\u1680", sans, {{L"中", cjk}, {L"\u1680", sans}}},
         {"what shows nothing", L"中\t\u200E\u00AD", sans, {{L"中\t\u200E\u00AD", cjk}}},
         {"a mark", L"a\u0301中\u0301\u20DDb", sans, {{L"a\u0301", sans}, {L"中\u0301\u20DD", cjk}, {L"b", sans}}},
         {"a variation selector", L"中\U000E0100文", sans, {{L"中\U000E0100文", cjk}}},
@@ -129,6 +135,23 @@ TEST_F(SubTextTest, RecordsKeepTheirStyle) {
     EXPECT_EQ(text.GetRunText({-1, 1, {}}) + text.GetRunText({4, 1, {}}), L"");
 }
 
+TEST_F(SubTextTest, AnySizeIsShown) {
+    const HT_FontMap none;
+    for (const int height : {INT32_MIN, 1000000000, 0, -12}) { // what a huge one finds out holds for the next
+        tagLOGFONTW request = fontOf(sans);
+        request.lfHeight = height;
+        const std::vector<Shown> expected{{L"A", sans}, {L"中", cjk}};
+        EXPECT_EQ(runsOf(HT_Text(L"A中", request, none)), expected) << height;
+    }
+}
+
+TEST_F(SubTextTest, DefaultFontShowsWhatIsAskedOfNone) {
+    const HT_FontMap none;
+    const std::wstring family =
+        QFontInfo(QFontDatabase::systemFont(QFontDatabase::GeneralFont)).family().toStdWString();
+    EXPECT_EQ(runsOf(HT_Text(L"AB", nullptr, none)), (std::vector<Shown>{{L"AB", family}}));
+}
+
 // Every visible character of a run is in its font, asked straight; neighbours differ; marks never lead.
 TEST_F(SubTextTest, SystemFontsShowWhatTheyAreChosenFor) {
     std::wstring sample;
@@ -149,7 +172,8 @@ TEST_F(SubTextTest, SystemFontsShowWhatTheyAreChosenFor) {
             const auto code = static_cast<uint>(c);
             const QChar::Category category = QChar::category(code);
             const bool mayLack = category == QChar::Other_Format || category == QChar::Other_Control ||
-                                 category == QChar::Mark_NonSpacing || runs[i].faceName == L"No such font";
+                                 category == QChar::Mark_NonSpacing || category == QChar::Separator_Space ||
+                                 runs[i].faceName == L"No such font";
             EXPECT_TRUE(mayLack || raw.supportsCharacter(code)) << std::hex << code << " in run " << i;
         }
     }

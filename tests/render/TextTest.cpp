@@ -3,6 +3,7 @@
 #include <cwchar>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <QFontMetrics>
@@ -10,6 +11,7 @@
 #include <QScreen>
 
 #include "keldriver/FontName.h"
+#include "render/LogFont.h"
 #include "render/RendererFixture.h"
 
 namespace {
@@ -172,6 +174,28 @@ TEST_F(TextTest, OddArgumentsAreHarmless) {
     OpenRenderer unattached;
     unattached.DrawText(sample.data(), 4, fontOf(height), {0, 0}, 0, 1, nullptr);
     EXPECT_EQ(recorder.calls().size(), 1U);
+}
+
+TEST(LogFontTest, WeightsAndLines) {
+    const struct {
+        int32_t weight;
+        int expected;
+    } rows[] = {{0, 50},   {1, 50},   {100, 0},  {200, 12}, {300, 25}, {400, 50}, {450, 50},
+                {500, 57}, {600, 63}, {700, 75}, {800, 81}, {900, 87}, {1000, 50}};
+    for (const auto& row : rows) {
+        tagLOGFONTW record{};
+        record.lfWeight = row.weight;
+        EXPECT_EQ(fontFor(record).weight(), row.expected) << row.weight;
+    }
+    for (const auto& [underline, strikeOut] : {std::pair{0, 0}, {1, 0}, {0, 1}, {255, 255}}) {
+        tagLOGFONTW record{};
+        record.lfUnderline = static_cast<uint8_t>(underline);
+        record.lfStrikeOut = static_cast<uint8_t>(strikeOut);
+        const QFont font = fontFor(record);
+        EXPECT_EQ(font.underline(), underline != 0);
+        EXPECT_EQ(font.strikeOut(), strikeOut != 0);
+        EXPECT_FALSE(font.overline());
+    }
 }
 
 TEST(FontNameTest, IsTheFamilyAskedFor) {

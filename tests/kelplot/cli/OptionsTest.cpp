@@ -142,6 +142,11 @@ INSTANTIATE_TEST_SUITE_P(
         UsageCase{"margins", {"--margins", "1,2", "a.dxf"}, {"--margins", "1,2", "LEFT,TOP,RIGHT,BOTTOM"}},
         UsageCase{"window", {"--window", "1,2,3", "a.dxf"}, {"--window", "1,2,3", "X1,Y1,X2,Y2"}},
         UsageCase{"margins too wide", {"--margins", "150", "a.dxf"}, {"--margins", "no room"}},
+        UsageCase{
+            "paper within the usual margins", {"--paper", "8x8", "a.dxf"}, {"--paper: \"8x8\"", "give --margins"}},
+        UsageCase{"paper to save with a list",
+                  {"--paper", "90x90", "--save-paper", "Mine", "--list-papers"},
+                  {"--save-paper", "--list-papers"}},
         UsageCase{"format", {"--format", "tiff", "a.dxf"}, {"--format", "tiff", "pdf, png, svg"}},
         UsageCase{"ending", {"-o", "plan.jpg", "a.dxf"}, {"plan.jpg", "pdf, png, svg", "--format"}},
         UsageCase{"no output name", {"-o", "", "a.dxf"}, {"--output"}},

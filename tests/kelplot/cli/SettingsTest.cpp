@@ -63,6 +63,11 @@ TEST_F(KelplotSettings, ListsThePapersWithSizesAndMargins) {
     EXPECT_TRUE(run(directory, {"--list-papers"}).output.contains("\nANSI D\t558.8x863.6\t5,5,5,5\n"));
 }
 
+TEST_F(KelplotSettings, AListThatCannotBeWrittenIsAFailure) {
+    const QString command = QStringLiteral("exec " KELPLOT_PROGRAM " --list-papers >/dev/full");
+    EXPECT_EQ(run(directory, {"-c", command}, "/bin/sh").status, 4);
+}
+
 TEST_F(KelplotSettings, APaperOfOnesOwnIsSavedAndFoundAgain) {
     const QStringList size = {"--paper", "914.4x5000", "--margins", "10,20,30,40"};
     const Outcome saved = run(directory, size + QStringList{"--save-paper", "Bänner"});
@@ -134,6 +139,11 @@ TEST_F(KelplotSettings, DefaultsOfTheUserGoBeforeThoseOfTheProgram) {
     EXPECT_EQ(wrong.status, 2);
     EXPECT_TRUE(wrong.messages.contains("kelplot.ini: dpi: \"fine\"")) << wrong.messages.toStdString();
     EXPECT_EQ(run(directory, {"--help"}).status, 0);
+    directory.write("config/kelplot/kelplot.ini", "[Defaults]\nmargins=100\npapr=A3\n");
+    EXPECT_TRUE(run(directory, {"--paper", "A6", "line.dxf"}).messages.contains("kelplot.ini: margins: they leave"));
+    const Outcome unknownKey = run(directory, {"--paper", "A0", "line.dxf"});
+    EXPECT_TRUE(unknownKey.messages.contains("\"papr\" is no default; the nearest are paper, "))
+        << unknownKey.messages.toStdString();
 }
 
 TEST_F(KelplotSettings, APenTableSetsWidthAndInk) {

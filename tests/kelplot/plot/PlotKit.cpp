@@ -1,5 +1,6 @@
 #include "kelplot/plot/PlotKit.h"
 
+#include <QString>
 #include <algorithm>
 #include <cmath>
 
@@ -43,6 +44,12 @@ void RecordingRenderer::DrawArc(const HT_Double_Point& center, double radiusX, d
     arc.rotation = rotation;
     arc.start = startParam;
     arc.end = endParam;
+}
+
+void RecordingRenderer::DrawText(wchar_t* text, int length, const HT_Font&, const HT_Double_Point& position, double,
+                                 double, double*) {
+    add("text", &position, 1);
+    shapes.back().kind += ' ' + QString::fromWCharArray(text, length).toStdString();
 }
 
 void RecordingRenderer::SetLineType(HT_PlotStyle::LineType type, double* pattern, unsigned int count) {

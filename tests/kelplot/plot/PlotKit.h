@@ -11,7 +11,7 @@ namespace kelplot {
 class RecordingRenderer : public HT_Renderer {
 public:
     struct Shape {
-        std::string kind; ///< "point", "line", "area", "arc"
+        std::string kind; ///< "point", "line", "area", "arc", or "text" and the text
         std::vector<Vec2> points;
         double radiusX = 0.0, radiusY = 0.0, rotation = 0.0, start = 0.0, end = 0.0; ///< of an arc
         HT_Color color = 0;
@@ -43,7 +43,8 @@ public:
     void DrawPolyline(const HT_Double_Point* points, int count) override { add("line", points, count); }
     void FillPolygon(const HT_Double_Point* points, int count) override { add("area", points, count); }
     void DrawBezier(const HT_Double_Point* points, int count) override { add("line", points, count); }
-    void DrawText(wchar_t*, int, const HT_Font&, const HT_Double_Point&, double, double, double*) override {}
+    void DrawText(wchar_t* text, int length, const HT_Font& font, const HT_Double_Point& position, double, double,
+                  double*) override;
     void DrawImage(HT_RasterImage_Record*) override {}
     void SetLineWeight(double weight) override { set(m_style.weight, weight); }
     void SetLineEndStyle(HT_PlotStyle::LineEndStyle style) override { set(m_style.ends, style); }

@@ -95,6 +95,12 @@ struct Parts {
 
     static std::string text(const HatchSpline& spline) { return text(spline.curve); }
 
+    /// Of kinds whose own tests look into them.
+    template <typename Other>
+    static std::string text(const Other&) {
+        return "other";
+    }
+
     template <typename... Shapes>
     static std::string text(const std::variant<Shapes...>& shape) {
         return std::visit([](const auto& each) { return text(each); }, shape);

@@ -44,7 +44,7 @@ PaperSize banner() {
 
 TEST(PaperFile, KeepsWhatItHeldWhenAPaperIsAdded) {
     const TemporaryDirectory directory;
-    const std::string before = "# mine\n[Desk]\nheight=720\n" + general + label;
+    const std::string before = "# mine\n[Desk]\nheight=720\n" + general + label + "\n# spare:\n#[Paper 1]\n";
     directory.write("papers.ini", before);
     EXPECT_EQ(fileIn(directory).add(banner()), 258) << "257 is taken";
     QStringList warnings;
@@ -56,7 +56,8 @@ TEST(PaperFile, KeepsWhatItHeldWhenAPaperIsAdded) {
     EXPECT_EQ(papers[1].Length, 9144);
     EXPECT_EQ(papers[1].UpEdge, 20);
     EXPECT_EQ(papers[1].DownEdge, 40);
-    for (const char* const part : {"# mine\n", "[Desk]\nheight=720\n", "# for the small machine\n"}) {
+    for (const char* const part :
+         {"# mine\n", "[Desk]\nheight=720\n", "# for the small machine\n", "\n# spare:\n#[Paper 1]\n"}) {
         EXPECT_NE(directory.read("papers.ini").find(part), std::string::npos) << part;
     }
     EXPECT_EQ(directory.read("papers.ini~"), before);
@@ -72,14 +73,28 @@ TEST(PaperFile, IsMadeWithItsFolder) {
     EXPECT_EQ(file.read(warnings).size(), 1U);
 }
 
-TEST(PaperFile, IsLeftAloneWhereAnAdditionWouldLoseAKey) {
-    const TemporaryDirectory directory;
-    // A rewritten file puts the note of a header on the line of the section's first key.
-    const std::string text = general + label + "[Desk] # by the window\nheight=720\n";
-    directory.write("papers.ini", text);
-    EXPECT_THROW(fileIn(directory).add(banner()), SettingsError);
-    EXPECT_EQ(directory.read("papers.ini"), text);
-    EXPECT_EQ(QDir(QString::fromStdString(directory.path())).entryList(QDir::Files), QStringList{"papers.ini"});
+TEST(PaperFile, IsLeftAloneWhereAnAdditionWouldLoseSomething) {
+    const struct {
+        const char* name;
+        const char* more;
+        const char* told;
+    } rows[] = {{"key below a note", "[Desk] # by the window\nheight=720\n", "[Desk]"},
+                {"one of two equal keys", "[Extra] # note\npen=1\npen=2\n", "[Extra]"},
+                {"header below a note", "[Empty] # note\n[Desk]\nheight=720\n", "[Empty]"},
+                {"paper that is not counted", "[Paper 1]\nName=Spare\nWidth=500\nLength=300\n", "[Paper 1]"}};
+    for (const auto& row : rows) {
+        const TemporaryDirectory directory;
+        const std::string text = general + label + row.more;
+        directory.write("papers.ini", text);
+        try {
+            fileIn(directory).add(banner());
+            ADD_FAILURE() << row.name << ": accepted";
+        } catch (const SettingsError& error) {
+            EXPECT_NE(std::string(error.what()).find(row.told), std::string::npos) << row.name << ": " << error.what();
+        }
+        EXPECT_EQ(directory.read("papers.ini"), text) << row.name;
+        EXPECT_EQ(QDir(QString::fromStdString(directory.path())).entryList(QDir::Files), QStringList{"papers.ini"});
+    }
 }
 
 TEST(PaperCache, IsMadeAndFollowsTheText) {

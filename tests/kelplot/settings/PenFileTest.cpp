@@ -15,7 +15,7 @@ const PenRule& pen(const PenTable& table, uint32_t number) {
 
 PenTable tableOf(const std::string& text) {
     const TemporaryDirectory directory;
-    return penTableFrom(QString::fromStdString(directory.write("pens.ini", text)));
+    return penTableFrom({QString::fromStdString(directory.write("pens.ini", text))});
 }
 
 TEST(PenFile, StatesWidthColourAndScreening) {
@@ -33,8 +33,18 @@ TEST(PenFile, StatesWidthColourAndScreening) {
     EXPECT_EQ(table.ruleFor({Colour::Kind::trueColour, 1}).width, std::nullopt);
 }
 
+TEST(PenFile, GoesBeforeAnotherPenByPen) {
+    const TemporaryDirectory directory;
+    const QString device = QString::fromStdString(directory.write("device.ini", "[Pens]\n1=1\n2=2\nother=3\n"));
+    const QString own = QString::fromStdString(directory.write("own.ini", "[Pens]\n2=4\nother=5\n"));
+    const PenTable table = penTableFrom({device, own});
+    EXPECT_EQ(pen(table, 1).width, 1.0);
+    EXPECT_EQ(pen(table, 2).width, 4.0);
+    EXPECT_EQ(pen(table, 3).width, 5.0);
+}
+
 TEST(PenFile, OfTheExamplesIsSound) {
-    const PenTable table = penTableFrom(QStringLiteral(EXAMPLE_PENS));
+    const PenTable table = penTableFrom({QStringLiteral(EXAMPLE_PENS)});
     EXPECT_EQ(pen(table, 8).screening, 50);
     EXPECT_EQ(pen(table, 10).ink, HT_Color{0x0000c0});
     EXPECT_EQ(pen(table, 100).width, 0.18);

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+
+namespace kelplot {
+
+/// The colour of an entity or layer as the drawing states it.
+struct Colour {
+    enum class Kind : uint8_t { byBlock, byLayer, index, trueColour };
+    Kind kind = Kind::byLayer;
+    uint32_t value = 0; ///< colour number 1 to 255, or 0x00RRGGBB for a true colour
+};
+
+} // namespace kelplot

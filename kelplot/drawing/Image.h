@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "geometry/Vec.h"
+
+namespace kelplot {
+
+/// A picture that a drawing refers to.
+struct ImageDefinition {
+    std::string path; ///< UTF-8, as the drawing states it
+    Vec2 size;        ///< pixels, as the drawing states it
+};
+
+/// A placed picture, in world coordinates.
+struct Image {
+    uint32_t definition = 0; ///< index into Drawing::images
+    Vec3 position;           ///< of the lower left corner
+    Vec3 u;                  ///< along one pixel to the right
+    Vec3 v;                  ///< along one pixel upward
+    Vec2 size;               ///< pixels
+    bool shown = true;
+    int brightness = 50;       ///< per cent, 50 as it is
+    int contrast = 50;         ///< per cent, 50 as it is
+    int fade = 0;              ///< per cent towards the paper
+    bool transparent = false;  ///< see-through pixels show what lies below
+    bool clipped = false;      ///< `clip` applies
+    bool clipInverted = false; ///< what is inside is left out
+    std::vector<Vec2> clip;    ///< pixels from the upper left corner of the picture, y downward
+
+    /// Where a point of the picture lies, which is given as those of `clip` are.
+    Vec3 pointAt(Vec2 pixel) const { return position + u * pixel.x + v * (size.y - pixel.y); }
+    /// The corners, from the upper left one on about the picture.
+    std::vector<Vec2> corners() const { return {{0.0, 0.0}, {size.x, 0.0}, size, {0.0, size.y}}; }
+    /// What the picture shows within, as far as one line bounds that.
+    std::vector<Vec2> outline() const { return clipped && !clipInverted ? clip : corners(); }
+};
+
+/// An area that covers what lies below it with the colour of the paper, in world coordinates.
+struct Wipeout {
+    std::vector<Vec3> boundary;
+};
+
+} // namespace kelplot

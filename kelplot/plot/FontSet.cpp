@@ -1,0 +1,119 @@
+#include "plot/FontSet.h"
+
+#include <QFontDatabase>
+#include <algorithm>
+#include <iterator>
+
+#include "plot/ToleranceSigns.h"
+
+namespace kelplot {
+
+namespace {
+
+tagLOGFONTW recordOf(const FontFace& face) {
+    constexpr int32_t bold = 700, regular = 400;
+    tagLOGFONTW record{};
+    record.lfHeight = -emUnits;
+    record.lfWeight = face.bold ? bold : regular;
+    record.lfItalic = face.italic ? 1 : 0;
+    const std::wstring family = face.family.toStdWString();
+    std::copy_n(family.begin(), std::min(family.size(), std::size(record.lfFaceName)), record.lfFaceName);
+    return record;
+}
+
+FontFace faceOf(const tagLOGFONTW& record) {
+    constexpr int32_t semiBold = 600;
+    const auto* end = std::find(std::begin(record.lfFaceName), std::end(record.lfFaceName), L'\0');
+    return {QString::fromWCharArray(record.lfFaceName, static_cast<int>(end - record.lfFaceName)),
+            record.lfWeight >= semiBold, record.lfItalic != 0};
+}
+
+/// Families of several foundries are listed as "Family [foundry]".
+QString withoutFoundry(const QString& name) {
+    return name.left(name.indexOf(QLatin1String(" [")));
+}
+
+} // namespace
+
+QString FontSet::installed(const QString& family) {
+    if (m_installed.isEmpty()) {
+        const QStringList families = QFontDatabase().families();
+        for (const QString& name : families) {
+            const QString plain = withoutFoundry(name);
+            m_installed.insert(plain.toLower(), plain);
+        }
+    }
+    return m_installed.value(family.toLower());
+}
+
+QString FontSet::installedOf(const QStringList& families) {
+    for (const QString& family : families) {
+        if (const QString name = installed(family); !name.isEmpty()) {
+            return name;
+        }
+    }
+    return {};
+}
+
+/// The family for a font, or else the first of the others; where none of those is there either, Qt's own choice.
+QString FontSet::familyFor(const QString& key, const FontRule* rule) {
+    const QString own = rule ? installedOf(rule->families) : installed(key);
+    if (!own.isEmpty()) {
+        return own;
+    }
+    const QString other = installedOf(m_table.others());
+    return other.isEmpty() ? QFont().defaultFamily() : other;
+}
+
+FontChoice FontSet::choose(const FontName& name, const std::string& bigFontFile) {
+    const QString key = FontTable::keyOf(name);
+    const FontRule* const rule = m_table.find(key);
+    FontChoice choice;
+    choice.face.family = familyFor(key, rule);
+    choice.face.bold = name.bold || (rule && rule->bold);
+    choice.face.italic = name.italic || (rule && rule->italic);
+    choice.symbols = rule && rule->symbols;
+    if (!bigFontFile.empty()) {
+        const QString bigKey = FontTable::keyOf({bigFontFile, true, false, false});
+        const FontRule* const bigRule = m_table.find(bigKey);
+        choice.bigFont = bigRule ? installedOf(bigRule->families) : installed(bigKey);
+    }
+    return choice;
+}
+
+const HT_FontMap& FontSet::fallbacks(const QString& bigFont) {
+    const auto found = m_fallbacks.find(bigFont);
+    if (found != m_fallbacks.end()) {
+        return found->second;
+    }
+    HT_FontMap& map = m_fallbacks[bigFont];
+    for (const QString& family : QStringList{bigFont} + m_table.others()) {
+        if (const QString name = installed(family); !name.isEmpty()) {
+            map.Add(name.toStdWString(), recordOf({name, false, false}));
+        }
+    }
+    return map;
+}
+
+std::vector<FontRun> FontSet::split(const QString& text, const FontChoice& choice) {
+    const QString shown = choice.symbols ? toleranceSignsFor(text) : text;
+    const HT_Text subTexts(shown.toStdWString().c_str(), recordOf(choice.face), fallbacks(choice.bigFont));
+    std::vector<FontRun> runs;
+    for (const HT_SubText& run : subTexts.GetSubTexts()) {
+        runs.push_back({QString::fromStdWString(subTexts.GetRunText(run)), faceOf(run.font)});
+    }
+    if (shown.isRightToLeft()) { // the renderer turns each run by itself
+        std::reverse(runs.begin(), runs.end());
+    }
+    return runs;
+}
+
+const FontMetric& FontSet::metric(const FontFace& face) {
+    std::shared_ptr<FontMetric>& metric = m_metrics[face];
+    if (!metric) {
+        metric = std::make_shared<FontMetric>(face);
+    }
+    return *metric;
+}
+
+} // namespace kelplot

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <set>
+#include <vector>
+
+#include "keldriver/SubText.h"
+#include "plot/FontMetric.h"
+#include "plot/FontTable.h"
+
+namespace kelplot {
+
+/// The font that was chosen for a text.
+struct FontChoice {
+    FontFace face;
+    QString bigFont;      ///< family for the characters that the face lacks; may be empty
+    bool symbols = false; ///< letters are signs of tolerances
+};
+
+/// A part of a text that one font shows.
+struct FontRun {
+    QString text;
+    FontFace face;
+};
+
+/// The installed fonts, as far as a plot uses them. Outlives no `QGuiApplication`, and needs one as soon as there is a
+/// text.
+class FontSet {
+public:
+    explicit FontSet(FontTable table) : m_table(std::move(table)) {}
+
+    /// @param bigFontFile  the font for scripts that the named one lacks; may be empty
+    FontChoice choose(const FontName& name, const std::string& bigFontFile);
+    /// The parts of a text, each with a font that shows it where there is one.
+    std::vector<FontRun> split(const QString& text, const FontChoice& choice);
+    const FontMetric& metric(const FontFace& face);
+
+private:
+    QString installedOf(const QStringList& families);
+    QString installed(const QString& family);
+    QString familyFor(const QString& key, const FontRule* rule);
+    const HT_FontMap& fallbacks(const QString& bigFont);
+
+    FontTable m_table;
+    QHash<QString, QString> m_installed; ///< names of families by their names in small letters
+    std::map<QString, HT_FontMap> m_fallbacks;
+    QHash<FontFace, std::shared_ptr<FontMetric>> m_metrics;
+};
+
+} // namespace kelplot

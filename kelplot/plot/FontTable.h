@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+#include "drawing/Text.h"
+
+namespace kelplot {
+
+/// What stands for a font that drawings name.
+struct FontRule {
+    QStringList families; ///< of installed fonts, the best first
+    bool bold = false;
+    bool italic = false;
+    bool symbols = false; ///< its letters are the signs of geometric tolerances
+};
+
+/// Which fonts stand for those that drawings name.
+class FontTable {
+public:
+    /// How the table knows a font: small letters, without a folder, the ending of a file and the mark of vertical
+    /// fonts.
+    static QString keyOf(const FontName& name);
+
+    void set(const QString& key, const FontRule& rule) { m_rules[key] = rule; }
+    /// Null when the table does not list the font.
+    const FontRule* find(const QString& key) const;
+
+    /// The families for fonts that are not listed or not installed, and for the characters that a font lacks.
+    const QStringList& others() const { return m_others; }
+    void setOthers(const QStringList& families) { m_others = families; }
+
+private:
+    QHash<QString, FontRule> m_rules;
+    QStringList m_others;
+};
+
+} // namespace kelplot

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "drawing/Text.h"
+#include "plot/FontSet.h"
+#include "plot/TextBlock.h"
+
+namespace kelplot {
+
+/// Lays out a text of paragraphs. Its lines run level, whatever it says of vertical text.
+PlacedText layOut(const MText& text, const TextStyle& style, FontSet& fonts);
+
+} // namespace kelplot

@@ -1,0 +1,28 @@
+#include "plot/PictureFile.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <algorithm>
+
+namespace kelplot {
+
+QString pictureFile(const std::string& stated, const QString& folder) {
+    const QString path = QString::fromStdString(stated).replace(QLatin1Char('\\'), QLatin1Char('/'));
+    const QString name = path.section(QLatin1Char('/'), -1);
+    if (name.isEmpty()) {
+        return {};
+    }
+    const QDir directory(folder);
+    // Only regular files: a device or a pipe would keep its reader waiting.
+    const QString direct = directory.filePath(path);
+    if (QFileInfo(direct).isFile()) {
+        return direct;
+    }
+    const QStringList beside = directory.entryList(QDir::Files);
+    const auto found = std::find_if(beside.begin(), beside.end(), [&](const QString& entry) {
+        return entry.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    return found == beside.end() ? QString() : directory.filePath(*found);
+}
+
+} // namespace kelplot

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+#include <string>
+
+namespace kelplot {
+
+/// The file that a drawing in `folder` means by `stated`, a path of this machine or another: what the path leads to
+/// from the folder, or else the file of its name that lies beside the drawing, in any case of letters. Empty where
+/// there is none.
+QString pictureFile(const std::string& stated, const QString& folder);
+
+} // namespace kelplot

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QByteArray>
+#include <cstdint>
+#include <map>
+#include <set>
+#include <utility>
+
+#include "drawing/Drawing.h"
+#include "keldriver/RasterImage.h"
+#include "plot/PictureLook.h"
+
+namespace kelplot {
+
+/// The pictures of a drawing, read when they are first asked for.
+class PictureStore {
+public:
+    /// @param drawing  borrowed for the store's life
+    explicit PictureStore(const Drawing& drawing) : m_drawing(drawing) {}
+
+    /// A picture as the renderer takes it, with 32 bits a pixel; valid until the next call. Null where its file
+    /// is missing or holds no picture.
+    HT_RasterImage* find(uint32_t definition, const PictureLook& look);
+
+    /// Indices of the pictures that could not be had.
+    const std::set<uint32_t>& missing() const { return m_missing; }
+
+private:
+    HT_RasterImagePtr load(uint32_t definition, const PictureLook& look) const;
+
+    const Drawing& m_drawing;
+    std::map<std::pair<uint32_t, PictureLook>, HT_RasterImagePtr> m_pictures;
+    int64_t m_pixels = 0; ///< of all that are kept
+    std::set<uint32_t> m_missing;
+};
+
+} // namespace kelplot

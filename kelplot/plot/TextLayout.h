@@ -1,0 +1,12 @@
+#pragma once
+
+#include "drawing/Text.h"
+#include "plot/FontSet.h"
+#include "plot/TextBlock.h"
+
+namespace kelplot {
+
+/// Lays out a single line of text.
+PlacedText layOut(const Text& text, const TextStyle& style, FontSet& fonts);
+
+} // namespace kelplot

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "drawing/Text.h"
+#include "reader/NameDecoder.h"
+
+namespace kelplot {
+
+/// The paragraphs of a text in UTF-8 with codes inside, which begins in the format `start`. Codes that are none show
+/// as they stand. There is at least one paragraph, perhaps an empty one.
+std::vector<Paragraph> paragraphsOf(std::string_view markup, const CharacterFormat& start, const NameDecoder& decoder);
+
+} // namespace kelplot

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QStringList>
+
+namespace kelplot {
+
+/// The few of `names` most like `wanted`, the best first. What `plain` takes away from a name does not count.
+QStringList nearestNames(const QString& wanted, const QStringList& names, int most, QString (*plain)(const QString&));
+
+} // namespace kelplot

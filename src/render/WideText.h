@@ -1,0 +1,9 @@
+#pragma once
+
+#include <string_view>
+
+#include <QString>
+
+/// A text of UCS-4 characters, each by itself: one that marks a byte order is a character like any other. What is none
+/// becomes U+FFFD.
+QString toQString(std::wstring_view text);

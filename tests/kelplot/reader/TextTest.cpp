@@ -1,0 +1,200 @@
+#include "drawing/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "DrawingText.h"
+#include "reader/DxfReader.h"
+#include "reader/TextCodes.h"
+
+namespace kelplot {
+namespace {
+
+constexpr double degree = 0.017453292519943295;
+
+/// The stretches with the lines of each before it, such as "plain|u:underlined".
+std::string shown(const std::vector<TextStretch>& stretches) {
+    std::string result;
+    for (const TextStretch& stretch : stretches) {
+        const TextLines& lines = stretch.lines;
+        const std::string marks =
+            std::string(lines.under ? "u" : "") + (lines.over ? "o" : "") + (lines.through ? "k" : "");
+        result += (result.empty() ? "" : "|") + marks + (marks.empty() ? "" : ":") + stretch.text;
+    }
+    return result;
+}
+
+/// The lines of text in these entities, paragraphs by their plain words.
+std::vector<std::string> textsOf(const std::vector<Entity>& entities) {
+    std::vector<std::string> texts;
+    for (const Entity& entity : entities) {
+        if (const auto* const line = std::get_if<Text>(&entity.geometry)) {
+            texts.push_back(shown(line->stretches));
+        } else if (const auto* const text = std::get_if<MText>(&entity.geometry)) {
+            std::string& words = texts.emplace_back();
+            for (const Paragraph& paragraph : text->paragraphs) {
+                for (const TextPiece& piece : paragraph.pieces) {
+                    const auto* const span = std::get_if<TextSpan>(&piece);
+                    words += span != nullptr ? span->text : "*";
+                }
+                words += "/";
+            }
+        }
+    }
+    return texts;
+}
+
+TEST(TextCodes, AreResolved) {
+    NameDecoder decoder;
+    decoder.setCodePage("ANSI_1251");
+    const std::pair<const char*, const char*> rows[] = {
+        {"%%c50 45%%d %%P0.1 7%%%", "Ø50 45° ±0.1 7%"},
+        {"%%176 %%127 %%214 %%065", "° ° Ц A"},
+        {"a %%uline%%u %%ub%%ooth%%k!", "a |u:line| |u:b|uo:oth|uok:!"},
+        {"a^Ib^M^Jc ^ 2 x^2 ^a ^?", "a b c ^2 x^2 ^a ^?"},
+        {"50%% %%x %%99 %%999 %%", "50%% %%x %%99 %%999 %%"},
+        {"%%u%%u", ""},
+        {"^", "^"},
+    };
+    for (const auto& [text, expected] : rows) {
+        EXPECT_EQ(shown(textStretches(text, decoder)), expected) << text;
+    }
+}
+
+TEST(TextBytes, AreReadForWhatTheyAre) {
+    const struct {
+        const char* name;
+        const char* codePage;
+        const char* bytes;
+        const char* utf8;
+    } rows[] = {
+        {"UTF-8 in an old drawing", "ANSI_1251", "Стена", "Стена"},
+        {"letters that look like UTF-8", "ANSI_1251", "\xC5\xA8", "ЕЁ"},
+        {"chinese that looks like UTF-8", "ANSI_936", "\xC1\xAA\xCD\xA8", "联通"},
+        {"a number for UTF-8", "ANSI_65001", "é", "é"},
+    };
+    for (const auto& row : rows) {
+        NameDecoder decoder;
+        decoder.setVersion("AC1015");
+        decoder.setCodePage(row.codePage);
+        EXPECT_EQ(decoder.decode(row.bytes), row.utf8) << row.name;
+    }
+}
+
+TEST(TextStyles, NameTheirFonts) {
+    const Drawing drawing = readGroups(
+        section("TABLES", "0=STYLE 2=Notes 70=4 3=simplex.shx 4=big.shx 40=2.5 41=0.8 50=15 71=6"
+                          " 0=STYLE 2=Bold 3=arial.ttf 41=0 1001=OTHER 1000=No 1001=ACAD 1000=Arial 1071=50331682"
+                          " 0=STYLE 70=1 3=shapes.shx 0=STYLE 2=STANDARD 3=txt") +
+        drawingOf("0=TEXT 1=a 7=bold 0=TEXT 1=a 7=missing 0=TEXT 1=a 7=notes 0=TEXT 1=a"));
+    ASSERT_EQ(drawing.textStyles.size(), 4u);
+    const TextStyle& standard = drawing.textStyles[0];
+    EXPECT_EQ(standard.name + ' ' + standard.font.name, "Standard txt");
+    const TextStyle& notes = drawing.textStyles[1];
+    EXPECT_EQ(notes.font.name + ' ' + notes.bigFontFile, "simplex.shx big.shx");
+    EXPECT_TRUE(notes.font.isFile && notes.vertical && notes.backward && notes.upsideDown);
+    EXPECT_EQ(notes.height, 2.5);
+    EXPECT_EQ(notes.widthFactor, 0.8);
+    EXPECT_DOUBLE_EQ(notes.obliqueAngle, 15 * degree);
+    const TextStyle& bold = drawing.textStyles[2];
+    EXPECT_EQ(bold.font.name, "Arial");
+    EXPECT_TRUE(!bold.font.isFile && bold.font.bold && bold.font.italic);
+    EXPECT_EQ(bold.widthFactor, 1.0);
+    const uint32_t styles[] = {2, 3, 1, 0};
+    for (size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(std::get<Text>(drawing.modelSpace.at(i).geometry).style, styles[i]) << i;
+    }
+    EXPECT_EQ(std::get<Text>(drawing.modelSpace[2].geometry).height, 2.5);
+}
+
+TEST(Texts, AreReadWithTheirLook) {
+    const Entity entity = readOne("0=TEXT 1=a 10=1 20=2 30=3 40=2.5 41=0.5 50=90 51=-10 71=4 72=5 73=3 11=4 21=5 31=3"
+                                  " 210=0 220=0 230=-1");
+    const Text text = std::get<Text>(entity.geometry);
+    EXPECT_EQ(text.position, (Vec3{1, 2, 3}));
+    EXPECT_EQ(text.alignment, (Vec3{4, 5, 3}));
+    EXPECT_EQ(text.height, 2.5);
+    EXPECT_EQ(text.widthFactor, 0.5);
+    EXPECT_DOUBLE_EQ(text.rotation, 90 * degree);
+    EXPECT_DOUBLE_EQ(text.obliqueAngle, -10 * degree);
+    EXPECT_TRUE(text.upsideDown && !text.backward);
+    EXPECT_EQ(text.column, TextColumn::fit);
+    EXPECT_EQ(text.row, TextRow::top);
+    EXPECT_EQ(entity.extrusion, (Vec3{0, 0, -1}));
+    // An attribute keeps its row elsewhere; without a second point the first one is meant.
+    const Text other = std::get<Text>(readOne("0=ATTRIB 1=a 10=7 40=-1 41=0 71=2 72=99 73=3 74=2").geometry);
+    EXPECT_EQ(other.row, TextRow::middle);
+    EXPECT_EQ(other.column, TextColumn::left);
+    EXPECT_EQ(other.alignment, (Vec3{7, 0, 0}));
+    EXPECT_TRUE(other.backward && other.height == 1.0 && other.widthFactor == 1.0);
+}
+
+TEST(Attributes, AreShownWhereTheyAreToBe) {
+    const std::string block = section("BLOCKS", "0=BLOCK 2=B 0=ATTDEF 1=value 2=TAG 70=0 0=ATTDEF 1=fixed 2=TAG 70=2"
+                                                " 0=ATTDEF 1=hidden 2=TAG 70=3 0=ENDBLK");
+    const std::string entities = "0=ATTDEF 1=value 2=TAG 70=1 0=INSERT 2=B 66=1 0=ATTRIB 1=seen 2=A 70=0"
+                                 " 0=ATTRIB 1=unseen 2=B 70=1 0=SEQEND 0=TEXT 1=last"
+                                 // Another part of the record has other meanings for the codes.
+                                 " 0=ATTRIB 1=note 40=3 10=5 100=AcDbXrecord 70=2 10=9 40=9 2=B"
+                                 " 101=Embedded 1=two\\Plines 10=5 40=3 101=Embedded 10=1 11=5 71=2 72=2 44=8 73=1";
+    using Texts = std::vector<std::string>;
+    const struct {
+        const char* mode;
+        Texts inBlock;
+        Texts inModel;
+    } rows[] = {
+        {"1", {"fixed"}, {"TAG", "seen", "last", "two/lines/"}},
+        {"2", {"fixed", "hidden"}, {"TAG", "seen", "unseen", "last", "two/lines/"}},
+        {"0", {}, {"TAG", "last"}},
+    };
+    for (const auto& row : rows) {
+        const std::string header = section("HEADER", "9=$ATTMODE 70=" + std::string(row.mode));
+        const Drawing drawing = readGroups(header + block + drawingOf(entities));
+        EXPECT_EQ(textsOf(drawing.blocks.at(0).entities), row.inBlock) << row.mode;
+        EXPECT_EQ(textsOf(drawing.modelSpace), row.inModel) << row.mode;
+    }
+    const Drawing drawing = readGroups(block + drawingOf(entities));
+    const MText note = std::get<MText>(drawing.modelSpace.back().geometry);
+    EXPECT_EQ(note.position, (Vec3{5, 0, 0}));
+    EXPECT_EQ(note.columns.count, 2);
+}
+
+TEST(SampleTexts, AreAllRead) {
+    const std::filesystem::path samples = std::filesystem::path(KELDRIVER_SHARED_DATA) / "dxf";
+    if (!std::filesystem::exists(samples)) {
+        GTEST_SKIP() << samples << " is missing";
+    }
+    const struct {
+        const char* name;
+        size_t count; ///< of records in model space
+        size_t index;
+        const char* text;
+    } rows[] = {
+        {"text_alignments_r2004", 16, 13, "ALIGNED-TEXT-ALIGNED-TEXT-ALIGNED-TEXT-ALIGNED-TEXT"},
+        {"text_caret_encoding", 61, 35, "J: abc/def/"},
+        {"text_fonts", 384, 3, "LEFT"},
+        {"text_layers_unicode", 0, 0, ""},
+        {"text_mirror_ttf", 192, 2, "BASELINE ADJUSTMENTS (gjpqy)"},
+        {"text_oblique_rotate", 93, 6, "BOTTOM_LEFT"},
+        {"text_styles_crlf_r2018", 100, 3, "Xxp/Xxp/Xxp/"},
+        {"text_uncommon_entities", 20, 3, "CIRCLE/DIMENSION/"},
+        {"text_utf8_fonts", 17, 0, "potřeba"},
+    };
+    for (const auto& row : rows) {
+        const Drawing drawing = DxfReader().read((samples / row.name).string() + ".dxf", {});
+        const std::vector<std::string> texts = textsOf(drawing.modelSpace);
+        EXPECT_EQ(texts.size(), row.count) << row.name;
+        EXPECT_EQ(row.index < texts.size() ? texts[row.index] : "", row.text) << row.name;
+    }
+    const Drawing sheet = DxfReader().read((samples / "fidelity_sheet.dxf").string(), {});
+    const std::vector<std::string> texts = textsOf(sheet.modelSpace);
+    for (const char* const text :
+         {"éßñ ЖИ Ω 中文 Ø50 ° ±", "under |u:line", "ATTR-2", "MTEXT red under/line two big */bold/"}) {
+        EXPECT_EQ(std::count(texts.begin(), texts.end(), text), 1) << text;
+    }
+}
+
+} // namespace
+} // namespace kelplot
