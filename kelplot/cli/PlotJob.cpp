@@ -45,12 +45,28 @@ QString undefinedNames(const Drawing& drawing, const WalkReport& report) {
     return firstOf(names);
 }
 
-QString pictureNames(const Drawing& drawing, const std::set<uint32_t>& pictures) {
-    QStringList names;
-    for (const uint32_t picture : pictures) {
-        const std::string path = picture < drawing.images.size() ? drawing.images[picture].path : std::string();
-        names << (path.empty() ? QStringLiteral("one without a file") : QString::fromStdString(path));
+QString nameOf(PictureFault fault) {
+    switch (fault) {
+    case PictureFault::notFound:
+        return QStringLiteral("not found");
+    case PictureFault::notReadable:
+        return QStringLiteral("not readable");
+    case PictureFault::notPicture:
+        return QStringLiteral("not a picture");
+    case PictureFault::tooLarge:
+        return QStringLiteral("too large");
     }
+    return {};
+}
+
+QString pictureNames(const Drawing& drawing, const PictureFaults& faults) {
+    QStringList names;
+    for (const auto& [picture, fault] : faults) {
+        const std::string path = picture < drawing.images.size() ? drawing.images[picture].path : std::string();
+        names << (path.empty() ? QStringLiteral("one without a file")
+                               : QStringLiteral("%1 (%2)").arg(QString::fromStdString(path), nameOf(fault)));
+    }
+    names.removeDuplicates();
     return firstOf(names);
 }
 
@@ -111,6 +127,10 @@ void PlotJob::warnOfMissingParts(const WalkReport& report) const {
         warn(counted(m_drawing.dimensionsWithoutBlock, "dimension without a block is left out",
                      "dimensions without a block are left out"));
     }
+    if (!m_drawing.unknownCodePage.empty()) {
+        warn(QStringLiteral("texts may be wrong, their code page is unknown: ") +
+             QString::fromStdString(m_drawing.unknownCodePage));
+    }
 }
 
 PageLayout PlotJob::layOut(const std::vector<Entity>& entities) const {
@@ -137,8 +157,8 @@ void PlotJob::draw(const std::vector<Entity>& entities, const PageLayout& layout
     const PlotReport report = plotEntities(m_drawing, entities, target, m_options.style, session.renderer(),
                                            [&](double fraction) { m_console.showProgress(0.5 + fraction / 2.0); });
     if (!report.missingPictures.empty()) {
-        warn(counted(report.missingPictures.size(), "picture", "pictures") +
-             QStringLiteral(" that cannot be found or read: ") + pictureNames(m_drawing, report.missingPictures));
+        warn(counted(report.missingPictures.size(), "picture", "pictures") + QStringLiteral(" left out: ") +
+             pictureNames(m_drawing, report.missingPictures));
     }
     if (report.tooManyCopies) {
         warn(QStringLiteral("too many block copies; the plot is incomplete"));

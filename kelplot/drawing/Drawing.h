@@ -40,6 +40,7 @@ struct Drawing {
     std::vector<Entity> modelSpace;
     std::vector<Entity> paperSpace;
     size_t dimensionsWithoutBlock = 0; ///< dimensions that nothing tells how to draw; they are not in the spaces
+    std::string unknownCodePage;       ///< UTF-8, the name of the one its texts are in, where their bytes were guessed
     std::string folder;                ///< UTF-8, where its file lies
     bool imageFrames = true;
     bool wipeoutFrames = false;

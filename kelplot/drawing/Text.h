@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <variant>
@@ -108,7 +109,8 @@ struct Paragraph {
     double firstIndent = 0.0; ///< of the first line from the left indent, drawing units
     double leftIndent = 0.0;
     double rightIndent = 0.0;
-    std::vector<double> tabStops; ///< drawing units from the left edge, rising
+    /// Drawing units from the left edge, rising; null: none. The paragraphs behind one another share them.
+    std::shared_ptr<const std::vector<double>> tabStops;
     bool columnBreakAfter = false;
 };
 

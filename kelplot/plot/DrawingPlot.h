@@ -1,6 +1,5 @@
 #pragma once
 
-#include <set>
 #include <vector>
 
 #include "drawing/Drawing.h"
@@ -10,6 +9,7 @@
 #include "plot/EntityWalk.h"
 #include "plot/FontTable.h"
 #include "plot/PenTable.h"
+#include "plot/PictureFault.h"
 #include "reader/DrawingReader.h"
 
 class QPainter;
@@ -50,7 +50,7 @@ Box2 visibleExtents(const Drawing& drawing, const std::vector<Entity>& entities,
 
 /// What a plot leaves out.
 struct PlotReport : WalkReport {
-    std::set<uint32_t> missingPictures; ///< indices into Drawing::images, of those that could not be read
+    PictureFaults missingPictures;
 };
 
 /// Draws `entities` of `drawing` through `renderer`, which has started to render and is limited to the visible

@@ -25,8 +25,8 @@ public:
     /// What the entity may cover, with the width of its lines, in device coordinates.
     Box2 inkBox(const Entity& entity, const EntityStyle& style, const PlanMap& map) const;
 
-    /// Indices of the pictures that could not be had.
-    const std::set<uint32_t>& missingPictures() const { return m_pictures.missing(); }
+    /// The pictures that could not be had.
+    const PictureFaults& missingPictures() const { return m_pictures.missing(); }
 
 private:
     /// The entity in hand.

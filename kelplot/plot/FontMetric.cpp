@@ -1,6 +1,7 @@
 #include "plot/FontMetric.h"
 
 #include <QPainterPath>
+#include <algorithm>
 
 namespace kelplot {
 
@@ -26,6 +27,20 @@ double capHeightOf(const QFont& font) {
     return height > 0.0 ? height : usual;
 }
 
+/// What was measured for a text before, or else is now.
+template <typename Value, typename Measure>
+Value remembered(QHash<QString, Value>& known, const QString& text, Measure measure) {
+    constexpr int mostKnown = 20000;
+    const auto found = known.constFind(text);
+    if (found != known.constEnd()) {
+        return *found;
+    }
+    if (known.size() >= mostKnown) {
+        known.clear();
+    }
+    return *known.insert(text, measure());
+}
+
 } // namespace
 
 FontMetric::FontMetric(const FontFace& face)
@@ -33,24 +48,20 @@ FontMetric::FontMetric(const FontFace& face)
       m_depth(std::max(0.0, outlineBox(m_font, "gpqy").bottom() / emUnits)) {
 }
 
-FontMetric::Extent FontMetric::extentOf(const QString& text) const {
-    constexpr int mostKnown = 20000;
-    const auto known = m_known.constFind(text);
-    if (known != m_known.constEnd()) {
-        return *known;
-    }
-    Extent extent;
-    extent.advance = m_metrics.horizontalAdvance(text) / emUnits;
-    const QRectF ink = m_metrics.tightBoundingRect(text);
-    if (!ink.isEmpty()) {
-        extent.ink.add(Vec2{ink.left() / emUnits, -ink.bottom() / emUnits});
-        extent.ink.add(Vec2{ink.right() / emUnits, -ink.top() / emUnits});
-    }
-    if (m_known.size() >= mostKnown) {
-        m_known.clear();
-    }
-    m_known.insert(text, extent);
-    return extent;
+double FontMetric::advanceOf(const QString& text) const {
+    return remembered(m_advances, text, [&] { return m_metrics.horizontalAdvance(text) / emUnits; });
+}
+
+Box2 FontMetric::inkOf(const QString& text) const {
+    return remembered(m_inks, text, [&] {
+        Box2 box;
+        const QRectF ink = m_metrics.tightBoundingRect(text);
+        if (!ink.isEmpty()) {
+            box.add(Vec2{ink.left() / emUnits, -ink.bottom() / emUnits});
+            box.add(Vec2{ink.right() / emUnits, -ink.top() / emUnits});
+        }
+        return box;
+    });
 }
 
 } // namespace kelplot

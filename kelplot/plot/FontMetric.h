@@ -31,25 +31,23 @@ constexpr int emUnits = 1024;
 /// How large the letters of a font are. Lengths are parts of its em square, y upwards from the base line.
 class FontMetric {
 public:
-    struct Extent {
-        double advance = 0.0;
-        Box2 ink; ///< empty when nothing shows
-    };
-
     explicit FontMetric(const FontFace& face);
 
     const QFont& font() const { return m_font; } ///< with an em square of `emUnits` pixels
     double capHeight() const { return m_capHeight; }
     double depth() const { return m_depth; } ///< of letters that reach below the base line
-    /// The extent of a text that the font shows by itself, on one line.
-    Extent extentOf(const QString& text) const;
+    /// The width of a text that the font shows by itself, on one line.
+    double advanceOf(const QString& text) const;
+    /// What such a text covers; empty when nothing shows. Takes longer to find than the width.
+    Box2 inkOf(const QString& text) const;
 
 private:
     QFont m_font;
     QFontMetricsF m_metrics;
     double m_capHeight;
     double m_depth;
-    mutable QHash<QString, Extent> m_known;
+    mutable QHash<QString, double> m_advances;
+    mutable QHash<QString, Box2> m_inks;
 };
 
 } // namespace kelplot

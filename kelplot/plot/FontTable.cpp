@@ -1,5 +1,7 @@
 #include "plot/FontTable.h"
 
+#include <algorithm>
+
 namespace kelplot {
 
 namespace {

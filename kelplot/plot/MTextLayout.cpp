@@ -1,6 +1,7 @@
 #include "plot/MTextLayout.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "plot/ParagraphLines.h"
 

@@ -1,7 +1,9 @@
 #include "plot/ParagraphLines.h"
 
 #include <algorithm>
+#include <cmath>
 
+#include "plot/ParagraphOrder.h"
 #include "plot/ParagraphPieces.h"
 #include "plot/TextStackLayout.h"
 
@@ -16,6 +18,13 @@ struct PlacedPiece {
     double x; ///< from the left edge of the text
 };
 
+/// Whether there are letters of such a script; those beyond the first 65536 characters are not looked at closely.
+bool mayRunRightToLeft(const QString& text) {
+    return std::any_of(text.begin(), text.end(), [](QChar character) {
+        return character.direction() == QChar::DirR || character.direction() == QChar::DirAL || character.isSurrogate();
+    });
+}
+
 bool isSpread(Paragraph::Alignment alignment) {
     return alignment == Paragraph::Alignment::justified || alignment == Paragraph::Alignment::distributed;
 }
@@ -25,6 +34,7 @@ class LineFiller {
 public:
     LineFiller(const Paragraph& paragraph, const ParagraphFrame& frame)
         : m_paragraph(paragraph), m_frame(frame), m_pieces(piecesOf(paragraph, frame)),
+          m_rightToLeft(charactersOf(paragraph).isRightToLeft()),
           m_alignment(paragraph.alignment == Paragraph::Alignment::byText ? frame.alignment : paragraph.alignment) {}
 
     std::vector<ParagraphLine> fill();
@@ -39,13 +49,19 @@ private:
     void finishLine(bool last);
     double spreadLine();
     double heightOfLine() const;
-    void addText(size_t begin, size_t end, double lineHeight, ParagraphLine& line) const;
-    void addStack(const PlacedPiece& placed, double lineHeight, ParagraphLine& line) const;
+    void addPieces(size_t begin, size_t end, double lineHeight, ParagraphLine& line) const;
+    void addText(const QString& text, size_t source, double x, double lineHeight, ParagraphLine& line) const;
+    void addStack(size_t source, double x, double lineHeight, ParagraphLine& line) const;
+    void addInWrittenOrder(bool spread, double lineHeight, ParagraphLine& line) const;
+    bool needsOrder(bool spread) const;
+    std::vector<LineItem> itemsOfLine() const;
+    void addInVisualOrder(bool spread, double lineHeight, ParagraphLine& line) const;
     double liftOf(const CharacterFormat& format, double height, double lineHeight) const;
 
     const Paragraph& m_paragraph;
     const ParagraphFrame& m_frame;
     std::vector<LinePiece> m_pieces;
+    bool m_rightToLeft; ///< the paragraph begins so
     Paragraph::Alignment m_alignment;
     std::vector<PlacedPiece> m_line;
     bool m_spread = false; ///< the line in hand
@@ -54,9 +70,11 @@ private:
 
 double LineFiller::nextTab(double x) const {
     const double slack = m_frame.usualHeight * 1e-6;
-    for (const double stop : m_paragraph.tabStops) {
-        if (stop > x + slack) {
-            return stop;
+    if (m_paragraph.tabStops) {
+        for (const double stop : *m_paragraph.tabStops) {
+            if (stop > x + slack) {
+                return stop;
+            }
         }
     }
     const double step = usualTab * m_frame.usualHeight;
@@ -145,8 +163,7 @@ double LineFiller::liftOf(const CharacterFormat& format, double height, double l
 }
 
 /// Adds pieces of one stretch that follow one another, as one text.
-void LineFiller::addText(size_t begin, size_t end, double lineHeight, ParagraphLine& line) const {
-    const auto& span = std::get<TextSpan>(m_paragraph.pieces[m_line[begin].piece->source]);
+void LineFiller::addPieces(size_t begin, size_t end, double lineHeight, ParagraphLine& line) const {
     QString text;
     for (size_t i = begin; i < end; ++i) {
         text += m_line[i].piece->text;
@@ -154,17 +171,80 @@ void LineFiller::addText(size_t begin, size_t end, double lineHeight, ParagraphL
     while (end == m_line.size() && !text.isEmpty() && text.back().isSpace()) {
         text.chop(1);
     }
-    const TextLine set = lineOf(text, lookOf(span.format, m_frame), m_frame.fonts);
-    const double y = liftOf(span.format, span.format.height, lineHeight);
-    line.line.block.add(set.block, {m_line[begin].x - line.indent, y});
+    addText(text, m_line[begin].piece->source, m_line[begin].x, lineHeight, line);
 }
 
-void LineFiller::addStack(const PlacedPiece& placed, double lineHeight, ParagraphLine& line) const {
-    const auto& stack = std::get<TextStack>(m_paragraph.pieces[placed.piece->source]);
+void LineFiller::addText(const QString& text, size_t source, double x, double lineHeight, ParagraphLine& line) const {
+    const auto& span = std::get<TextSpan>(m_paragraph.pieces[source]);
+    const TextLine set = lineOf(text, lookOf(span.format, m_frame), m_frame.fonts);
+    const double y = liftOf(span.format, span.format.height, lineHeight);
+    line.line.block.add(set.block, {x - line.indent, y});
+}
+
+void LineFiller::addStack(size_t source, double x, double lineHeight, ParagraphLine& line) const {
+    const auto& stack = std::get<TextStack>(m_paragraph.pieces[source]);
     const SetStack set = setStack(stack, lookOf(stack.format, m_frame), m_frame.fonts);
     const double y = liftOf(stack.format, set.height, lineHeight);
-    line.line.block.add(set.line.block, {placed.x - line.indent, y});
+    line.line.block.add(set.line.block, {x - line.indent, y});
     line.height = std::max(line.height, y + set.height);
+}
+
+void LineFiller::addInWrittenOrder(bool spread, double lineHeight, ParagraphLine& line) const {
+    for (size_t i = 0; i < m_line.size();) {
+        const LinePiece& piece = *m_line[i].piece;
+        size_t end = i + 1;
+        if (piece.kind == LinePiece::Kind::text) {
+            while (!spread && end < m_line.size() && m_line[end].piece->source == piece.source) {
+                ++end;
+            }
+            addPieces(i, end, lineHeight, line);
+        } else if (piece.kind == LinePiece::Kind::stack) {
+            addStack(piece.source, m_line[i].x, lineHeight, line);
+        }
+        i = end;
+    }
+}
+
+/// Whether the line is not simply read from left to right, nor one text that the renderer puts in order by itself.
+bool LineFiller::needsOrder(bool spread) const {
+    QString text;
+    bool mixed = spread;
+    for (const PlacedPiece& placed : m_line) {
+        text += placed.piece->text;
+        mixed = mixed || placed.piece->source != m_line.front().piece->source;
+    }
+    return (m_rightToLeft || mayRunRightToLeft(text)) && (mixed || text.isRightToLeft() != m_rightToLeft);
+}
+
+/// The texts of the line and, apart from them, the blanks between them.
+std::vector<LineItem> LineFiller::itemsOfLine() const {
+    using Kind = LineItem::Kind;
+    std::vector<LineItem> items;
+    for (size_t i = 0; i < m_line.size(); ++i) {
+        const LinePiece& piece = *m_line[i].piece;
+        const QString shown = withoutBlanksAtEnd(piece.text);
+        const bool isStack = piece.kind == LinePiece::Kind::stack;
+        if (isStack || !shown.isEmpty()) {
+            items.push_back({isStack ? Kind::stack : Kind::text, piece.source, shown, piece.visible});
+        }
+        const double gap = i + 1 < m_line.size() ? m_line[i + 1].x - m_line[i].x - piece.visible : 0.0;
+        if (gap != 0.0) {
+            items.push_back({Kind::blank, piece.source, piece.text.mid(shown.size()), gap});
+        }
+    }
+    return items;
+}
+
+void LineFiller::addInVisualOrder(bool spread, double lineHeight, ParagraphLine& line) const {
+    double x = m_line.front().x;
+    for (const LineItem& item : inVisualOrder(itemsOfLine(), m_rightToLeft, !spread)) {
+        if (item.kind == LineItem::Kind::stack) {
+            addStack(item.source, x, lineHeight, line);
+        } else if (!item.text.isEmpty()) {
+            addText(item.text, item.source, x, lineHeight, line);
+        }
+        x += item.width;
+    }
 }
 
 void LineFiller::finishLine(bool last) {
@@ -177,18 +257,10 @@ void LineFiller::finishLine(bool last) {
         isSpread(m_alignment) && wanted && m_frame.width > 0.0 && m_line.size() > 1 && spreadLine() > 0.0;
     line.alignment = isSpread(m_alignment) ? Paragraph::Alignment::left : m_alignment;
     const double lineHeight = line.height;
-    for (size_t i = 0; i < m_line.size();) {
-        const LinePiece& piece = *m_line[i].piece;
-        size_t end = i + 1;
-        if (piece.kind == LinePiece::Kind::text) {
-            while (!spread && end < m_line.size() && m_line[end].piece->source == piece.source) {
-                ++end;
-            }
-            addText(i, end, lineHeight, line);
-        } else if (piece.kind == LinePiece::Kind::stack) {
-            addStack(m_line[i], lineHeight, line);
-        }
-        i = end;
+    if (needsOrder(spread)) {
+        addInVisualOrder(spread, lineHeight, line);
+    } else {
+        addInWrittenOrder(spread, lineHeight, line);
     }
     line.line.width = m_line.empty() ? 0.0 : m_line.back().x + m_line.back().piece->visible - line.indent;
     m_line.clear();

@@ -17,22 +17,15 @@ QString charactersOf(const TextPiece& piece) {
     return QString(QLatin1Char(std::holds_alternative<TextTab>(piece) ? '\t' : '0'));
 }
 
-QString withoutBlanksAtEnd(const QString& text) {
-    int length = text.size();
-    while (length > 0 && text[length - 1].isSpace() && text[length - 1] != QChar::Nbsp) {
-        --length;
-    }
-    return text.left(length);
+const CharacterFormat& formatOf(const TextPiece& piece) {
+    return std::visit([](const auto& content) -> const CharacterFormat& { return content.format; }, piece);
 }
 
 /// Cuts the paragraph's characters into pieces as it goes along.
 class PieceCutter {
 public:
-    PieceCutter(const Paragraph& paragraph, const ParagraphFrame& frame) : m_paragraph(paragraph), m_frame(frame) {
-        for (const TextPiece& piece : paragraph.pieces) {
-            m_characters += charactersOf(piece);
-        }
-    }
+    PieceCutter(const Paragraph& paragraph, const ParagraphFrame& frame)
+        : m_paragraph(paragraph), m_frame(frame), m_characters(charactersOf(paragraph)) {}
 
     std::vector<LinePiece> cut() {
         QTextBoundaryFinder finder(QTextBoundaryFinder::Line, m_characters);
@@ -40,12 +33,13 @@ public:
         int start = 0;
         for (size_t source = 0; source < m_paragraph.pieces.size(); ++source) {
             const int end = start + charactersOf(m_paragraph.pieces[source]).size();
+            const TextLook look = lookOf(formatOf(m_paragraph.pieces[source]), m_frame);
             while (start < end) {
                 while (next >= 0 && next <= start) {
                     next = finder.toNextBoundary();
                 }
                 const int stop = next < 0 ? end : std::min(next, end);
-                add(source, m_characters.mid(start, stop - start), stop == next);
+                add(source, look, m_characters.mid(start, stop - start), stop == next);
                 start = stop;
             }
         }
@@ -53,29 +47,28 @@ public:
     }
 
 private:
-    void add(size_t source, const QString& text, bool breakAfter) {
+    void add(size_t source, const TextLook& look, const QString& text, bool breakAfter) {
         LinePiece piece;
         piece.source = source;
         piece.breakAfter = breakAfter;
-        std::visit([&](const auto& content) { measure(content, text, piece); }, m_paragraph.pieces[source]);
+        std::visit([&](const auto& content) { measure(content, look, text, piece); }, m_paragraph.pieces[source]);
         m_pieces.push_back(std::move(piece));
     }
 
-    void measure(const TextSpan& span, const QString& text, LinePiece& piece) const {
-        const TextLook look = lookOf(span.format, m_frame);
+    void measure(const TextSpan& span, const TextLook& look, const QString& text, LinePiece& piece) const {
         piece.text = text;
-        piece.width = lineOf(text, look, m_frame.fonts).width;
+        piece.width = widthOf(text, look, m_frame.fonts);
         const QString shown = withoutBlanksAtEnd(text);
-        piece.visible = shown.size() == text.size() ? piece.width : lineOf(shown, look, m_frame.fonts).width;
+        piece.visible = shown.size() == text.size() ? piece.width : widthOf(shown, look, m_frame.fonts);
         piece.height = span.format.height;
     }
-    void measure(const TextStack& stack, const QString& /*text*/, LinePiece& piece) const {
+    void measure(const TextStack& stack, const TextLook& look, const QString& /*text*/, LinePiece& piece) const {
         piece.kind = LinePiece::Kind::stack;
-        piece.width = setStack(stack, lookOf(stack.format, m_frame), m_frame.fonts).line.width;
+        piece.width = setStack(stack, look, m_frame.fonts).line.width;
         piece.visible = piece.width;
         piece.height = stack.format.height;
     }
-    void measure(const TextTab& tab, const QString& /*text*/, LinePiece& piece) const {
+    void measure(const TextTab& tab, const TextLook& /*look*/, const QString& /*text*/, LinePiece& piece) const {
         piece.kind = LinePiece::Kind::tab;
         piece.height = tab.format.height;
         piece.breakAfter = true;
@@ -88,6 +81,22 @@ private:
 };
 
 } // namespace
+
+QString withoutBlanksAtEnd(const QString& text) {
+    int length = text.size();
+    while (length > 0 && text[length - 1].isSpace() && text[length - 1] != QChar::Nbsp) {
+        --length;
+    }
+    return text.left(length);
+}
+
+QString charactersOf(const Paragraph& paragraph) {
+    QString characters;
+    for (const TextPiece& piece : paragraph.pieces) {
+        characters += charactersOf(piece);
+    }
+    return characters;
+}
 
 TextLook lookOf(const CharacterFormat& format, const ParagraphFrame& frame) {
     TextLook look;

@@ -23,6 +23,11 @@ struct LinePiece {
 /// The look of a stretch in a text of this frame.
 TextLook lookOf(const CharacterFormat& format, const ParagraphFrame& frame);
 
+/// The characters of a paragraph, as far as they tell where lines may end and which way it runs.
+QString charactersOf(const Paragraph& paragraph);
+
+QString withoutBlanksAtEnd(const QString& text);
+
 /// The pieces of a paragraph, cut where its script lets lines end.
 std::vector<LinePiece> piecesOf(const Paragraph& paragraph, const ParagraphFrame& frame);
 

@@ -20,8 +20,8 @@ public:
     /// Draws a picture. False where its file cannot be had.
     bool draw(const Image& image, uint8_t opacity, const PlanMap& map);
 
-    /// Indices of the pictures that could not be had.
-    const std::set<uint32_t>& missing() const { return m_store.missing(); }
+    /// The pictures that could not be had.
+    const PictureFaults& missing() const { return m_store.missing(); }
 
 private:
     /// Where a picture comes to lie, in device units.

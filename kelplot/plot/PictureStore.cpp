@@ -1,8 +1,9 @@
 #include "plot/PictureStore.h"
 
 #include <QFile>
+#include <QImageReader>
 #include <cstdlib>
-#include <limits>
+#include <optional>
 
 #include <imgo.h>
 
@@ -15,12 +16,34 @@ namespace {
 
 constexpr int drawnDepth = 32;
 
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly) || file.size() > std::numeric_limits<int>::max()) {
-        return {};
+/// Opens the file of a picture and tells what speaks against reading all of it, if anything does.
+std::optional<PictureFault> faultOf(QFile& file) {
+    constexpr qint64 mostBytes = qint64{1} << 29;
+    constexpr int64_t mostPixels = int64_t{1} << 28;
+    if (file.fileName().isEmpty()) {
+        return PictureFault::notFound;
     }
-    return file.readAll();
+    // The system's own files seem empty, and some keep their reader waiting: they are not even opened.
+    if (file.size() == 0) {
+        return PictureFault::notPicture;
+    }
+    if (file.size() > mostBytes) {
+        return PictureFault::tooLarge;
+    }
+    if (!file.open(QIODevice::ReadOnly)) {
+        return PictureFault::notReadable;
+    }
+    QImageReader reader(&file);
+    reader.setDecideFormatFromContent(true);
+    if (!reader.canRead()) {
+        return PictureFault::notPicture;
+    }
+    const QSize size = reader.size();
+    return int64_t{size.width()} * size.height() > mostPixels ? std::optional(PictureFault::tooLarge) : std::nullopt;
+}
+
+QByteArray contentOf(QFile& file) {
+    return file.seek(0) ? file.read(file.size()) : QByteArray();
 }
 
 /// Encoded anew, any picture comes out with as many bits as the renderer reads.
@@ -64,12 +87,15 @@ int64_t pixelCount(const HT_RasterImage& picture) {
 
 } // namespace
 
-HT_RasterImagePtr PictureStore::load(uint32_t definition, const PictureLook& look) const {
-    if (definition >= m_drawing.images.size()) {
-        return {};
+HT_RasterImagePtr PictureStore::load(uint32_t definition, const PictureLook& look) {
+    const std::string stated = definition < m_drawing.images.size() ? m_drawing.images[definition].path : std::string();
+    QFile file(pictureFile(stated, QString::fromStdString(m_drawing.folder)));
+    const std::optional<PictureFault> fault = faultOf(file);
+    HT_RasterImagePtr picture = fault ? HT_RasterImagePtr() : changed(decoded(contentOf(file)), look);
+    if (!picture) {
+        m_missing.emplace(definition, fault.value_or(PictureFault::notPicture));
     }
-    const QString folder = QString::fromStdString(m_drawing.folder);
-    return changed(decoded(contentOf(pictureFile(m_drawing.images[definition].path, folder))), look);
+    return picture;
 }
 
 HT_RasterImage* PictureStore::find(uint32_t definition, const PictureLook& look) {
@@ -83,7 +109,6 @@ HT_RasterImage* PictureStore::find(uint32_t definition, const PictureLook& look)
     }
     HT_RasterImagePtr picture = load(definition, look);
     if (!picture) {
-        m_missing.insert(definition);
         return nullptr;
     }
     const int64_t pixels = pixelCount(*picture);

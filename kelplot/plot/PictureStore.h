@@ -3,11 +3,11 @@
 #include <QByteArray>
 #include <cstdint>
 #include <map>
-#include <set>
 #include <utility>
 
 #include "drawing/Drawing.h"
 #include "keldriver/RasterImage.h"
+#include "plot/PictureFault.h"
 #include "plot/PictureLook.h"
 
 namespace kelplot {
@@ -22,16 +22,16 @@ public:
     /// is missing or holds no picture.
     HT_RasterImage* find(uint32_t definition, const PictureLook& look);
 
-    /// Indices of the pictures that could not be had.
-    const std::set<uint32_t>& missing() const { return m_missing; }
+    /// The pictures that could not be had.
+    const PictureFaults& missing() const { return m_missing; }
 
 private:
-    HT_RasterImagePtr load(uint32_t definition, const PictureLook& look) const;
+    HT_RasterImagePtr load(uint32_t definition, const PictureLook& look);
 
     const Drawing& m_drawing;
     std::map<std::pair<uint32_t, PictureLook>, HT_RasterImagePtr> m_pictures;
     int64_t m_pixels = 0; ///< of all that are kept
-    std::set<uint32_t> m_missing;
+    PictureFaults m_missing;
 };
 
 } // namespace kelplot

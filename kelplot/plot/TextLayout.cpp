@@ -1,5 +1,7 @@
 #include "plot/TextLayout.h"
 
+#include <cmath>
+
 #include "plot/TextLine.h"
 
 namespace kelplot {
@@ -85,6 +87,12 @@ Vec2 startOf(const Text& text, const TextLook& look, const TextLine& line, FontS
     return {x, baseLineOf(text.row, look.height, look.height * metric.depth() / metric.capHeight())};
 }
 
+/// The same for letters one below the other, which run on downwards: they start, stand in the middle or end there.
+Vec2 columnStartOf(TextColumn column, const TextLine& line) {
+    const Box2& ink = line.block.ink;
+    return {0.0, ink.isEmpty() ? 0.0 : -startOf(column, -ink.min.y)};
+}
+
 Affine2 planeOf(const Text& text) {
     const bool hangs = text.column != TextColumn::left || text.row != TextRow::baseline;
     const Vec2 start = inPlane(text.position);
@@ -100,12 +108,12 @@ Affine2 planeOf(const Text& text) {
 
 PlacedText layOut(const Text& text, const TextStyle& style, FontSet& fonts) {
     TextLook look = lookOf(text, style, fonts);
-    if (isStretched(text.column)) {
+    if (isStretched(text.column) && !style.vertical) {
         look = stretched(text, look, fonts);
     }
     const TextLine line = lineOf(text, look, style.vertical, fonts);
     PlacedText placed;
-    placed.block.add(line.block, style.vertical ? Vec2{} : startOf(text, look, line, fonts));
+    placed.block.add(line.block, style.vertical ? columnStartOf(text.column, line) : startOf(text, look, line, fonts));
     placed.toPlane = planeOf(text);
     placed.elevation = text.position.z;
     return placed;

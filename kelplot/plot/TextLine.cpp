@@ -1,7 +1,8 @@
 #include "plot/TextLine.h"
 
 #include <QTextBoundaryFinder>
-#include <array>
+#include <algorithm>
+#include <cmath>
 
 namespace kelplot {
 
@@ -41,10 +42,14 @@ QStringList charactersOf(const QString& text) {
     return characters;
 }
 
+double widthOf(const FontRun& part, const TextLook& look, const FontMetric& metric) {
+    return metric.advanceOf(part.text) * (look.height / metric.capHeight()) * look.widthFactor * look.tracking;
+}
+
 /// Adds a run at the end and moves that on.
 void addRun(const FontRun& part, const TextLook& look, FontSet& fonts, TextLine& line) {
     const FontMetric& metric = fonts.metric(part.face);
-    const FontMetric::Extent extent = metric.extentOf(part.text);
+    const Box2 ink = metric.inkOf(part.text);
     TextRun run;
     run.text = part.text;
     run.face = part.face;
@@ -53,9 +58,9 @@ void addRun(const FontRun& part, const TextLook& look, FontSet& fonts, TextLine&
     run.widthFactor = look.widthFactor;
     run.obliqueAngle = look.obliqueAngle;
     run.colour = look.colour;
-    line.width += extent.advance * run.emSize * run.widthFactor * look.tracking;
-    if (!extent.ink.isEmpty()) { // blanks only move on
-        line.block.ink.add(inkOf(run, extent.ink));
+    line.width += widthOf(part, look, metric);
+    if (!ink.isEmpty()) { // blanks only move on
+        line.block.ink.add(inkOf(run, ink));
         line.block.runs.push_back(std::move(run));
     }
 }
@@ -88,6 +93,23 @@ TextLook checked(const TextLook& look) {
     return result;
 }
 
+/// Calls `use` for every part of a text that is set by itself: letters, where the look moves them apart.
+template <typename Use>
+void forEachPart(const QString& text, const TextLook& look, FontSet& fonts, Use use) {
+    if (!(look.height > 0.0) || look.widthFactor == 0.0) {
+        return;
+    }
+    for (const FontRun& part : fonts.split(text, look.font)) {
+        if (look.tracking == 1.0) {
+            use(part);
+            continue;
+        }
+        for (const QString& character : charactersOf(part.text)) {
+            use(FontRun{character, part.face});
+        }
+    }
+}
+
 } // namespace
 
 void TextLine::append(const TextLine& next) {
@@ -98,20 +120,17 @@ void TextLine::append(const TextLine& next) {
 TextLine lineOf(const QString& text, const TextLook& look, FontSet& fonts) {
     TextLine line;
     const TextLook sound = checked(look);
-    if (!(sound.height > 0.0) || sound.widthFactor == 0.0) {
-        return line;
-    }
-    for (const FontRun& part : fonts.split(text, sound.font)) {
-        if (sound.tracking == 1.0) {
-            addRun(part, sound, fonts, line);
-            continue;
-        }
-        for (const QString& character : charactersOf(part.text)) {
-            addRun({character, part.face}, sound, fonts, line);
-        }
-    }
+    forEachPart(text, sound, fonts, [&](const FontRun& part) { addRun(part, sound, fonts, line); });
     addLines(sound, line);
     return line;
+}
+
+double widthOf(const QString& text, const TextLook& look, FontSet& fonts) {
+    const TextLook sound = checked(look);
+    double width = 0.0;
+    forEachPart(text, sound, fonts,
+                [&](const FontRun& part) { width += widthOf(part, sound, fonts.metric(part.face)); });
+    return width;
 }
 
 TextLine uprightLineOf(const QString& text, const TextLook& look, FontSet& fonts) {

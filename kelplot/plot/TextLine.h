@@ -27,6 +27,8 @@ struct TextLine {
 };
 
 TextLine lineOf(const QString& text, const TextLook& look, FontSet& fonts);
+/// The width of that line, which is found faster than all of it.
+double widthOf(const QString& text, const TextLook& look, FontSet& fonts);
 
 /// The characters one below the other, centred on the origin and down from it. `width` stays 0.
 TextLine uprightLineOf(const QString& text, const TextLook& look, FontSet& fonts);

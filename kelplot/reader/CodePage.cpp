@@ -18,13 +18,13 @@ constexpr KnownPage knownPages[] = {
     {"857", "IBM857"},        {"860", "IBM860"},          {"861", "IBM861"},        {"863", "IBM863"},
     {"864", "IBM864"},        {"865", "IBM865"},          {"866", "IBM866"},        {"869", "IBM869"},
     {"874", "TIS-620"},       {"932", "Shift_JIS", true}, {"936", "GB18030", true}, {"949", "EUC-KR", true},
-    {"950", "Big5", true},    {"1361", "Johab", true},    {"1250", "windows-1250"}, {"1251", "windows-1251"},
-    {"1252", "windows-1252"}, {"1253", "windows-1253"},   {"1254", "windows-1254"}, {"1255", "windows-1255"},
-    {"1256", "windows-1256"}, {"1257", "windows-1257"},   {"1258", "windows-1258"}, {"65001", "UTF-8", true},
+    {"950", "Big5", true},    {"1250", "windows-1250"},   {"1251", "windows-1251"}, {"1252", "windows-1252"},
+    {"1253", "windows-1253"}, {"1254", "windows-1254"},   {"1255", "windows-1255"}, {"1256", "windows-1256"},
+    {"1257", "windows-1257"}, {"1258", "windows-1258"},   {"65001", "UTF-8", true},
 };
 
-/// By the digit of the escape, from 1.
-constexpr const char* escapeCodecs[] = {"Shift_JIS", "Big5", "EUC-KR", "Johab", "GB18030"};
+/// By the digit of the escape, from 1. The fourth is Johab, which nothing here decodes.
+constexpr const char* escapeCodecs[] = {"Shift_JIS", "Big5", "EUC-KR", "", "GB18030"};
 
 } // namespace
 

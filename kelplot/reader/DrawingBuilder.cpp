@@ -152,6 +152,7 @@ Entity* DrawingBuilder::append(const RecordHeader& header, Geometry&& geometry) 
 }
 
 Drawing DrawingBuilder::take() {
+    m_drawing.unknownCodePage = m_decoder.unknownCodePage();
     return std::move(m_drawing);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <algorithm>
+#include <memory>
 #include <optional>
 
 #include "reader/GroupValue.h"
@@ -15,7 +16,7 @@ constexpr int colourByBlock = 0;
 constexpr int largestColourNumber = 255;
 constexpr int largestTrueColour = 0xFFFFFF;
 
-// Every stretch and paragraph has a copy of these.
+// Every stretch has a copy of its font.
 constexpr std::size_t longestFontName = 256;
 constexpr std::size_t mostTabStops = 64;
 
@@ -182,7 +183,7 @@ void applyParagraphCode(std::string_view argument, double height, Paragraph& par
             // Without a number the usual one is meant.
             *length = takeNumber(argument).value_or(0.0) * height;
         } else if (key == 't') {
-            paragraph.tabStops = takeTabStops(argument, height);
+            paragraph.tabStops = std::make_shared<const std::vector<double>>(takeTabStops(argument, height));
         } else if (key == 'q' && !argument.empty()) {
             paragraph.alignment = alignmentOf(argument.front());
             argument.remove_prefix(1);

@@ -1,6 +1,7 @@
 #include "reader/MTextMarkup.h"
 
 #include <algorithm>
+#include <limits>
 #include <string>
 #include <utility>
 
@@ -36,6 +37,11 @@ std::optional<TextStack::Divider> dividerOf(char mark) {
     }
 }
 
+/// Whether `rest`, behind a backslash, begins another paragraph or column.
+bool endsParagraph(std::string_view rest) {
+    return !rest.empty() && (rest.front() == 'P' || rest.front() == 'N');
+}
+
 /// Reads text word by word into paragraphs.
 class MarkupParser {
 public:
@@ -60,6 +66,8 @@ private:
     void finishParagraph(bool columnBreak);
 
     std::string_view m_rest;
+    /// No stack that begins with more than this left has an end: it was looked for, and is not to be again and again.
+    std::size_t m_leftWithoutStacks = std::numeric_limits<std::size_t>::max();
     const NameDecoder& m_decoder;
     const double m_height; ///< of the whole text, the measure of indents
     CharacterFormat m_format;
@@ -177,8 +185,11 @@ void MarkupParser::takeParagraphCode() {
     }
 }
 
-/// The stack up to its semicolon; nothing where that is missing.
+/// The stack up to its semicolon; nothing where the paragraph ends without one.
 std::optional<Stack> MarkupParser::readStack() {
+    if (m_rest.size() > m_leftWithoutStacks) {
+        return std::nullopt;
+    }
     Stack stack;
     std::string_view rest = m_rest;
     while (!rest.empty()) {
@@ -194,6 +205,9 @@ std::optional<Stack> MarkupParser::readStack() {
             m_rest = rest;
             return stack;
         }
+        if (c == '\\' && endsParagraph(rest)) {
+            break;
+        }
         if (divider) {
             stack.divider = divider;
             // A caret alone would make a control character of what follows, so a blank stands behind it.
@@ -205,6 +219,7 @@ std::optional<Stack> MarkupParser::readStack() {
             part += c;
         }
     }
+    m_leftWithoutStacks = rest.size();
     return std::nullopt;
 }
 

@@ -11,7 +11,8 @@ std::optional<double> takeNumber(std::string_view& text) {
     takeCharacter(digits, '+');
     const std::string_view unsignedDigits = digits.substr(!digits.empty() && digits.front() == '-' ? 1 : 0);
     // Words such as "inf" count as numbers elsewhere.
-    if (unsignedDigits.empty() || unsignedDigits.find_first_of("0123456789.") != 0) {
+    constexpr std::string_view beginnings = "0123456789.";
+    if (unsignedDigits.empty() || beginnings.find(unsignedDigits.front()) == std::string_view::npos) {
         return std::nullopt;
     }
     double value = 0.0;

@@ -30,6 +30,14 @@ std::string convert(std::string_view bytes, QTextCodec* codec) {
     return used != nullptr ? used->toUnicode(viewOf(bytes)).toStdString() : std::string(bytes);
 }
 
+/// Control characters show nothing, and a null would end the text for those who draw it.
+QString withoutControls(QString text) {
+    auto* const end = std::remove_if(text.begin(), text.end(),
+                                     [](QChar character) { return character.category() == QChar::Other_Control; });
+    text.truncate(static_cast<int>(end - text.begin()));
+    return text;
+}
+
 std::optional<unsigned> hexAt(std::string_view text, std::size_t offset) {
     const std::string_view digits = text.substr(std::min(offset, text.size()), escapeDigits);
     unsigned value = 0;
@@ -46,7 +54,7 @@ std::optional<QString> takeEscape(std::string_view& text) {
         const auto unit = hexAt(text, unicodeEscape.size());
         if (unit) {
             text.remove_prefix(unicodeEscape.size() + escapeDigits);
-            return QString(QChar(static_cast<ushort>(*unit)));
+            return withoutControls(QChar(static_cast<ushort>(*unit)));
         }
     }
     const std::size_t pageAt = multiByteEscape.size();
@@ -60,7 +68,7 @@ std::optional<QString> takeEscape(std::string_view& text) {
     }
     text.remove_prefix(pageAt + 1 + escapeDigits);
     const char bytes[] = {static_cast<char>(*character >> 8), static_cast<char>(*character & 0xFF)};
-    return codec->toUnicode(bytes, 2);
+    return withoutControls(codec->toUnicode(bytes, 2));
 }
 
 /// UTF-16 halves of one character stand in two escapes, so the text is put together in UTF-16.
@@ -91,7 +99,12 @@ void NameDecoder::setVersion(std::string_view version) {
 }
 
 void NameDecoder::setCodePage(std::string_view name) {
+    m_codePageName = name;
     m_codePage = codePageOfDrawing(name);
+}
+
+std::string NameDecoder::unknownCodePage() const {
+    return m_unicode || m_codePage.codec != nullptr ? std::string() : decode(m_codePageName);
 }
 
 std::string NameDecoder::decode(std::string_view bytes) const {
@@ -111,7 +124,8 @@ std::string NameDecoder::decodeMarkup(std::string_view bytes) const {
 
 std::string NameDecoder::decodeByte(unsigned char byte) const {
     const char text = static_cast<char>(byte);
-    return convert({&text, 1}, m_codePage.multiByte ? nullptr : m_codePage.codec);
+    const std::string character = convert({&text, 1}, m_codePage.multiByte ? nullptr : m_codePage.codec);
+    return withoutControls(QString::fromStdString(character)).toStdString();
 }
 
 std::string NameDecoder::decodeBytes(std::string_view bytes) const {

@@ -16,19 +16,23 @@ public:
     /// The drawing's code page as its header has it, such as "ANSI_1251".
     void setCodePage(std::string_view name);
 
+    /// The code page that the drawing names for its texts, where nothing here can decode it; else empty.
+    std::string unknownCodePage() const;
+
     /// `bytes` as UTF-8, with the escapes \\U+XXXX and \\M+NXXXX replaced by what they stand for.
     std::string decode(std::string_view bytes) const;
 
     /// As `decode`, for texts in which a double backslash is one that begins no escape; it stays double.
     std::string decodeMarkup(std::string_view bytes) const;
 
-    /// The character that a single byte of the drawing's code page stands for.
+    /// The character that a single byte of the drawing's code page stands for; empty for control characters.
     std::string decodeByte(unsigned char byte) const;
 
 private:
     std::string decodeBytes(std::string_view bytes) const;
 
     bool m_unicode = false;
+    std::string m_codePageName;
     CodePage m_codePage;
 };
 

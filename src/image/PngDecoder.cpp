@@ -51,6 +51,16 @@ bool isNamed(const unsigned char* chunk, const char* name) {
     return std::memcmp(chunk + nameOffset, name, nameSize) == 0;
 }
 
+/// Whether a chunk before the pixels states more content than the file has. Such a file cannot be read, but readers
+/// take memory for all of that content, up to a gigabyte, before they know.
+bool isCutOff(const unsigned char* data, int size) {
+    int64_t offset = signatureSize;
+    while (offset + chunkFrame <= size && !isNamed(data + offset, "IDAT")) {
+        offset += chunkFrame + int64_t{doubleWord(data + offset)};
+    }
+    return offset > size;
+}
+
 /// A damaged key colour is none: readers pass it over.
 bool isKeyColor(const unsigned char* chunk) {
     return isNamed(chunk, "tRNS") && doubleWord(chunk) == keySize &&
@@ -100,7 +110,7 @@ void makeTransparent(QImage& image, const KeyColor& key) {
 } // namespace
 
 QImage decodePng(const unsigned char* data, int size) {
-    if (data == nullptr || size <= 0) {
+    if (data == nullptr || size <= 0 || isCutOff(data, size)) {
         return {};
     }
     if (!isDeep(data, size)) {

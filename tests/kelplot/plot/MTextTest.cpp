@@ -52,7 +52,7 @@ protected:
     double widthOf(const char* characters) {
         const FontFace face = fonts.choose(style.font, "").face;
         const FontMetric& metric = fonts.metric(face);
-        return metric.extentOf(characters).advance / metric.capHeight() * 3.0;
+        return metric.advanceOf(characters) / metric.capHeight() * 3.0;
     }
 
     TextStyle style;
@@ -130,7 +130,7 @@ TEST_F(MTextPlot, LinesStandWhereTheirAlignmentSays) {
     Paragraph indented = paragraphOf("mm mm mm");
     indented.firstIndent = -1.0;
     indented.leftIndent = 4.0;
-    indented.tabStops = {10.0};
+    indented.tabStops = std::make_shared<const std::vector<double>>(1, 10.0);
     indented.pieces.insert(indented.pieces.begin(), {TextSpan{"1", formatOf(3.0)}, TextTab{formatOf(3.0)}});
     const TextBlock list = block(textOf({indented}, 10.0 + word + 0.1));
     ASSERT_EQ(list.runs.size(), 4U);
@@ -198,6 +198,43 @@ TEST_F(MTextPlot, SpansHaveTheirOwnColours) {
     EXPECT_EQ(shapes[2].color, green);
     EXPECT_EQ(shapes[3].kind, "area");
     EXPECT_EQ(shapes[3].color, red);
+}
+
+TEST_F(MTextPlot, WordsStandInTheOrderOfTheirScript) {
+    constexpr double edge = 60.0;
+    const struct {
+        const char* name;
+        std::vector<const char*> spans; ///< each with a colour of its own
+        Alignment alignment;
+        std::vector<const char*> fromLeft; ///< the texts with ink, as they stand
+    } cases[] = {
+        {"two colours", {"אבא ", "דודו", " ששש"}, Alignment::left, {" ששש", "דודו", "אבא "}},
+        {"spread", {"אבא דודו ששש"}, Alignment::distributed, {"ששש", "דודו", "אבא"}},
+        {"from left to right inside", {"אבא ", "one two", " ששש"}, Alignment::left, {" ששש", "one two", "אבא "}},
+        {"two colours of those", {"אבא ", "one ", "two"}, Alignment::left, {"one ", "two", "אבא "}},
+        {"inside a line from left to right",
+         {"one ", "אבא ", "דודו", " two"},
+         Alignment::left,
+         {"one ", "דודו", "אבא ", " two"}},
+        {"numbers go along", {"אבא ", "12", " דודו"}, Alignment::left, {" דודו", "12", "אבא "}},
+    };
+    for (const auto& row : cases) {
+        Paragraph paragraph = paragraphOf("", row.alignment);
+        std::string written;
+        for (const char* span : row.spans) {
+            paragraph.pieces.push_back(TextSpan{span, formatOf(3.0)});
+            written += span;
+        }
+        std::vector<TextRun> runs = block(textOf({paragraph}, edge)).runs;
+        std::sort(runs.begin(), runs.end(), [](const auto& a, const auto& b) { return a.origin.x < b.origin.x; });
+        ASSERT_EQ(runs.size(), row.fromLeft.size()) << row.name;
+        for (size_t i = 0; i < runs.size(); ++i) {
+            EXPECT_EQ(runs[i].text.trimmed(), QString(row.fromLeft[i]).trimmed()) << row.name << ", run " << i;
+        }
+        const TextRun& last = runs.back();
+        const double right = last.origin.x + widthOf(last.text.toStdString().c_str());
+        EXPECT_NEAR(right, row.alignment == Alignment::left ? widthOf(written.c_str()) : edge, 0.1) << row.name;
+    }
 }
 
 TEST(FontSet, FindsFontsByTheTable) {

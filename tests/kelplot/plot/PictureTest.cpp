@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QFileInfo>
 #include <QImage>
 #include <QPainter>
 #include <cmath>
@@ -212,6 +213,36 @@ TEST_F(Pictures, HaveAFrameWhereTheyAreMissingOrItIsAskedFor) {
         const PlotReport result = plotEntities(drawing, drawing.modelSpace, target, {}, renderer, {});
         EXPECT_EQ(textOf(renderer.shapes), row.lines) << row.name;
         EXPECT_EQ(result.missingPictures.size(), row.missing) << row.name;
+    }
+}
+
+TEST_F(Pictures, AreMissingForAReason) {
+    QFile huge(QString::fromStdString(directory.path("huge.png")));
+    ASSERT_TRUE(fourQuarters().save(huge.fileName()));
+    directory.write("damaged.png", directory.read("huge.png").substr(0, 40));
+    ASSERT_TRUE(huge.resize((qint64{1} << 29) + 1)); // takes no room on the disk
+    directory.write("empty.png", "");
+    directory.write("text.png", "no picture");
+    directory.write("wide.pbm", "P4\n20000 20000\n");
+    directory.write("locked.png", "no picture");
+    const QString locked = QString::fromStdString(directory.path("locked.png"));
+    ASSERT_TRUE(QFile::setPermissions(locked, {}));
+    const bool lockable = !QFileInfo(locked).isReadable(); // not for an administrator
+    const std::pair<const char*, PictureFault> cases[] = {
+        {"", PictureFault::notFound},
+        {"none.png", PictureFault::notFound},
+        {"locked.png", lockable ? PictureFault::notReadable : PictureFault::notPicture},
+        {"empty.png", PictureFault::notPicture},
+        {"text.png", PictureFault::notPicture},
+        {"damaged.png", PictureFault::notPicture},
+        {"/proc/kmsg", PictureFault::notPicture}, // blocks who reads it
+        {"huge.png", PictureFault::tooLarge},
+        {"wide.pbm", PictureFault::tooLarge},
+    };
+    for (const auto& [path, fault] : cases) {
+        drawing.images[0].path = path;
+        plotted();
+        EXPECT_EQ(report.missingPictures, (PictureFaults{{0, fault}})) << path;
     }
 }
 

@@ -139,13 +139,25 @@ TEST(Text, IsTurnedMirroredAndStretched) {
 }
 
 TEST(Text, OfAVerticalStyleRunsDown) {
-    Drawing drawing = drawingWith(textOf("HHH", 10.0));
-    drawing.textStyles[0].vertical = true;
-    const Box2 ink = inkOf(drawing);
-    EXPECT_NEAR(ink.center().x, 50.0, 0.3);
-    EXPECT_LT(ink.width(), 10.0);
-    EXPECT_NEAR(ink.max.y, 50.0, 0.2);
-    EXPECT_NEAR(ink.height(), 40.0, 0.3) << "one and a half heights from letter to letter";
+    const struct {
+        const char* name;
+        TextColumn column;
+        double top;
+    } cases[] = {
+        {"from its point", TextColumn::left, 50.0},
+        {"about it", TextColumn::center, 70.0},
+        {"about it, by its middle", TextColumn::middle, 70.0},
+        {"to it", TextColumn::right, 90.0},
+    };
+    for (const auto& row : cases) {
+        Drawing drawing = drawingWith(textOf("HHH", 10.0, row.column));
+        drawing.textStyles[0].vertical = true;
+        const Box2 ink = inkOf(drawing);
+        EXPECT_NEAR(ink.center().x, 50.0, 0.3) << row.name;
+        EXPECT_LT(ink.width(), 10.0) << row.name;
+        EXPECT_NEAR(ink.max.y, row.top, 0.3) << row.name;
+        EXPECT_NEAR(ink.height(), 40.0, 0.3) << row.name << ": one and a half heights from letter to letter";
+    }
 }
 
 TEST(Text, ExtentsAreWhatItCovers) {

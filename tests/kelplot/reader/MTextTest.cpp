@@ -81,12 +81,27 @@ TEST(MTextMarkup, IsResolved) {
          "[1/2][1#2][+0.1^-0.1][2^][a/b^c]<u>[1/°]$"},
         {"stack of one", "a\\Sb;c", "abc$"},
         {"unfinished", "\\S1/2\\Pa\\fArial\\Pb\\pi2\\H", "1/2$a\\fArial$b\\pi2\\H$"},
+        {"stack in the next paragraph", "\\S1/2\\PH\\S3#4;\\S5\\NC;", "1/2$H[3#4]5&C;$"},
         {"no codes", "C:\\new\\ \\Hx;\\", "C:\\new\\ \\Hx;\\$"},
         {"no numbers", "\\H;a\\C;b\\Hinf;c\\H1e999;d\\W-1;e", "ab\\Hinf;cde$"},
         {"deep", std::string(200, '{') + "a" + std::string(200, '}') + "b{\\Lc}d", "ab<u>cd$"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(shown(paragraphsOf(row.markup, CharacterFormat(), NameDecoder())), row.expected) << row.name;
+    }
+}
+
+/// Reading on to the end from each of them would take hours.
+TEST(MTextMarkup, UnfinishedCodesCostLittle) {
+    const std::pair<const char*, std::size_t> rows[] = {{"\\S", 0}, {"\\H", 2}, {"\\f", 2}, {"\\p", 2}, {"\\C-", 3}};
+    constexpr std::size_t count = 300000;
+    for (const auto& [code, shownLength] : rows) {
+        std::string markup;
+        for (std::size_t i = 0; i < count; ++i) {
+            markup += code;
+        }
+        EXPECT_EQ(shown(paragraphsOf(markup, CharacterFormat(), NameDecoder())).size(), count * shownLength + 1)
+            << code;
     }
 }
 
@@ -100,11 +115,12 @@ TEST(MTextMarkup, ParagraphsKeepTheirShape) {
     EXPECT_EQ(paragraphs[0].leftIndent, 4.0);
     EXPECT_EQ(paragraphs[0].rightIndent, 6.0);
     EXPECT_EQ(paragraphs[0].alignment, Paragraph::Alignment::justified);
-    EXPECT_EQ(paragraphs[0].tabStops, (std::vector<double>{4, 8, 12}));
+    EXPECT_EQ(*paragraphs[0].tabStops, (std::vector<double>{4, 8, 12}));
     EXPECT_EQ(paragraphs[1].firstIndent, 0.0);
     EXPECT_EQ(paragraphs[1].rightIndent, 6.0);
     EXPECT_EQ(paragraphs[1].alignment, Paragraph::Alignment::center);
-    EXPECT_TRUE(paragraphs[1].tabStops.empty());
+    EXPECT_TRUE(paragraphs[1].tabStops->empty());
+    EXPECT_EQ(paragraphs[2].tabStops, paragraphs[1].tabStops) << "copies of them add up";
     EXPECT_EQ(paragraphs[2].alignment, Paragraph::Alignment::byText);
     EXPECT_EQ(paragraphs[2].format.height, 3.0);
 }

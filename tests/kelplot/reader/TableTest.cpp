@@ -120,6 +120,7 @@ TEST(Names, BecomeUtf8) {
         std::string codePage;
         std::string bytes;
         const char* utf8;
+        const char* unknownCodePage = "";
     } rows[] = {
         {"cyrillic", "AC1015", "ANSI_1251", "\xD1\xF2\xE5\xED\xE0", "Стена"},
         {"latin", "AC1009", "ansi_1252", "W\xE4nde", "Wände"},
@@ -129,10 +130,13 @@ TEST(Names, BecomeUtf8) {
         {"chinese", "AC1018", "ANSI_936", "\xC7\xBD", "墙"},
         {"unicode", "AC1021", "ANSI_1251", "Стена", "Стена"},
         {"not unicode after all", "AC1027", "ANSI_1251", "\xD1\xF2\xE5\xED\xE0", "Стена"},
-        {"unknown code page", "AC1015", "UNDEFINED", "Wände", "Wände"},
+        {"unknown code page", "AC1015", "UNDEFINED", "Wände", "Wände", "UNDEFINED"},
+        {"code page without a codec", "AC1015", "ANSI_1361", "a\\M+48861", "a\\M+48861", "ANSI_1361"},
+        {"unknown where none is needed", "AC1021", "UNDEFINED", "Wände", "Wände"},
         {"escaped", "AC1015", "ANSI_1252", "a\\U+0416b", "aЖb"},
         {"escaped pair", "AC1024", "ANSI_1252", "\\U+D83D\\U+DE00", "😀"},
         {"escaped bytes", "AC1015", "ANSI_1252", "\\M+195C7", "壁"},
+        {"escaped control characters", "AC1015", "ANSI_1252", "a\\U+0000b\\M+10041\\U+009Fc", "abAc"},
         {"no escape", "AC1015", "ANSI_1252", "a\\U+04\\M+9\\b\\", "a\\U+04\\M+9\\b\\"},
     };
     for (const auto& row : rows) {
@@ -140,6 +144,7 @@ TEST(Names, BecomeUtf8) {
         const Drawing drawing = readGroups(section("HEADER", header) + drawingOf("0=LINE 8=" + row.bytes + " 11=1"));
         ASSERT_EQ(drawing.layers.size(), 2u) << row.name;
         EXPECT_EQ(drawing.layers[1].name, row.utf8) << row.name;
+        EXPECT_EQ(drawing.unknownCodePage, row.unknownCodePage) << row.name;
     }
 }
 

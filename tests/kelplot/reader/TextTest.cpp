@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "DrawingText.h"
+#include "reader/CodePage.h"
 #include "reader/DxfReader.h"
 #include "reader/TextCodes.h"
 
@@ -55,6 +56,7 @@ TEST(TextCodes, AreResolved) {
         {"a %%uline%%u %%ub%%ooth%%k!", "a |u:line| |u:b|uo:oth|uok:!"},
         {"a^Ib^M^Jc ^ 2 x^2 ^a ^?", "a b c ^2 x^2 ^a ^?"},
         {"50%% %%x %%99 %%999 %%", "50%% %%x %%99 %%999 %%"},
+        {"a%%152b", "ab"}, // a control character
         {"%%u%%u", ""},
         {"^", "^"},
     };
@@ -80,6 +82,19 @@ TEST(TextBytes, AreReadForWhatTheyAre) {
         decoder.setVersion("AC1015");
         decoder.setCodePage(row.codePage);
         EXPECT_EQ(decoder.decode(row.bytes), row.utf8) << row.name;
+    }
+}
+
+TEST(CodePages, CanBeDecoded) {
+    for (const char* const name :
+         {"dos437",    "dos850",    "dos852",    "dos855",    "dos857",    "dos860",    "dos861",
+          "dos863",    "dos864",    "dos865",    "dos866",    "dos869",    "dos932",    "ANSI_874",
+          "ANSI_932",  "ANSI_936",  "ANSI_949",  "ANSI_950",  "ANSI_1250", "ANSI_1251", "ANSI_1252",
+          "ANSI_1253", "ANSI_1254", "ANSI_1255", "ANSI_1256", "ANSI_1257", "ANSI_1258", "ANSI_65001"}) {
+        EXPECT_NE(codePageOfDrawing(name).codec, nullptr) << name;
+    }
+    for (const char digit : {'1', '2', '3', '5'}) {
+        EXPECT_NE(codePageOfEscape(digit).codec, nullptr) << digit;
     }
 }
 
