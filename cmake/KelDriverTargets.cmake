@@ -4,6 +4,11 @@ function(keldriver_target_defaults target)
     set_target_properties(${target} PROPERTIES
         CXX_STANDARD 17 CXX_STANDARD_REQUIRED ON CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        # A unique symbol, such as a table inside a standard template, would keep the library loaded after its host has
+        # closed it, and the geometry module with it.
+        target_compile_options(${target} PRIVATE -fno-gnu-unique)
+    endif()
     if(KELDRIVER_WERROR)
         target_compile_options(${target} PRIVATE -Werror)
     endif()
