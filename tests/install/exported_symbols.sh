@@ -5,10 +5,10 @@
 set -euo pipefail
 list="$(dirname "$0")/exported_symbols.txt"
 
-# Weak symbols are template instances of other libraries; the linker adds marks of its own.
+# Weak functions and what belongs to the standard library are template instances; the linker adds marks of its own.
 exported() {
     nm -D --defined-only --demangle "$1" | sed -nE 's/^[0-9a-f]+ [A-VX-Z] //p' |
-        grep -vxE '__bss_start|_edata|_end|_init|_fini' | LC_ALL=C sort -u
+        grep -vxE '__bss_start|_edata|_end|_init|_fini|std::.*' | LC_ALL=C sort -u
 }
 
 if [ "$1" = --refresh ]; then
