@@ -12,12 +12,12 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 
 #include "AllocationCount.h"
 #include "CountingDevice.h"
+#include "GuiBenchmarks.h"
 #include "HandPainter.h"
 #include "keldriver/KelDriver.h"
 
@@ -218,14 +218,5 @@ void registerAll() {
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
-        return 1;
-    }
-    registerAll();
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runGuiBenchmarks(argc, argv, registerAll);
 }

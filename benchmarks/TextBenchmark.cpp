@@ -18,6 +18,7 @@
 #include <QPainterPath>
 #include <QScreen>
 
+#include "GuiBenchmarks.h"
 #include "keldriver/KelDriver.h"
 
 namespace {
@@ -144,14 +145,5 @@ void registerAll() {
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
-        return 1;
-    }
-    registerAll();
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runGuiBenchmarks(argc, argv, registerAll);
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QHash>
+#include <QString>
+#include <QStringList>
 #include <map>
 #include <memory>
 #include <string>

@@ -8,8 +8,8 @@
 
 namespace kelplot {
 
-/// Lays out the texts of a drawing, which outlives this and stays as it is: a text is laid out once, though its extents
-/// are asked for before it is drawn, and blocks show it many times.
+/// Lays out the texts of a drawing, which outlives this and stays as it is. What was laid out lately is kept: a text
+/// is measured just before it is drawn, and blocks show it many times.
 class Typesetter {
 public:
     Typesetter(const Drawing& drawing, const FontTable& fonts) : m_drawing(drawing), m_fonts(fonts) {}

@@ -34,6 +34,21 @@ QString withoutQuotes(const std::string& value) {
     return QString::fromStdString(value.substr(first, std::max(end, first) - first));
 }
 
+/// Reads a settings file; throws `SettingsError` where it cannot be read or is malformed.
+void load(const QString& path, inifile::IniFile& file) {
+    const QFileInfo info(path);
+    if (!info.exists()) {
+        throw SettingsError(path, QStringLiteral("no such file"));
+    }
+    if (!info.isFile()) {
+        throw SettingsError(path, QStringLiteral("not a file"));
+    }
+    const int code = file.Load(path.toStdString());
+    if (code != 0) {
+        throw SettingsError(path, reasonOf(code, QString::fromStdString(file.GetErrMsg())));
+    }
+}
+
 } // namespace
 
 QString driverFolder() {
@@ -50,24 +65,13 @@ QString ownFolder() {
 }
 
 void requireSettings(const QString& path) {
-    const QFileInfo info(path);
-    if (!info.exists()) {
-        throw SettingsError(path, QStringLiteral("no such file"));
-    }
-    if (!info.isFile()) {
-        throw SettingsError(path, QStringLiteral("not a file"));
-    }
     inifile::IniFile file;
-    const int code = file.Load(path.toStdString());
-    if (code != 0) {
-        throw SettingsError(path, reasonOf(code, QString::fromStdString(file.GetErrMsg())));
-    }
+    load(path, file);
 }
 
 std::optional<std::vector<Setting>> settingsFrom(const QString& path, const char* section) {
-    requireSettings(path);
     inifile::IniFile file;
-    file.Load(path.toStdString());
+    load(path, file);
     const inifile::IniSection* const found = file.getSection(section);
     if (!found) {
         return std::nullopt;
