@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // A polyline clipped to a region, with the growth of the time in the polyline's points.
 //
 // Names read BM_clipLine/<line>/<contours>/<points>. "walk" is a line of short segments such as drawings have;

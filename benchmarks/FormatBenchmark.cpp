@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // swprintf_s beside the platform's own swprintf, on formats that paper files and drivers use.
 //
 // Names read BM_format/<format>/<library|platform>. Both write to a buffer on the stack; the library also keeps the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
 /// Runs the benchmarks that `registerAll` registers once there is a Qt application without a screen.

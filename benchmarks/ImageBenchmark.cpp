@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Images of 3000 x 3000 pixels.
 //
 // BM_Transparency, BM_AddAlpha: a decoded image's own operation ("ours") against a loop over its pixels ("hand").

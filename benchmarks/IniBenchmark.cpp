@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // A settings file of 1 MB, loaded and saved by this library, by QSettings and, where it is found, by GLib's key file.
 //
 // Files lie in memory where the system has such a directory, so that no disk is measured. QSettings parses a section

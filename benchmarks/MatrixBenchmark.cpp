@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // The coordinate transform beside Qt's, in one run: a 3x3 product and the mapping of a point.
 //
 // There is no target: the transform keeps its elements on the heap and works on matrices of any size, Qt's does

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // The nearest palette colour: `HT_GetNearestIndex` ("ours") against the search through all entries ("hand"), on the
 // same random colours.
 

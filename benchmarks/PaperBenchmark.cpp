@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Paper files of a thousand papers, against one bare pass over the same settings file.
 //
 // Times a query (or a write) takes in the same run as its reference: "query" against "load", "write" against

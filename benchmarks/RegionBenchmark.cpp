@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Boolean operations on regions.
 //
 // BM_Clip: `gpc_polygon_clip` ("ours") against the bare Clipper engine on paths that are on the grid already

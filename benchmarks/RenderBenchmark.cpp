@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // The same picture through the renderer and painted by hand, in one run.
 //
 // Names read BM_<picture>/<ours or hand>/<device>/<size>. "counting" is a device that only counts, so the

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Texts through the renderer and painted by hand, in one run, and the splitting of texts by font.
 //
 // Names read BM_DrawText/<ours or hand>/<text>, the target being that ours takes at most 1.1 times as long; and

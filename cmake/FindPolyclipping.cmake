@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: BSD-3-Clause
+
 # Finds the Clipper polygon library, version 6: target Polyclipping::Polyclipping.
 find_path(POLYCLIPPING_INCLUDE_DIR clipper.hpp PATH_SUFFIXES polyclipping)
 find_library(POLYCLIPPING_LIBRARY polyclipping)

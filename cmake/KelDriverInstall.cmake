@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: BSD-3-Clause
+
 # Headers, library, CMake package and pkg-config file.
 include(CMakePackageConfigHelpers)
 

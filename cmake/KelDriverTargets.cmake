@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: BSD-3-Clause
+
 # Language level, warnings and instrumentation for the targets of this project, and only for those.
 function(keldriver_target_defaults target)
     target_compile_features(${target} PUBLIC cxx_std_17)

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Formats any text and compares the result with what a wide stream of the classic locale writes.
 //
 // Input: the format, a byte a character, up to a zero byte; then the arguments in the order in which the format takes

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Feeds the polygon clipper any doubles and any counts.
 //
 // Input: one byte for the operation, then contours until the input ends: a byte with the operand in its lowest bit

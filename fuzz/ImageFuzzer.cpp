@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Feeds both image readers any bytes, and asks everything of what they read.
 
 #include <algorithm>

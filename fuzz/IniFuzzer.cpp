@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Loads any text as a settings file, changes it, and saves and reloads it.
 //
 // Input: edits until one of kind 7, then the text of the file. An edit is a byte with its kind in the three lowest

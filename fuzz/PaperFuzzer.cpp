@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // A binary paper file of any bytes under any capability code, then edited. The first two bytes are the code, the third
 // tells the edit, the rest is the file.
 

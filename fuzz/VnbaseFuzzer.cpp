@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Feeds the geometry module any region and any polyline.
 //
 // Input: shapes until it ends, the polyline first, then the contours. A shape is a byte with the way of reading

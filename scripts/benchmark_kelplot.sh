@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: BSD-3-Clause
 # Compares plotting a drawing with only parsing it: medians of time and peak memory as a Markdown table.
 # Build with -DCMAKE_BUILD_TYPE=Release -DKELDRIVER_BUILD_BENCHMARKS=ON first.
 set -eu

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: BSD-3-Clause
 """Turns the JSON output of paired benchmarks into a Markdown table of ratios.
 
 Benchmarks pair up by name: BM_<picture>/ours/<rest> and BM_<picture>/hand/<rest>. The times are medians of

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: BSD-3-Clause
 # Installs the dependencies, builds kelplot and plots an example drawing to PDF, PNG and SVG.
 set -euo pipefail
 cd "$(dirname "$0")/.."

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: BSD-3-Clause
 # Formats every C++ source in place; with --check, only tells what is out of order.
 set -euo pipefail
 cd "$(dirname "$0")/.."

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: BSD-3-Clause
 # Installs what building and testing need from Debian's packages; asks for nothing when all of it is there.
 set -euo pipefail
 

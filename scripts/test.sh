@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: BSD-3-Clause
 # Installs the dependencies, builds with warnings as errors and runs every test: first under the address,
 # leak and undefined-behaviour sanitizers, then plainly. Ends with the test runner's summary.
 set -euo pipefail

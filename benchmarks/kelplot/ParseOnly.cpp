@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+
 // Parses a drawing and throws everything away: the least time and memory that reading it can take.
 
 #include <dl_creationadapter.h>

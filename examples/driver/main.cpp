@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // The smallest whole driver: lends a painter to the renderer, plots a few primitives, saves the page.
 
 #include <keldriver/KelDriver.h>

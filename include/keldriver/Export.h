@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
 /// Marks a name that drivers link against; everything else in the library stays hidden.

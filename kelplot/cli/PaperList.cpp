@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "cli/PaperList.h"
 
 #include <QJsonArray>

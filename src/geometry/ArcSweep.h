@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
 /// An arc becomes at most this many Bezier curves, which take up one GiB.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // What is computed from a matrix: figures of its elements, minors, the inverse.
 
 #include "keldriver/Matrix.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Matrices made of parts of others.
 
 #include "keldriver/Matrix.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
 /// Lengths and angles closer than this count as equal wherever this library compares geometry.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "keldriver/UCS33.h"
 
 #include <cmath>

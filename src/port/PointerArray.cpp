@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "keldriver/PointerArray.h"
 
 static_assert(sizeof(I_HT_PointerArray) == sizeof(void*), "the interface holds no data");

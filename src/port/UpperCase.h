@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
 /// The capital of a Latin letter, in every locale; any other character as it is.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "port/Utf8.h"
 
 #include <algorithm>

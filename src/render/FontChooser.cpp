@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "render/FontChooser.h"
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "keldriver/Renderer.h"
 
 static_assert(sizeof(HT_Renderer) == sizeof(void*), "the interface holds no data");

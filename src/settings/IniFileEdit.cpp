@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Changing a settings file in memory, and the text helpers that callers share with it.
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // The text of a settings file: reading it and writing it back.
 
 #include <cstdio>

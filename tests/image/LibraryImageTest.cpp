@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // An image library of the application's own takes the place of the open one in this program.
 
 #include <new>

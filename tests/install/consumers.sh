@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: BSD-3-Clause
 # Installs the library into an empty prefix and builds its consumers there: the example driver through the
 # CMake package and through pkg-config, the reference driver on its own, and a project that takes the source
 # tree as a subdirectory.

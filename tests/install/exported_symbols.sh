@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: BSD-3-Clause
 # Compares what the library exports with the list kept beside this script.
 #   exported_symbols.sh LIBRARY            shows the difference and fails when there is one
 #   exported_symbols.sh --refresh LIBRARY  writes the list anew

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: BSD-3-Clause
 # Builds the library against a polygon clipper of the host application's own and sees that it is the one in use.
 set -euo pipefail
 source=$1

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Random settings files, loaded, edited and saved by the library and by the model; and the sample files.
 
 #include <algorithm>

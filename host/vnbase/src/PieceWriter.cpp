@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "PieceWriter.h"
 
 #include "Rounding.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // A host application's own polygon clipper, which answers every operation with the same triangle.
 
 #include <cstdlib>

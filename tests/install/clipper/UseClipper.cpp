@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Succeeds when the library's regions come from the clipper that it was built against.
 
 #include <keldriver/KelDriver.h>

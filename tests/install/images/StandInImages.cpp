@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // A host application's own image library, whose every image is seven pixels wide and larger than the class says.
 
 #include "imgo.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Succeeds when the library's images come from the image library that it was built against.
 
 #include <imgo.h>
