@@ -152,6 +152,21 @@ std::vector<StatedItem> otherItems(const QString& path) {
     return items;
 }
 
+/// Names the first paper that a rewritten file does not hold as it was; empty when it holds all.
+QString firstLoss(const std::vector<PaperSize>& wanted, const std::vector<PaperSize>& written) {
+    const auto [lost, other] = std::mismatch(wanted.begin(), wanted.end(), written.begin(), written.end(), samePaper);
+    return lost == wanted.end() ? QString()
+                                : QStringLiteral(" [%1]").arg(sectionName(static_cast<int>(lost - wanted.begin())));
+}
+
+/// Names the first item that a rewritten file does not hold as it was; empty when it holds all.
+QString firstLoss(const std::vector<StatedItem>& wanted, const std::vector<StatedItem>& written) {
+    const auto [lost, other] = std::mismatch(wanted.begin(), wanted.end(), written.begin(), written.end());
+    return lost == wanted.end() ? QString()
+                                : QStringLiteral(" \"%1\" of [%2]")
+                                      .arg(QString::fromStdString((*lost)[1]), QString::fromStdString((*lost)[0]));
+}
+
 /// The comment and blank lines behind the last key. The library does not keep them.
 QByteArray closingComment(const QByteArray& text) {
     int start = 0;
@@ -293,10 +308,11 @@ int PaperFile::add(const PaperSize& paper) const {
     wanted.push_back(paper);
     wanted.back().Paper = HT_DefaultCreatePaper(nullptr, paper, copy.fileName().toStdWString().c_str());
     append(copy.fileName(), closingComment(before));
-    const std::vector<PaperSize> written = recordsFrom(copy.fileName());
-    const bool whole = std::equal(wanted.begin(), wanted.end(), written.begin(), written.end(), samePaper);
-    if (!whole || otherItems(target) != otherItems(copy.fileName())) {
-        throw SettingsError(m_text, QStringLiteral("cannot be rewritten whole; the disk may be full"));
+    const QString loss =
+        firstLoss(wanted, recordsFrom(copy.fileName())) + firstLoss(otherItems(target), otherItems(copy.fileName()));
+    if (!loss.isEmpty()) {
+        throw SettingsError(m_text,
+                            QStringLiteral("rewriting it would lose or change%1, so it stays as it was").arg(loss));
     }
     replaceFile(target, copy);
     return wanted.back().Paper;
