@@ -46,9 +46,6 @@ TEST(LibraryLoad, WithoutModuleTheLibraryLoadsAndClipsNothing) {
 }
 
 TEST(LibraryLoad, ModuleBesideTheLibraryComesAndGoesWithIt) {
-#ifdef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "the sanitizer stands between the library and the loader, which then ignores the run path";
-#endif
     Library library = load(LIBRARY_WITH_MODULE);
     ASSERT_NE(library, nullptr) << dlerror();
     ASSERT_TRUE(isModuleLoaded());

@@ -54,9 +54,8 @@ class SubTextTest : public ::testing::Test {
 protected:
     void SetUp() override {
         for (const wchar_t* face : {sans, serif, cjk}) {
-            if (!QFontDatabase().families().contains(QString::fromWCharArray(face))) {
-                GTEST_SKIP() << "not installed: " << QString::fromWCharArray(face).toStdString();
-            }
+            ASSERT_TRUE(QFontDatabase().families().contains(QString::fromWCharArray(face)))
+                << "not installed: " << QString::fromWCharArray(face).toStdString();
         }
         fonts.Add(L"Han", fontOf(cjk));
         fonts.Add(L"Stroke", fontOf(serif));

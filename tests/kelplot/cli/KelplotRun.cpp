@@ -30,8 +30,7 @@ Outcome run(const TemporaryDirectory& directory, const QStringList& arguments, c
         environment.remove(QString::fromLatin1(name));
     }
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), QString::fromStdString(directory.path("config")));
-    // For builds with sanitizers; to others these variables mean nothing.
-    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("fast_unwind_on_malloc=0"));
+    // For builds with sanitizers; to others this variable means nothing.
     environment.insert(QStringLiteral("LSAN_OPTIONS"),
                        QStringLiteral("print_suppressions=0:suppressions=" LEAK_SUPPRESSIONS));
     process.setProcessEnvironment(environment);

@@ -4,7 +4,6 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QProcess>
-#include <QStandardPaths>
 #include <sstream>
 
 #include "cli/PlotJob.h"
@@ -67,12 +66,6 @@ void checkFrame(const QString& drawing, const TemporaryDirectory& directory) {
 
 class TrueSize : public ::testing::Test {
 protected:
-    void SetUp() override {
-        if (QStandardPaths::findExecutable("pdftoppm").isEmpty()) {
-            GTEST_SKIP() << "no pdftoppm to look at pages with";
-        }
-    }
-
     TemporaryDirectory directory;
 };
 

@@ -58,9 +58,7 @@ TEST(PlotRegion, WhatLiesOutsideIsNotDrawn) {
 }
 
 TEST(LongLines, AreCutToTheWindow) {
-    if (!hasGeometryModule()) {
-        GTEST_SKIP() << "no geometry module beside the library";
-    }
+    ASSERT_TRUE(hasGeometryModule());
     Entity entity = entityOf(polylineThrough(windingLine()));
     entity.attributes.lineWeight = 100; // 10 device units
     const PlotTarget target = windowTarget();
@@ -84,9 +82,7 @@ TEST(LongLines, AreCutToTheWindow) {
 }
 
 TEST(LongLines, LeaveNothingWhereTheyPassTheWindowBy) {
-    if (!hasGeometryModule()) {
-        GTEST_SKIP() << "no geometry module beside the library";
-    }
+    ASSERT_TRUE(hasGeometryModule());
     std::vector<Vec2> points; // round about the window
     for (int i = 0; i < 500; ++i) {
         points.push_back({50.0 + 40.0 * std::cos(i * 0.0125), 50.0 + 40.0 * std::sin(i * 0.0125)});
