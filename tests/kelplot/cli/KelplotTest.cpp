@@ -11,6 +11,7 @@
 namespace {
 
 const QString plate = QStringLiteral(EXAMPLE_DRAWINGS "/flange_plate.dxf");
+const QString showcase = QStringLiteral(EXAMPLE_DRAWINGS "/showcase.dxf");
 
 const std::string emptyDrawing = "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n";
 const std::string oneLine = "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\nEdge\n10\n0\n20\n0\n11\n500\n21\n0\n"
@@ -69,6 +70,7 @@ const StatusCase statusCases[] = {
      {"parts.dxf: 3 references to blocks that the drawing does not define: Bolt, Nut\n",
       "parts.dxf: 2 dimensions without a block are left out\n"},
      {"parts.pdf"}},
+    {"all of the showcase", {"--strict", "-o", "x.pdf", showcase}, 0, {}, {"x.pdf"}},
     {"after failures", {"junk.dxf", "missing.dxf", "line.dxf"}, 3, {"junk.dxf: ", "missing.dxf: "}, {"line.pdf"}},
 };
 
