@@ -14,6 +14,9 @@ if(TARGET Imgo)
 endif()
 install(TARGETS vnbase LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}) # where the library's run path finds it
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/keldriver DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+if(PROJECT_IS_TOP_LEVEL) # a project that takes this one as a subdirectory has documents of the same names
+    install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/THIRD-PARTY.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+endif()
 install(EXPORT KelDriverTargets NAMESPACE KelDriver:: DESTINATION ${package_dir})
 
 configure_package_config_file(cmake/KelDriverConfig.cmake.in KelDriverConfig.cmake INSTALL_DESTINATION ${package_dir})

@@ -117,7 +117,9 @@ ExitStatus run(const Options& options) {
         std::cout << helpText().toStdString();
         return ExitStatus::done;
     case Action::showVersion:
-        std::cout << "kelplot " KELPLOT_VERSION << std::endl;
+        std::cout << "kelplot " KELPLOT_VERSION "\n"
+                     "Licence GPL-2.0-or-later; plots through libKelDriver (BSD-3-Clause)"
+                  << std::endl;
         return ExitStatus::done;
     case Action::listLayers:
         return listAll(options, console);

@@ -12,6 +12,9 @@ prefix=$work/prefix
 cmake --install "$build" --prefix "$prefix" >/dev/null
 "$prefix/bin/kelplot" --version
 XDG_CONFIG_HOME=$work "$prefix/bin/kelplot" --list-papers | grep -q $'^A0\t841x1189\t'
+for licence in LICENSE COPYING.kelplot THIRD-PARTY.md; do
+    test -s "$prefix/share/doc/KelDriver/$licence"
+done
 library=$(find "$prefix" -name 'libKelDriver.so')
 libdir=$(dirname "$library")
 objdump -p "$library" | grep -Eq 'SONAME +libKelDriver\.so\.[0-9]+$'

@@ -114,6 +114,7 @@ TEST(Kelplot, HelpAndVersionGoToStandardOutput) {
     const Outcome version = run(directory, {"--version"});
     EXPECT_EQ(version.status, 0);
     EXPECT_TRUE(version.output.startsWith("kelplot ")) << version.output.toStdString();
+    EXPECT_TRUE(version.output.contains("\nLicence GPL-2.0-or-later;")) << version.output.toStdString();
     EXPECT_EQ(help.messages + version.messages, "");
 }
 
