@@ -33,11 +33,11 @@ void plot(HT_Renderer& renderer) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const QGuiApplication application(argc, argv);
-    if (argc != 2) {
+    if (argc != 2) { // said before Qt looks for a display
         std::fprintf(stderr, "usage: example_driver PAGE.png\n");
         return 1;
     }
+    const QGuiApplication application(argc, argv);
 
     QImage page(400, 300, QImage::Format_RGB32);
     page.fill(Qt::white);

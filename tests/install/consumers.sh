@@ -25,6 +25,8 @@ configure "$source/examples/driver" "$work/example"
 cmake --build "$work/example"
 "$work/example/example_driver" "$work/example.png"
 test -s "$work/example.png"
+usage=$(! QT_QPA_PLATFORM=none "$work/example/example_driver" 2>&1)
+[[ $usage == usage:* ]]
 
 export PKG_CONFIG_PATH=$libdir/pkgconfig
 g++ -std=c++17 -fPIC "$source/examples/driver/main.cpp" -o "$work/example_pc" $(pkg-config --cflags --libs keldriver)
