@@ -31,3 +31,10 @@ function(keldriver_precompile_headers target)
         target_precompile_headers(${target} PRIVATE ${ARGN})
     endif()
 endfunction()
+
+# keldriver_version_script(<target> <file>)
+# Lets the linker script beside the CMakeLists.txt decide what the shared library exports.
+function(keldriver_version_script target file)
+    target_link_options(${target} PRIVATE LINKER:--version-script=${CMAKE_CURRENT_SOURCE_DIR}/${file})
+    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${file})
+endfunction()
