@@ -5,7 +5,7 @@
 #include "keldriver/Export.h"
 #include "keldriver/Types.h"
 
-struct gpc_polygon;
+struct gpc_polygon; // defined in gpc.h, which is installed too
 
 /// A region that a driver holds: a list of contours with its bounding box and its kind.
 ///
