@@ -26,11 +26,39 @@ write_basic_package_version_file(KelDriverConfigVersion.cmake COMPATIBILITY Same
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/KelDriverConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/KelDriverConfigVersion.cmake DESTINATION ${package_dir})
 
-# The prefix may be chosen at install time, so the file is written then; folders may be given as absolute paths.
-install(CODE "set(PROJECT_DESCRIPTION \"${PROJECT_DESCRIPTION}\")
+# Stores the way to a folder of the prefix from where the pkg-config file lies.
+function(keldriver_way_from_pkgconfig result folder)
+    file(RELATIVE_PATH way "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/${folder}")
+    string(REGEX REPLACE "/$" "" way "${way}")
+    set(${result} "\${pcfiledir}/${way}" PARENT_SCOPE)
+endfunction()
+
+# The pkg-config file tells folders by the way from its own place, so that an installation can be moved. Its users may
+# have their own idea of ${prefix}: `pkg-config --define-prefix` takes it to be two folders above the file. That is too
+# low for a library folder like lib/x86_64-linux-gnu, which therefore does without.
+if(NOT IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
+    keldriver_way_from_pkgconfig(pc_prefix "")
+endif()
+foreach(kind IN ITEMS includedir libdir)
+    string(TOUPPER CMAKE_INSTALL_${kind} variable)
+    set(folder "${${variable}}")
+    if(IS_ABSOLUTE "${folder}")
+        set(pc_${kind} "${folder}")
+    elseif(CMAKE_INSTALL_LIBDIR MATCHES "^[^/]+/.")
+        keldriver_way_from_pkgconfig(pc_${kind} "${folder}")
+    else()
+        set(pc_${kind} "\${prefix}/${folder}")
+    endif()
+endforeach()
+
+# Beside libraries at an absolute path it tells the prefix itself, which may be chosen as late as at install time.
+install(CODE "set(PROJECT_DESCRIPTION [[${PROJECT_DESCRIPTION}]])
 set(PROJECT_VERSION ${PROJECT_VERSION})
-cmake_path(ABSOLUTE_PATH CMAKE_INSTALL_PREFIX NORMALIZE)
-cmake_path(APPEND pc_includedir \"\${CMAKE_INSTALL_PREFIX}\" \"${CMAKE_INSTALL_INCLUDEDIR}\")
-cmake_path(APPEND pc_libdir \"\${CMAKE_INSTALL_PREFIX}\" \"${CMAKE_INSTALL_LIBDIR}\")
+set(pc_prefix [[${pc_prefix}]])
+set(pc_includedir [[${pc_includedir}]])
+set(pc_libdir [[${pc_libdir}]])
+if(NOT pc_prefix)
+    cmake_path(ABSOLUTE_PATH CMAKE_INSTALL_PREFIX NORMALIZE OUTPUT_VARIABLE pc_prefix)
+endif()
 configure_file(\"${PROJECT_SOURCE_DIR}/cmake/keldriver.pc.in\" \"${CMAKE_CURRENT_BINARY_DIR}/keldriver.pc\" @ONLY)")
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/keldriver.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
