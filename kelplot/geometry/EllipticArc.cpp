@@ -5,8 +5,7 @@ namespace kelplot {
 
 namespace {
 
-constexpr double pi = 3.141592653589793;
-constexpr double turn = 2.0 * pi;
+constexpr double pi = turn / 2.0;
 
 double withinTurn(double angle) {
     const double rest = std::fmod(angle, turn);

@@ -5,8 +5,6 @@ namespace kelplot {
 
 namespace {
 
-constexpr double turn = 6.283185307179586;
-
 Vec3 level(Vec2 p) {
     return {p.x, p.y, 0.0};
 }

@@ -9,8 +9,6 @@ namespace kelplot {
 
 namespace {
 
-constexpr double turn = 6.283185307179586;
-
 double pointSizeOn(const PlotTarget& target, double stated, double unitSize) {
     constexpr double usualPercentage = 5.0;
     if (stated > 0.0) {

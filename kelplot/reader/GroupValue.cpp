@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::string_view blanks = " \t\r\n\v\f";
 constexpr double largestReal = 1e100;
-constexpr double pi = 3.14159265358979323846;
 
 /// `text` from its number on: no blanks before it, no plus sign.
 std::string_view fromNumber(std::string_view text) {
@@ -67,7 +66,8 @@ double saneReal(double value) {
 }
 
 double radiansFromDegrees(double degrees) {
-    return degrees * (pi / 180.0);
+    constexpr double degree = 3.14159265358979323846 / 180.0;
+    return degrees * degree;
 }
 
 } // namespace kelplot

@@ -12,7 +12,6 @@ namespace {
 
 /// The heaviest line that drawings know, in hundredths of a millimetre.
 constexpr int heaviestLine = 211;
-constexpr int largestColourNumber = 255;
 
 double lineTypeScaleOf(double scale) {
     return scale > 0.0 ? scale : 1.0;
@@ -92,6 +91,7 @@ Colour RecordHeader::colour() const {
     if (colourNumber == colourByBlock) {
         return {Colour::Kind::byBlock, 0};
     }
+    constexpr int largestColourNumber = 255;
     if (colourNumber < -largestColourNumber || colourNumber > largestColourNumber) {
         return {Colour::Kind::byLayer, 0};
     }

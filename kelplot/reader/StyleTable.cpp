@@ -18,7 +18,6 @@ constexpr int backwardStyle = 2;
 constexpr int upsideDownStyle = 4;
 
 // The attached data that names an outline font, and the bits of its number.
-constexpr int applicationCode = 1001;
 constexpr int familyCode = 1000;
 constexpr int fontFlagsCode = 1071;
 constexpr int italicFont = 0x1000000;
@@ -64,6 +63,7 @@ void StyleTable::take(const Group& group) {
 }
 
 void StyleTable::takeExtended(const Group& group) {
+    constexpr int applicationCode = 1001;
     if (group.code == applicationCode) {
         m_tellsFont = trimmed(group.value) == "ACAD";
     } else if (m_tellsFont && group.code == familyCode) {

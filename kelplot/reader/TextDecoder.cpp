@@ -11,8 +11,6 @@ namespace kelplot {
 
 namespace {
 
-constexpr int embeddedObjectCode = 101;
-
 // Bits of an attribute's code 70.
 constexpr int invisibleAttribute = 1;
 constexpr int constantAttribute = 2;
@@ -114,6 +112,7 @@ void TextDecoder::takeLook(const Group& group) {
 
 /// The first object within an attribute is its paragraphs, the second one their columns.
 void TextDecoder::takeEmbedded(const Group& group) {
+    constexpr int embeddedObjectCode = 101;
     if (group.code == embeddedObjectCode) {
         ++m_embeddedObjects;
     } else if (m_embeddedObjects == 1) {

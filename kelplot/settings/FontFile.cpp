@@ -7,9 +7,9 @@ namespace kelplot {
 namespace {
 
 constexpr const char* fontSection = "Fonts";
-const QLatin1String others("other");
+const QLatin1String otherFonts("other");
 
-FontRule ruleFrom(const QString& text) {
+FontRule fontRuleFrom(const QString& text) {
     FontRule rule;
     for (const QString& part : text.split(QLatin1Char(','))) {
         const QString word = part.trimmed();
@@ -31,8 +31,8 @@ FontRule ruleFrom(const QString& text) {
 void addFonts(const QString& path, FontTable& table) {
     for (const Setting& setting : settingsFrom(path, fontSection).value_or(std::vector<Setting>())) {
         const QString name = setting.key.toLower();
-        const FontRule rule = ruleFrom(setting.value);
-        if (name == others) {
+        const FontRule rule = fontRuleFrom(setting.value);
+        if (name == otherFonts) {
             table.setOthers(rule.families);
         } else {
             table.set(name, rule);
