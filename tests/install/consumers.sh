@@ -12,7 +12,7 @@ prefix=$work/prefix
 
 cmake --install "$build" --prefix "$prefix" >/dev/null
 "$prefix/bin/kelplot" --version
-grep -q $'^A0	841x1189	' <<<"$(XDG_CONFIG_HOME=$work "$prefix/bin/kelplot" --list-papers)"
+grep -q $'^A0\t841x1189\t' <<<"$("$prefix/bin/kelplot" --list-papers)"
 for licence in LICENSE COPYING.kelplot THIRD-PARTY.md; do
     test -s "$prefix/share/doc/KelDriver/$licence"
 done
