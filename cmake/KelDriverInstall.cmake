@@ -9,8 +9,7 @@ foreach(library IN ITEMS KelDriver Tarsel Imgo)
         install(TARGETS ${library} EXPORT KelDriverTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
     endif()
 endforeach()
-# The host application's own libraries are found where they were when this one was linked.
-set_target_properties(KelDriver PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
+keldriver_own_libraries_in_run_path(KelDriver)
 install(TARGETS vnbase LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}) # where the library's run path finds it
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/keldriver DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 if(PROJECT_IS_TOP_LEVEL) # a project that takes this one as a subdirectory has documents of the same names

@@ -32,6 +32,15 @@ function(keldriver_precompile_headers target)
     endif()
 endfunction()
 
+# keldriver_own_libraries_in_run_path(<target>)
+# Lets the installed target find a host application's own libraries where they were when it was linked.
+function(keldriver_own_libraries_in_run_path target)
+    foreach(library IN LISTS KELDRIVER_TARSEL KELDRIVER_IMGO)
+        cmake_path(GET library PARENT_PATH folder)
+        set_property(TARGET ${target} APPEND PROPERTY INSTALL_RPATH "${folder}")
+    endforeach()
+endfunction()
+
 # keldriver_version_script(<target> <file>)
 # Lets the linker script beside the CMakeLists.txt decide what the shared library exports.
 function(keldriver_version_script target file)

@@ -26,15 +26,16 @@ build_as_one() {
     cmake --build "$1"
 }
 
-# build_own FILE SOURCE: one of the host application's own libraries.
+# build_own FILE SOURCE: one of the libraries of its own, which the host application has in its build tree.
 build_own() {
     g++ -std=c++17 -shared -fPIC -I "$source/include" -I "$source/host/tarsel/include" -I "$source/host/imgo/include" \
-        "$here/own/$2" -o "$work/own/$1" -Wl,-soname,"$1"
+        "$here/own/$2" -o "$own/$1" -Wl,-soname,"$1"
 }
-mkdir "$work/own"
+own=$work/host/own
+mkdir -p "$own"
 build_own libTarsel.so StandInClipper.cpp
 build_own libImgo.so StandInImages.cpp
-own=(-DKELDRIVER_TARSEL="$work/own/libTarsel.so" -DKELDRIVER_IMGO="$work/own/libImgo.so")
+given=(-DKELDRIVER_TARSEL="$own/libTarsel.so" -DKELDRIVER_IMGO="$own/libImgo.so")
 
 # A path that leads nowhere is told at once.
 for variable in KELDRIVER_TARSEL KELDRIVER_IMGO; do
@@ -44,11 +45,11 @@ for variable in KELDRIVER_TARSEL KELDRIVER_IMGO; do
 done
 
 # With everything else at its default, the reference driver links what was given.
-configure "$source" "$work/default" "${own[@]}"
-grep -qF "$work/own/libImgo.so" <<<"$(ninja -C "$work/default" -t query kelplot/kelplot)"
+configure "$source" "$work/default" "${given[@]}"
+grep -qF "$own/libImgo.so" <<<"$(ninja -C "$work/default" -t query kelplot/kelplot)"
 
 # As a subdirectory: the library and nothing that the host application has or does not want.
-configure "$here/subdirectory" "$work/host" -DKELDRIVER_SOURCE="$source" "${own[@]}" "${as_one[@]}" \
+configure "$here/subdirectory" "$work/host" -DKELDRIVER_SOURCE="$source" "${given[@]}" "${as_one[@]}" \
     -DCMAKE_INSTALL_LIBDIR=lib/x86_64-linux-gnu
 build_as_one "$work/host"
 [[ $(cmake --build "$work/host" --target help) == *kelplot* ]] && fail "the reference driver came with the library"
@@ -67,8 +68,8 @@ same_folder() { [ "$1" -ef "$(pkg-config --define-prefix --variable="$2" keldriv
 same_folder "$prefix/include" includedir
 same_folder "$libdir" libdir
 read -ra flags <<<"$(pkg-config --cflags --libs keldriver)"
-g++ -std=c++17 -fPIC "$here/own/UseClipper.cpp" -o "$work/use_clipper" "${flags[@]}" "$work/own/libTarsel.so"
-LD_LIBRARY_PATH=$libdir:$work/own "$work/use_clipper"
+g++ -std=c++17 -fPIC "$here/own/UseClipper.cpp" -o "$work/use_clipper" "${flags[@]}" "$own/libTarsel.so"
+LD_LIBRARY_PATH=$libdir:$own "$work/use_clipper"
 configure "$here/own" "$work/use" -DKelDriver_DIR="$libdir/cmake/KelDriver"
 cmake --build "$work/use"
 "$work/use/use_images"
@@ -77,7 +78,7 @@ cmake --build "$work/use"
 configure "$source/kelplot" "$work/kelplot" -DKelDriver_DIR="$libdir/cmake/KelDriver" "${as_one[@]}"
 build_as_one "$work/kelplot"
 "$work/kelplot/kelplot" --version
-grep -qF "$work/own/libImgo.so" <<<"$(ldd "$work/kelplot/kelplot")"
+grep -qF "$own/libImgo.so" <<<"$(ldd "$work/kelplot/kelplot")"
 
 rm -r "$prefix"
 cmake --install "$build" --prefix "$prefix" >/dev/null
