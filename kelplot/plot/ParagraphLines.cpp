@@ -57,7 +57,7 @@ private:
     bool needsOrder(bool spread) const;
     std::vector<LineItem> itemsOfLine() const;
     void addInVisualOrder(bool spread, double lineHeight, ParagraphLine& line) const;
-    double liftOf(const CharacterFormat& format, double height, double lineHeight) const;
+    static double liftOf(const CharacterFormat& format, double height, double lineHeight);
 
     const Paragraph& m_paragraph;
     const ParagraphFrame& m_frame;
@@ -65,7 +65,6 @@ private:
     bool m_rightToLeft; ///< the paragraph begins so
     Paragraph::Alignment m_alignment;
     std::vector<PlacedPiece> m_line;
-    bool m_spread = false; ///< the line in hand
     std::vector<ParagraphLine> m_lines;
 };
 
@@ -152,7 +151,7 @@ double LineFiller::heightOfLine() const {
 }
 
 /// How far a stretch is lifted in a line that is higher than itself.
-double LineFiller::liftOf(const CharacterFormat& format, double height, double lineHeight) const {
+double LineFiller::liftOf(const CharacterFormat& format, double height, double lineHeight) {
     switch (format.level) {
     case CharacterFormat::Level::middle:
         return (lineHeight - height) / 2.0;

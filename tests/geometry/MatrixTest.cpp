@@ -69,7 +69,7 @@ TEST(MatrixTest, Operations) {
         {"identity", Matrix(2, true), {{1, 0}, {0, 1}}},
         {"no identity", Matrix(2, false), {{0, 0}, {0, 0}}},
         {"sum", a + a, {{2, 4, 6}, {8, 10, 12}}},
-        {"difference with itself", changed(twoByThree, [](Matrix& m) { m -= m; }), {{0, 0, 0}, {0, 0, 0}}},
+        {"difference with itself", changed(twoByThree, [](Matrix& m) { m.operator-=(m); }), {{0, 0, 0}, {0, 0, 0}}},
         {"product", a * b, {{14, 32}, {32, 77}}},
         {"product in place, from the right",
          changed(threeByTwo, [&](Matrix& m) { m *= a; }),

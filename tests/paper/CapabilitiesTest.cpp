@@ -131,7 +131,7 @@ TEST(Capabilities, DamagedBinaryFileAnswersNothing) {
         EXPECT_EQ(countOf(2, directory.path("p.PER")), 0) << i;
         EXPECT_EQ(ask(19, directory.path("p.PER")).result, 0) << i;
     }
-    for (const size_t length : {0, 23, 24, 27}) {
+    for (const size_t length : {size_t{0}, size_t{23}, size_t{24}, size_t{27}}) {
         EXPECT_EQ(countOf(19, directory.write("p.PER", good.substr(0, length))), 0) << length;
     }
     for (const int count : {-1, INT_MIN, INT_MAX}) {
