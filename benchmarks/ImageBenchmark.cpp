@@ -73,7 +73,9 @@ void addAlphaByPixels(QImage& image, int alpha) {
     for (int x = 0; x < image.width(); ++x) {
         for (int y = 0; y < image.height(); ++y) {
             const QRgb pixel = image.pixel(x, y);
-            const auto opacity = static_cast<int>(alpha / 255.0 * qAlpha(pixel) + 0.5);
+            const double product = alpha / 255.0 * qAlpha(pixel);
+            const auto opacity =
+                static_cast<int>(product + 0.5); // NOLINT(bugprone-incorrect-roundings): never negative
             image.setPixel(x, y, qRgba(qRed(pixel), qGreen(pixel), qBlue(pixel), opacity));
         }
     }

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 
@@ -27,15 +28,15 @@ namespace {
 
 /// Sections as drivers write them, with some comments: text that all three read in the same way.
 std::string sampleText() {
-    std::string text = "# settings of a device\n";
-    for (int i = 0; text.size() < size_t{1} << 20; ++i) {
-        const std::string number = std::to_string(i);
-        text += "\n# sheet " + number + "\n[Paper " + number + "]\nName=Oversize sheet of roll " + number + "\n";
+    std::ostringstream text;
+    text << "# settings of a device\n";
+    for (int i = 0; text.tellp() < 1 << 20; ++i) {
+        text << "\n# sheet " << i << "\n[Paper " << i << "]\nName=Oversize sheet of roll " << i << '\n';
         for (const char* key : {"Paper", "Width", "Length", "LeftEdge", "RightEdge", "DownEdge", "UpEdge", "Units"}) {
-            text += key + ("=" + std::to_string(i * 7)) + "\n";
+            text << key << '=' << i * 7 << '\n';
         }
     }
-    return text;
+    return text.str();
 }
 
 /// A directory of this run's own, with the sample file in it.
@@ -53,7 +54,7 @@ public:
 
     /// The sample under a name of its own: QSettings keeps what it once parsed.
     std::string copy() {
-        const std::string name = path(std::to_string(++copies) + ".ini");
+        std::string name = path(std::to_string(++copies) + ".ini");
         std::filesystem::copy_file(path("sample.ini"), name);
         return name;
     }

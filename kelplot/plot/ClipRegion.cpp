@@ -11,6 +11,7 @@ ClipRegion regionOf(const Box2& box) {
 
 ClipRegion polygonRegion(const std::vector<Vec2>& polygon) {
     std::vector<HT_Double_Point> points;
+    points.reserve(polygon.size());
     for (const Vec2 point : polygon) {
         points.push_back({point.x, point.y});
     }

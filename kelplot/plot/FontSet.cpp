@@ -49,7 +49,7 @@ QString FontSet::installed(const QString& family) {
 
 QString FontSet::installedOf(const QStringList& families) {
     for (const QString& family : families) {
-        if (const QString name = installed(family); !name.isEmpty()) {
+        if (QString name = installed(family); !name.isEmpty()) {
             return name;
         }
     }
@@ -58,7 +58,7 @@ QString FontSet::installedOf(const QStringList& families) {
 
 /// The family for a font, or else the first of the others; where none of those is there either, Qt's own choice.
 QString FontSet::familyFor(const QString& key, const FontRule* rule) {
-    const QString own = rule ? installedOf(rule->families) : installed(key);
+    QString own = rule ? installedOf(rule->families) : installed(key);
     if (!own.isEmpty()) {
         return own;
     }
@@ -102,7 +102,7 @@ const HT_FontMap& FontSet::fallbacks(const QString& bigFont) {
     }
     HT_FontMap& map = m_fallbacks[bigFont];
     for (const QString& family : QStringList{bigFont} + m_table.others()) {
-        if (const QString name = installed(family); !name.isEmpty()) {
+        if (QString name = installed(family); !name.isEmpty()) {
             map.Add(name.toStdWString(), recordOf({name, false, false}));
         }
     }

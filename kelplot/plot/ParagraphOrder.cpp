@@ -108,6 +108,7 @@ std::vector<LineItem> inVisualOrder(std::vector<LineItem> items, bool rightToLef
         begin = std::find_if(end, line.end(), isForeign);
     }
     std::vector<LineItem> ordered;
+    ordered.reserve(line.size());
     for (DirectedItem& item : line) {
         ordered.push_back(std::move(item.item));
     }

@@ -69,7 +69,7 @@ private:
         piece.visible = piece.width;
         piece.height = stack.format.height;
     }
-    void measure(const TextTab& tab, const TextLook& /*look*/, const QString& /*text*/, LinePiece& piece) const {
+    static void measure(const TextTab& tab, const TextLook& /*look*/, const QString& /*text*/, LinePiece& piece) {
         piece.kind = LinePiece::Kind::tab;
         piece.height = tab.format.height;
         piece.breakAfter = true;

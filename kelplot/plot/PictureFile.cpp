@@ -15,7 +15,7 @@ QString pictureFile(const std::string& stated, const QString& folder) {
     }
     const QDir directory(folder);
     // Only regular files: a device or a pipe would keep its reader waiting.
-    const QString direct = directory.filePath(path);
+    QString direct = directory.filePath(path);
     if (QFileInfo(direct).isFile()) {
         return direct;
     }

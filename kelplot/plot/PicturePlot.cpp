@@ -25,6 +25,7 @@ void EntityPlotter::draw(const Image& image, const Current& current) {
 
 void EntityPlotter::frame(const Image& image, const std::vector<Vec2>& pixels, const Current& current) {
     std::vector<Vec3> corners;
+    corners.reserve(pixels.size());
     for (const Vec2 pixel : pixels) {
         corners.push_back(image.pointAt(pixel));
     }
@@ -37,7 +38,7 @@ void EntityPlotter::frame(const std::vector<Vec3>& corners, const Current& curre
         m_path.push_back(current.map.mapPoint(corner));
     }
     if (!m_path.empty()) {
-        m_path.push_back(Vec2(m_path.front()));
+        m_path.push_back(m_path.front());
         useLinePen(current);
         m_canvas.drawPolyline(m_path);
     }

@@ -15,6 +15,7 @@ namespace {
 
 ClipRegion regionOf(const std::vector<Vec2>& pixels, const Image& image, const PlanMap& map) {
     std::vector<Vec2> points;
+    points.reserve(pixels.size());
     for (const Vec2 pixel : pixels) {
         points.push_back(map.mapPoint(image.pointAt(pixel)));
     }
@@ -134,7 +135,7 @@ bool PicturePlotter::draw(const Image& image, uint8_t opacity, const PlanMap& ma
 }
 
 /// The picture with no more pixels than the device can show; null where that is the picture itself.
-HT_RasterImagePtr PicturePlotter::fittingDevice(const Place& place, const HT_RasterImage& picture) {
+HT_RasterImagePtr PicturePlotter::fittingDevice(const Place& place, const HT_RasterImage& picture) const {
     QPainter* const painter = m_target.painter;
     if (painter == nullptr) {
         return {};

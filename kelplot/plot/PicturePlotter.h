@@ -34,7 +34,7 @@ private:
         bool isStraight() const;
     };
 
-    HT_RasterImagePtr fittingDevice(const Place& place, const HT_RasterImage& picture);
+    HT_RasterImagePtr fittingDevice(const Place& place, const HT_RasterImage& picture) const;
     void drawClipped(const Image& image, const PlanMap& map, const Place& place, HT_RasterImage& picture);
     void drawPixels(const Place& place, HT_RasterImage& picture);
     void drawTurned(const Place& place, HT_RasterImage& picture);

@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <algorithm>
+#include <iterator>
 #include <memory>
 #include <optional>
 
@@ -81,13 +82,14 @@ bool applyLineCode(char code, TextLines& lines) {
         char end;
         bool* line;
     } codes[] = {{'L', 'l', &lines.under}, {'O', 'o', &lines.over}, {'K', 'k', &lines.through}};
-    for (const auto& entry : codes) {
-        if (code == entry.begin || code == entry.end) {
-            *entry.line = code == entry.begin;
-            return true;
-        }
+    const auto* const found = std::find_if(std::begin(codes), std::end(codes), [code](const auto& entry) {
+        return code == entry.begin || code == entry.end;
+    });
+    if (found == std::end(codes)) {
+        return false;
     }
-    return false;
+    *found->line = code == found->begin;
+    return true;
 }
 
 bool isNumberCode(char code) {

@@ -187,7 +187,7 @@ QByteArray startCopy(QTemporaryFile& copy, const QString& original) {
     if (exists && !source.open(QIODevice::ReadOnly)) {
         throw SettingsError(original, source.errorString());
     }
-    const QByteArray content = exists ? source.readAll() : QByteArray();
+    QByteArray content = exists ? source.readAll() : QByteArray();
     if (!copy.open() || copy.write(content) != content.size() || !copy.flush()) {
         throw SettingsError(original, copy.errorString());
     }

@@ -53,7 +53,7 @@ void load(const QString& path, inifile::IniFile& file) {
 } // namespace
 
 QString driverFolder() {
-    const QString folder = QString::fromWCharArray(VornGetAppDataPath());
+    QString folder = QString::fromWCharArray(VornGetAppDataPath());
     if (folder.isEmpty()) {
         throw SettingsError(QStringLiteral("Drivers"), QStringLiteral("the program's folder cannot be told"));
     }

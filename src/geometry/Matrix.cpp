@@ -174,9 +174,9 @@ void CPrintDriverMatrix::Transpose() {
 
 CPrintDriverMatrix CPrintDriverMatrix::GetTransposed() const {
     CPrintDriverMatrix transposed(m_cols, m_rows);
-    for (int col = 0; col < m_cols; ++col) {
-        for (int row = 0; row < m_rows; ++row) {
-            transposed.element(col, row) = element(row, col);
+    for (int i = 0; i < m_cols; ++i) {
+        for (int j = 0; j < m_rows; ++j) {
+            transposed.element(i, j) = element(j, i);
         }
     }
     return transposed;

@@ -172,6 +172,7 @@ void HT_RasterImageDibImpl::addAlpha(int alpha) {
     multiplyOpacity(image, alpha);
 }
 
+// A member in the published interface. NOLINTNEXTLINE(readability-convert-member-functions-to-static)
 int HT_RasterImageDibImpl::ConvertImageInLockMem(const tagBITMAPINFO*, const void*, const wchar_t*, void**,
                                                  unsigned long*, unsigned int) {
     return 0;

@@ -149,6 +149,7 @@ void HT_RasterImageImpl::addAlpha(int alpha) {
     }
 }
 
+// A member in the published interface. NOLINTNEXTLINE(readability-convert-member-functions-to-static)
 int HT_RasterImageImpl::ConvertImageInLockMem(const tagBITMAPINFO*, const void*, const wchar_t*, void**, unsigned long*,
                                               unsigned int) {
     return 0;

@@ -32,7 +32,7 @@ GpcPolygonPtr combineHalves(gpc_op op, NodeIterator first, NodeIterator last) {
     if (count == 1) {
         return polygonOf(*first);
     }
-    const NodeIterator middle = first + count / 2;
+    const auto middle = first + count / 2;
     return combine(op, combineHalves(op, first, middle), combineHalves(op, middle, last));
 }
 

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <string>
-#include <utility>
 
 #include <QString>
 
@@ -21,11 +20,11 @@ bool isSurrogate(uint32_t code) {
 
 } // namespace
 
-FontCoverage::FontCoverage(QRawFont source) : font(std::move(source)) {
+FontCoverage::FontCoverage(const QRawFont& source) : font(source) {
 }
 
 bool FontCoverage::shows(wchar_t character) {
-    const auto code = static_cast<uint32_t>(character);
+    const auto code = static_cast<char32_t>(character);
     if (code >= characterCount || isSurrogate(code)) {
         return false;
     }

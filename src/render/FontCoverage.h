@@ -12,7 +12,7 @@
 /// Which characters one font can show by itself. The font is asked once for each page of 256 characters.
 class FontCoverage {
 public:
-    explicit FontCoverage(QRawFont source);
+    explicit FontCoverage(const QRawFont& source);
 
     bool shows(wchar_t character);
     /// True when the font can show every character of the cluster that is not blank, as it stands or composed.

@@ -84,7 +84,7 @@ bool joins(uint32_t before, uint32_t code) {
 } // namespace
 
 bool isBlank(wchar_t character) {
-    const auto code = static_cast<uint32_t>(character);
+    const auto code = static_cast<char32_t>(character);
     return isSpace(code) || contains(invisible, code);
 }
 

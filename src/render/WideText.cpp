@@ -7,7 +7,7 @@ QString toQString(std::wstring_view text) {
     QString result;
     result.reserve(static_cast<int>(text.size()));
     for (const wchar_t character : text) {
-        const auto code = static_cast<uint>(character);
+        const auto code = static_cast<char32_t>(character);
         if (code > QChar::LastValidCodePoint) {
             result += QChar(QChar::ReplacementCharacter);
         } else if (QChar::requiresSurrogates(code)) {

@@ -98,7 +98,7 @@ bool readBack(inifile::IniItem& item) {
 
 } // namespace
 
-ProfileSession::ProfileSession(const std::string& filePath) : path(filePath) {
+ProfileSession::ProfileSession(std::string filePath) : path(std::move(filePath)) {
     read();
 }
 

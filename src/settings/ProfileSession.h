@@ -18,7 +18,7 @@
 class ProfileSession {
 public:
     /// Reads the file; when it cannot be read, every key counts as missing.
-    explicit ProfileSession(const std::string& path);
+    explicit ProfileSession(std::string filePath);
     ProfileSession(const ProfileSession&) = delete;
     ProfileSession& operator=(const ProfileSession&) = delete;
     /// Calls `flush`, so that what was set before an exception is in the file.

@@ -36,7 +36,7 @@ public:
     /// Reads a picture from the bytes of a file, which are borrowed for the call.
     ///
     /// @return null when they cannot be decoded
-    static std::unique_ptr<Image> LoadBytes(const void* data, size_t size);
+    static std::unique_ptr<Image> LoadBytes(const void* bytes, size_t size);
 
     ~Image();
     Image(const Image&) = delete;
