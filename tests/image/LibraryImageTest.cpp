@@ -32,6 +32,7 @@ std::unique_ptr<Imgo::Image> Imgo::Image::LoadBytes(const void*, size_t) {
     return std::unique_ptr<Image>(new (storage) Image(nullptr));
 }
 
+// NOLINTBEGIN(readability-convert-member-functions-to-static): the image library's header declares them
 const Imgo::DibInfo* Imgo::Image::GetDibInfo(bool make) {
     ++descriptionsAsked;
     return make ? description : nullptr;
@@ -44,6 +45,7 @@ int Imgo::Image::GetDibTransparency(bool make) {
 void Imgo::Image::AddAlphaOnCvtBmp(int alpha) {
     calls += "alpha " + std::to_string(alpha) + " ";
 }
+// NOLINTEND(readability-convert-member-functions-to-static)
 
 namespace {
 

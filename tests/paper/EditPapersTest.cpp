@@ -12,6 +12,7 @@ namespace {
 
 std::vector<PaperSize> papersOf(const std::vector<int32_t>& numbers) {
     std::vector<PaperSize> papers;
+    papers.reserve(numbers.size());
     for (const int32_t each : numbers) {
         papers.push_back(paperOf(each, L"old"));
     }

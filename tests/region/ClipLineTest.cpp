@@ -102,7 +102,7 @@ protected:
         requests.clear();
     }
 
-    int clip(I_HT_PointerArray& into) { return HT_ClipLine(&region, polyline, 3, &into); }
+    static int clip(I_HT_PointerArray& into) { return HT_ClipLine(&region, polyline, 3, &into); }
 
     std::string pieces() {
         std::string text;

@@ -59,7 +59,9 @@ TEST_F(RendererTest, OpaqueImageIsDrawnFromItsOwnMemory) {
     HT_RasterImage_Record record{&image, 0, 0, 1, {}, 1};
     renderer.DrawImage(&record);
     EXPECT_EQ(recorder.calls().at(0).image.constBits(), image.pixels);
-    const HT_RasterImagePtr decoded = decode(imageBytes(QImage(3, 2, QImage::Format_RGB32)));
+    QImage black(3, 2, QImage::Format_RGB32);
+    black.fill(Qt::black);
+    const HT_RasterImagePtr decoded = decode(imageBytes(black));
     record.image = decoded.get();
     renderer.DrawImage(&record);
     EXPECT_EQ(recorder.calls().at(1).image.constBits(), decoded->scanLinesBase());

@@ -169,7 +169,7 @@ TEST_F(SubTextTest, SystemFontsShowWhatTheyAreChosenFor) {
         font.setStyleStrategy(QFont::NoFontMerging);
         const QRawFont raw = QRawFont::fromFont(font);
         for (const wchar_t c : runs[i].text) {
-            const auto code = static_cast<uint>(c);
+            const auto code = static_cast<char32_t>(c);
             const QChar::Category category = QChar::category(code);
             const bool mayLack = category == QChar::Other_Format || category == QChar::Other_Control ||
                                  category == QChar::Mark_NonSpacing || category == QChar::Separator_Space ||

@@ -28,7 +28,7 @@ void writeAlone(const std::string& path, const std::string& section, const std::
 /// All that can be asked about a key, each with its result.
 std::wstring answers(ProfileSession& session, const std::string& section, const std::string& key) {
     std::wstring out(80, L'\0');
-    const int results[] = {session.getString(section, key, L"dflt", &out[0], 40), session.getInt(section, key, 77),
+    const int results[] = {session.getString(section, key, L"dflt", out.data(), 40), session.getInt(section, key, 77),
                            session.getSectionNames(&out[40], 40)};
     for (const int result : results) {
         out += std::to_wstring(result) + L' ';

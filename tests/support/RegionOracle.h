@@ -172,7 +172,9 @@ private:
         return points[static_cast<size_t>(integer(0, static_cast<int>(points.size()) - 1))];
     }
 
-    Points rectangle(const HT_Double_Point& a, const HT_Double_Point& b) { return {a, {b.x, a.y}, b, {a.x, b.y}}; }
+    static Points rectangle(const HT_Double_Point& a, const HT_Double_Point& b) {
+        return {a, {b.x, a.y}, b, {a.x, b.y}};
+    }
 
     Points contour(const Contours& earlier) {
         Points points;

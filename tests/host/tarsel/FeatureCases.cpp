@@ -23,7 +23,7 @@ QJsonObject readObject(const QString& path) {
 
 Polygon::Contour readRing(const QJsonValue& ring) {
     Polygon::Contour contour;
-    for (const QJsonValue& position : ring.toArray()) {
+    for (const auto& position : ring.toArray()) {
         contour.push_back({position.toArray().at(0).toDouble(), position.toArray().at(1).toDouble()});
     }
     return contour;
@@ -36,7 +36,7 @@ std::vector<std::vector<Polygon::Contour>> readPolygons(const QJsonValue& featur
     std::vector<std::vector<Polygon::Contour>> polygons;
     for (const QJsonValue& polygon : geometry.value("type") == "Polygon" ? QJsonArray{coordinates} : coordinates) {
         polygons.emplace_back();
-        for (const QJsonValue& ring : polygon.toArray()) {
+        for (const auto& ring : polygon.toArray()) {
             polygons.back().push_back(readRing(ring));
         }
     }
@@ -91,7 +91,7 @@ std::vector<ClipCase> readFeatureCases(const std::string& path) {
 std::vector<ClipCase> readDirectoryCases(const std::string& path) {
     const QDir directory(QString::fromStdString(path));
     std::vector<Polygon> operands;
-    for (const QJsonValue& feature : readObject(directory.filePath("args.geojson")).value("features").toArray()) {
+    for (const auto& feature : readObject(directory.filePath("args.geojson")).value("features").toArray()) {
         operands.push_back(readUnited(feature));
     }
     std::vector<ClipCase> cases;

@@ -17,10 +17,10 @@ const std::map<QString, gpc_op> operations = {
 
 /// The areas of a geometry in text form; points and lines have none. Nested parentheses hold one ring each.
 Polygon readText(const QString& text) {
-    static const QRegularExpression areaExpression("(MULTI)?POLYGON\\s*(\\((?:[^()]|\\([^()]*\\)|"
-                                                   "\\((?:[^()]|\\([^()]*\\))*\\))*\\))");
-    static const QRegularExpression ringExpression("\\(([^()]+)\\)");
-    static const QRegularExpression vertexExpression("([-+.\\deE]+)\\s+([-+.\\deE]+)[^,]*");
+    static const QRegularExpression areaExpression(R"((MULTI)?POLYGON\s*(\((?:[^()]|\([^()]*\)|)"
+                                                   R"(\((?:[^()]|\([^()]*\))*\))*\)))");
+    static const QRegularExpression ringExpression(R"(\(([^()]+)\))");
+    static const QRegularExpression vertexExpression(R"(([-+.\deE]+)\s+([-+.\deE]+)[^,]*)");
     Polygon polygon;
     for (auto areas = areaExpression.globalMatch(text); areas.hasNext();) {
         for (auto rings = ringExpression.globalMatch(areas.next().captured(2)); rings.hasNext();) {

@@ -16,7 +16,7 @@ protected:
     }
 
     std::string taken() {
-        const std::string text = stream.str();
+        std::string text = stream.str();
         stream.str({});
         return text;
     }

@@ -43,7 +43,7 @@ protected:
         process.waitForFinished(60000);
         return QString::fromUtf8(process.readAllStandardOutput());
     }
-    QImage pageOf(const QString& pdf) {
+    static QImage pageOf(const QString& pdf) {
         QProcess process;
         process.start("pdftoppm", {"-r", "150", "-gray", "-singlefile", pdf, pdf});
         process.waitForFinished(60000);

@@ -25,7 +25,7 @@ const std::string frameDrawing = "0\nSECTION\n2\nHEADER\n9\n$INSUNITS\n70\n4\n0\
                                  "10\n1297\n20\n710\n10\n1000\n20\n710\n0\nENDSEC\n0\nEOF\n";
 
 QString plotAtTrueSize(const QString& drawing, const TemporaryDirectory& directory) {
-    const QString pdf = QString::fromStdString(directory.path("plot.pdf"));
+    QString pdf = QString::fromStdString(directory.path("plot.pdf"));
     const Options options =
         optionsFromArguments({"kelplot", "--paper", "420x297", "--scale", "1:1", "--center", "-o", pdf, drawing});
     std::ostringstream messages;

@@ -145,7 +145,8 @@ TEST(WidePolylines, TaperedOnesHaveWholeCorners) {
             polylineOf({{{10, 50, 0}, 0, 0, 6}, {{50, 50, 0}, 0, 6, 0}, {{50, 50 + side * 40, 0}}}, false);
         const auto shapes = shapesOf(entityOf(corner));
         // The mitre runs from 3 inside the corner to 3 outside in both directions.
-        for (double along = -2.7; along < 2.8; along += 0.1) {
+        for (int tenth = -27; tenth <= 27; ++tenth) {
+            const double along = tenth / 10.0;
             for (const double across : {-0.3, -0.1, 0.01, 0.1, 0.3}) {
                 const Vec2 p{50.0 - along + across, 50.0 + side * (along + across)};
                 const bool inside = p.x < 52.7 && (p.y - 50.0) * side > -2.7;

@@ -68,24 +68,23 @@ TEST(MTextMarkup, IsResolved) {
         const char* expected;
     } rows[] = {
         {"empty", "", "$"},
-        {"paragraphs", "a\\Pb\\X\\Nc", "a$b$&c$"},
-        {"signs", "a\\~b\\\\c\\{d\\}%%c%%d^ ", "a\u00A0b\\c{d}Ø°^$"},
+        {"paragraphs", R"(a\Pb\X\Nc)", "a$b$&c$"},
+        {"signs", R"(a\~b\\c\{d\}%%c%%d^ )", "a\u00A0b\\c{d}Ø°^$"},
         {"carets", "a^Ib^Jc^Md^G^x", "a->b$cd^x$"},
-        {"lines", "\\La\\Ob\\lc\\o\\Kd\\ke", "<u>a<u o>b<o>c<k>de$"},
-        {"braces", "{\\C1;a{\\H2;b}c}d}e", "<c2:1>a<h2 c2:1>b<c2:1>cde$"},
-        {"heights", "\\H2.5;a\\H2x;b\\H.5xc\\H0;d", "<h2.5>a<h5>b<h2.5>c<h2.5>d$"},
-        {"numbers", "\\W0.8;\\Q15;\\T1.5;\\A1;a\\W2x;\\Q-15;\\A0;b", "<w0.8 q15 t1.5 a1>a<w1.6 q-15 t1.5>b$"},
-        {"colours", "\\C0;a\\C256;b\\c255;c\\c16711680;d", "<c0:0>a<c1:0>b<c3:16711680>c<c3:255>d$"},
-        {"fonts", "\\fArial|b1|i1|c0|p34;a\\Ftxt,big;b\\fisocp.shx|c0;c\\FArial|b0;d\\f;e",
+        {"lines", R"(\La\Ob\lc\o\Kd\ke)", "<u>a<u o>b<o>c<k>de$"},
+        {"braces", R"({\C1;a{\H2;b}c}d}e)", "<c2:1>a<h2 c2:1>b<c2:1>cde$"},
+        {"heights", R"(\H2.5;a\H2x;b\H.5xc\H0;d)", "<h2.5>a<h5>b<h2.5>c<h2.5>d$"},
+        {"numbers", R"(\W0.8;\Q15;\T1.5;\A1;a\W2x;\Q-15;\A0;b)", "<w0.8 q15 t1.5 a1>a<w1.6 q-15 t1.5>b$"},
+        {"colours", R"(\C0;a\C256;b\c255;c\c16711680;d)", "<c0:0>a<c1:0>b<c3:16711680>c<c3:255>d$"},
+        {"fonts", R"(\fArial|b1|i1|c0|p34;a\Ftxt,big;b\fisocp.shx|c0;c\FArial|b0;d\f;e)",
          "<Arial+b+i>a<file:txt>b<file:isocp.shx>c<Arial>de$"},
-        {"stacks", "\\S1/2;\\S1#2;\\S+0.1^ -0.1;\\S2^;\\Sa\\/b^c;\\L\\S1/%%d;",
-         "[1/2][1#2][+0.1^-0.1][2^][a/b^c]<u>[1/°]$"},
-        {"stack of one", "a\\Sb;c", "abc$"},
-        {"unfinished", "\\S1/2\\Pa\\fArial\\Pb\\pi2\\H", "1/2$a\\fArial$b\\pi2\\H$"},
-        {"stack in the next paragraph", "\\S1/2\\PH\\S3#4;\\S5\\NC;", "1/2$H[3#4]5&C;$"},
-        {"no codes", "C:\\new\\ \\Hx;\\", "C:\\new\\ \\Hx;\\$"},
-        {"no numbers", "\\H;a\\C;b\\Hinf;c\\H1e999;d\\W-1;e", "ab\\Hinf;cde$"},
-        {"deep", std::string(200, '{') + "a" + std::string(200, '}') + "b{\\Lc}d", "ab<u>cd$"},
+        {"stacks", R"(\S1/2;\S1#2;\S+0.1^ -0.1;\S2^;\Sa\/b^c;\L\S1/%%d;)", "[1/2][1#2][+0.1^-0.1][2^][a/b^c]<u>[1/°]$"},
+        {"stack of one", R"(a\Sb;c)", "abc$"},
+        {"unfinished", R"(\S1/2\Pa\fArial\Pb\pi2\H)", R"(1/2$a\fArial$b\pi2\H$)"},
+        {"stack in the next paragraph", R"(\S1/2\PH\S3#4;\S5\NC;)", "1/2$H[3#4]5&C;$"},
+        {"no codes", R"(C:\new\ \Hx;\)", R"(C:\new\ \Hx;\$)"},
+        {"no numbers", R"(\H;a\C;b\Hinf;c\H1e999;d\W-1;e)", "ab\\Hinf;cde$"},
+        {"deep", std::string(200, '{') + "a" + std::string(200, '}') + R"(b{\Lc}d)", "ab<u>cd$"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(shown(paragraphsOf(row.markup, CharacterFormat(), NameDecoder())), row.expected) << row.name;
@@ -110,7 +109,7 @@ TEST(MTextMarkup, ParagraphsKeepTheirShape) {
     CharacterFormat start;
     start.height = 2.0;
     const auto paragraphs =
-        paragraphsOf("\\pxi-1,l2,r3,qj,tc4,r6,2;a\\Pb\\pi*,l0,qc,t;\\P\\pq*;\\H3;", start, NameDecoder());
+        paragraphsOf(R"(\pxi-1,l2,r3,qj,tc4,r6,2;a\Pb\pi*,l0,qc,t;\P\pq*;\H3;)", start, NameDecoder());
     ASSERT_EQ(paragraphs.size(), 3u);
     EXPECT_EQ(paragraphs[0].firstIndent, -2.0);
     EXPECT_EQ(paragraphs[0].leftIndent, 4.0);

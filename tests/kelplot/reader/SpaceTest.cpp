@@ -17,6 +17,7 @@ std::string block(const std::string& name, const std::string& content) {
 /// The x coordinates of lines tell which ones they are.
 std::vector<double> xOf(const std::vector<Entity>& entities) {
     std::vector<double> result;
+    result.reserve(entities.size());
     for (const Entity& entity : entities) {
         result.push_back(std::get<Line>(entity.geometry).start.x);
     }

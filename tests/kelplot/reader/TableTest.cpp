@@ -132,13 +132,13 @@ TEST(Names, BecomeUtf8) {
         {"unicode", "AC1021", "ANSI_1251", "Стена", "Стена"},
         {"not unicode after all", "AC1027", "ANSI_1251", "\xD1\xF2\xE5\xED\xE0", "Стена"},
         {"unknown code page", "AC1015", "UNDEFINED", "Wände", "Wände", "UNDEFINED"},
-        {"code page without a codec", "AC1015", "ANSI_1361", "a\\M+48861", "a\\M+48861", "ANSI_1361"},
+        {"code page without a codec", "AC1015", "ANSI_1361", R"(a\M+48861)", R"(a\M+48861)", "ANSI_1361"},
         {"unknown where none is needed", "AC1021", "UNDEFINED", "Wände", "Wände"},
-        {"escaped", "AC1015", "ANSI_1252", "a\\U+0416b", "aЖb"},
-        {"escaped pair", "AC1024", "ANSI_1252", "\\U+D83D\\U+DE00", "😀"},
-        {"escaped bytes", "AC1015", "ANSI_1252", "\\M+195C7", "壁"},
-        {"escaped control characters", "AC1015", "ANSI_1252", "a\\U+0000b\\M+10041\\U+009Fc", "abAc"},
-        {"no escape", "AC1015", "ANSI_1252", "a\\U+04\\M+9\\b\\", "a\\U+04\\M+9\\b\\"},
+        {"escaped", "AC1015", "ANSI_1252", R"(a\U+0416b)", "aЖb"},
+        {"escaped pair", "AC1024", "ANSI_1252", R"(\U+D83D\U+DE00)", "😀"},
+        {"escaped bytes", "AC1015", "ANSI_1252", R"(\M+195C7)", "壁"},
+        {"escaped control characters", "AC1015", "ANSI_1252", R"(a\U+0000b\M+10041\U+009Fc)", "abAc"},
+        {"no escape", "AC1015", "ANSI_1252", R"(a\U+04\M+9\b\)", R"(a\U+04\M+9\b\)"},
     };
     for (const auto& row : rows) {
         const std::string header = "9=$ACADVER 1=" + row.version + " 9=$DWGCODEPAGE 3=" + row.codePage;
