@@ -12,7 +12,10 @@ HT_RasterImagePtr owned(Concrete* image) {
 } // namespace
 
 HT_RasterImagePtr RasterImageFactory::CreateFromGiRasterImage(Imgo::Image* image) {
-    return image != nullptr ? owned(new HT_RasterImageImpl(image)) : HT_RasterImagePtr();
+    if (image == nullptr) {
+        return {};
+    }
+    return owned(new HT_RasterImageImpl(image));
 }
 
 HT_RasterImagePtr RasterImageFactory::CreateFromDibImage(unsigned char* data, int size) {

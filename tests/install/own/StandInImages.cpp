@@ -23,6 +23,7 @@ std::unique_ptr<Imgo::Image> Imgo::Image::LoadBytes(const void*, size_t) {
     return std::unique_ptr<Image>(new (::operator new(ownSize)) Image(nullptr));
 }
 
+// NOLINTBEGIN(readability-convert-member-functions-to-static): the image library's header declares them
 const Imgo::DibInfo* Imgo::Image::GetDibInfo(bool) {
     static const tagBITMAPINFO header{{40, 7, 1, 1, 24, 0, 0, 0, 0, 0, 0}, {}};
     static const unsigned char pixels[24]{};
@@ -36,3 +37,4 @@ int Imgo::Image::GetDibTransparency(bool) {
 
 void Imgo::Image::AddAlphaOnCvtBmp(int) {
 }
+// NOLINTEND(readability-convert-member-functions-to-static)
