@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: BSD-3-Clause
-# Installs what building and testing need from Debian's packages; asks for nothing when all of it is there.
+# Installs what building and testing need from Debian's packages, and with "lint" what scripts/lint.sh needs too;
+# asks for nothing when all of it is there.
 set -euo pipefail
 
 packages=(
@@ -13,6 +14,7 @@ packages=(
     poppler-utils
     fonts-dejavu-core fonts-droid-fallback
 )
+[ "${1:-}" = lint ] && packages+=(clang clang-format clang-tidy python3)
 
 missing=()
 for package in "${packages[@]}"; do

@@ -23,7 +23,7 @@ public:
     /// Answers the code that `IniFile::Load` is to answer for this text.
     int load(const std::string& text);
     std::string text() const;
-    void set(const std::string& section, const std::string& key, const std::string& value, const std::string& comment);
+    void set(const std::string& name, const std::string& key, const std::string& value, const std::string& comment);
     /// The first of that name, or null.
     Section* section(const std::string& name);
     static Item* item(Section* in, const std::string& key);
