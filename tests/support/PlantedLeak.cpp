@@ -3,7 +3,6 @@
 
 #include <QImage>
 
-// Built only with the leak sanitizer, and passes when that reports it.
 TEST(LeakCheck, SeesALeakOfATest) {
     auto* const lost = new QImage(8, 8, QImage::Format_RGB32);
     EXPECT_EQ(lost->width(), 8);
