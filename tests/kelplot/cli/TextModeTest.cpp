@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <gtest/gtest.h>
 
-#include <QFileInfo>
 #include <QImage>
 #include <QProcess>
 
@@ -9,7 +8,7 @@
 
 namespace {
 
-const QString sheet = QStringLiteral(KELDRIVER_SHARED_DATA "/dxf/fidelity_sheet.dxf");
+const QString sheet = QStringLiteral(EXAMPLE_DRAWINGS "/showcase.dxf");
 
 bool isDark(const QImage& page, int x, int y) {
     return qGray(page.pixel(x, y)) < 64;
@@ -24,14 +23,9 @@ bool isNearInk(const QImage& page, int x, int y) {
     return darkest < 160;
 }
 
-/// The PDF and SVG files that a mode of texts makes of a sample drawing.
+/// The PDF and SVG files that a mode of texts makes of a drawing with many scripts.
 class TextMode : public ::testing::Test {
 protected:
-    void SetUp() override {
-        if (!QFileInfo::exists(sheet)) {
-            GTEST_SKIP() << "no sample drawing " << sheet.toStdString();
-        }
-    }
     QString plot(const char* mode, const char* name) {
         const Outcome outcome = run(directory, {"--text", mode, "-o", name, sheet});
         EXPECT_EQ(outcome.status, 0) << outcome.messages.toStdString();
@@ -57,7 +51,7 @@ TEST_F(TextMode, FontsCanBeSearchedAndLookLikeOutlines) {
     const QString fonts = plot("fonts", "fonts.pdf");
     const QString outlines = plot("outlines", "outlines.pdf");
     const QString found = textIn(fonts);
-    for (const char* character : {"é", "Ж", "Ω", "中", "Ø50"}) {
+    for (const char* character : {"Dvořák", "Крышка", "Κάλυμμα", "轴承盖", "6 × Ø9"}) {
         EXPECT_TRUE(found.contains(QString::fromUtf8(character))) << character;
     }
     EXPECT_EQ(textIn(outlines).trimmed(), "");
@@ -80,7 +74,7 @@ TEST_F(TextMode, FontsCanBeSearchedAndLookLikeOutlines) {
 
 TEST_F(TextMode, AnSvgFileHoldsTextsOfFonts) {
     plot("fonts", "fonts.svg");
-    EXPECT_NE(directory.read("fonts.svg").find("中"), std::string::npos);
+    EXPECT_NE(directory.read("fonts.svg").find("轴承盖"), std::string::npos);
     EXPECT_EQ(run(directory, {"--text", "letters", sheet}).status, 1);
 }
 
