@@ -19,8 +19,8 @@ class Image;
 /// Every query has an answer for an image that is absent, because it could not be read for example; it stands
 /// with the query. Pointers that are answered belong to the image and last until it is changed or released. An
 /// image is used by one thread at a time. There is no virtual destructor: the handle that
-/// `RasterImageFactory` gives out knows how to release its image. A driver's own implementation is compiled with
-/// run-time type information, which the renderer asks.
+/// `RasterImageFactory` gives out knows how to release its image. On a driver's own implementation the renderer
+/// calls `pixelWidth`, `pixelHeight`, `scanLinesBase` and `getBitmapInfo`, and needs no type information of it.
 class KELDRIVER_API HT_RasterImage {
 public:
     /// Where an image comes from; the drivers' matter, so there are no names here.
@@ -81,8 +81,10 @@ public:
     ///
     /// @param data     receives the address of the encoded bytes, which belong to the image until `freeConvert`
     /// @param size     receives their number
-    /// @param quality  0 to 100, or that of -1 for the format's own
-    /// @return not 0 on success; else 0, and the outputs and the bytes of the last success are unchanged
+    /// @param quality  0 to 100, or that of -1 for the format's own; taken as a signed 32-bit value, what lies below
+    ///                 counts as -1 and what lies above as 100
+    /// @return not 0 on success; else 0, and the outputs and the bytes of the last success are unchanged. Null
+    ///         arguments give 0
     virtual uint32_t convertTo(const wchar_t* format, void** data, unsigned long* size, unsigned long quality) = 0;
     /// Releases the bytes of the last `convertTo`.
     virtual void freeConvert() = 0;
@@ -169,7 +171,7 @@ class KELDRIVER_API HT_RasterImageDibImpl final : public HT_RasterImage {
 public:
     /// Decodes `size` bytes, which are borrowed for the call. Null or a size of 0 or less gives an absent image.
     HT_RasterImageDibImpl(const unsigned char* data, int size);
-    ~HT_RasterImageDibImpl() = default;
+    ~HT_RasterImageDibImpl();
 
     int32_t pixelWidth() const override;
     int32_t pixelHeight() const override;

@@ -10,6 +10,7 @@ namespace {
 constexpr uint32_t bitFields = 3; // a compression whose colour entries start with three masks
 constexpr uint32_t maskCount = 3;
 constexpr int64_t bytesPerPixel = 4;
+constexpr QRgb pixelOutside = 12345; // as `QImage::pixel` answers, which complains on standard error as well
 
 } // namespace
 
@@ -40,8 +41,9 @@ int vndrGetColor(const unsigned char* pixels, const tagBITMAPINFO& info, long x,
     if (image.isNull()) {
         return 0;
     }
-    // One past the edge is allowed, as drivers expect: it gives what Qt answers for a pixel outside.
-    const QRgb pixel = image.pixel(static_cast<int>(x), static_cast<int>(y));
+    // One past the edge passes, which is part of the interface, and gives what Qt answers for a pixel outside.
+    const bool isInside = x < width && y < height;
+    const QRgb pixel = isInside ? image.pixel(static_cast<int>(x), static_cast<int>(y)) : pixelOutside;
     color.rgbBlue = static_cast<uint8_t>(qBlue(pixel));
     color.rgbGreen = static_cast<uint8_t>(qGreen(pixel));
     color.rgbRed = static_cast<uint8_t>(qRed(pixel));

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "keldriver/RasterImage.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include <QBuffer>
 #include <QVector>
 
 #include "image/Opacity.h"
+#include "image/OwnImages.h"
 #include "image/PngDecoder.h"
 
 namespace {
@@ -30,14 +32,21 @@ QByteArray encoded(const QImage& image, const wchar_t* format, unsigned long qua
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     const QByteArray formatName = QString::fromWCharArray(format).toUtf8();
+    // What lies outside the range that Qt takes means what Qt makes of it, which it would complain about.
+    const int knownQuality = std::clamp(static_cast<int>(quality), -1, 100);
     const bool isSaved =
-        image.convertToFormat(QImage::Format_ARGB32).save(&buffer, formatName.constData(), static_cast<int>(quality));
+        image.convertToFormat(QImage::Format_ARGB32).save(&buffer, formatName.constData(), knownQuality);
     return isSaved ? bytes : QByteArray();
 }
 
 } // namespace
 
 HT_RasterImageDibImpl::HT_RasterImageDibImpl(const unsigned char* data, int size) : image(decodePng(data, size)) {
+    KelDriver::Internal::OwnImages::add(*this);
+}
+
+HT_RasterImageDibImpl::~HT_RasterImageDibImpl() {
+    KelDriver::Internal::OwnImages::remove(*this);
 }
 
 int32_t HT_RasterImageDibImpl::pixelWidth() const {
@@ -137,7 +146,7 @@ uint32_t HT_RasterImageDibImpl::saveAs(const wchar_t* path) {
 
 uint32_t HT_RasterImageDibImpl::convertTo(const wchar_t* format, void** data, unsigned long* size,
                                           unsigned long quality) {
-    if (image.isNull() || format == nullptr) {
+    if (image.isNull() || format == nullptr || data == nullptr || size == nullptr) {
         return 0;
     }
     const QByteArray bytes = encoded(image, format, quality);

@@ -3,6 +3,7 @@
 
 #include <new>
 
+#include "image/OwnImages.h"
 #include "imgo.h"
 
 namespace {
@@ -21,9 +22,11 @@ double perCentimetre(int32_t perMetre) {
 } // namespace
 
 HT_RasterImageImpl::HT_RasterImageImpl(Imgo::Image* libraryImage) : image(libraryImage) {
+    KelDriver::Internal::OwnImages::add(*this);
 }
 
 HT_RasterImageImpl::~HT_RasterImageImpl() {
+    KelDriver::Internal::OwnImages::remove(*this);
     if (image != nullptr) {
         image->~Image();
         // Not a delete expression, which would pass on a size: an application's own image may be larger.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "keldriver/QTRenderer.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
@@ -10,6 +11,7 @@
 #include <QRectF>
 
 #include "geometry/Rounding.h"
+#include "image/OwnImages.h"
 #include "keldriver/RasterImage.h"
 
 namespace {
@@ -38,12 +40,10 @@ Destination destinationFor(const HT_RasterImage_Record& record, double scale) {
             static_cast<double>(truncateToInt32(height * scale))};
 }
 
-// How many bytes of pixels an image is known to have. Memory that is not the library's own is trusted. The casts
-// need the type information of every implementation, a driver's too.
+// How many bytes of pixels an image is known to have. Memory that is not the library's own is trusted, and nothing
+// that drawing does not need is asked of its image.
 uint64_t knownSize(const HT_RasterImage& image) {
-    const bool isOwn = dynamic_cast<const HT_RasterImageDibImpl*>(&image) != nullptr ||
-                       dynamic_cast<const HT_RasterImageImpl*>(&image) != nullptr;
-    if (!isOwn) {
+    if (!KelDriver::Internal::OwnImages::contains(image)) {
         return UINT64_MAX;
     }
     const auto rows = static_cast<uint64_t>(std::abs(int64_t{image.pixelHeight()}));
@@ -59,16 +59,17 @@ QImage pixelsOf(const HT_RasterImage& image, const tagBITMAPINFOHEADER& header) 
     }
     const auto rows = static_cast<int>(height);
     const uint64_t statedSize = sizeof(QRgb) * static_cast<uint64_t>(header.biWidth) * static_cast<uint64_t>(height);
-    const uint64_t size = knownSize(image);
-    if (size >= statedSize) {
+    const uint64_t size = std::min(knownSize(image), statedSize);
+    const bool isAligned = reinterpret_cast<uintptr_t>(first) % alignof(QRgb) == 0;
+    if (size == statedSize && isAligned) {
         return {first, header.biWidth, rows, QImage::Format_ARGB32};
     }
-    QImage completed(header.biWidth, rows, QImage::Format_ARGB32); // null when there is no memory for it
-    if (!completed.isNull()) {
-        completed.fill(0);
-        std::memcpy(completed.bits(), first, size);
+    QImage copy(header.biWidth, rows, QImage::Format_ARGB32); // null when there is no memory for it
+    if (!copy.isNull()) {
+        copy.fill(0);
+        std::memcpy(copy.bits(), first, size);
     }
-    return completed;
+    return copy;
 }
 
 // Multiplies opacities by `alpha` / 255. The integer quotient is what the product in single precision is cut off

@@ -143,6 +143,11 @@ TEST(RasterImage, FlipsConvertsAndSaves) {
     void* data = nullptr;
     unsigned long size = 0;
     ASSERT_NE(image->convertTo(L"BMP", &data, &size, 4294967295UL), 0U); // the format's own quality
+    for (const unsigned long odd : {101UL, 4294967294UL, 2147483648UL, 1UL << 40}) {
+        EXPECT_NE(image->convertTo(L"JPG", &data, &size, odd), 0U) << odd; // and Qt says nothing
+    }
+    ASSERT_NE(image->convertTo(L"BMP", &data, &size, 50), 0U);
+    EXPECT_TRUE(image->convertTo(L"BMP", nullptr, &size, 50) == 0 && image->convertTo(L"BMP", &data, nullptr, 50) == 0);
     void* const kept = data;
     const std::string bytes(static_cast<char*>(data), size);
     for (const wchar_t* unknown : {L"no such format", L"", static_cast<const wchar_t*>(nullptr)}) {

@@ -67,6 +67,17 @@ TEST_F(RendererTest, OpaqueImageIsDrawnFromItsOwnMemory) {
     EXPECT_EQ(recorder.calls().at(1).image.constBits(), decoded->scanLinesBase());
 }
 
+TEST_F(RendererTest, UnalignedRowsAreReadByteByByte) {
+    DriverImage image(3, 2);
+    const uint32_t pixels[] = {1, 2, 3, 4, 5, 6};
+    std::vector<unsigned char> memory(sizeof pixels + 1);
+    std::memcpy(&memory[1], pixels, sizeof pixels);
+    image.pixels = &memory[1];
+    HT_RasterImage_Record record{&image, 0, 0, 1, {}, 1};
+    renderer.DrawImage(&record);
+    EXPECT_EQ(std::memcmp(recorder.calls().at(0).image.constBits(), pixels, sizeof pixels), 0);
+}
+
 TEST_F(RendererTest, OpacityMultipliesThatOfEachPixel) {
     DriverImage image(256, 1);
     for (uint32_t i = 0; i < 256; ++i) {

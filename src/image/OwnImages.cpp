@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "image/OwnImages.h"
+
+#include <mutex>
+#include <unordered_set>
+
+namespace {
+
+struct Registry {
+    std::mutex mutex; // hosts make images on several threads
+    std::unordered_set<const HT_RasterImage*> images;
+};
+
+/// Never destroyed, since images of a host's static handles end after everything else.
+Registry& registry() {
+    static Registry* const theOne = new Registry;
+    return *theOne;
+}
+
+} // namespace
+
+void KelDriver::Internal::OwnImages::add(const HT_RasterImage& image) {
+    Registry& own = registry();
+    const std::lock_guard lock(own.mutex);
+    own.images.insert(&image);
+}
+
+void KelDriver::Internal::OwnImages::remove(const HT_RasterImage& image) {
+    Registry& own = registry();
+    const std::lock_guard lock(own.mutex);
+    own.images.erase(&image);
+}
+
+bool KelDriver::Internal::OwnImages::contains(const HT_RasterImage& image) {
+    Registry& own = registry();
+    const std::lock_guard lock(own.mutex);
+    return own.images.count(&image) != 0;
+}
