@@ -8,7 +8,9 @@
 #include "keldriver/Export.h"
 #include "keldriver/Win32Types.h"
 
+namespace KelDriver::Internal {
 class FontStock;
+}
 
 /// The fonts of a driver: a `tagLOGFONTW` for each face name that drawings use, in the driver's order of preference.
 ///
@@ -19,9 +21,9 @@ class KELDRIVER_API HT_FontMap {
 public:
     HT_FontMap();
     ~HT_FontMap();
-    /// Leaves `other` to be assigned to or destroyed, and to nothing else.
+    /// Leaves `other` without a font.
     HT_FontMap(HT_FontMap&& other) noexcept;
-    /// Leaves `other` as the constructor does.
+    /// Leaves `other` without a font.
     HT_FontMap& operator=(HT_FontMap&& other) noexcept;
 
     /// Adds a font behind those already there. A face name that the map knows keeps its place and gets this font.
@@ -36,7 +38,7 @@ public:
 
 private:
     friend class HT_Text;
-    std::unique_ptr<FontStock> stock;
+    std::unique_ptr<KelDriver::Internal::FontStock> stock; ///< null when another map has taken it
 };
 
 /// A run of characters of an `HT_Text` that are shown with one font.
@@ -51,11 +53,12 @@ struct HT_SubText {
 /// Characters are wide characters. Each goes to the requested font where that can show it, else to the first of the
 /// map that can, else to a system font; what no font can show stays with the requested one. A font that is not
 /// installed shows nothing here, whatever the system would take in its place. What belongs together stays together:
-/// combining marks, variation selectors, joiners and what they join, the parts of a flag or a syllable. Blanks, which
-/// every font can show, and characters that show nothing at all go to the run before them, at the start of a text to
-/// the one behind. The runs are in order, without gaps, and neighbours differ in their fonts. A text without
-/// characters has no runs. Without a `QGuiApplication` there are no fonts to ask, and the text is one run with the
-/// requested font.
+/// combining marks, variation selectors, joiners and what they join, the parts of a flag or a syllable. Where no single
+/// font can show all that joiners join, it is split after the joiner. Blanks, which every font can show, and characters
+/// that show nothing at all go to the run before them, at the start of a text to the one after; a blank that carries a
+/// mark goes where the mark is shown. The runs are in order, without gaps, and neighbours differ in their fonts. A text
+/// without characters has no runs. Without a `QGuiApplication` there are no fonts to ask, and the text is one run with
+/// the requested font.
 ///
 /// @code
 /// const HT_Text text(L"Ω = 50 中", L"Arial", fonts);
@@ -66,7 +69,7 @@ struct HT_SubText {
 class KELDRIVER_API HT_Text {
 public:
     /// No text.
-    HT_Text() = default;
+    HT_Text();
     /// Asks for a face name: the font that the map holds for it, else the installed font of that name.
     ///
     /// Runs get records of the map as they are. A face name that the map does not know becomes a record of weight 400

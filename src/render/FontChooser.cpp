@@ -13,6 +13,8 @@
 #include "render/LogFont.h"
 #include "render/WideText.h"
 
+namespace KelDriver::Internal {
+
 namespace {
 
 constexpr int32_t normalWeight = 400;
@@ -123,23 +125,25 @@ std::optional<size_t> FontChooser::systemFont(std::wstring_view cluster) {
     return std::nullopt;
 }
 
-size_t FontChooser::fontBeyondTheList(std::wstring_view cluster) {
-    if (const std::optional<size_t> font = systemFont(cluster)) {
-        return *font;
-    }
-    return cluster.size() > 1 ? choose(cluster.substr(0, 1)) : 0;
-}
-
-size_t FontChooser::choose(std::wstring_view cluster) {
+std::optional<size_t> FontChooser::fontForAll(std::wstring_view cluster) {
     if (const std::optional<size_t> font = listedFont(cluster)) {
-        return *font;
+        return font;
     }
     const std::wstring characters(cluster);
     const auto known = beyond.find(characters);
     if (known != beyond.end()) {
         return known->second;
     }
-    const size_t font = fontBeyondTheList(cluster);
+    const std::optional<size_t> font = systemFont(cluster);
     beyond.emplace(characters, font);
     return font;
 }
+
+size_t FontChooser::choose(std::wstring_view cluster) {
+    if (const std::optional<size_t> font = fontForAll(cluster)) {
+        return *font;
+    }
+    return cluster.size() > 1 ? choose(cluster.substr(0, 1)) : 0;
+}
+
+} // namespace KelDriver::Internal

@@ -11,6 +11,8 @@
 
 #include "keldriver/Win32Types.h"
 
+namespace KelDriver::Internal {
+
 class FontCoverage;
 class FontStock;
 
@@ -26,6 +28,8 @@ public:
 
     /// The font for a cluster: one that can show all of it, else one for its first character, else the requested one.
     size_t choose(std::wstring_view cluster);
+    /// Whether a single font can show all of a cluster.
+    bool hasFontForAll(std::wstring_view cluster) { return fontForAll(cluster).has_value(); }
     const tagLOGFONTW& record(size_t font) const { return candidates[font].record; }
 
 private:
@@ -38,10 +42,13 @@ private:
     std::optional<size_t> listedFont(std::wstring_view cluster) const;
     std::optional<size_t> systemFont(std::wstring_view cluster);
     std::optional<size_t> familyFont(const QString& family, std::wstring_view cluster);
-    size_t fontBeyondTheList(std::wstring_view cluster);
+    std::optional<size_t> fontForAll(std::wstring_view cluster);
 
     FontStock& stock;
     std::vector<Candidate> candidates;
-    size_t listed = 0;                               ///< the requested font and those of the map; system fonts follow
-    std::unordered_map<std::wstring, size_t> beyond; ///< fonts for clusters that no listed font can show
+    size_t listed = 0; ///< the requested font and those of the map; system fonts follow
+    /// The system's fonts for clusters that no listed font can show; none where no font can show all of one.
+    std::unordered_map<std::wstring, std::optional<size_t>> beyond;
 };
+
+} // namespace KelDriver::Internal

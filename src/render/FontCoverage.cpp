@@ -9,6 +9,8 @@
 #include "render/TextCluster.h"
 #include "render/WideText.h"
 
+namespace KelDriver::Internal {
+
 namespace {
 
 constexpr uint32_t pageSize = 256;
@@ -57,3 +59,5 @@ bool FontCoverage::showsAll(std::wstring_view cluster) {
     // A letter and its mark are drawn as the one glyph that stands for both, where the font has it.
     return showsEach(toQString(cluster).normalized(QString::NormalizationForm_C).toStdWString());
 }
+
+} // namespace KelDriver::Internal

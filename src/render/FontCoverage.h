@@ -9,6 +9,8 @@
 
 #include <QRawFont>
 
+namespace KelDriver::Internal {
+
 /// Which characters one font can show by itself. The font is asked once for each page of 256 characters.
 class FontCoverage {
 public:
@@ -26,3 +28,5 @@ private:
     QRawFont font;
     std::vector<std::unique_ptr<Page>> pages; ///< null: not asked for yet
 };
+
+} // namespace KelDriver::Internal

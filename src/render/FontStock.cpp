@@ -9,11 +9,14 @@
 #include <QGuiApplication>
 
 #include "render/LogFont.h"
+#include "render/WideText.h"
+
+namespace KelDriver::Internal {
 
 namespace {
 
 QString folded(const std::wstring& faceName) {
-    return QString::fromStdWString(faceName).toCaseFolded();
+    return toQString(faceName).toCaseFolded();
 }
 
 /// A family's name without the foundry that Qt adds where several have one of that name.
@@ -80,7 +83,7 @@ FontCoverage* FontStock::coverageOf(const tagLOGFONTW& record) {
     }
     const auto [place, isNew] = coverages.try_emplace(keyOf(record));
     if (isNew) {
-        const QString family = withoutFoundry(QString::fromStdWString(faceNameOf(record)));
+        const QString family = withoutFoundry(toQString(faceNameOf(record)));
         if (families().contains(family, Qt::CaseInsensitive)) {
             place->second = std::make_unique<FontCoverage>(rawFontFor(record));
         }
@@ -116,3 +119,5 @@ FontChooser& FontStock::chooserFor(const tagLOGFONTW& request) {
     }
     return *chooser;
 }
+
+} // namespace KelDriver::Internal

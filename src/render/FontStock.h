@@ -14,6 +14,8 @@
 #include "render/FontChooser.h"
 #include "render/FontCoverage.h"
 
+namespace KelDriver::Internal {
+
 /// The fonts that a driver maps face names to, the system's fonts, and what all of them can show.
 class FontStock {
 public:
@@ -54,3 +56,5 @@ private:
     std::map<std::wstring, std::unique_ptr<FontChooser>> choosersByName; ///< each spelling its own
     std::map<FontKey, std::unique_ptr<FontChooser>> choosersByRecord;
 };
+
+} // namespace KelDriver::Internal

@@ -11,6 +11,7 @@
 #include <QScreen>
 
 #include "geometry/Rounding.h"
+#include "render/WideText.h"
 
 namespace {
 
@@ -60,7 +61,7 @@ tagLOGFONTW logFontFor(const HT_Font& font) {
 }
 
 QFont fontFor(const tagLOGFONTW& record) {
-    QFont font(QString::fromStdWString(faceNameOf(record)), -1, -1, false);
+    QFont font(toQString(faceNameOf(record)), -1, -1, false);
     font.setStyle(record.lfItalic != 0 ? QFont::StyleItalic : QFont::StyleNormal);
     if (record.lfWeight != 0) {
         font.setWeight(qtWeightFor(record.lfWeight));

@@ -7,6 +7,10 @@
 #include "render/LogFont.h"
 #include "render/TextCluster.h"
 
+using KelDriver::Internal::FontChooser;
+using KelDriver::Internal::FontStock;
+using KelDriver::Internal::inStyleOf;
+
 namespace {
 
 /// A stretch of a text and the number of its font.
@@ -15,6 +19,12 @@ struct FontRun {
     size_t length;
     size_t font;
 };
+
+/// As much of a cluster as one font shows: all of it, or else what is before its first joiner, with that.
+std::wstring_view shownTogether(std::wstring_view cluster, FontChooser& chooser) {
+    const size_t joiner = cluster.find(zeroWidthJoiner);
+    return joiner == cluster.npos || chooser.hasFontForAll(cluster) ? cluster : cluster.substr(0, joiner + 1);
+}
 
 /// The first cluster that is not blank; where all are, the first.
 std::wstring_view firstVisibleCluster(std::wstring_view text) {
@@ -33,10 +43,11 @@ std::vector<FontRun> splitByFont(std::wstring_view text, FontChooser& chooser) {
     if (text.empty()) {
         return {};
     }
-    std::vector<FontRun> runs{{0, 0, chooser.choose(firstVisibleCluster(text))}}; // blanks in front belong to it
+    const std::wstring_view visible = shownTogether(firstVisibleCluster(text), chooser);
+    std::vector<FontRun> runs{{0, 0, chooser.choose(visible)}}; // blanks in front belong to it
     for (size_t start = 0; start < text.size();) {
-        const size_t length = clusterEnd(text, start) - start;
-        const std::wstring_view cluster = text.substr(start, length);
+        const std::wstring_view cluster = shownTogether(text.substr(start, clusterEnd(text, start) - start), chooser);
+        const size_t length = cluster.size();
         const size_t font = isBlank(cluster) ? runs.back().font : chooser.choose(cluster);
         if (runs.back().font == font) {
             runs.back().length += length;
@@ -66,26 +77,33 @@ HT_FontMap::HT_FontMap(HT_FontMap&& other) noexcept = default;
 HT_FontMap& HT_FontMap::operator=(HT_FontMap&& other) noexcept = default;
 
 void HT_FontMap::Add(const std::wstring& faceName, const tagLOGFONTW& font) {
+    if (!stock) {
+        stock = std::make_unique<FontStock>();
+    }
     stock->add(faceName, font);
 }
 
 int HT_FontMap::GetCount() const {
-    return static_cast<int>(stock->mappedFonts().size());
+    return stock ? static_cast<int>(stock->mappedFonts().size()) : 0;
 }
 
 const tagLOGFONTW* HT_FontMap::Find(const std::wstring& faceName) const {
-    return stock->find(faceName);
+    return stock ? stock->find(faceName) : nullptr;
 }
 
+HT_Text::HT_Text() = default;
+
 HT_Text::HT_Text(const wchar_t* source, const wchar_t* faceName, const HT_FontMap& fonts) : text(textOrNone(source)) {
-    FontChooser& chooser = fonts.stock->chooserFor(textOrNone(faceName));
+    FontStock noFonts; // of a map whose fonts another one has taken
+    FontChooser& chooser = (fonts.stock ? *fonts.stock : noFonts).chooserFor(textOrNone(faceName));
     for (const FontRun& run : splitByFont(text, chooser)) {
         subTexts.push_back(subTextFor(run, chooser.record(run.font)));
     }
 }
 
 HT_Text::HT_Text(const wchar_t* source, const tagLOGFONTW& font, const HT_FontMap& fonts) : text(textOrNone(source)) {
-    FontChooser& chooser = fonts.stock->chooserFor(font);
+    FontStock noFonts;
+    FontChooser& chooser = (fonts.stock ? *fonts.stock : noFonts).chooserFor(font);
     for (const FontRun& run : splitByFont(text, chooser)) {
         subTexts.push_back(subTextFor(run, run.font == 0 ? font : inStyleOf(font, chooser.record(run.font))));
     }

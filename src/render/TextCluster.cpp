@@ -40,11 +40,11 @@ constexpr CodeRange followers[] = {
     {0xE0020, 0xE007F}, // tags of regional flags
 };
 
+constexpr CodeRange joiners = {0x200C, 0x200D};
 constexpr CodeRange leadingJamo[] = {{0x1100, 0x115F}, {0xA960, 0xA97C}};
 constexpr CodeRange laterJamo[] = {{0x1160, 0x11FF}, {0xD7B0, 0xD7FB}};
 constexpr CodeRange hangulSyllables = {0xAC00, 0xD7A3};
 constexpr CodeRange flagLetters = {0x1F1E6, 0x1F1FF};
-constexpr uint32_t zeroWidthJoiner = 0x200D;
 constexpr uint32_t visibleSpace = 0x1680; // the space between Ogham words is a stroke
 
 bool isMark(uint32_t code) {
@@ -72,10 +72,10 @@ bool joins(uint32_t before, uint32_t code) {
     if (before < 0x300 && code < 0x300) {
         return false; // most texts: nothing below the first combining mark joins
     }
-    if (isControl(before)) {
-        return false;
+    if (isControl(before) || (isSpace(before) && contains(joiners, code))) {
+        return false; // a space is not joined to what follows it, so it stays with what is before
     }
-    if (before == zeroWidthJoiner) {
+    if (before == uint32_t{zeroWidthJoiner}) {
         return !isSpace(code) && !isControl(code);
     }
     return isMark(code) || contains(followers, code) || isHangulPair(before, code);

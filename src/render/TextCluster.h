@@ -4,6 +4,9 @@
 #include <cstddef>
 #include <string_view>
 
+/// Makes one sign of the characters on both its sides, where a font has it.
+constexpr wchar_t zeroWidthJoiner = 0x200D;
+
 /// True for characters that leave the paper blank: spaces, controls, joiners, variation selectors, direction marks.
 /// Any font can show them.
 bool isBlank(wchar_t character);

@@ -84,7 +84,10 @@ TEST_F(SubTextTest, SplitsByFont) {
         {"what shows nothing", L"中\t\u200E\u00AD", sans, {{L"中\t\u200E\u00AD", cjk}}},
         {"a mark", L"a\u0301中\u0301\u20DDb", sans, {{L"a\u0301", sans}, {L"中\u0301\u20DD", cjk}, {L"b", sans}}},
         {"a variation selector", L"中\U000E0100文", sans, {{L"中\U000E0100文", cjk}}},
-        {"a joiner and what it joins", L"中\u200D\u0416", sans, {{L"中\u200D\u0416", cjk}}},
+        {"a joiner and what it joins", L"中\u200D文Ж", sans, {{L"中\u200D文", cjk}, {L"Ж", sans}}},
+        {"a joiner after a space", L"Ω \u200D中", sans, {{L"Ω ", sans}, {L"\u200D中", cjk}}},
+        {"joined signs that share no font", L"中\u200DΩ\u200DΨ", sans, {{L"中\u200D", cjk}, {L"Ω\u200DΨ", sans}}},
+        {"a mark on a blank", L"中 \u0301", sans, {{L"中", cjk}, {L" \u0301", sans}}},
         {"a joiner before a space", L"b\u200D 中", sans, {{L"b\u200D ", sans}, {L"中", cjk}}},
         {"a mark in front", L"\u0301a", sans, {{L"\u0301a", sans}}},
         {"a map font that is not installed", L"Ω", L"Gone", {{L"Ω", serif}}},
@@ -99,6 +102,19 @@ TEST_F(SubTextTest, SplitsByFont) {
         EXPECT_EQ(runsOf(HT_Text(row.text, row.faceName, fonts)), row.runs) << row.name;
     }
     EXPECT_TRUE(HT_Text().GetSubTexts().empty());
+}
+
+TEST_F(SubTextTest, AMapWhoseFontsAreTakenIsEmpty) {
+    const HT_FontMap taken = std::move(fonts);
+    EXPECT_EQ(taken.GetCount(), 3);
+    // What is left is part of the interface. NOLINTBEGIN(bugprone-use-after-move)
+    EXPECT_EQ(fonts.GetCount(), 0);
+    EXPECT_EQ(fonts.Find(L"Han"), nullptr);
+    EXPECT_EQ(runsOf(HT_Text(L"A", sans, fonts)), (std::vector<Shown>{{L"A", sans}}));
+    EXPECT_EQ(runsOf(HT_Text(L"A", fontOf(sans), fonts)), (std::vector<Shown>{{L"A", sans}}));
+    fonts.Add(L"Han", fontOf(serif));
+    EXPECT_EQ(runsOf(HT_Text(L"Ж", L"Han", fonts)), (std::vector<Shown>{{L"Ж", serif}}));
+    // NOLINTEND(bugprone-use-after-move)
 }
 
 TEST_F(SubTextTest, MapOrderDecides) {
