@@ -12,9 +12,7 @@
 #include "keldriver/Export.h"
 #include "keldriver/Renderer.h"
 
-class QBrush;
 class QPainter;
-class QPen;
 
 /// Draws a plot on a `QPainter` that the driver owns and lends.
 ///
@@ -27,7 +25,8 @@ class QPen;
 /// restore it once each. The painter is never deleted here and must outlive the renderer.
 class KELDRIVER_API QTRenderer : public HT_Renderer {
 public:
-    QTRenderer() = default;
+    /// Without a painter; see the fields for the style it starts with.
+    QTRenderer();
     ~QTRenderer() override;
 
     /// Always 31: all five capabilities.
@@ -141,8 +140,4 @@ protected:
     QImage squaresTexture; ///< built at its first use and kept
     QImage dotsTexture;    ///< built at its first use and kept
     double scale = 1.0;    ///< device units per plot unit
-
-private:
-    KELDRIVER_LOCAL QPen penForStyle() const;
-    KELDRIVER_LOCAL QBrush brushForStyle();
 };

@@ -17,6 +17,8 @@ inline QPoint snapToDevice(const HT_Double_Point& point, double scale) {
     return {roundToInt32(point.x * scale), roundToInt32(point.y * scale)};
 }
 
+namespace KelDriver::Internal {
+
 /// Device points of one primitive. Up to `inCallPoints` of them cost no allocation.
 template <int inCallPoints>
 class DevicePoints {
@@ -65,3 +67,5 @@ private:
 
 using PolylinePoints = DevicePoints<2048>;
 using CurvePoints = DevicePoints<1024>;
+
+} // namespace KelDriver::Internal

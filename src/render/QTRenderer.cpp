@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QPen>
 
+QTRenderer::QTRenderer() = default;
+
 QTRenderer::~QTRenderer() {
     if (painter != nullptr) {
         painter->restore();
@@ -26,7 +28,7 @@ void QTRenderer::AttachDriver(void* target, const HT_Int_Size&, bool) {
 }
 
 void QTRenderer::DetachDriver() {
-    // The painter stays recorded: drivers count on the destructor's restore as well as on this one.
+    // The painter stays recorded, and the destructor restores it once more: part of the interface.
     if (painter != nullptr) {
         painter->restore();
     }

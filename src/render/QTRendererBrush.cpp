@@ -29,12 +29,31 @@ QImage textureFor(HT_PlotStyle::FillStyle style, const QColor& ink) {
     return texture;
 }
 
+/// The brush of a fill style; none for an unknown one. A texture is built where there is none yet, and keeps the colour
+/// of its first use from then on, which is part of the interface.
+QBrush brushFor(HT_PlotStyle::FillStyle style, const QColor& ink, QImage& squares, QImage& dots) {
+    const auto index = static_cast<uint32_t>(style);
+    if (index >= brushStyleCount) {
+        return {};
+    }
+    if (brushStyles[index] != Qt::TexturePattern) {
+        return {ink, brushStyles[index]};
+    }
+    QImage& texture = style == HT_PlotStyle::FillSquares ? squares : dots;
+    if (texture.isNull()) {
+        texture = textureFor(style, ink);
+    }
+    QBrush brush;
+    brush.setTextureImage(texture);
+    return brush;
+}
+
 } // namespace
 
 void QTRenderer::SetColor(HT_Color ink) {
     lastPointX = INT32_MAX;
     lastPointY = INT32_MAX;
-    // Opaque whatever `alpha` holds: drivers set the opacity after the colour.
+    // Opaque whatever `alpha` holds, which is part of the interface: an opacity is set after its colour.
     color =
         QColor(static_cast<int>(ink & 0xFFU), static_cast<int>(ink >> 8 & 0xFFU), static_cast<int>(ink >> 16 & 0xFFU));
     CreatePen();
@@ -53,26 +72,8 @@ void QTRenderer::SetFillStyle(HT_PlotStyle::FillStyle style) {
     CreateBrush();
 }
 
-QBrush QTRenderer::brushForStyle() {
-    const auto index = static_cast<uint32_t>(fillStyle);
-    if (index >= brushStyleCount) {
-        return {};
-    }
-    if (brushStyles[index] != Qt::TexturePattern) {
-        return {color, brushStyles[index]};
-    }
-    // Built once: drivers rely on a texture that keeps the colour of its first use.
-    QImage& texture = fillStyle == HT_PlotStyle::FillSquares ? squaresTexture : dotsTexture;
-    if (texture.isNull()) {
-        texture = textureFor(fillStyle, color);
-    }
-    QBrush brush;
-    brush.setTextureImage(texture);
-    return brush;
-}
-
 void QTRenderer::CreateBrush() {
     if (painter != nullptr) {
-        painter->setBrush(brushForStyle());
+        painter->setBrush(brushFor(fillStyle, color, squaresTexture, dotsTexture));
     }
 }

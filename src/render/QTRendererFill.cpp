@@ -7,14 +7,14 @@
 
 namespace {
 
-void addOpenPolygon(QPainterPath& path, const PolylinePoints& points) {
+void addOpenPolygon(QPainterPath& path, const KelDriver::Internal::PolylinePoints& points) {
     path.moveTo(points.data()[0]);
     for (int i = 1; i < points.size(); ++i) {
         path.lineTo(points.data()[i]);
     }
 }
 
-void addClosedPolygon(QPainterPath& path, const PolylinePoints& points) {
+void addClosedPolygon(QPainterPath& path, const KelDriver::Internal::PolylinePoints& points) {
     addOpenPolygon(path, points);
     const QPointF first = points.data()[0];
     if (path.currentPosition() != first) {
@@ -28,7 +28,7 @@ void QTRenderer::FillPolygon(const HT_Double_Point* points, int count) {
     if (painter == nullptr || points == nullptr || count <= 0) {
         return;
     }
-    PolylinePoints kept(count);
+    KelDriver::Internal::PolylinePoints kept(count);
     kept.snapDistinct(points, count, scale);
     if (kept.size() == 1) {
         DrawPoint(points[0]);

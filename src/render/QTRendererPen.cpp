@@ -90,7 +90,10 @@ void QTRenderer::SetLineType(HT_PlotStyle::LineType type, double* pattern, unsig
     CreatePen();
 }
 
-QPen QTRenderer::penForStyle() const {
+void QTRenderer::CreatePen() {
+    if (painter == nullptr) {
+        return;
+    }
     QPen pen;
     pen.setStyle(penStyle);
     pen.setCapStyle(capStyle);
@@ -100,11 +103,5 @@ QPen QTRenderer::penForStyle() const {
     if (!dashPattern.isEmpty()) {
         pen.setDashPattern(dashPattern);
     }
-    return pen;
-}
-
-void QTRenderer::CreatePen() {
-    if (painter != nullptr) {
-        painter->setPen(penForStyle());
-    }
+    painter->setPen(pen);
 }

@@ -57,7 +57,7 @@ void QTRenderer::DrawPolyline(const HT_Double_Point* points, int count) {
     if (painter == nullptr || points == nullptr) {
         return;
     }
-    PolylinePoints kept(count);
+    KelDriver::Internal::PolylinePoints kept(count);
     kept.snapDistinct(points, std::max(count, 1), scale); // callers pass one point at least
     if (kept.size() > 1) {
         painter->drawPolyline(kept.data(), kept.size());
@@ -70,7 +70,7 @@ void QTRenderer::DrawBezier(const HT_Double_Point* points, int count) {
     if (painter == nullptr || points == nullptr || count < 2) {
         return;
     }
-    CurvePoints snapped(count);
+    KelDriver::Internal::CurvePoints snapped(count);
     snapped.snapAll(points, count, scale);
     painter->drawPolyline(snapped.data(), snapped.size());
 }

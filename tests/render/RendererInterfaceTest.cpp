@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
+#include <cstddef>
 #include <type_traits>
+#include <vector>
 
 #include "keldriver/Renderer.h"
 #include "render/RendererFixture.h"
@@ -35,6 +37,30 @@ void expectAgreedOrder() {
 TEST(RendererInterface, SlotsKeepTheOrderAgreedWithDrivers) {
     expectAgreedOrder<HT_Renderer>();
     expectAgreedOrder<QTRenderer>();
+}
+
+/// A driver's renderer, which reads the fields that it inherits.
+class DerivedRenderer : public QTRenderer {
+public:
+    /// Where the fields lie, in bytes from the start of the object, and where the object ends.
+    std::vector<ptrdiff_t> offsets() const {
+        const auto offsetOf = [this](const auto& field) {
+            return reinterpret_cast<const char*>(&field) - reinterpret_cast<const char*>(this);
+        };
+        return {offsetOf(painter),     offsetOf(color),          offsetOf(alpha),
+                offsetOf(minArcSize),  offsetOf(windingPending), offsetOf(windingPath),
+                offsetOf(penWidth),    offsetOf(penStyle),       offsetOf(capStyle),
+                offsetOf(joinStyle),   offsetOf(dashPattern),    offsetOf(fillStyle),
+                offsetOf(lastPointX),  offsetOf(lastPointY),     offsetOf(squaresTexture),
+                offsetOf(dotsTexture), offsetOf(scale),          static_cast<ptrdiff_t>(sizeof(QTRenderer))};
+    }
+};
+
+// Counted by hand from the order and widths of the fields: a pointer to the dispatch table and 8 bytes of painter, 16
+// of colour, and so on; a path and a vector are a pointer each, an image four.
+TEST(RendererInterface, FieldsLieWhereDerivedClassesLookForThem) {
+    EXPECT_EQ(DerivedRenderer().offsets(),
+              (std::vector<ptrdiff_t>{8, 16, 32, 36, 40, 48, 56, 60, 64, 68, 72, 80, 84, 88, 96, 128, 160, 168}));
 }
 
 TEST(RendererFactory, KnowsOneKind) {
