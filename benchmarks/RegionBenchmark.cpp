@@ -4,8 +4,10 @@
 //
 // BM_Clip: `gpc_polygon_clip` ("ours") against the bare Clipper engine on paths that are on the grid already
 // ("hand"). BM_Combine: `CVornRgn::CombineRgn` against a bare `gpc_polygon_clip` of the same polygons.
-// BM_Evaluate: a list of contours; "items_per_second" counts contours. BM_Brackets: an expression nested to a
-// depth; "bytes_a_level" stays level where a bracket costs constant memory.
+// BM_Evaluate: a list of contours; "items_per_second" counts contours. BM_Circles: a list of two circles that are
+// united, against a bare union of the two. BM_Teeth: a bar that cuts a band of teeth, which lies along the x axis or
+// stands along the y axis. BM_Brackets: an expression nested to a depth; "bytes_a_level" stays level where a bracket
+// costs constant memory.
 
 #include <malloc.h>
 
@@ -48,6 +50,32 @@ Outline star(size_t vertices, HT_Double_Point centre, double radius, unsigned se
     return outline;
 }
 
+Outline circle(size_t corners, HT_Double_Point centre, double radius) {
+    Outline outline;
+    for (size_t i = 0; i < corners; ++i) {
+        const double angle = 2.0 * M_PI * static_cast<double>(i) / static_cast<double>(corners);
+        outline.push_back({centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle)});
+    }
+    return outline;
+}
+
+Outline exchanged(Outline outline) {
+    for (HT_Double_Point& point : outline) {
+        std::swap(point.x, point.y);
+    }
+    return outline;
+}
+
+/// A band along the x axis whose upper side is a row of pointed teeth.
+Outline teeth(size_t vertices) {
+    Outline outline{{900, -100}, {-900, -100}};
+    const double step = 1800.0 / static_cast<double>(vertices - 3);
+    for (size_t i = 0; i + 2 < vertices; ++i) {
+        outline.push_back({-900.0 + step * static_cast<double>(i), i % 2 == 0 ? 0.0 : 100.0});
+    }
+    return outline;
+}
+
 /// A polygon of one contour over borrowed vertices.
 struct OneContour {
     explicit OneContour(const Outline& outline) {
@@ -71,10 +99,9 @@ ClipperLib::Path gridPath(const Outline& outline) {
     return path;
 }
 
-void clipOurs(benchmark::State& state, gpc_op op) {
-    const auto count = static_cast<size_t>(state.range(0));
-    OneContour subject(star(count, {-100, 0}, 900, 1));
-    OneContour clip(star(count, {100, 50}, 900, 2));
+void clipOutlines(benchmark::State& state, gpc_op op, const Outline& first, const Outline& second) {
+    OneContour subject(first);
+    OneContour clip(second);
     for (auto _ : state) {
         gpc_polygon a = subject.polygon();
         gpc_polygon b = clip.polygon();
@@ -83,6 +110,11 @@ void clipOurs(benchmark::State& state, gpc_op op) {
         benchmark::DoNotOptimize(result.num_contours);
         gpc_free_polygon(&result);
     }
+}
+
+void clipOurs(benchmark::State& state, gpc_op op) {
+    const auto count = static_cast<size_t>(state.range(0));
+    clipOutlines(state, op, star(count, {-100, 0}, 900, 1), star(count, {100, 50}, 900, 2));
 }
 
 void clipByHand(benchmark::State& state, ClipperLib::ClipType type) {
@@ -136,6 +168,30 @@ void evaluate(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
+void circlesInAList(benchmark::State& state) {
+    const auto corners = static_cast<size_t>(state.range(0));
+    const Outline left = circle(corners, {-300, 0}, 600);
+    const Outline right = circle(corners, {300, 0}, 600);
+    RgnList list(KelDriver::HT_CreatePolygonRgnData(left.data(), static_cast<int>(corners)));
+    list->next = KelDriver::HT_CreatePolygonRgnData(right.data(), static_cast<int>(corners));
+    list->next->mode = HT_RGN_OR;
+    for (auto _ : state) {
+        const RgnList copy(KelDriver::HT_CloneRgnData(list.get()));
+        benchmark::DoNotOptimize(PolyAlgoOperator::ClipRgnOperator(copy.get()));
+    }
+}
+
+void circlesByHand(benchmark::State& state) {
+    const auto corners = static_cast<size_t>(state.range(0));
+    clipOutlines(state, GPC_UNION, circle(corners, {-300, 0}, 600), circle(corners, {300, 0}, 600));
+}
+
+void cutTeeth(benchmark::State& state, bool lying) {
+    const Outline band = teeth(static_cast<size_t>(state.range(0)));
+    const Outline bar{{-950, 30}, {950, 30}, {950, 60}, {-950, 60}};
+    clipOutlines(state, GPC_DIFF, lying ? band : exchanged(band), lying ? bar : exchanged(bar));
+}
+
 void brackets(benchmark::State& state) {
     const int depth = static_cast<int>(state.range(0));
     const Outline outline = star(12, {0, 0}, 100, 1);
@@ -173,6 +229,10 @@ int main(int argc, char** argv) {
         benchmark::RegisterBenchmark("BM_Combine/hand", clipOurs, GPC_UNION)->Arg(count);
     }
     benchmark::RegisterBenchmark("BM_Evaluate", evaluate)->Arg(10)->Arg(100)->Arg(500)->Arg(2000);
+    benchmark::RegisterBenchmark("BM_Circles/ours", circlesInAList)->Arg(16384);
+    benchmark::RegisterBenchmark("BM_Circles/hand", circlesByHand)->Arg(16384);
+    benchmark::RegisterBenchmark("BM_Teeth/lying", cutTeeth, true)->Arg(2000)->Arg(20000);
+    benchmark::RegisterBenchmark("BM_Teeth/standing", cutTeeth, false)->Arg(2000)->Arg(20000);
     benchmark::RegisterBenchmark("BM_Brackets", brackets)->Arg(10)->Arg(1000)->Iterations(1);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

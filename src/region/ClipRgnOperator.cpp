@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include <iterator>
+#include <optional>
 #include <utility>
-#include <vector>
 
 #include "keldriver/VornRgn.h"
 #include "region/GpcPolygon.h"
@@ -9,107 +8,37 @@
 
 namespace {
 
-using Nodes = std::vector<HT_ClipRgn*>;
-using NodeIterator = Nodes::const_iterator;
-
 GpcPolygonPtr polygonOf(HT_ClipRgn* node) {
     return GpcPolygonPtr(PolyAlgoOperator::convert_2_gpc_polygon_simple(node));
 }
 
-bool isEmpty(const GpcPolygonPtr& polygon) {
-    return polygon->num_contours == 0;
-}
-
-/// As `combine`, without a call of the clipper where one operand alone tells the result.
-GpcPolygonPtr combined(gpc_op op, GpcPolygonPtr subject, const GpcPolygonPtr& clip) {
-    const bool keepsSubject = isEmpty(clip) && op != GPC_INT;
-    return keepsSubject || (isEmpty(subject) && op == GPC_DIFF) ? std::move(subject) : combine(op, subject, clip);
-}
-
-/// Joins the contours of nodes of one mode half by half, so that the cost of many grows hardly faster than they do.
-GpcPolygonPtr combineHalves(gpc_op op, NodeIterator first, NodeIterator last) {
-    const auto count = std::distance(first, last);
-    if (count == 1) {
-        return polygonOf(*first);
-    }
-    const auto middle = first + count / 2;
-    return combine(op, combineHalves(op, first, middle), combineHalves(op, middle, last));
-}
-
-/// What a stretch of unions, differences and exclusive ors does to what came before it: that loses `lost`, and then
-/// `toggled` is joined to it by exclusive or. Such steps can be joined to one another before what came before is
-/// known, so that long lists are halved whatever the order of their modes.
-struct Step {
-    GpcPolygonPtr lost;
-    GpcPolygonPtr toggled;
-};
-
-bool isStep(int mode) {
-    return mode == HT_RGN_OR || mode == HT_RGN_DIFF || mode == HT_RGN_XOR;
-}
-
-/// The step of a run of nodes of one mode.
-Step stepOf(const Nodes& run) {
-    const int mode = run.front()->mode;
-    GpcPolygonPtr joined = combineHalves(mode == HT_RGN_XOR ? GPC_XOR : GPC_UNION, run.begin(), run.end());
+/// The clipper's operation for a mode; none for a copy, for a mode with bracket bits and for one that is unknown.
+std::optional<gpc_op> operationOf(int mode) {
     switch (mode) {
+    case HT_RGN_AND:
+        return GPC_INT;
     case HT_RGN_DIFF:
-        return {std::move(joined), makeGpcPolygon()};
+        return GPC_DIFF;
+    case HT_RGN_OR:
+        return GPC_UNION;
     case HT_RGN_XOR:
-        return {makeGpcPolygon(), std::move(joined)};
-    default: { // HT_RGN_OR: taken out and put back
-        GpcPolygonPtr copy = combine(GPC_UNION, joined, makeGpcPolygon());
-        return {std::move(joined), std::move(copy)};
-    }
+        return GPC_XOR;
+    default:
+        return std::nullopt;
     }
 }
 
-Step joinSteps(Step first, Step second) {
-    GpcPolygonPtr toggled =
-        combined(GPC_XOR, combined(GPC_DIFF, std::move(first.toggled), second.lost), second.toggled);
-    return {combined(GPC_UNION, std::move(first.lost), second.lost), std::move(toggled)};
-}
-
-Step joinHalves(std::vector<Step>& steps, size_t first, size_t last) {
-    if (last - first == 1) {
-        return std::move(steps[first]);
-    }
-    const size_t middle = first + (last - first) / 2;
-    return joinSteps(joinHalves(steps, first, middle), joinHalves(steps, middle, last));
-}
-
-/// Applies the steps gathered so far, of which none is left then.
-GpcPolygonPtr applySteps(GpcPolygonPtr before, std::vector<Step>& steps) {
-    if (steps.empty()) {
-        return before;
-    }
-    const Step step = joinHalves(steps, 0, steps.size());
-    steps.clear();
-    // Through the clipper even if nothing is toggled: what came before may be a contour that crosses itself.
-    return combine(GPC_XOR, combined(GPC_DIFF, std::move(before), step.lost), step.toggled);
-}
-
-/// Evaluates a list: runs of one mode are joined first, then the runs between two intersections or copies.
+/// Joins the contours from left to right.
 GpcPolygonPtr evaluate(HT_ClipRgn* list) {
     GpcPolygonPtr result = polygonOf(list);
-    std::vector<Step> steps;
-    Nodes run;
     for (HT_ClipRgn* node = list->next; node; node = node->next) {
-        run.push_back(node);
-        if (isStep(node->mode) && node->next && node->next->mode == node->mode) {
-            continue;
-        }
-        if (isStep(node->mode)) {
-            steps.push_back(stepOf(run));
-        } else if (node->mode == HT_RGN_AND) {
-            result = combine(GPC_INT, applySteps(std::move(result), steps), polygonOf(node));
-        } else if (node->mode == HT_RGN_COPY) {
-            steps.clear();
+        if (node->mode == HT_RGN_COPY) {
             result = polygonOf(node);
-        } // with bracket bits, or of no known mode: skipped
-        run.clear();
+        } else if (const auto operation = operationOf(node->mode)) {
+            result = combine(*operation, result, polygonOf(node));
+        }
     }
-    return applySteps(std::move(result), steps);
+    return result;
 }
 
 } // namespace
