@@ -5,7 +5,6 @@
 #include "region/GpcPolygon.h"
 #include "region/RgnKind.h"
 #include "region/RgnList.h"
-#include "region/StandardClipRgn.h"
 
 namespace {
 
@@ -22,15 +21,8 @@ int becomeEmpty(CVornRgn& self) {
     return rgnKind::win32Empty;
 }
 
+/// Brings the list along, whatever the kind.
 int becomeCopy(CVornRgn& self, const CVornRgn& source) {
-    if (isEmpty(source) && &self == &source) { // its list stays: a driver may hold it
-        self.m_nType = rgnKind::empty;
-        self.m_rcBox = {};
-        return rgnKind::win32Empty;
-    }
-    if (isEmpty(source)) {
-        return becomeEmpty(self);
-    }
     self.CopyFrom(source);
     return rgnKind::toWin32(self.m_nType);
 }
@@ -61,19 +53,17 @@ int clip(CVornRgn& self, CVornRgn& a, CVornRgn& b, gpc_op op) {
     const GpcPolygonPtr subject(PolyAlgoOperator::convert_2_gpc_polygon(a.m_pClipRgn));
     const GpcPolygonPtr other(PolyAlgoOperator::convert_2_gpc_polygon(b.m_pClipRgn));
     const GpcPolygonPtr result = combine(op, subject, other);
-    replaceList(self, PolyAlgoOperator::convert_2_Clip_Rgn(result.get()));
-    if (!self.m_pClipRgn || vertexCount(*self.m_pClipRgn) == 0) {
+    RgnListPtr list(PolyAlgoOperator::convert_2_Clip_Rgn(result.get()));
+    if (!list) {
         return becomeEmpty(self);
     }
-    // The clipper's contours neither cross nor nest but as outer contours and holes, so they stand evaluated; only
-    // a clipper of the application's own may put a hole first.
-    OrderBorder(self.m_pClipRgn);
-    const bool isRect = measureEvaluatedRgn(self.m_pClipRgn, &self.m_rcBox);
+    const bool isRect = KelDriver::HT_StandardClipRgn(list.get(), &self.m_rcBox);
+    replaceList(self, list.release());
     self.m_nType = isRect ? rgnKind::rectangle : rgnKind::general;
     return rgnKind::toWin32(self.m_nType);
 }
 
-/// Lengthens a's own list by b's contours, on which drivers rely that collect contours in `a`.
+/// Lengthens a's own list by b's contours and gives `self`, unless it is `a`, no list; both are part of the interface.
 int append(CVornRgn& self, CVornRgn& a, CVornRgn& b) {
     ensureList(a);
     ensureList(b);
@@ -147,8 +137,7 @@ int CVornRgn::CombineRgn(CVornRgn* a, CVornRgn* b, int op) {
         return join(*this, left, right, GPC_XOR);
     case win32Diff:
         return subtract(*this, left, right);
-    default: // a copy of b, not of a: an expression loads its first contour so
-        CopyFrom(right);
-        return rgnKind::toWin32(m_nType);
+    default: // copies b, not a: a contour that replaces what came before is the second operand
+        return becomeCopy(*this, right);
     }
 }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "keldriver/VornRgn.h"
+#include "region/GpcPolygon.h"
 #include "support/RegionOracle.h"
 
 namespace {
@@ -37,6 +38,10 @@ CVornRgn empty() {
     return CVornRgn(nullptr);
 }
 
+bool overlap(const HT_Double_Rectangle& a, const HT_Double_Rectangle& b) {
+    return std::max(a.minX, b.minX) < std::min(a.maxX, b.maxX) && std::max(a.minY, b.minY) < std::min(a.maxY, b.maxY);
+}
+
 double areaOf(const CVornRgn& rgn) {
     double area = 0;
     for (const regionOracle::Contour& contour : regionOracle::toContours(rgn.m_pClipRgn)) {
@@ -49,6 +54,14 @@ double areaOf(const CVornRgn& rgn) {
         area += (contour.mode == HT_RGN_DIFF ? -1 : 1) * std::fabs(twice) / 2;
     }
     return area;
+}
+
+std::vector<int> modesOf(const HT_ClipRgn* list) {
+    std::vector<int> modes;
+    for (; list; list = list->next) {
+        modes.push_back(list->mode);
+    }
+    return modes;
 }
 
 const Points triangle = {{0, 0}, {10, 0}, {0, 10}};
@@ -99,6 +112,56 @@ TEST(CombineRgn, ByKindsAndBoxes) {
     }
 }
 
+TEST(CombineRgn, ACopiedOperandBringsItsListWhateverItsKind) {
+    for (const Operation op : {opOr, opXor, opCopy}) {
+        for (const char* target : {"another", "a", "b"}) {
+            CVornRgn a = empty();
+            CVornRgn b = empty();
+            const HT_ClipRgn* const list = b.GetClipRgnRef(); // a rectangle without extent
+            CVornRgn other = rectangle(70, 70, 80, 80);
+            CVornRgn& result = target == std::string("a") ? a : target == std::string("b") ? b : other;
+            EXPECT_EQ(result.CombineRgn(&a, &b, op), 1) << target;
+            EXPECT_EQ(result.m_nType, 3) << target;
+            ASSERT_NE(result.m_pClipRgn, nullptr) << target;
+            EXPECT_EQ(result.m_pClipRgn == list, &result == &b) << target;
+            EXPECT_EQ(result.m_pClipRgn->pointCount, 4) << target;
+        }
+    }
+}
+
+// The clipper's result is evaluated like any other list: shared and almost shared edges can leave contours that join.
+TEST(CombineRgn, ResultsAreEvaluatedLists) {
+    regionOracle::Generator generator(6);
+    constexpr gpc_op operations[] = {GPC_INT, GPC_UNION, GPC_XOR, GPC_DIFF};
+    for (int i = 0; i < 4000; ++i) {
+        Points first = generator.region({HT_RGN_XOR}).back().points;
+        Points second = first;
+        for (HT_Double_Point& point : second) { // the next double, another point, or the same
+            const int change = generator.integer(0, 3);
+            point.x = change == 1 ? std::nextafter(point.x, INFINITY) : point.x;
+            point = change == 2 ? generator.pointIn({{HT_RGN_XOR, first}}) : point;
+        }
+        CVornRgn a = polygon(first);
+        CVornRgn b = polygon(second);
+        a.m_nType = 2; // not joined as boxes
+        const int op = generator.integer(opAnd, opDiff);
+        if (!overlap(a.m_rcBox, b.m_rcBox)) {
+            continue;
+        }
+        const GpcPolygonPtr subject(PolyAlgoOperator::convert_2_gpc_polygon(a.m_pClipRgn));
+        const GpcPolygonPtr other(PolyAlgoOperator::convert_2_gpc_polygon(b.m_pClipRgn));
+        const GpcPolygonPtr clipped = combine(operations[op - 1], subject, other);
+        const RgnList list(PolyAlgoOperator::convert_2_Clip_Rgn(clipped.get()));
+        HT_Double_Rectangle box{};
+        const int kind = !list ? 1 : KelDriver::HT_StandardClipRgn(list.get(), &box) ? 2 : 3;
+
+        CVornRgn result;
+        ASSERT_EQ(result.CombineRgn(&a, &b, op), kind) << i;
+        ASSERT_EQ(boxOf(result), (std::vector<double>{box.minX, box.minY, box.maxX, box.maxY})) << i;
+        ASSERT_EQ(modesOf(result.m_pClipRgn), modesOf(list.get())) << i;
+    }
+}
+
 TEST(CombineRgn, AnUnknownOperationChangesNothing) {
     CVornRgn rgn = rectangle(1, 2, 3, 4);
     CVornRgn other = polygon(triangle);
@@ -125,14 +188,6 @@ INSTANTIATE_TEST_SUITE_P(Operations, AppendedRgn, testing::Values(opOr, opXor));
 const Points farTriangle = {{20, 0}, {30, 0}, {20, 10}};
 const std::vector<double> commonBox = {0, 0, 30, 10};
 
-std::vector<int> modesOf(const CVornRgn& rgn) {
-    std::vector<int> modes;
-    for (const regionOracle::Contour& contour : regionOracle::toContours(rgn.m_pClipRgn)) {
-        modes.push_back(contour.mode);
-    }
-    return modes;
-}
-
 TEST_P(AppendedRgn, LengthensTheFirstOperand) {
     for (const char* target : {"another", "a", "b"}) {
         CVornRgn a = polygon(triangle);
@@ -141,7 +196,7 @@ TEST_P(AppendedRgn, LengthensTheFirstOperand) {
         CVornRgn& result = target == std::string("a") ? a : target == std::string("b") ? b : other;
         EXPECT_EQ(result.CombineRgn(&a, &b, GetParam()), 3) << target;
         EXPECT_EQ(boxOf(result), commonBox) << target;
-        EXPECT_EQ(modesOf(a), (std::vector<int>{HT_RGN_XOR, HT_RGN_OR})) << target;
+        EXPECT_EQ(modesOf(a.m_pClipRgn), (std::vector<int>{HT_RGN_XOR, HT_RGN_OR})) << target;
         EXPECT_EQ(a.m_pClipRgn->next->points[0].x, 20) << target;
         if (&result != &a) {
             EXPECT_EQ(result.m_pClipRgn, nullptr) << target;
@@ -157,14 +212,14 @@ TEST_P(AppendedRgn, RectanglesGetTheirContoursFirst) {
     EXPECT_EQ(a.CombineRgn(&a, &b, GetParam()), 3);
     EXPECT_EQ(boxOf(a), commonBox);
     EXPECT_DOUBLE_EQ(areaOf(a), 200);
-    EXPECT_EQ(modesOf(a), (std::vector<int>{HT_RGN_XOR, HT_RGN_OR}));
+    EXPECT_EQ(modesOf(a.m_pClipRgn), (std::vector<int>{HT_RGN_XOR, HT_RGN_OR}));
 }
 
 TEST_P(AppendedRgn, AFlatRegionWithItself) {
     CVornRgn flat = rectangle(0, 5, 10, 5);
     EXPECT_EQ(flat.CombineRgn(&flat, &flat, GetParam()), 3);
     EXPECT_EQ(boxOf(flat), (std::vector<double>{0, 5, 10, 5}));
-    EXPECT_EQ(modesOf(flat).size(), 2U);
+    EXPECT_EQ(modesOf(flat.m_pClipRgn).size(), 2U);
 }
 
 TEST(CombineRgn, RectanglesKeepTheirCoordinatesBitForBit) {
