@@ -39,14 +39,16 @@ KELDRIVER_API int HT_RGN_OP_2_CDC_OP(int op);
 
 /// One contour that an `HT_Region` has collected. Record and vertices come from `HT_Malloc`.
 struct KELDRIVER_API HT_Contour {
-    HT_Double_Point* points;
-    int32_t count;
-    uint8_t closed; ///< 1 for a contour to which no further piece can be chained
-    uint8_t mode;   ///< what the driver said about a closed contour; 0 for one that was chained
+    HT_Double_Point* points; ///< the vertices, owned; null for none
+    int32_t count;           ///< number of vertices, as it was given to `AddPoint`
+    uint8_t closed;          ///< 1 for a contour that takes no further piece; 0 for one that `EndData` finished
+    uint8_t mode;            ///< what `AddPoints` was told about a contour finished at once; else 0
 
     /// Replaces the contour's vertices by a copy of `n` points; it does not append, whatever its name says.
     ///
     /// @param pts  may be the contour's own vertices; null leaves it without any
+    /// @param n    kept in `count` as it is, also where there are no vertices because `pts` is null or `HT_Malloc`
+    ///             fails; a negative one copies nothing
     /// @return 1
     int AddPoint(const HT_Double_Point* pts, int n);
 };
@@ -55,7 +57,7 @@ static_assert(sizeof(HT_Contour) == 16 && offsetof(HT_Contour, points) == 0 && o
                   offsetof(HT_Contour, closed) == 12 && offsetof(HT_Contour, mode) == 13,
               "record shared with drivers");
 
-/// Collects contours from pieces. A driver adds pieces, calls `EndData`, reads `contours` and calls `Clear`.
+/// Collects contours from pieces. The caller adds pieces, calls `EndData`, reads `contours` and calls `Clear`.
 ///
 /// It has no destructor: what was not cleared is leaked. A copy shares its contours with the original.
 struct KELDRIVER_API HT_Region {
@@ -70,12 +72,17 @@ struct KELDRIVER_API HT_Region {
     /// it starts exactly, bit for bit, where that ends; otherwise it starts a new one and the old one is
     /// finished. A piece that continues the open contour replaces its vertices by its own but the first.
     ///
-    /// @param mode  kept with a contour that is finished at once
-    /// @return 1, or 0 when the piece has too few points, and then nothing has changed; a failing `HT_Malloc` is
-    ///         not detected everywhere
+    /// @param pts         the points of the piece; null counts as too few
+    /// @param n           how many there are
+    /// @param closedFlag  non-zero for a piece that is a finished contour
+    /// @param mode        kept with a contour that is finished at once
+    /// @return 1; 0 when the piece has too few points or a contour cannot be allocated, and then nothing has changed.
+    ///         Vertices that cannot be allocated are not noticed
     int AddPoints(const HT_Double_Point* pts, int n, int closedFlag, unsigned char mode);
+
     /// Moves the open contour, if there is one, to the finished ones as it is.
     void EndData();
+
     /// Releases the finished contours and ends the use of the builder; call `EndData` before.
     ///
     /// The vertices of a contour that is still open are not released, and `current` keeps its stale value.

@@ -71,7 +71,7 @@ int HT_Region::AddPoints(const HT_Double_Point* pts, int n, int closedFlag, unsi
     const bool isFinished = endsAtStart || closedFlag != 0;
     const HT_Double_Point end = pts[n - 1];
     if (!isFinished && current != nullptr && isSameVertex(lastPoint, pts[0])) {
-        current->AddPoint(pts + 1, n - 1); // replaces: drivers take what they chained before they chain again
+        current->AddPoint(pts + 1, n - 1); // replaces what was chained: part of the interface
         lastPoint = end;
         return 1;
     }
@@ -107,6 +107,6 @@ void HT_Region::Clear() {
         ContourDeleter()(contour);
     }
     contours.clear();
-    // The vertices of an open contour belong to the driver from here on: it may have kept their address.
+    // The record of an open contour alone is released, not its vertices: part of the interface.
     HT_Free(current);
 }

@@ -56,7 +56,7 @@ void load(CVornRgn& rgn, const HT_ClipRgn& node) {
 }
 
 bool Evaluation::add(const HT_ClipRgn& node) {
-    // Unshifted, so that one opening step counts 256 brackets and one closing step 4096: drivers write so.
+    // Unshifted, so that one opening step counts 256 brackets and one closing step 4096: part of the interface.
     const int brackets = (node.mode & 0xF00) - (node.mode & 0xF000);
     if (brackets < 0) {
         return close(-brackets);
@@ -98,7 +98,7 @@ bool Evaluation::close(int brackets) {
 } // namespace
 
 void CVornRgn::StandardRgn() {
-    static int show = 0; // how many expressions closed too many brackets; kept for whoever debugs a driver
+    static int show = 0; // how many expressions closed too many brackets; the library never reads it
     Evaluation evaluation;
     for (const HT_ClipRgn* node = m_pClipRgn; node; node = node->next) {
         if (!evaluation.add(*node)) {

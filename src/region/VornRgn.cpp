@@ -8,18 +8,15 @@
 
 namespace {
 
-/// Gives a fresh region a list and evaluates it; kind 3 when no point is left.
+/// Gives a fresh region a list, evaluates it and sets box and kind.
 void adopt(CVornRgn& rgn, HT_ClipRgn* list) {
     rgn.m_pClipRgn = list;
-    if (list && list->next && vertexCount(*list) == 0) {
-        PolyAlgoOperator::ClipRgnOperator(list); // the check for a rectangle stops at a first contour without points
+    if (!list) {
+        rgn.m_nType = rgnKind::empty;
+        return;
     }
     const bool isRect = KelDriver::HT_StandardClipRgn(list, &rgn.m_rcBox);
     rgn.m_nType = isRect ? rgnKind::rectangle : rgnKind::general;
-    if (!list || vertexCount(*list) == 0) {
-        rgn.DeleteObject();
-        rgn.m_nType = rgnKind::empty;
-    }
 }
 
 } // namespace

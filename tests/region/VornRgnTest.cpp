@@ -38,9 +38,9 @@ TEST(VornRgn, ReportsKindAndBoxOfWhatItWasMadeFrom) {
          2,
          3,
          {0, 0, 10, 10}},
-        {"one contour without points", {{4, {}}}, 3, 1, zeroBox},
-        {"a contour without points, then a rectangle", {{4, {}}, {3, square}}, 1, 2, {0, 0, 10, 10}},
-        {"a square cut away wholly", {{3, square}, {2, square}}, 3, 1, zeroBox},
+        {"one contour without points", {{4, {}}}, 2, 3, zeroBox},
+        {"a contour without points, then a rectangle: not evaluated", {{4, {}}, {1, square}}, 2, 3, zeroBox},
+        {"a square cut away wholly", {{3, square}, {2, square}}, 2, 3, zeroBox},
         {"a triangle cut to its corner",
          {{3, triangle}, {0, {{-5, -5}, {2, -5}, {2, 2}, {-5, 2}}}},
          1,
@@ -52,8 +52,22 @@ TEST(VornRgn, ReportsKindAndBoxOfWhatItWasMadeFrom) {
         EXPECT_EQ(rgn.m_nType, row.kind) << row.name;
         EXPECT_EQ(rgn.GetRgnBox(nullptr), row.reported) << row.name;
         EXPECT_EQ(boxOf(rgn), row.box) << row.name;
-        EXPECT_EQ(rgn.m_pClipRgn == nullptr, row.kind == 3) << row.name;
+        EXPECT_EQ(rgn.m_pClipRgn == nullptr, row.contours.empty()) << row.name;
     }
+}
+
+TEST(VornRgn, AListWhoseFirstContourHasNoPointsIsClonedAsItIs) {
+    const CVornRgn rgn(regionOracle::toList({{4, {}}, {2, triangle}, {1, square}}).get());
+    const Contours contours = regionOracle::toContours(rgn.m_pClipRgn);
+    ASSERT_EQ(contours.size(), 3U);
+    EXPECT_EQ(contours[1].mode, 2);
+    EXPECT_EQ(contours[2].points.size(), 4U);
+
+    CVornRgn polygon;
+    polygon.CreatePolygonRgn(nullptr, 0, 1);
+    EXPECT_EQ(polygon.GetRgnBox(nullptr), 3);
+    EXPECT_EQ(boxOf(polygon), zeroBox);
+    EXPECT_NE(polygon.m_pClipRgn, nullptr);
 }
 
 TEST(VornRgn, SortsTheCornersOfARectangleAndMakesItsContourWhenAsked) {
