@@ -15,53 +15,58 @@
 
 namespace {
 
-// One pixel before the rounded coordinate. A coordinate at the low end of the range wraps to the high end, so that
-// the clip lies off the page; drivers count on nothing being drawn then.
+// One pixel before the rounded coordinate. A coordinate at the low end of the range wraps to the high end: part of
+// the interface.
 int32_t pixelBefore(double coordinate) {
     const int32_t pixel = roundToInt32(coordinate);
     return pixel == INT32_MIN ? INT32_MAX : pixel - 1;
 }
 
-// The last pixel of a stretch of `length` device units, rounded up, and two pixels more, from `first` on.
-int32_t lastPixel(int32_t first, double length) {
-    const int64_t pixels = int64_t{truncateToInt32(std::ceil(length))} + 2;
-    const int64_t saturated = std::min<int64_t>(pixels, INT32_MAX);
-    return static_cast<int32_t>(std::clamp<int64_t>(first + saturated - 1, INT32_MIN, INT32_MAX));
+struct Pixels {
+    int32_t first;
+    int32_t last;
+};
+
+// The pixels of a stretch of device units: one before its rounded start, and its rounded up length and two pixels in
+// all. Where the range ends, they do. Qt takes a rectangle for empty when its width is no `int`, so of a longer stretch
+// the start gives way as far as the page's corner, and then the end.
+Pixels widened(double low, double high, double scale) {
+    constexpr int64_t longest = INT32_MAX;
+    const int32_t before = pixelBefore(low * scale);
+    const int32_t last = truncateToInt32(before + std::ceil((high - low) * scale) + 1.0);
+    const int64_t first = std::max<int64_t>(before, std::min<int64_t>(last - longest + 1, -1));
+    return {static_cast<int32_t>(first), static_cast<int32_t>(std::min<int64_t>(last, first + longest - 1))};
 }
 
-// Wider than the rectangle on every side, so that lines along its edges show at full weight.
+// Wider than the rectangle on every side: part of the interface.
 QRect clipRectangle(const HT_Double_Rectangle& box, double scale) {
-    const int32_t left = pixelBefore(box.minX * scale);
-    const int32_t top = pixelBefore(box.minY * scale);
+    const Pixels columns = widened(box.minX, box.maxX, scale);
+    const Pixels rows = widened(box.minY, box.maxY, scale);
     QRect rect;
-    rect.setCoords(left, top, lastPixel(left, (box.maxX - box.minX) * scale),
-                   lastPixel(top, (box.maxY - box.minY) * scale));
+    rect.setCoords(columns.first, rows.first, columns.last, rows.last);
     return rect;
+}
+
+// Adds a vertex as `QPainterPath::addPolygon` does, which keeps repeated ones; a line leaves them out.
+void addVertex(QPainterPath& path, const QPointF& vertex) {
+    const int index = path.elementCount();
+    path.lineTo(vertex);
+    if (path.elementCount() == index) {
+        path.lineTo(vertex + QPointF(1, 0));
+        path.setElementPositionAt(index, vertex.x(), vertex.y());
+    }
 }
 
 // Goes from the vertices straight into the path: no contour, however long, costs a buffer beside it.
 QPainterPath contourPath(const HT_ClipRgn& contour, double scale) {
     QPainterPath path;
-    path.reserve(vertexCount(contour));
-    path.moveTo(snapToDevice(contour.points[0], scale));
-    for (int i = 1; i < contour.pointCount; ++i) {
-        path.lineTo(snapToDevice(contour.points[i], scale));
+    const int count = vertexCount(contour);
+    path.reserve(count);
+    for (int i = 0; i < count; ++i) {
+        const QPointF vertex = snapToDevice(contour.points[i], scale);
+        i == 0 ? path.moveTo(vertex) : addVertex(path, vertex);
     }
     return path;
-}
-
-double onClipGrid(double coordinate) {
-    constexpr double steps = 256.0; // of a device pixel: finer than any painter resolves
-    return std::nearbyint(coordinate * steps) / steps;
-}
-
-// The crossings that a combination found, moved by next to nothing onto a fixed grid. Qt goes wrong on vertices
-// that almost but not quite coincide, and crossings of crossings are such.
-void settleCrossings(QPainterPath& clip) {
-    for (int i = 0; i < clip.elementCount(); ++i) {
-        const QPainterPath::Element vertex = clip.elementAt(i);
-        clip.setElementPositionAt(i, onClipGrid(vertex.x), onClipGrid(vertex.y));
-    }
 }
 
 QPainterPath combined(const QPainterPath& clip, const QPainterPath& contour, int32_t mode) {
@@ -79,15 +84,16 @@ QPainterPath combined(const QPainterPath& clip, const QPainterPath& contour, int
     }
 }
 
+// A first contour of fewer than two vertices is all there is to the clip, whatever follows it: part of the interface.
 QPainterPath clipPath(const HT_ClipRgn& region, double scale) {
-    if (vertexCount(region) < 2) {
-        return {}; // drivers clip everything away with such a contour, whatever follows it
-    }
     QPainterPath clip = contourPath(region, scale);
+    if (clip.isEmpty()) {
+        return clip;
+    }
     for (const HT_ClipRgn* node = region.next; node != nullptr; node = node->next) {
-        if (vertexCount(*node) >= 2) {
-            settleCrossings(clip);
-            clip = combined(clip, contourPath(*node, scale), node->mode);
+        const QPainterPath contour = contourPath(*node, scale);
+        if (!contour.isEmpty()) {
+            clip = combined(clip, contour, node->mode);
         }
     }
     return clip;
