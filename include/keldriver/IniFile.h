@@ -62,7 +62,10 @@ public:
     int Load(const std::string& path);
     /// Writes the content to the file last loaded, as `SaveAs` does.
     int Save();
-    /// Writes the content to a file, in one piece.
+    /// Replaces the content of a file, or creates it. The old content stands until the new one is complete: a kill,
+    /// or a full device, leaves one or the other. The file keeps owner, mode and links, but is a new inode, unless it
+    /// has several names, access lists or a folder that takes no new file; then it is written over in its place, which
+    /// a kill can cut short.
     ///
     /// The note of a header is written below it, and the next line of the section is joined to it. Read back, that
     /// line is a comment: the section's first key is gone.

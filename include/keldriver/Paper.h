@@ -56,8 +56,11 @@ KELDRIVER_API int HT_DefaultDeviceCapabilities(unsigned short code, char* output
 
 /// Writes a list of papers as the paper file that `path` names by its ending: binary for "PER", else INI.
 ///
-/// An INI file keeps its other sections and comments, and those of papers beyond the new count. A malformed INI file is
-/// left as it is, one that cannot be written stays unwritten, and both still answer 1.
+/// An INI file keeps its other sections, those of papers beyond the new count among them. A malformed INI file is left as
+/// it is, one that cannot be written stays unwritten, and both still answer 1.
+///
+/// A file holds the old list until it holds the new one, whatever befalls the program; `inifile::IniFile::SaveAs` tells
+/// how. Programs that write one file at a time take turns.
 ///
 /// @param papers  `count` records; borrowed; names are taken up to 64 characters
 /// @return 1, or 0 when the binary file could not be written
@@ -72,8 +75,8 @@ KELDRIVER_API int HT_WritePaperFile(const wchar_t* path, const PaperSize* papers
 /// @param device  ignored
 /// @param paper   with the number -1 it becomes a new last paper under the smallest free number from 257 upward
 /// @param path    of the paper file, INI or binary
-/// @return the number under which it is stored; -1 when a binary file was not written. An INI file that could not be
-///         written is not told of.
+/// @return the number under which it is stored; -1 when it is not: the file cannot be written, an INI file is malformed,
+///         or another program kept the file to itself for two seconds
 KELDRIVER_API int HT_DefaultCreatePaper(_devicemodeW* device, const PaperSize& paper, const wchar_t* path);
 
 /// Does exactly what `HT_DefaultCreatePaper` does: a paper that is not in the list is added.
@@ -87,6 +90,5 @@ KELDRIVER_API int HT_DefaultModifyPaper(_devicemodeW* device, const PaperSize& p
 /// @param device  ignored
 /// @param paper   only read
 /// @param path    of the paper file, INI or binary
-/// @return 1, also when no paper has that number; 0 when a binary file was not written. An INI file that could not be
-///         written is not told of.
+/// @return 1, also when no paper has that number; 0 when it is not deleted, for the reasons of `HT_DefaultCreatePaper`
 KELDRIVER_API int HT_DefaultDeletePaper(_devicemodeW* device, int& paper, const wchar_t* path);

@@ -7,7 +7,9 @@
 #include <sys/stat.h>
 
 #include "paper/PaperRecord.h"
+#include "port/Utf8.h"
 #include "port/WinRuntime.h"
+#include "settings/FileReplacement.h"
 
 namespace {
 
@@ -75,10 +77,5 @@ bool writeBinaryPaperFile(const std::wstring& path, const PaperSize* papers, int
     for (size_t i = 0; i < records; ++i) {
         toCompactRecord(papers[i], &bytes[recordsOffset + i * compactRecordSize]);
     }
-    std::FILE* file = nullptr;
-    if (_wfopen_s(&file, path.c_str(), L"wb") != 0) {
-        return false;
-    }
-    const bool written = std::fwrite(bytes.data(), bytes.size(), 1, file) == 1;
-    return std::fclose(file) == 0 && written; // a full device may tell only at the end
+    return writeFile(toUtf8(path), {bytes.data(), bytes.size()});
 }

@@ -38,7 +38,8 @@ private:
     int m_count;
 };
 
-/// Writes a binary paper file of compact records; whether all of it was written.
+/// Writes a binary paper file of compact records.
 ///
 /// @param count  written as it is; no record is written when it is negative
+/// @return false when the file does not hold all of it, and is as it was
 bool writeBinaryPaperFile(const std::wstring& path, const PaperSize* papers, int count);

@@ -8,6 +8,8 @@
 #include "paper/IniPaperFile.h"
 #include "paper/PaperAnswer.h"
 #include "paper/PaperPath.h"
+#include "port/Utf8.h"
+#include "settings/WriterLock.h"
 
 namespace {
 
@@ -57,7 +59,10 @@ int answerBesideBinary(unsigned short code, char* output, const std::wstring& pa
         if (!papers.empty()) {
             std::memcpy(papers.data(), output, papers.size() * sizeof(PaperSize));
         }
-        writeBinaryPaperFile(path, papers.data(), count);
+        const WriterLock turn(toUtf8(path));
+        if (!pathExists(path)) { // else another program made it meanwhile, and has perhaps edited it
+            writeBinaryPaperFile(path, papers.data(), count);
+        }
     }
     return count;
 }

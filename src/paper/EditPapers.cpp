@@ -7,6 +7,8 @@
 #include "paper/IniPaperFile.h"
 #include "paper/PaperList.h"
 #include "paper/PaperPath.h"
+#include "port/Utf8.h"
+#include "settings/WriterLock.h"
 
 namespace {
 
@@ -30,23 +32,32 @@ auto findPaper(std::vector<PaperSize>& papers, int32_t number) {
     return std::find_if(papers.begin(), papers.end(), [number](const PaperSize& each) { return each.Paper == number; });
 }
 
-bool writePapers(const wchar_t* path, const std::vector<PaperSize>& papers) {
-    return HT_WritePaperFile(path, papers.data(), static_cast<int>(papers.size())) == 1;
+// Checks the path as every function here does first.
+WriterLock turnAt(const std::wstring& path) {
+    isBinaryPaperPath(path);
+    return WriterLock(toUtf8(path));
+}
+
+bool writePapers(const std::wstring& path, const PaperSize* papers, int count) {
+    return isBinaryPaperPath(path) ? writeBinaryPaperFile(path, papers, count) : writeIniPaperFile(path, papers, count);
+}
+
+bool writePapers(const std::wstring& path, const std::vector<PaperSize>& papers) {
+    return writePapers(path, papers.data(), static_cast<int>(papers.size()));
 }
 
 } // namespace
 
 int HT_WritePaperFile(const wchar_t* path, const PaperSize* papers, int count) {
-    if (isBinaryPaperPath(path)) {
-        return writeBinaryPaperFile(path, papers, count) ? 1 : 0;
-    }
-    writeIniPaperFile(path, papers, count);
-    return 1;
+    const WriterLock turn = turnAt(path);
+    const bool isWritten = writePapers(path, papers, count);
+    return isWritten || !isBinaryPaperPath(path) ? 1 : 0; // an INI file answers 1 in any case
 }
 
 int HT_DefaultCreatePaper(_devicemodeW*, const PaperSize& paper, const wchar_t* path) {
+    const WriterLock turn = turnAt(path);
     auto list = readPaperList(path, 1);
-    if (!list) {
+    if (!list || turn.isRefused()) {
         return -1;
     }
     std::vector<PaperSize>& papers = list->papers;
@@ -70,8 +81,9 @@ int HT_DefaultModifyPaper(_devicemodeW* device, const PaperSize& paper, const wc
 }
 
 int HT_DefaultDeletePaper(_devicemodeW*, int& paper, const wchar_t* path) {
+    const WriterLock turn = turnAt(path);
     auto list = readPaperList(path, 0);
-    if (!list) {
+    if (!list || turn.isRefused()) {
         return 0;
     }
     const auto place = findPaper(list->papers, paper);

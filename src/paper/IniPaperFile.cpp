@@ -91,10 +91,11 @@ int32_t IniPaperFile::largestLength() {
     return m_session.getInt(largestSection, largestLengthKey, largestByDefault);
 }
 
-void writeIniPaperFile(const std::wstring& path, const PaperSize* papers, int count) {
+bool writeIniPaperFile(const std::wstring& path, const PaperSize* papers, int count) {
     ProfileSession session(toUtf8(path));
     session.writeString(generalSection, countKey, textOf(L"%d", count));
     for (int i = 0; i < count; ++i) {
         writePaper(session, i, papers[i]);
     }
+    return session.flush();
 }

@@ -26,4 +26,6 @@ private:
 };
 
 /// Writes a list of papers into an INI paper file, keeping what else it holds.
-void writeIniPaperFile(const std::wstring& path, const PaperSize* papers, int count);
+///
+/// @return false when the file, malformed or not to be written, did not take them all
+bool writeIniPaperFile(const std::wstring& path, const PaperSize* papers, int count);

@@ -7,9 +7,11 @@
 #include <utility>
 
 #include "keldriver/IniFile.h"
+#include "settings/FileReplacement.h"
 #include "settings/IniText.h"
 #include "settings/ResultCodes.h"
 #include "settings/TextFile.h"
+#include "settings/WriterLock.h"
 
 namespace inifile {
 
@@ -150,7 +152,9 @@ int IniFile::Save() {
 }
 
 int IniFile::SaveAs(const std::string& path) {
-    writeTextFile(path, savedText());
+    const std::string text = savedText();
+    const WriterLock turn(path);
+    writeFile(path, text); // the interface has no code for a failure
     return 0;
 }
 

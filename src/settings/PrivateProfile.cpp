@@ -6,6 +6,7 @@
 
 #include "port/Utf8.h"
 #include "settings/ProfileSession.h"
+#include "settings/WriterLock.h"
 
 namespace {
 
@@ -38,7 +39,9 @@ int GetPrivateProfileSectionNamesEx(wchar_t* out, unsigned int size, const wchar
 }
 
 int WritePrivateProfileStringEx(const wchar_t* section, const wchar_t* key, const wchar_t* value, const wchar_t* file) {
-    ProfileSession session(narrow(file));
+    const std::string path = narrow(file);
+    const WriterLock turn(path); // without it, after a long wait, all the same: the file stays whole
+    ProfileSession session(path);
     if (session.isWritable()) {
         session.writeString(narrow(section), narrow(key), narrow(value));
         session.flush();

@@ -8,10 +8,10 @@
 
 #include <sys/stat.h>
 
+#include "settings/FileReplacement.h"
 #include "settings/FirstItem.h"
 #include "settings/IniText.h"
 #include "settings/ResultCodes.h"
-#include "settings/TextFile.h"
 
 namespace {
 
@@ -146,7 +146,7 @@ void ProfileSession::createIfMissing() {
     }
     struct stat status {};
     if (stat(path.c_str(), &status) != 0) {
-        writeTextFile(path, {});
+        createFile(path);
     }
     read();
 }
@@ -210,6 +210,7 @@ void ProfileSession::writeString(const std::string& section, const std::string& 
     createIfMissing();
     settle();
     if (state != State::WellFormed) {
+        isLost = true;
         return;
     }
     readsBackEqual = readsBackEqual && (file.HasSection(section) || headerReadsBack(section));
@@ -220,10 +221,11 @@ void ProfileSession::writeString(const std::string& section, const std::string& 
     isUnsaved = true;
 }
 
-void ProfileSession::flush() {
-    if (!isUnsaved) {
-        return;
+bool ProfileSession::flush() {
+    if (isUnsaved) {
+        isUnsaved = false;
+        const bool isWritten = writeFile(path, state == State::Malformed ? malformedText : file.savedText());
+        isLost = isLost || !isWritten;
     }
-    isUnsaved = false;
-    writeTextFile(path, state == State::Malformed ? malformedText : file.savedText());
+    return !isLost;
 }

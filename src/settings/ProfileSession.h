@@ -14,7 +14,8 @@
 /// a header swallows the next line, a value may hold a delimiter or a line break, and a line that is malformed
 /// makes the file refuse all later writes. The session follows all of that in memory.
 ///
-/// Names and values are UTF-8. What others write to the file while the session lasts is not seen.
+/// Names and values are UTF-8. What others write to the file while the session lasts is not seen: who sets something
+/// holds a `WriterLock` on the file from before the session begins until it has ended.
 class ProfileSession {
 public:
     /// Reads the file; when it cannot be read, every key counts as missing.
@@ -38,8 +39,10 @@ public:
     int getSectionNames(wchar_t* out, unsigned int size);
     /// As `WritePrivateProfileStringEx`, except that the file is not written before `flush`.
     void writeString(const std::string& section, const std::string& key, const std::string& value);
-    /// Writes the file when something was set since it was read or last written. A failure is not reported.
-    void flush();
+    /// Writes the file when something was set since it was read or last written.
+    ///
+    /// @return whether all that was ever set has reached the file
+    bool flush();
 
 private:
     enum class State { Unreadable, Malformed, WellFormed };
@@ -58,6 +61,8 @@ private:
     inifile::IniSection* unsettledSection = nullptr;
     size_t unsettledItem = 0;
     bool isUnsaved = false;
+    /// Something was set that the file did not take.
+    bool isLost = false;
     /// What the file holds, or is to hold, when it was set so that it cannot be read back.
     std::string malformedText;
 };

@@ -9,7 +9,7 @@
 namespace {
 
 struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); } // a failed last write stays unreported
+    void operator()(std::FILE* file) const { std::fclose(file); } // only read from: nothing left to fail
 };
 
 using FilePtr = std::unique_ptr<std::FILE, CloseFile>;
@@ -41,12 +41,4 @@ std::optional<std::string> readTextFile(const std::string& path) {
     }
     text.resize(length);
     return text;
-}
-
-void writeTextFile(const std::string& path, const std::string& text) {
-    const FilePtr file(std::fopen(path.c_str(), "wb"));
-    if (file) {
-        std::setvbuf(file.get(), nullptr, _IONBF, 0);
-        std::fwrite(text.data(), 1, text.size(), file.get());
-    }
 }

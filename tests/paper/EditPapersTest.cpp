@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <climits>
 #include <filesystem>
+#include <future>
 #include <new>
 
 #include <gtest/gtest.h>
 
 #include "paper/PaperBytes.h"
+#include "settings/WriterLock.h"
 #include "support/TemporaryDirectory.h"
 
 namespace {
@@ -81,6 +83,26 @@ TEST(EditPapers, TellsWhenNothingIsWritten) {
         EXPECT_EQ(store(directory.path(name), 9), -1) << name;
         EXPECT_EQ(HT_WritePaperFile(wide(directory.path(name)).c_str(), nullptr, 0), 0) << name;
     }
+}
+
+TEST(EditPapers, TellWhenTheIniFileWasNotWritten) {
+    const TemporaryDirectory directory;
+    const std::string bad = directory.write("bad.ini", "[General]\nPaperCount=1\n[Paper 0]\nmalformed\n");
+    for (const std::string& path : {bad, directory.path("none/p.ini")}) {
+        EXPECT_EQ(store(path, 9), -1) << path;
+        EXPECT_EQ(HT_WritePaperFile(wide(path).c_str(), nullptr, 0), 1) << path;
+    }
+}
+
+TEST(EditPapers, GiveUpWhileAnotherWriterHoldsOn) {
+    const TemporaryDirectory directory;
+    const std::string path = directory.path("p.PER"), bytes = binaryFile(1, papersOf({9}));
+    directory.write("p.PER", bytes);
+    const WriterLock other(path);
+    const auto stored = std::async(std::launch::async, [&] { EXPECT_EQ(store(path, 8), -1); });
+    EXPECT_EQ(erase(path, 9), 0);
+    stored.wait();
+    EXPECT_EQ(directory.read("p.PER"), bytes);
 }
 
 TEST(EditPapers, DamagedCounts) {

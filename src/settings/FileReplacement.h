@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Gives a file new content, creating it where it is missing. The old content stands until the new one is complete.
+///
+/// The bytes go to a new file beside the old one, which gets the owner and the mode of the old one and then its name:
+/// whoever looks, even after a kill, finds the old content or the new one. Links to the file keep leading to it. What
+/// is lost is the inode, and it is lost on purpose: bytes written over others can be cut short by a kill.
+///
+/// A file that would lose more than its inode is written over all the same: one of several names or with access lists,
+/// one whose owner cannot be given to another file, one in a folder that takes no new file. It grows first and is cut
+/// last, so that a full device leaves the old content; only a kill in the midst can leave a mixture. Devices and pipes
+/// are just written to.
+///
+/// The data are left to the system to put on the disk: against a kill, not against a loss of power.
+///
+/// @return false when the file does not hold the bytes; then it is as it was
+bool writeFile(const std::string& path, std::string_view bytes);
+
+/// Creates an empty file where there is none. Failures show when the file is read.
+void createFile(const std::string& path);
