@@ -41,7 +41,7 @@ struct IniSection {
 /// | 3 | a header has nothing between its brackets |
 /// | 4 | a header names a section that exists already |
 /// | 5 | a line that is no comment has no equals sign |
-/// | 6 | the file cannot be opened for reading |
+/// | 6 | the file cannot be read |
 /// | 8 | the section has no such key |
 /// | 9 | there is no such section |
 class KELDRIVER_API IniFile {
@@ -57,7 +57,8 @@ public:
     /// Comment lines behind the last key are not kept. Afterwards the unnamed section is there even when no key
     /// stands before the first header.
     ///
-    /// @return 0; 6 and no sections when the file cannot be opened; 2 to 5 at the first malformed line, and then
+    /// @return 0; 6 and no sections when the file cannot be opened or read to its end; 2 to 5 at the first malformed
+    /// line, and then
     ///         what stood above it is kept
     int Load(const std::string& path);
     /// Writes the content to the file last loaded, as `SaveAs` does.

@@ -56,8 +56,8 @@ KELDRIVER_API int HT_DefaultDeviceCapabilities(unsigned short code, char* output
 
 /// Writes a list of papers as the paper file that `path` names by its ending: binary for "PER", else INI.
 ///
-/// An INI file keeps its other sections, those of papers beyond the new count among them. A malformed INI file is left as
-/// it is, one that cannot be written stays unwritten, and both still answer 1.
+/// An INI file keeps its other sections, those of papers beyond the new count among them. A malformed INI file is left
+/// as it is, one that cannot be written stays unwritten, and both still answer 1.
 ///
 /// A file holds the old list until it holds the new one, whatever befalls the program; `inifile::IniFile::SaveAs` tells
 /// how. Programs that write one file at a time take turns.
@@ -68,14 +68,15 @@ KELDRIVER_API int HT_WritePaperFile(const wchar_t* path, const PaperSize* papers
 
 /// Stores a paper in a driver's paper file: in place of the first one of the same number, else as a new last one.
 ///
-/// What cannot be read as a paper file counts as an empty list and is replaced, by a binary file only. A file that
-/// states more than 4096 papers and cannot hold them is left as it is. A stated count below -1 throws
+/// A binary file without the header of a paper file counts as an empty list and is replaced. A file that cannot be
+/// read, or that states more than 4096 papers and cannot hold them, is left as it is. A stated count below -1 throws
 /// `std::bad_array_new_length`.
 ///
 /// @param device  ignored
 /// @param paper   with the number -1 it becomes a new last paper under the smallest free number from 257 upward
 /// @param path    of the paper file, INI or binary
-/// @return the number under which it is stored; -1 when it is not: the file cannot be written, an INI file is malformed,
+/// @return the number under which it is stored; -1 when it is not: the file cannot be written, an INI file is
+/// malformed,
 ///         or another program kept the file to itself for two seconds
 KELDRIVER_API int HT_DefaultCreatePaper(_devicemodeW* device, const PaperSize& paper, const wchar_t* path);
 
@@ -84,8 +85,8 @@ KELDRIVER_API int HT_DefaultModifyPaper(_devicemodeW* device, const PaperSize& p
 
 /// Removes the first paper of number `paper` from a driver's paper file.
 ///
-/// A file that states more than 4096 papers and cannot hold them is left as it is. A negative stated count throws
-/// `std::bad_array_new_length`.
+/// A file that cannot be read, or that states more than 4096 papers and cannot hold them, is left as it is. A negative
+/// stated count throws `std::bad_array_new_length`.
 ///
 /// @param device  ignored
 /// @param paper   only read

@@ -38,8 +38,8 @@ KELDRIVER_API int GetPrivateProfileSectionNamesEx(wchar_t* out, unsigned int siz
 /// Sets the value of a key, creating file, section and key where they are missing. The whole file is rewritten; a
 /// comment above the key is lost.
 ///
-/// A file that cannot be read, or has a malformed line, stays as it is; so does one that cannot be written, as on a full
-/// device. Calls on one file, from several threads and programs, take turns: none undoes what another has set.
+/// A file that cannot be read, or has a malformed line, stays as it is; so does one that cannot be written, as on a
+/// full device. Calls on one file, from several threads and programs, take turns: none undoes what another has set.
 ///
 /// @return 1, always
 KELDRIVER_API int WritePrivateProfileStringEx(const wchar_t* section, const wchar_t* key, const wchar_t* value,

@@ -28,11 +28,12 @@ std::optional<BinaryPaperFile> BinaryPaperFile::open(const std::wstring& path) {
     }
     Stream stream(file);
     char head[recordsOffset];
-    if (std::fread(head, sizeof head, 1, file) != 1 ||
-        std::string_view(head + magicOffset, magicAndVersion.size()) != magicAndVersion) {
+    const bool isWhole = std::fread(head, sizeof head, 1, file) == 1;
+    if (std::ferror(file) != 0) {
         return std::nullopt;
     }
-    return BinaryPaperFile(std::move(stream), takeInt32(head + headerSize));
+    const bool isPaperFile = isWhole && std::string_view(head + magicOffset, magicAndVersion.size()) == magicAndVersion;
+    return BinaryPaperFile(std::move(stream), isPaperFile ? takeInt32(head + headerSize) : 0);
 }
 
 PaperSize BinaryPaperFile::nextCompact() {

@@ -12,14 +12,18 @@
 /// A binary paper file opened for reading.
 class BinaryPaperFile {
 public:
-    /// Opens and checks the file; nothing when it cannot be read or its header is not that of a paper file.
+    /// Nothing when the file cannot be opened, or reading its header meets a fault.
     static std::optional<BinaryPaperFile> open(const std::wstring& path);
 
-    /// The number of papers as the file states it: negative, or more than it holds, when the file is damaged.
+    /// The number of papers as the file states it: negative, or more than it holds, when the file is damaged. 0 when
+    /// its header is not that of a paper file.
     int count() const { return m_count; }
 
     /// Reads the next compact record; what the file lacks is zero.
     PaperSize nextCompact();
+
+    /// Whether something could not be read for another reason than that the file had ended.
+    bool hasFailed() const { return std::ferror(m_stream.get()) != 0; }
 
     /// All papers of a file of whole records; nothing when it holds less than it states, or states less than none.
     std::optional<std::vector<PaperSize>> allWhole();

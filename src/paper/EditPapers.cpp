@@ -57,7 +57,7 @@ int HT_WritePaperFile(const wchar_t* path, const PaperSize* papers, int count) {
 int HT_DefaultCreatePaper(_devicemodeW*, const PaperSize& paper, const wchar_t* path) {
     const WriterLock turn = turnAt(path);
     auto list = readPaperList(path, 1);
-    if (!list || turn.isRefused()) {
+    if (!list || !list->isReadable || turn.isRefused()) {
         return -1;
     }
     std::vector<PaperSize>& papers = list->papers;
@@ -91,5 +91,5 @@ int HT_DefaultDeletePaper(_devicemodeW*, int& paper, const wchar_t* path) {
         return 1;
     }
     list->papers.erase(place);
-    return writePapers(path, list->papers) ? 1 : 0;
+    return list->isReadable && writePapers(path, list->papers) ? 1 : 0;
 }

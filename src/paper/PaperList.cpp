@@ -36,7 +36,7 @@ std::optional<PaperList> readIniList(const std::wstring& path, int spare) {
     if (!mayState(path, count, shortestSection)) {
         return std::nullopt;
     }
-    PaperList list{count, {}};
+    PaperList list{count, {}, true};
     list.papers.reserve(static_cast<size_t>(int64_t{count} + spare));
     for (int i = 0; i < count; ++i) {
         list.papers.push_back(file.paper(i));
@@ -47,15 +47,16 @@ std::optional<PaperList> readIniList(const std::wstring& path, int spare) {
 std::optional<PaperList> readBinaryList(const std::wstring& path, int spare) {
     auto file = BinaryPaperFile::open(path);
     if (!file) {
-        return PaperList{0, {}};
+        return PaperList{0, {}, false};
     }
     const int count = file->count();
     requireRoom(count, spare);
     if (!mayState(path, count, compactRecordSize)) {
         return std::nullopt;
     }
-    PaperList list{count, std::vector<PaperSize>(static_cast<size_t>(std::max(count, 0)))};
+    PaperList list{count, std::vector<PaperSize>(static_cast<size_t>(std::max(count, 0))), true};
     std::generate(list.papers.begin(), list.papers.end(), [&] { return file->nextCompact(); });
+    list.isReadable = !file->hasFailed();
     return list;
 }
 

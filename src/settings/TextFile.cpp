@@ -39,6 +39,9 @@ std::optional<std::string> readTextFile(const std::string& path) {
         }
         text.resize(2 * text.size());
     }
+    if (std::ferror(file.get()) != 0) {
+        return std::nullopt;
+    }
     text.resize(length);
     return text;
 }

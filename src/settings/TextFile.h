@@ -4,5 +4,5 @@
 #include <optional>
 #include <string>
 
-/// All bytes of a file; nothing when it cannot be opened. Of a file that cannot be read on, what came before.
+/// All bytes of a file; nothing when it cannot be opened or cannot be read to its end.
 std::optional<std::string> readTextFile(const std::string& path);

@@ -85,8 +85,14 @@ TEST(EditPapers, TellsWhenNothingIsWritten) {
     }
 }
 
-TEST(EditPapers, TellWhenTheIniFileWasNotWritten) {
+TEST(EditPapers, TellWhenTheFileWasNotReadOrWritten) {
     const TemporaryDirectory directory;
+    for (const char* name : {"fault.PER", "fault.ini"}) { // may be written, but reading its start is an I/O fault
+        const std::string path = directory.path(name);
+        std::filesystem::create_symlink("/proc/self/mem", path);
+        EXPECT_EQ(store(path, 9), -1) << name;
+        EXPECT_EQ(erase(path, 9), 1) << name; // it lists no paper
+    }
     const std::string bad = directory.write("bad.ini", "[General]\nPaperCount=1\n[Paper 0]\nmalformed\n");
     for (const std::string& path : {bad, directory.path("none/p.ini")}) {
         EXPECT_EQ(store(path, 9), -1) << path;

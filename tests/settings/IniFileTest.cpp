@@ -62,7 +62,7 @@ TEST_P(IniText, LoadsAndSaves) {
 
 INSTANTIATE_TEST_SUITE_P(, IniText, testing::ValuesIn(texts), [](const auto& row) { return row.param.name; });
 
-TEST(IniFile, MissingFileLeavesNoSectionAndSavingToNowhereIsSilent) {
+TEST(IniFile, UnreadableFileLeavesNoSectionAndSavingToNowhereIsSilent) {
     const TemporaryDirectory directory;
     IniFile file;
     file.Load(directory.write("in.ini", "k=v\n"));
@@ -72,6 +72,11 @@ TEST(IniFile, MissingFileLeavesNoSectionAndSavingToNowhereIsSilent) {
     EXPECT_EQ(file.GetSectionNum(), 0);
     EXPECT_EQ(file.Save(), 0);
     EXPECT_FALSE(directory.exists("none"));
+    for (const std::string& unreadable : {directory.path(), std::string("/proc/self/mem")}) { // a folder; an I/O fault
+        EXPECT_EQ(file.Load(unreadable), 6);
+        EXPECT_EQ(file.GetErrMsg(), "open" + unreadable + " file failed");
+        EXPECT_EQ(file.GetSectionNum(), 0);
+    }
     file.SetStringValue("s", "k", "v");
     file.SetStringValue("", "first", "1");
     EXPECT_EQ(file.SaveAs(directory.path("new.ini")), 0);
