@@ -89,7 +89,8 @@ public:
     int GetIntValue(const std::string& section, const std::string& key, int& value);
     /// As `GetIntValue`, with the default when there is no such key; a value that is no number still gives 0.
     int GetIntValueOrDefault(const std::string& section, const std::string& key, int& value, int defaultValue);
-    /// Stores the number that the value begins with; 0 when there is none or no such key.
+    /// Stores the number that the value begins with, with a point whatever the locale; 0 when there is none or no such
+    /// key.
     int GetDoubleValue(const std::string& section, const std::string& key, double& value);
     /// As `GetDoubleValue`, with the default when there is no such key; a value that is no number still gives 0.
     int GetDoubleValueOrDefault(const std::string& section, const std::string& key, double& value, double defaultValue);
@@ -135,7 +136,7 @@ public:
     /// These set a value as `setValue` does, without a comment: an existing key loses the one above it.
     int SetStringValue(const std::string& section, const std::string& key, const std::string& value);
     int SetIntValue(const std::string& section, const std::string& key, int value);
-    /// Writes six decimals.
+    /// Writes six decimals behind a point, whatever the locale.
     int SetDoubleValue(const std::string& section, const std::string& key, double value);
     int SetBoolValue(const std::string& section, const std::string& key, bool value);
     /// Stores the text unchanged above a key, or above the section's header when `key` is empty. A comment needs

@@ -8,7 +8,8 @@
 ///
 /// Every call reads the file anew. Names are wide text and are looked up as UTF-8, byte by byte; wide text that has
 /// no UTF-8 form makes the call throw `std::range_error`. Values lose all double quotes at both ends, and are
-/// widened under the process's locale; one that the locale cannot widen is not written, yet counted.
+/// widened under the process's locale, or as UTF-8 where the locale rejects them; one that is neither is not written,
+/// yet counted.
 ///
 /// Results and positions count bytes, each value with a terminator. A value with characters of several bytes is
 /// shorter as wide text, and zeros fill the gap: the next one begins where the bytes would end.

@@ -2,6 +2,7 @@
 #include "keldriver/IniFile.h"
 
 #include <algorithm>
+#include <clocale>
 #include <cstdlib>
 #include <utility>
 
@@ -123,7 +124,8 @@ int IniFile::GetIntValueOrDefault(const std::string& section, const std::string&
 int IniFile::GetDoubleValue(const std::string& section, const std::string& key, double& value) {
     std::string text;
     const int code = getValue(section, key, text);
-    value = std::strtod(text.c_str(), nullptr);
+    static const locale_t classic = newlocale(LC_ALL_MASK, "C", nullptr); // a file's point is none of the host's comma
+    value = strtod_l(text.c_str(), nullptr, classic);
     return code;
 }
 

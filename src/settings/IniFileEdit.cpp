@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
+#include <iterator>
 #include <utility>
 
 #include "keldriver/IniFile.h"
@@ -39,7 +41,9 @@ int IniFile::SetIntValue(const std::string& section, const std::string& key, int
 }
 
 int IniFile::SetDoubleValue(const std::string& section, const std::string& key, double value) {
-    return setValue(section, key, std::to_string(value));
+    char text[1 + 309 + 1 + 6]; // the longest: a sign, all digits of the largest number, the point and six decimals
+    const auto end = std::to_chars(std::begin(text), std::end(text), value, std::chars_format::fixed, 6).ptr;
+    return setValue(section, key, std::string(text, end));
 }
 
 int IniFile::SetBoolValue(const std::string& section, const std::string& key, bool value) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <climits>
+#include <clocale>
 #include <filesystem>
 #include <future>
 #include <new>
@@ -74,6 +75,17 @@ TEST(EditPapers, WritesNameByItsLow16BitsWithAllThatFollows) {
     EXPECT_EQ(HT_WritePaperFile(wide(directory.path("Ж.per")).c_str(), papers, 2), 1);
     EXPECT_EQ(directory.read("Ж.per"), binaryFile(2, {papers[0], papers[1]}));
     EXPECT_EQ(directory.read("Ж.per").substr(28, 10), "\xFE\xFF\xFF\xFF\xBA\xF5\xAC\x20" + std::string(2, '\0'));
+}
+
+TEST(EditPapers, KeepNamesOfOtherPapersInTheLocaleOfAPlainProgram) {
+    const TemporaryDirectory directory;
+    const std::string path = directory.path("p.ini"), locale = std::setlocale(LC_CTYPE, nullptr);
+    const PaperSize large = paperOf(9, L"\u00DCbergr\u00F6\u00DFe");
+    HT_WritePaperFile(wide(path).c_str(), &large, 1);
+    std::setlocale(LC_CTYPE, "C");
+    EXPECT_EQ(store(path, 8), 8);
+    std::setlocale(LC_CTYPE, locale.c_str());
+    EXPECT_NE(directory.read("p.ini").find("Name=\u00DCbergr\u00F6\u00DFe\n"), std::string::npos);
 }
 
 TEST(EditPapers, TellsWhenNothingIsWritten) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "keldriver/IniFile.h"
 
+#include <clocale>
+#include <limits>
 #include <ostream>
 #include <string>
 #include <tuple>
@@ -154,6 +156,28 @@ TEST(IniFile, NumbersAndTruthValues) {
                   file.GetBoolValueOrDefault("", "none", flag, false),
               24);
     EXPECT_TRUE(integer == 7 && number == 2.5 && !flag);
+}
+
+TEST(IniFile, NumbersHaveAPointWhateverTheLocale) {
+    const std::string locale = std::setlocale(LC_NUMERIC, nullptr);
+    if (std::setlocale(LC_NUMERIC, "de_DE.UTF-8") == nullptr) {
+        GTEST_SKIP() << "no locale with a decimal comma is installed";
+    }
+    ASSERT_EQ(std::to_string(1.5), "1,500000");
+    IniFile file;
+    std::string text;
+    double number = 0.0;
+    for (const auto& [value, expected] : {std::pair(-12345678.25, "-12345678.250000"), std::pair(-0.0, "-0.000000"),
+                                          std::pair(std::numeric_limits<double>::infinity(), "inf")}) {
+        file.SetDoubleValue("s", "d", value);
+        EXPECT_EQ(file.GetStringValue("s", "d", text) + file.GetDoubleValue("s", "d", number), 0);
+        EXPECT_EQ(text, expected);
+        EXPECT_EQ(number, value);
+    }
+    file.SetDoubleValue("s", "d", std::numeric_limits<double>::lowest());
+    EXPECT_EQ(file.GetDoubleValue("s", "d", number), 0);
+    EXPECT_EQ(number, std::numeric_limits<double>::lowest());
+    std::setlocale(LC_NUMERIC, locale.c_str());
 }
 
 TEST(IniFile, SettersWriteTheirForms) {

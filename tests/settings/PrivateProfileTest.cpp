@@ -48,7 +48,7 @@ const StringCase strings[] = {
     {"OnlyQuotes", "[s]\nk=\"\"\"\nk=\n", 10, 8, L"dflt||||||||"},
     {"QuotesAreStripped", "[s]\nk=\"\"a\"b\"\nk=\"\nk=c\"\n", 12, 6, L"a\"b|c|||||||"},
     {"BytesAreCounted", "[s]\nk=\xC3\xA9\nk=b\n", 10, 5, L"\u00E9||b||||||||"},
-    {"NotInTheLocale", "[s]\nk=\xFF\xFE\nk=b\n", 10, 5, L"|||b||||||||"},
+    {"NotUtf8", "[s]\nk=\xFF\xFE\nk=b\n", 10, 5, L"|||b||||||||"},
     {"Malformed", "[s]\nk=a\njunk\n", 10, 8, L"dflt||||||||"},
 };
 
@@ -56,14 +56,16 @@ const StringCase strings[] = {
 
 TEST_P(ProfileString, FillsTheBuffer) {
     const TemporaryDirectory directory;
-    ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
     const std::wstring path = wide(directory.write("in.ini", GetParam().text));
-    std::wstring buffer(12, L'\0');
-    buffer[0] = buffer[1] = L'z';
-    EXPECT_EQ(GetPrivateProfileStringEx(L"s", L"k", L"dflt", buffer.data(), GetParam().size, path.c_str()),
-              GetParam().result);
-    EXPECT_EQ(shown(buffer), GetParam().buffer);
-    std::setlocale(LC_CTYPE, "C");
+    for (const char* locale : {"C", "C.UTF-8"}) { // text is UTF-8 even where the host has set no locale
+        SCOPED_TRACE(locale);
+        ASSERT_NE(std::setlocale(LC_CTYPE, locale), nullptr);
+        std::wstring buffer(12, L'\0');
+        buffer[0] = buffer[1] = L'z';
+        EXPECT_EQ(GetPrivateProfileStringEx(L"s", L"k", L"dflt", buffer.data(), GetParam().size, path.c_str()),
+                  GetParam().result);
+        EXPECT_EQ(shown(buffer), GetParam().buffer);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(, ProfileString, testing::ValuesIn(strings), [](const auto& row) { return row.param.name; });
