@@ -62,7 +62,7 @@ KELDRIVER_API int HT_DefaultDeviceCapabilities(unsigned short code, char* output
 /// A file holds the old list until it holds the new one, whatever befalls the program; `inifile::IniFile::SaveAs` tells
 /// how. Programs that write one file at a time take turns.
 ///
-/// @param papers  `count` records; borrowed; names are taken up to 64 characters
+/// @param papers  `count` records; borrowed; names are taken up to 64 characters. Null for more than none answers 0
 /// @return 1, or 0 when the binary file could not be written
 KELDRIVER_API int HT_WritePaperFile(const wchar_t* path, const PaperSize* papers, int count);
 

@@ -14,7 +14,8 @@
 /// Results and positions count bytes, each value with a terminator. A value with characters of several bytes is
 /// shorter as wide text, and zeros fill the gap: the next one begins where the bytes would end.
 ///
-/// Null for a section, a key, a value or a default is the empty text. Sizes are counts of `wchar_t`.
+/// Null for a section, a key, a value, a default or a file is the empty text; null for a buffer asks for the size, as 0
+/// for its size does. Sizes are counts of `wchar_t`.
 
 /// The values of a key, one for each time it occurs in the section, each with a terminator; empty ones are left out.
 ///

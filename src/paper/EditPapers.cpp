@@ -49,6 +49,9 @@ bool writePapers(const std::wstring& path, const std::vector<PaperSize>& papers)
 } // namespace
 
 int HT_WritePaperFile(const wchar_t* path, const PaperSize* papers, int count) {
+    if (papers == nullptr && count > 0) {
+        return 0;
+    }
     const WriterLock turn = turnAt(path);
     const bool isWritten = writePapers(path, papers, count);
     return isWritten || !isBinaryPaperPath(path) ? 1 : 0; // an INI file answers 1 in any case

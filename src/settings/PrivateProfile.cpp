@@ -23,6 +23,7 @@ std::string nameIn(ProfileSession& session, const wchar_t* name) {
 
 int GetPrivateProfileStringEx(const wchar_t* section, const wchar_t* key, const wchar_t* defaultValue, wchar_t* out,
                               unsigned int size, const wchar_t* file) {
+    size = out != nullptr ? size : 0;
     std::fill_n(out, size, L'\0');
     ProfileSession session(narrow(file));
     return session.getString(nameIn(session, section), nameIn(session, key), defaultValue, out, size);
@@ -34,6 +35,7 @@ int GetPrivateProfileIntEx(const wchar_t* section, const wchar_t* key, int defau
 }
 
 int GetPrivateProfileSectionNamesEx(wchar_t* out, unsigned int size, const wchar_t* file) {
+    size = out != nullptr ? size : 0;
     std::fill_n(out, size, L'\0');
     return ProfileSession(narrow(file)).getSectionNames(out, size);
 }

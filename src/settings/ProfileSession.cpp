@@ -181,8 +181,8 @@ int ProfileSession::getString(std::string_view section, std::string_view key, co
     if (list.count() != 0) {
         return list.count();
     }
-    if (defaultValue != nullptr) {
-        std::wcscat(out, defaultValue); // of any length: callers size their buffers by their own defaults
+    if (defaultValue != nullptr && out != nullptr) {
+        std::wcscat(out, defaultValue); // whatever the size, which is part of the interface
     }
     constexpr int defaultUsed = 8;
     return defaultUsed;

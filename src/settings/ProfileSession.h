@@ -30,12 +30,12 @@ public:
     /// Creates the file, empty, when it does not exist. Tells whether `writeString` would be heeded.
     bool isWritable();
 
-    /// As `GetPrivateProfileStringEx`, into a buffer that the caller has zeroed.
+    /// As `GetPrivateProfileStringEx`, into a buffer that the caller has zeroed; a null one needs the size 0.
     int getString(std::string_view section, std::string_view key, const wchar_t* defaultValue, wchar_t* out,
                   unsigned int size);
     /// As `GetPrivateProfileIntEx`.
     int getInt(std::string_view section, std::string_view key, int defaultValue);
-    /// As `GetPrivateProfileSectionNamesEx`, into a buffer that the caller has zeroed.
+    /// As `GetPrivateProfileSectionNamesEx`, into a buffer that the caller has zeroed; a null one needs the size 0.
     int getSectionNames(wchar_t* out, unsigned int size);
     /// As `WritePrivateProfileStringEx`, except that the file is not written before `flush`.
     void writeString(const std::string& section, const std::string& key, const std::string& value);

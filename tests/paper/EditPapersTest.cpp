@@ -95,6 +95,10 @@ TEST(EditPapers, TellsWhenNothingIsWritten) {
         EXPECT_EQ(store(directory.path(name), 9), -1) << name;
         EXPECT_EQ(HT_WritePaperFile(wide(directory.path(name)).c_str(), nullptr, 0), 0) << name;
     }
+    for (const char* name : {"null.PER", "null.ini"}) {
+        EXPECT_EQ(HT_WritePaperFile(wide(directory.path(name)).c_str(), nullptr, 2), 0) << name;
+        EXPECT_FALSE(directory.exists(name));
+    }
 }
 
 TEST(EditPapers, TellWhenTheFileWasNotReadOrWritten) {

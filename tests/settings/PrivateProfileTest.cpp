@@ -70,6 +70,19 @@ TEST_P(ProfileString, FillsTheBuffer) {
 
 INSTANTIATE_TEST_SUITE_P(, ProfileString, testing::ValuesIn(strings), [](const auto& row) { return row.param.name; });
 
+TEST(PrivateProfile, NullAsksForTheSize) {
+    const TemporaryDirectory directory;
+    const std::wstring path = wide(directory.write("in.ini", "[s]\nk=abc\nk=d\n"));
+    for (const unsigned int size : {0U, 9U}) {
+        EXPECT_EQ(GetPrivateProfileStringEx(L"s", L"k", L"", nullptr, size, path.c_str()), 6);
+        EXPECT_EQ(GetPrivateProfileStringEx(L"s", L"none", L"", nullptr, size, path.c_str()), 8);
+        EXPECT_EQ(GetPrivateProfileStringEx(nullptr, nullptr, nullptr, nullptr, size, nullptr), 8);
+        EXPECT_EQ(GetPrivateProfileSectionNamesEx(nullptr, size, path.c_str()), 2);
+    }
+    EXPECT_EQ(GetPrivateProfileIntEx(nullptr, nullptr, 5, nullptr), 5);
+    EXPECT_EQ(WritePrivateProfileStringEx(nullptr, nullptr, nullptr, nullptr), 1);
+}
+
 TEST(PrivateProfile, Integers) {
     const TemporaryDirectory directory;
     const std::wstring path = wide(
