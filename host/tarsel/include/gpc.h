@@ -21,39 +21,52 @@ extern "C" {
 #endif
 
 /// How the clip polygon changes the subject polygon.
-typedef enum gpc_op { GPC_DIFF = 0, GPC_INT = 1, GPC_XOR = 2, GPC_UNION = 3 } gpc_op;
+typedef enum gpc_op {
+    GPC_DIFF = 0, ///< what the clip polygon holds is taken out
+    GPC_INT = 1,  ///< what both hold stays
+    GPC_XOR = 2,  ///< what one of them alone holds stays
+    GPC_UNION = 3 ///< what either holds stays
+} gpc_op;
 
+/// A point of a contour.
 typedef struct gpc_vertex {
-    double x;
-    double y;
+    double x; ///< horizontal coordinate
+    double y; ///< vertical coordinate, whether upwards or downwards
 } gpc_vertex;
 
 /// One contour; the edge from its last vertex to its first is implied.
 typedef struct gpc_vertex_list {
-    int num_vertices;
-    gpc_vertex* vertex;
+    int num_vertices;   ///< how many vertices there are
+    gpc_vertex* vertex; ///< the vertices in order
 } gpc_vertex_list;
 
-/// A set of contours. `hole` has one flag a contour, 1 for a hole; an operand's flags are not read.
+/// A set of contours.
 typedef struct gpc_polygon {
-    int num_contours;
-    int* hole;
-    gpc_vertex_list* contour;
+    int num_contours;         ///< how many contours there are
+    int* hole;                ///< one flag a contour, 1 for a hole; an operand's flags are not read and may be missing
+    gpc_vertex_list* contour; ///< the contours
 } gpc_polygon;
 
 /// Stores `subject_polygon` op `clip_polygon` in `result_polygon`.
 ///
 /// Coordinates of operands that survive come back bit for bit (negative zero as zero), each axis on its own;
-/// crossings are rounded to a grid of 2^-50 of the operands' common extent. A contour of the result comes
-/// before every contour that lies within it, so uniting the outer contours and subtracting the holes in their
-/// order gives the same area as the even-odd rule.
+/// crossings are rounded to a grid of about 2^-50 of the operands' common extent. Of several values that fall on one
+/// line of the grid, all become the smallest.
+///
+/// The larger contours of the result, outer ones and holes, come before the smaller ones, so that uniting the outer
+/// contours and subtracting the holes in their order gives the same area as the even-odd rule. No other order is
+/// promised: neither that of contours of one size nor with which vertex a contour starts or which way it turns. A
+/// contour passes no vertex twice, but where rounding leaves no other way.
 ///
 /// A contour of an operand counts as absent when it has fewer than three vertices, no array, or a vertex that
 /// is not finite; a null operand has no contours.
 ///
-/// @param result_polygon  overwritten without releasing what it held, and may be one of the operands; release
-///                        with `gpc_free_polygon`. No contours and null arrays when nothing is left, when `op`
-///                        is none of the four, or when memory runs out
+/// @param op               the operation; any other value leaves nothing
+/// @param subject_polygon  the first operand; not changed
+/// @param clip_polygon     the second operand; not changed, and may be the first
+/// @param result_polygon   overwritten without releasing what it held, and may be one of the operands; release with
+///                         `gpc_free_polygon`. No contours and null arrays when nothing is left, when `op` is none of
+///                         the four, or when memory runs out. Null: nothing happens
 TARSEL_API void gpc_polygon_clip(gpc_op op, gpc_polygon* subject_polygon, gpc_polygon* clip_polygon,
                                  gpc_polygon* result_polygon);
 

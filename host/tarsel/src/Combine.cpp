@@ -7,6 +7,8 @@
 
 #include <clipper.hpp>
 
+#include "SweepAxis.h"
+
 namespace tarsel {
 
 namespace {
@@ -63,6 +65,16 @@ size_t countVertices(const Outlines& outlines) {
     return count;
 }
 
+std::vector<Contour> combine(ClipperLib::ClipType type, const ClipperLib::Paths& subject,
+                             const ClipperLib::Paths& clip) {
+    ClipperLib::Clipper clipper;
+    clipper.AddPaths(subject, ClipperLib::ptSubject, true);
+    clipper.AddPaths(clip, ClipperLib::ptClip, true);
+    ClipperLib::Paths paths;
+    clipper.Execute(type, paths, ClipperLib::pftEvenOdd, ClipperLib::pftEvenOdd);
+    return toContours(std::move(paths));
+}
+
 } // namespace
 
 std::optional<Combination> combine(gpc_op op, const gpc_polygon* subject, const gpc_polygon* clip) {
@@ -74,12 +86,18 @@ std::optional<Combination> combine(gpc_op op, const gpc_polygon* subject, const 
         return std::nullopt;
     }
     Conversion conversion(boxOf(subjects, clips), vertices);
-    ClipperLib::Clipper clipper;
-    clipper.AddPaths(conversion.toGrid(subjects), ClipperLib::ptSubject, true);
-    clipper.AddPaths(conversion.toGrid(clips), ClipperLib::ptClip, true);
-    ClipperLib::Paths paths;
-    clipper.Execute(*clipType, paths, ClipperLib::pftEvenOdd, ClipperLib::pftEvenOdd);
-    return Combination{std::move(conversion), toContours(std::move(paths))};
+    ClipperLib::Paths subjectPaths = conversion.toGrid(subjects);
+    ClipperLib::Paths clipPaths = conversion.toGrid(clips);
+    const bool exchanged = isQuickerAlongX(subjectPaths, clipPaths);
+    if (exchanged) {
+        exchangeAxes(subjectPaths);
+        exchangeAxes(clipPaths);
+    }
+    std::vector<Contour> contours = combine(*clipType, subjectPaths, clipPaths);
+    if (exchanged) {
+        exchangeAxes(contours);
+    }
+    return Combination{std::move(conversion), std::move(contours)};
 }
 
 } // namespace tarsel

@@ -160,6 +160,40 @@ TEST(Gpc, ContoursPassEachVertexOnce) {
     }
 }
 
+bool turnsLeft(const Contour& contour) {
+    double twice = 0;
+    for (size_t i = 0; i < contour.size(); ++i) {
+        const gpc_vertex& next = contour[(i + 1) % contour.size()];
+        twice += contour[i].x * next.y - next.x * contour[i].y;
+    }
+    return twice > 0;
+}
+
+// A row of shapes along one axis or the other: the clipper goes along the row.
+TEST(Gpc, TheDirectionOfARowDoesNotMatter) {
+    constexpr int slits = 40;
+    for (const bool lying : {false, true}) {
+        const auto along = [&](double x0, double y0, double x1, double y1) {
+            return lying ? rectangle(x0, y0, x1, y1) : rectangle(y0, x0, y1, x1);
+        };
+        Polygon row;
+        for (int i = 0; i < slits; ++i) {
+            row.contours.push_back(along(i + 0.1, 0.7, i + 0.1 + 0.25, 9.3));
+        }
+        const Polygon result = clip(GPC_DIFF, {{along(-0.3, 0.1, slits, 9.9)}, {}}, row);
+        EXPECT_NEAR(result.area(), (slits + 0.3) * 9.8 - slits * 0.25 * 8.6, 1e-9);
+        ASSERT_EQ(result.contours.size(), slits + 1U);
+        for (size_t i = 0; i < result.contours.size(); ++i) {
+            EXPECT_EQ(result.holes[i], i > 0) << lying << ", contour " << i;
+            EXPECT_EQ(turnsLeft(result.contours[i]), i == 0) << lying << ", contour " << i;
+            for (const gpc_vertex& vertex : result.contours[i]) {
+                const double across = lying ? vertex.y : vertex.x;
+                EXPECT_TRUE(i == 0 ? across == 0.1 || across == 9.9 : across == 0.7 || across == 9.3) << across;
+            }
+        }
+    }
+}
+
 TEST(Gpc, AThinRingKeepsItsHole) {
     const double hair = 1e-15;
     const Polygon outer{{rectangle(-1, -1, 1, 1)}, {}};
