@@ -14,7 +14,7 @@ packages=(
     poppler-utils
     fonts-dejavu-core fonts-droid-fallback
 )
-[ "${1:-}" = lint ] && packages+=(clang clang-format clang-tidy python3)
+[ "${1:-}" = lint ] && packages+=(clang clang-format clang-tidy doxygen python3)
 
 missing=()
 for package in "${packages[@]}"; do

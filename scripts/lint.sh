@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: BSD-3-Clause
-# What a commit must pass before the tests: the format of every source, clang's warnings over every source, and
-# clang-tidy over the sources that changed since the last release. Before the first release, and in a checkout
-# without tags, that is a sample and what is not committed yet.
+# What a commit must pass before the tests: the format of every source, a docstring for every public name, clang's
+# warnings over every source, and clang-tidy over the sources that changed since the last release. Before the first
+# release, and in a checkout without tags, that is a sample and what is not committed yet.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -34,6 +34,10 @@ changedSince() {
 
 ./scripts/install-deps.sh lint
 ./scripts/format.sh --check
+
+echo "checking the docstrings of the public headers"
+mkdir -p build
+doxygen scripts/Doxyfile
 
 cmake --preset lint >/dev/null
 echo "checking every source with clang"

@@ -14,12 +14,12 @@
 /// Parameters are eccentric angles in radians. Nothing is validated: radii may be zero or negative, angles
 /// lie on any turn.
 struct KELDRIVER_API HT_EllipArc {
-    HT_Double_Point center;
-    double radiusX;  ///< semi-axis along the ellipse's own x direction
-    double radiusY;  ///< semi-axis along the ellipse's own y direction
-    double rotation; ///< of the ellipse's own x axis, radians, counter-clockwise with y upwards
-    double startParam;
-    double endParam;
+    HT_Double_Point center; ///< of the ellipse
+    double radiusX;         ///< semi-axis along the ellipse's own x direction
+    double radiusY;         ///< semi-axis along the ellipse's own y direction
+    double rotation;        ///< of the ellipse's own x axis, radians, counter-clockwise with y upwards
+    double startParam;      ///< eccentric angle of the start, radians
+    double endParam;        ///< eccentric angle of the end, radians
 
     /// Stores the values unchanged.
     HT_EllipArc(const HT_Double_Point& arcCenter, double semiAxisX, double semiAxisY, double rotationAngle,
@@ -28,9 +28,10 @@ struct KELDRIVER_API HT_EllipArc {
     /// The point at parameter `t` and the derivative there, with y upwards.
     void calcEllipicArcParam(double t, HT_Double_Point& point, HT_Double_Point& derivative) const;
 
-    /// The end points with y downwards: mirror images, about the horizontal line through the centre, of what
-    /// `calcEllipicArcParam` gives, as device code expects them.
+    /// The point at `startParam` with y downwards: the mirror image, about the horizontal line through the centre,
+    /// of what `calcEllipicArcParam` gives.
     HT_Double_Point startPoint() const;
+    /// The point at `endParam`, likewise with y downwards.
     HT_Double_Point endPoint() const;
 
     /// The polar angle of the point at eccentric angle `t` on an axis-parallel ellipse, on the same turn as `t`.

@@ -78,7 +78,9 @@ public:
 
     /// The value of a key, and the comment above it. On failure, codes 8 and 9, nothing is stored.
     int getValue(const std::string& section, const std::string& key, std::string& value, std::string& comment);
+    /// As the other `getValue`, without the comment.
     int getValue(const std::string& section, const std::string& key, std::string& value);
+    /// As `getValue`.
     int GetStringValue(const std::string& section, const std::string& key, std::string& value);
     /// Stores the default when there is no such key; answers the code of the lookup all the same.
     int GetStringValueOrDefault(const std::string& section, const std::string& key, std::string& value,
@@ -103,6 +105,7 @@ public:
     /// Appends the value, and the comment, of every item with that key, in file order.
     int GetValues(const std::string& section, const std::string& key, std::vector<std::string>& values,
                   std::vector<std::string>& comments);
+    /// As the other `GetValues`, without the comments.
     int GetValues(const std::string& section, const std::string& key, std::vector<std::string>& values);
 
     /// Appends the names of all sections in their order, the empty one too.
@@ -114,8 +117,9 @@ public:
     /// The first section of that name; null when there is none. It stays the file's own: it lives until it is
     /// deleted, or the content is replaced.
     IniSection* getSection(const std::string& section);
-    /// Leaves the message alone, as does `HasKey`.
+    /// Whether there is a section of that name. Leaves the message alone, as does `HasKey`.
     bool HasSection(const std::string& section) const;
+    /// Whether the first section of that name has an item with that key.
     bool HasKey(const std::string& section, const std::string& key) const;
 
     /// The comment above a key; above the section's header when `key` is empty.
@@ -135,9 +139,11 @@ public:
                  const std::string& comment = {});
     /// These set a value as `setValue` does, without a comment: an existing key loses the one above it.
     int SetStringValue(const std::string& section, const std::string& key, const std::string& value);
+    /// Writes the number in decimal digits.
     int SetIntValue(const std::string& section, const std::string& key, int value);
     /// Writes six decimals behind a point, whatever the locale.
     int SetDoubleValue(const std::string& section, const std::string& key, double value);
+    /// Writes "true" or "false".
     int SetBoolValue(const std::string& section, const std::string& key, bool value);
     /// Stores the text unchanged above a key, or above the section's header when `key` is empty. A comment needs
     /// its delimiter in front of each line; without it the file reads back differently.
@@ -171,6 +177,7 @@ public:
     static bool parse(const std::string& line, std::string& key, std::string& value);
     /// Whether the line begins with the comment delimiter.
     bool IsCommentLine(const std::string& line) const;
+    /// Whether a text begins with `prefix`.
     static bool StartWith(const std::string& text, const std::string& prefix);
     /// Whether two texts are equal but for the case of letters, byte by byte.
     static bool StringCmpIgnoreCase(const std::string& a, const std::string& b);

@@ -20,6 +20,7 @@ public:
     /// One row of a matrix to read from; valid as long as the matrix is.
     class ConstRow {
     public:
+        /// The element of this row in a column.
         double operator[](int col) const { return matrix.element(row, col); }
 
     private:
@@ -32,7 +33,7 @@ public:
     /// One row of a matrix to write to; valid as long as the matrix is.
     class Row {
     public:
-        /// Makes the matrix the only owner of its block first.
+        /// The element of this row in a column, to read or write; makes the matrix the only owner of its block first.
         double& operator[](int col) const {
             matrix.detach();
             return matrix.element(row, col);
@@ -51,16 +52,23 @@ public:
     CPrintDriverMatrix(int rows, int cols);
     /// A square matrix of zeros, with ones on its diagonal where `identity` says so.
     CPrintDriverMatrix(int size, bool identity);
+    /// A copy with a block of its own.
     CPrintDriverMatrix(const CPrintDriverMatrix& other);
+    /// Takes over size and elements of `other`, in a new block; gives up the share in the old one.
     CPrintDriverMatrix& operator=(const CPrintDriverMatrix& other);
+    /// Gives up this matrix's share in its block, as `DecrementAndRelease` does.
     virtual ~CPrintDriverMatrix();
 
+    /// The number of rows.
     int GetRows() const { return m_rows; }
+    /// The number of columns.
     int GetColumns() const { return m_cols; }
 
+    /// A row to read from: `matrix[row][col]` is an element.
     ConstRow operator[](int row) const { return {*this, row}; }
+    /// A row to read from or write to.
     Row operator[](int row) { return {*this, row}; }
-    /// Stores `value`; always true.
+    /// Stores `value` as an element; always true.
     bool SetElement(int row, int col, double value);
 
     /// Adds a share in the block; every share is given up with `DecrementReferenceCount` or `DecrementAndRelease`.
@@ -72,18 +80,25 @@ public:
     /// Gives up a share and frees the block with the last one. The matrix may then only be destroyed or assigned to.
     void DecrementAndRelease();
 
+    /// The sum, element by element; throws where the sizes differ.
     CPrintDriverMatrix operator+(const CPrintDriverMatrix& other) const;
+    /// The difference, element by element; throws where the sizes differ.
     CPrintDriverMatrix operator-(const CPrintDriverMatrix& other) const;
+    /// Adds `other` element by element; throws where the sizes differ.
     CPrintDriverMatrix& operator+=(const CPrintDriverMatrix& other);
+    /// Subtracts `other` element by element; throws where the sizes differ.
     CPrintDriverMatrix& operator-=(const CPrintDriverMatrix& other);
-    /// The product, this matrix on the left.
+    /// The product, this matrix on the left; throws unless it has as many columns as `other` has rows.
     CPrintDriverMatrix operator*(const CPrintDriverMatrix& other) const;
+    /// A copy with every element multiplied by `factor`.
     CPrintDriverMatrix operator*(double factor) const;
-    /// Makes this matrix the product, itself on the left.
+    /// Makes this matrix the product, itself on the left; throws as the product does.
     CPrintDriverMatrix& operator*=(const CPrintDriverMatrix& other);
+    /// Multiplies every element by `factor`.
     CPrintDriverMatrix& operator*=(double factor);
     /// Compares sizes and then the bytes of the elements: 0.0 and -0.0 differ, a NaN equals the same NaN.
     bool operator==(const CPrintDriverMatrix& other) const;
+    /// The opposite of `==`.
     bool operator!=(const CPrintDriverMatrix& other) const { return !(*this == other); }
 
     /// Makes rows columns and columns rows.
@@ -92,18 +107,22 @@ public:
     CPrintDriverMatrix GetTransposed() const;
 
     /// A copy of the block of `rows` x `cols` elements from (row, col) on. A block that reaches the last row or
-    /// column is refused like one that leaves the matrix.
+    /// column is refused like one that leaves the matrix: both make it throw.
     CPrintDriverMatrix ExtractSubMatrix(int row, int col, int rows, int cols) const;
     /// Writes `other` over the elements from (row, col) on; it must fit, which is not checked.
     void SetSubMatrix(int row, int col, const CPrintDriverMatrix& other);
-    /// The diagonal of a square matrix, as one column.
+    /// The diagonal of a square matrix, as one column; throws for any other matrix.
     CPrintDriverMatrix ExtractDiagonal() const;
 
-    /// Puts the rows of `other` below those of this matrix.
+    /// Lengthens the columns: puts the rows of `other` below those of this matrix. Throws unless both have the same
+    /// number of columns.
     void ConcatinateColumns(const CPrintDriverMatrix& other);
+    /// What `ConcatinateColumns` would make of this matrix, as a new one.
     CPrintDriverMatrix GetConcatinatedColumns(const CPrintDriverMatrix& other) const;
-    /// Puts the columns of `other` after those of this matrix.
+    /// Lengthens the rows: puts the columns of `other` after those of this matrix. Throws unless both have the same
+    /// number of rows.
     void ConcatinateRows(const CPrintDriverMatrix& other);
+    /// What `ConcatinateRows` would make of this matrix, as a new one.
     CPrintDriverMatrix GetConcatinatedRows(const CPrintDriverMatrix& other) const;
     /// Lengthens every column by one element, which makes a new last row.
     /// @param values  one for each column; borrowed
@@ -115,6 +134,7 @@ public:
     /// Makes the matrix square by leaving out rows or columns: of each group of as many as the smaller size goes
     /// into the larger one, the first stays.
     void MakeSquare();
+    /// What `MakeSquare` would make of this matrix, as a new one.
     CPrintDriverMatrix GetSquareMatrix() const;
     /// The product of this matrix and its transpose, in this order.
     CPrintDriverMatrix Covariant() const;
@@ -123,6 +143,7 @@ public:
     void GetNumericRange(double& min, double& max) const;
     /// Maps the elements linearly so that their range becomes `lo` to `hi`. Equal elements become NaN or infinite.
     void Normalise(double lo, double hi);
+    /// What `Normalise` would make of this matrix, as a new one.
     CPrintDriverMatrix GetNormalised(double lo, double hi) const;
 
     /// The sum of a row's elements; 0 when there are none.
@@ -145,8 +166,9 @@ public:
     /// A copy without one column and one row, which count from 1. The last one goes where there is none of that
     /// number.
     CPrintDriverMatrix resid(int col, int row) const;
-    /// The determinant up to 2x2. From three columns on, the first column times its minors, all added without
-    /// alternating signs: callers rely on that, so it is not the determinant there.
+    /// The determinant up to 2x2. From three columns on it is not the determinant: the elements of the first column
+    /// times their minors are all added, without alternating signs, which is part of the interface. What a narrow or
+    /// low matrix lacks counts as zero.
     double calculate() const;
     /// `calculate` of the minor `resid(i, j)`, its sign changed when i + j is even, in single precision.
     double residue(int i, int j) const;
@@ -154,14 +176,17 @@ public:
     /// Inverts a square matrix in place. A matrix found to be singular (no pivot of 0.0001 left) stays as far as the
     /// elimination got, and nothing tells so. A matrix that is not square stays as it is.
     void Invert();
-    /// The inverse of a square matrix, with the same remark.
+    /// What `Invert` makes of a copy; throws unless the matrix is square.
     CPrintDriverMatrix GetInverted() const;
 
 protected:
+    /// Where an element lies in the block.
     size_t index(int row, int col) const {
         return static_cast<size_t>(row) + static_cast<size_t>(col) * static_cast<size_t>(m_rows);
     }
+    /// An element to read.
     double element(int row, int col) const { return m_data[index(row, col)]; }
+    /// An element to write, for a matrix that is the only owner of its block.
     double& element(int row, int col) { return m_data[index(row, col)]; }
     /// Makes this matrix the only owner of its block, before a write.
     void detach() {
@@ -170,8 +195,8 @@ protected:
         }
     }
 
-    int m_rows;
-    int m_cols;
+    int m_rows;     ///< number of rows
+    int m_cols;     ///< number of columns
     double* m_data; ///< rows x cols elements by column, then a slot whose first four bytes are the reference count
 
 private:

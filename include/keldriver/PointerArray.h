@@ -16,11 +16,13 @@ public:
     virtual int32_t GetCount() const = 0;
     /// The element at `index`; null when there is none.
     virtual void* GetData(int index) = 0;
-    /// Puts `data` before the element at `index`; at the count it becomes the last one.
+    /// Puts `data` before the element at `index`, which moves up like those behind it; at the count `data` becomes
+    /// the last one. Other indices are not allowed.
     virtual void Insert(int index, void* data) = 0;
-    /// Takes the element at `index` out of the list; it is not destroyed.
+    /// Takes the element at `index` out of the list; those behind it move down. It is not destroyed. There must be
+    /// an element of that index.
     virtual void Remove(int index) = 0;
-    /// Empties the list.
+    /// Empties the list. Whether its elements are destroyed is the list's matter.
     virtual void Clear() = 0;
 
 protected:
@@ -33,8 +35,9 @@ class KELDRIVER_API HT_PointerArray final : public I_HT_PointerArray {
 public:
     /// Starts empty.
     ///
-    /// @param create   kept, never called; may be null
-    /// @param destroy  called by `Clear` on each element; null when the list does not own them
+    /// @param capacity  not read: no room is reserved
+    /// @param create    kept, never called; may be null
+    /// @param destroy   called by `Clear` on each element; null when the list does not own them
     HT_PointerArray(size_t capacity, void* (*create)(), void (*destroy)(void*));
     HT_PointerArray(const HT_PointerArray&) = delete;
     HT_PointerArray& operator=(const HT_PointerArray&) = delete;
@@ -43,11 +46,12 @@ public:
 
     int32_t GetCount() const override;
     void* GetData(int index) override;
-    /// `index` must lie between 0 and the count; it is not checked.
+    /// `index` must lie between 0 and the count, both included; it is not checked. Where memory runs out
+    /// `std::bad_alloc` is thrown, and the list stays as it was.
     void Insert(int index, void* data) override;
     /// `index` must be that of an element; it is not checked. The element is not passed to the destroy function.
     void Remove(int index) override;
-    /// Calls the destroy function, if there is one, once on every element from the first on.
+    /// Calls the destroy function, if there is one, once on every element from the first on; then the list is empty.
     void Clear() override;
 
 private:

@@ -16,10 +16,13 @@ class QPainter;
 
 /// Draws a plot on a `QPainter` that the driver owns and lends.
 ///
-/// The renderer keeps its own copy of every style value; each style setter rebuilds the painter's whole pen
-/// or brush from that copy. Only the composition mode and the clip live in the painter alone. Without a
-/// painter, setters record their value, but `SetFillMode` and `SetMergeControlType` do nothing, and neither do
-/// primitives.
+/// The renderer keeps its own copy of the ink, the pen's values, the fill style and the scale. `SetColor` and
+/// `SetAlpha` rebuild the painter's whole pen and whole brush from that copy, the setters of lines the pen,
+/// `SetFillStyle` the brush. The composition mode and the clip live in the painter alone.
+///
+/// Without a painter, these setters and `setScale` record their value and nothing more; attaching a painter does not
+/// install what is recorded, the next setter does. `SetFillMode`, `SetMergeControlType`, `SetClipRgn` and all
+/// primitives do nothing at all then.
 ///
 /// `AttachDriver` and each `StartRender` save the painter's state once; `DetachDriver` and the destructor
 /// restore it once each. The painter is never deleted here and must outlive the renderer.
@@ -29,48 +32,61 @@ public:
     QTRenderer();
     ~QTRenderer() override;
 
-    /// Always 31: all five capabilities.
+    /// Always 31: the five lowest bits.
     uint32_t Features() const override;
 
+    /// Takes a painter to draw on and saves its state.
+    ///
     /// @param target  a `QPainter*`; borrowed until the renderer is destroyed. Null makes the renderer
     ///                forget the painter it had, without a restore.
     /// @param size    not read
     /// @param flag    not read
     void AttachDriver(void* target, const HT_Int_Size& size, bool flag) override;
-    /// Restores the painter but keeps it: the destructor restores it a second time.
+    /// Restores the painter's newest saved state but keeps the painter, which can still be drawn on: the destructor
+    /// restores it a second time.
     void DetachDriver() override;
-    /// Saves the painter's state and installs an opaque black solid pen and brush, which last until the next
-    /// style setter; the recorded style stays as it is. False without a painter.
+    /// Saves the painter's state and installs a solid pen of Qt's usual width and a solid brush, both opaque black.
+    /// Each lasts until a setter rebuilds it; the recorded style stays as it is. False without a painter.
     bool StartRender() override;
     /// Does nothing; what `StartRender` saved stays on the painter's stack.
     void FinishRender() override;
 
-    /// Draws one device point. An opaque point that rounds to the plot coordinates of the last opaque point drawn
-    /// is skipped; `SetColor` makes the next point count as new.
+    /// Draws one point on the device grid with the painter's pen. An opaque point whose plot coordinates round to the
+    /// same whole numbers as those of the last opaque point is skipped; `SetColor` forgets the last point.
     void DrawPoint(const HT_Double_Point& point) override;
     /// Draws the full turn through `DrawArc`, so that a subclass's arcs change its ellipses too.
     void DrawEllipse(const HT_Double_Point& center, double radiusX, double radiusY, double rotation) override;
     /// Draws an arc under a world transform of its own, which replaces the painter's for the call: lend a
     /// painter without a world transform and use `setScale`. The painter's window and viewport do apply.
     /// Radii that are both below one plot unit become a point at the centre, drawn through `DrawPoint`.
+    ///
+    /// Centre and radii are rounded to whole device units, the angles cut off to sixteenths of a degree. An end angle
+    /// below the start angle draws clockwise.
     void DrawArc(const HT_Double_Point& center, double radiusX, double radiusY, double rotation, double startParam,
                  double endParam) override;
     /// Draws an open polyline on the device grid; points that fall on the same pixel as the one before are
-    /// dropped, and a polyline that shrinks to one pixel becomes a line one pixel long. With a count of 0 or
-    /// less the first point is drawn all the same; null points draw nothing.
+    /// dropped, and a polyline that shrinks to one pixel becomes a line one pixel long, to the right. With a count of
+    /// 0 or less the first point is read and drawn all the same; null points draw nothing.
     void DrawPolyline(const HT_Double_Point* points, int count) override;
     /// Fills a polygon on the device grid by the even-odd rule, without an outline, or gathers it while the
-    /// winding fill mode is on. A polygon that shrinks to two pixels is drawn as a line, to one as a point.
+    /// winding fill mode is on. A polygon that shrinks to two pixels is drawn at once as a line, to one as a point
+    /// through `DrawPoint`. Null points and a count of 0 or less draw nothing.
     void FillPolygon(const HT_Double_Point* points, int count) override;
-    /// Draws a polyline through the points on the device grid; no curve is computed.
+    /// Draws a polyline through the points on the device grid; no curve is computed and no point dropped. Null points
+    /// and fewer than two draw nothing.
     void DrawBezier(const HT_Double_Point* points, int count) override;
-    /// Fills the outlines of one line of text, never underlined or struck out, under a world transform of its own,
-    /// which replaces the painter's for the call. The height counts in pixels of the primary screen before the scale
-    /// applies; the transform's elements are in single precision.
+    /// Fills the outlines of one line of text with the ink, never underlined or struck out, under a world transform of
+    /// its own, which replaces the painter's for the call. The font's height is rounded to whole pixels of the primary
+    /// screen before the scale applies, without regard to its sign; one that rounds to 0 leaves the size to Qt. The
+    /// transform's elements are in single precision.
     ///
-    /// With `charWidths` the size becomes the whole number of points, rounded down, at which the first `length`
-    /// characters are as wide as the widths say; it stays as it is where that is below one point. The whole text is
-    /// drawn whatever `length` says. Null text, a width factor of 0 and positions that are not finite draw nothing.
+    /// The width factor stretches the text along its base line; a negative one mirrors it. With `charWidths` the size
+    /// becomes the whole number of points, rounded down, at which the first `length` characters are, once stretched,
+    /// as wide as the widths say: each width is divided by the factor and rounded. The size stays as it is where it
+    /// would be below one point, where the widths do not come to 1 or where the text has no width of its own. The whole
+    /// text is drawn whatever `length` says.
+    ///
+    /// Null text, a width factor of 0, and a place, turn, slant or stretch that is not finite draw nothing.
     void DrawText(wchar_t* text, int length, const HT_Font& font, const HT_Double_Point& position, double obliqueAngle,
                   double widthFactor, double* charWidths) override;
     /// Draws an image's memory, read as 32 bits a pixel whatever its depth, into a rectangle on the device grid.
@@ -84,21 +100,25 @@ public:
     void DrawImage(HT_RasterImage_Record* record) override;
 
     /// Rounds the weight to whole device units, saturating. `QPen` itself refuses widths below 0 and from
-    /// 32768 on, and then draws with width 1.
+    /// 32768 on, and then draws with width 1; 0 is its thinnest line.
     void SetLineWeight(double weight) override;
+    /// Any value that is neither flat nor square means round.
     void SetLineEndStyle(HT_PlotStyle::LineEndStyle style) override;
+    /// Any value that is neither mitred nor bevelled means round.
     void SetLineJoinStyle(HT_PlotStyle::LineJoinStyle style) override;
-    /// Sets how lines are dashed; an unknown type means solid.
+    /// Sets how lines are dashed; an unknown type means solid. Until it is called, pens are dotted.
     ///
     /// A custom pattern is converted to multiples of the line weight in force now: a driver that changes the
-    /// weight calls this again after it. Each length is rounded to whole device units before the scale
-    /// applies; gaps are shortened by the weight; a zero length becomes one pen width. A null pattern counts
-    /// as an empty one.
+    /// weight calls this again after it. Each length is rounded to whole device units and gaps are shortened by the
+    /// weight, below zero too; a zero length counts as one pen width; then the scale multiplies each. With a weight of
+    /// 0 lengths stay in device units. A null pattern counts as an empty one, which leaves a custom pen without dashes.
     void SetLineType(HT_PlotStyle::LineType type, double* pattern, unsigned int count) override;
-    /// Sets the brush; an unknown style leaves areas without a fill. The two bitmap patterns keep the colour
-    /// that was current when they were first used.
+    /// Sets the brush; an unknown style leaves areas without a fill. The two bitmap patterns are opaque, and keep the
+    /// colour that was current when a painter first got them.
     void SetFillStyle(HT_PlotStyle::FillStyle style) override;
+    /// Sets an opaque ink whatever `SetAlpha` said before; images keep the opacity that it gave them.
     void SetColor(HT_Color ink) override;
+    /// Sets the opacity of the ink, until the next `SetColor`, and of images.
     void SetAlpha(unsigned char opacity) override;
     /// `FillModeWinding` starts to gather polygons; `FillModeAlternate` draws the gathered ones as one path,
     /// outlined and filled, and returns to drawing each polygon at once. Polygons that are still gathered when
@@ -108,13 +128,19 @@ public:
     void SetMergeControlType(HT_PlotStyle::MergeControlType type) override;
     /// Replaces the painter's clip with `region`, borrowed for the call; a clip made before never counts.
     ///
-    /// One axis-parallel rectangle becomes an integer rectangle that is one device pixel larger on the left and
-    /// at the top, and one to two larger on the right and at the bottom. Other contours are snapped to the device
-    /// grid and joined as paths; an unknown operation means `HT_RGN_AND`. With null, or a first contour of fewer
-    /// than two vertices, the clip is an empty path; later contours of that kind are skipped.
+    /// A region of one axis-parallel rectangle becomes an integer rectangle: its corner lies one device pixel to the
+    /// left of and above the rounded corner with the smallest coordinates, and its width and height are those of the
+    /// scaled rectangle, rounded up, and 2 more. So it reaches half a pixel to one and a half beyond the rectangle on
+    /// the left and at the top, and half a pixel to two and a half on the right and at the bottom. A smallest
+    /// coordinate that saturates at the low end of 32 bits wraps to the high end, off the page.
+    ///
+    /// Other contours are snapped to the device grid and joined, in the order of the list, by Qt's path operations; the
+    /// operation of the first one is not read, and an unknown one means `HT_RGN_AND`. With null, or a first contour of
+    /// fewer than two vertices, the clip is an empty path; later contours of that kind are skipped. What shows under an
+    /// empty path is Qt's matter.
     void SetClipRgn(const HT_ClipRgn* region) override;
     /// Stores the factor from plot units to device units; not checked. It applies to coordinates and custom
-    /// dash patterns, not to the line weight.
+    /// dash patterns that come after it, not to the line weight.
     void setScale(double factor) override;
 
 protected:
@@ -128,14 +154,19 @@ protected:
     uint8_t alpha = 255;         ///< last value given to `SetAlpha`; `SetColor` leaves it alone
     int32_t minArcSize = 0;      ///< arcs whose radii are both smaller are drawn as points
     bool windingPending = false; ///< polygons are being gathered in `windingPath`
+    /// The gathered polygons in device units.
     QPainterPath windingPath;
     int32_t penWidth = 0;                ///< device units
-    Qt::PenStyle penStyle = Qt::DotLine; ///< dotted until the driver chooses a line type: drivers rely on it
+    Qt::PenStyle penStyle = Qt::DotLine; ///< dotted until a line type is chosen: part of the interface
+    /// What `SetLineEndStyle` chose.
     Qt::PenCapStyle capStyle = Qt::FlatCap;
+    /// What `SetLineJoinStyle` chose.
     Qt::PenJoinStyle joinStyle = Qt::MiterJoin;
     QVector<double> dashPattern; ///< in multiples of the pen width; empty for the standard line types
+    /// As it was given, known or not.
     HT_PlotStyle::FillStyle fillStyle = HT_PlotStyle::FillSolid;
     int32_t lastPointX = INT32_MAX; ///< last opaque point, in rounded plot units
+    /// Its y.
     int32_t lastPointY = INT32_MAX;
     QImage squaresTexture; ///< built at its first use and kept
     QImage dotsTexture;    ///< built at its first use and kept

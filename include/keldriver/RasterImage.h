@@ -46,7 +46,7 @@ public:
     virtual bool hasAlpha() const = 0;
     /// The colour that is to be seen through; 4294967295 for none.
     virtual uint32_t transparentColor() const = 0;
-    /// 1 when a pixel is not opaque, else 0.
+    /// 1 when a pixel is not opaque, else 0; absent: 0 or -1, as the implementation says.
     virtual int32_t getTransparency() const = 0;
     /// Where the image comes from; -1 when that is not kept, and when absent.
     virtual SourceType imageSource() const = 0;
@@ -104,6 +104,7 @@ protected:
 
 /// Where and how large `HT_Renderer::DrawImage` draws an image. Borrowed for the call, with the image.
 struct HT_RasterImage_Record {
+    /// Null draws nothing.
     HT_RasterImage* image;
     double x;            ///< left edge, plot units
     double y;            ///< top edge, plot units
@@ -223,6 +224,7 @@ public:
     /// @param function  destroys an image of the class that the handle holds
     explicit HT_RasterImageDeleter(void (*function)(HT_RasterImage*)) : release(function) {}
 
+    /// Releases `image`, where there is a function.
     void operator()(HT_RasterImage* image) const {
         if (release != nullptr) {
             release(image);

@@ -84,7 +84,9 @@ public:
     /// pitch and precision change with the font.
     HT_Text(const wchar_t* source, const tagLOGFONTW& font, const HT_FontMap& fonts);
 
+    /// The text as it was given, valid as long as this is.
     const std::wstring& GetText() const { return text; }
+    /// The runs in the order of the text, valid as long as this is.
     const std::vector<HT_SubText>& GetSubTexts() const { return subTexts; }
     /// The characters of one of the runs; empty when `run` lies outside the text.
     std::wstring GetRunText(const HT_SubText& run) const;

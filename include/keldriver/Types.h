@@ -8,22 +8,22 @@
 
 /// A point in the driver's plot units.
 struct HT_Double_Point {
-    double x;
-    double y;
+    double x; ///< to the right
+    double y; ///< down the page for a renderer; elsewhere the function says so where it matters
 };
 
-/// An axis-parallel rectangle in plot units.
+/// An axis-parallel rectangle in plot units. Functions that fill one put the smaller coordinates first.
 struct HT_Double_Rectangle {
-    double minX;
-    double minY;
-    double maxX;
-    double maxY;
+    double minX; ///< smallest x
+    double minY; ///< smallest y
+    double maxX; ///< largest x
+    double maxY; ///< largest y
 };
 
 /// A size in device units.
 struct HT_Int_Size {
-    int32_t width;
-    int32_t height;
+    int32_t width;  ///< to the right
+    int32_t height; ///< down the page
 };
 
 /// A colour: byte 0 (the least significant) is red, byte 1 green, byte 2 blue; byte 3 is not read.

@@ -14,7 +14,9 @@ class KELDRIVER_API CUCS33 : public CPrintDriverMatrix {
 public:
     /// The identity.
     CUCS33();
+    /// A copy with elements of its own.
     CUCS33(const CUCS33& other) = default;
+    /// Takes over the elements of `other`.
     CUCS33& operator=(const CUCS33& other) = default;
     ~CUCS33() override;
 
@@ -30,11 +32,13 @@ public:
     /// axis.
     bool InitMirrorMatrix(double a, double b);
 
+    /// Moves by (dx, dy).
     bool Offset(double dx, double dy);
+    /// Stretches about the origin, by `sx` along x and `sy` along y.
     bool Scale(double sx, double sy);
-    /// Takes the cosine and the sine of the angle.
+    /// Turns about the origin, counter-clockwise with y upwards, by the angle with this cosine and sine.
     bool Rotate(double cos, double sin);
-    /// As `InitMirrorMatrix`.
+    /// Mirrors, and stretches, as `InitMirrorMatrix` says.
     bool Mirror(double a, double b);
     /// Mirrors in the x axis: y changes its sign.
     bool MirrorX();
@@ -44,7 +48,8 @@ public:
     bool MirrorOrg();
 
     /// Turns a fresh matrix into the map from the coordinate system with the origin (ox, oy), whose x axis and its
-    /// unit are (dx, dy), to the surrounding one. A vector of at most 1e-6 means no turn and no scale.
+    /// unit are (dx, dy), to the surrounding one. A vector of at most 1e-6 means no turn and no scale. Only the
+    /// diagonal of an older matrix is reset before.
     bool CreateUCS(double ox, double oy, double dx, double dy);
 
     /// Maps a point in place.

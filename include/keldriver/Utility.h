@@ -36,10 +36,15 @@ KELDRIVER_API const wchar_t* VornGetAppDataPathWithBackslash();
 
 /// The section names of a settings file, as `GetPrivateProfileSectionNamesEx` writes them.
 ///
+/// With a size of 0 it measures, over a list cut off at 256 wide characters: only where the names that fit use exactly
+/// 254 does it measure again with twice the room, and so on. A list that fits is measured whole; of a longer one the
+/// answer is short.
+///
 /// @param buffer  room for `size` wide characters; untouched, and may be null, when `size` is 0 or less
-/// @param size    in wide characters; 0 asks for the size that the whole list needs
+/// @param size    in wide characters; 0 measures
 /// @param file    path of the settings file
-/// @return the wide characters used, terminators included; for a size of 0 that count plus 2; 0 for a negative size
+/// @return the wide characters used, terminators included; when it measures, 2 more than the names used; 0 for a
+///         negative size
 KELDRIVER_API int HT_ListCloseDriver(wchar_t* buffer, int size, const wchar_t* file);
 
 /// Whether smooth drawing is there for drivers to use: always 1.
@@ -48,8 +53,12 @@ KELDRIVER_API int HT_IsSupportGDIPlus();
 /// The base for a driver's port monitor; destroyed through this class. It asks nothing of its derived classes.
 class KELDRIVER_API PortMonitor {
 public:
+    /// A monitor without anything in it.
     PortMonitor();
+    /// Copies nothing: there is nothing in a monitor.
     PortMonitor(const PortMonitor&) = default;
+    /// Changes nothing.
     PortMonitor& operator=(const PortMonitor&) = default;
+    /// Virtual: a driver's monitor may be deleted through a pointer to this class.
     virtual ~PortMonitor();
 };
