@@ -83,7 +83,7 @@ private:
     std::vector<Argument> m_arguments;
     std::wostringstream m_stream;
     std::wstring_view m_rest;
-    // the specification at hand
+    // the conversion at hand
     bool m_zeros = false;
     bool m_alternate = false;
     int m_width = 0;

@@ -35,7 +35,7 @@ void require(bool condition) {
     }
 }
 
-/// What every caller may rely on in a result.
+/// What is promised of every result.
 void checkResult(const gpc_polygon& result) {
     require((result.num_contours == 0) == (result.contour == nullptr));
     require((result.num_contours == 0) == (result.hole == nullptr));

@@ -9,8 +9,8 @@ constexpr double longestBackwardSweep = 1e8;
 
 /// The angle that an arc covers: `sweep`, the end less the start, plus as many turns as make it positive.
 ///
-/// Sums turn by turn as drivers do, with the same rounding. Sweeps beyond the limits above are first cut to
-/// their exact remainder: forward ones end between one and two turns, backward ones below about one turn.
+/// Turns are added one by one, each sum rounded, which is part of the interface. Sweeps beyond the limits above are
+/// first cut to their exact remainder: forward ones end between one and two turns, backward ones below about one turn.
 /// NaN where the sweep is infinite or undefined.
 double positiveSweep(double sweep);
 

@@ -116,7 +116,7 @@ private:
 
 int HT_GetNearestIndex(unsigned int color) {
     static const CandidateCells cells;
-    // Blue before green: drivers pass their colours so.
+    // Blue before green, as part of the interface: byte 1 goes with the entry's blue, byte 2 with its green.
     return cells.nearest(
         {static_cast<int>(color & 0xFF), static_cast<int>(color >> 16 & 0xFF), static_cast<int>(color >> 8 & 0xFF)});
 }

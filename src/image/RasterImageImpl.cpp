@@ -128,7 +128,7 @@ uint32_t HT_RasterImageImpl::saveAs(const wchar_t*) {
 }
 
 uint32_t HT_RasterImageImpl::convertTo(const wchar_t*, void**, unsigned long*, unsigned long) {
-    describe(image); // so that the library has the DIB ready: a driver that cannot convert asks for it next
+    describe(image); // asked for without need: that it is asked for is part of the interface
     return 0;
 }
 

@@ -9,7 +9,7 @@
 namespace {
 
 /// A plain string conversion names a wide text. Only the literal pair is looked for, even in "%%s", where the result
-/// prints "%ls": drivers know it so.
+/// prints "%ls": part of the interface.
 void widenPlainStrings(std::wstring& format) {
     constexpr std::wstring_view plain = L"%s";
     constexpr std::wstring_view wide = L"%ls";

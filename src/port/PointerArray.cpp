@@ -4,7 +4,7 @@
 static_assert(sizeof(I_HT_PointerArray) == sizeof(void*), "the interface holds no data");
 static_assert(sizeof(HT_PointerArray) == 48, "record shared with drivers");
 
-// The capacity is a hint that drivers give carelessly: nothing is reserved for it.
+// The capacity is not read: nothing is reserved for it.
 HT_PointerArray::HT_PointerArray(size_t, void* (*create)(), void (*destroy)(void*))
     : createElement(create), destroyElement(destroy) {
 }

@@ -4,31 +4,31 @@
 
 #include "port/CString.h"
 #include "port/FloatText.h"
-#include "port/FormatSpec.h"
+#include "port/FormatConversion.h"
 #include "port/IntegerText.h"
 #include "port/PaddedText.h"
 
 namespace {
 
 /// Writes one conversion after another. Fill and float notation carry over from each to the next, as the state of a
-/// stream does: format texts in use depend on it.
+/// stream does: part of the interface.
 class WideFormatter {
 public:
     WideFormatter(size_t expectedLength, va_list arguments) : m_arguments(arguments) { m_text.reserve(expectedLength); }
 
     void putLiteral(std::wstring_view characters) { m_text.putEach(characters); }
-    /// Reads the specification after a %, moves `position` behind it and writes its argument.
+    /// Reads the conversion after a %, moves `position` behind it and writes its argument.
     void convert(const wchar_t*& position);
     std::wstring take() { return m_text.take(); }
 
 private:
-    void putConversion(const FormatSpec& spec);
-    void putCharacter(const FormatSpec& spec);
-    void putString(const FormatSpec& spec, LengthPrefix plain);
-    void putInteger(const FormatSpec& spec, IntegerBase base);
-    void putFloat(const FormatSpec& spec, bool upperCase);
+    void putConversion(const FormatConversion& conversion);
+    void putCharacter(const FormatConversion& conversion);
+    void putString(const FormatConversion& conversion, LengthPrefix plain);
+    void putInteger(const FormatConversion& conversion, IntegerBase base);
+    void putFloat(const FormatConversion& conversion, bool upperCase);
     /// A width brings its own fill; without one the fill stays.
-    void setFillBesideWidth(const FormatSpec& spec);
+    void setFillBesideWidth(const FormatConversion& conversion);
 
     PaddedText m_text;
     FormatArguments m_arguments;
@@ -36,68 +36,68 @@ private:
 };
 
 void WideFormatter::convert(const wchar_t*& position) {
-    const FormatSpec spec = takeFormatSpec(position, m_arguments);
-    if (spec.width != 0) {
-        m_text.setWidth(spec.width);
+    const FormatConversion conversion = takeConversion(position, m_arguments);
+    if (conversion.width != 0) {
+        m_text.setWidth(conversion.width);
     }
-    m_text.setLeftJustified(spec.leftJustified);
-    putConversion(spec);
+    m_text.setLeftJustified(conversion.leftJustified);
+    putConversion(conversion);
 }
 
-void WideFormatter::putConversion(const FormatSpec& spec) {
-    switch (spec.letter) {
+void WideFormatter::putConversion(const FormatConversion& conversion) {
+    switch (conversion.letter) {
     case L'c':
     case L'C':
-        return putCharacter(spec);
+        return putCharacter(conversion);
     case L's':
-        return putString(spec, LengthPrefix::Wide);
+        return putString(conversion, LengthPrefix::Wide);
     case L'S':
-        return putString(spec, LengthPrefix::Narrow);
+        return putString(conversion, LengthPrefix::Narrow);
     case L'd':
     case L'i':
     case L'u':
-        return putInteger(spec, IntegerBase::Decimal);
+        return putInteger(conversion, IntegerBase::Decimal);
     case L'o':
-        return putInteger(spec, IntegerBase::Octal);
+        return putInteger(conversion, IntegerBase::Octal);
     case L'x':
-        return putInteger(spec, IntegerBase::LowerHex);
+        return putInteger(conversion, IntegerBase::LowerHex);
     case L'X':
-        return putInteger(spec, IntegerBase::UpperHex);
+        return putInteger(conversion, IntegerBase::UpperHex);
     case L'e':
     case L'E':
         m_notation = FloatNotation::Scientific;
-        return putFloat(spec, spec.letter == L'E');
+        return putFloat(conversion, conversion.letter == L'E');
     case L'f':
         m_notation = FloatNotation::Fixed;
-        return putFloat(spec, false);
+        return putFloat(conversion, false);
     case L'g':
     case L'G': // in the notation of the conversion before
-        return putFloat(spec, spec.letter == L'G');
+        return putFloat(conversion, conversion.letter == L'G');
     case L'p':
         return m_text.put(
             unsignedText(reinterpret_cast<uintptr_t>(m_arguments.take<void*>()), IntegerBase::LowerHex, true));
     case L'n': // shows the number and stores nothing through the pointer
-        return m_text.put(signedText(*m_arguments.take<const int*>(), spec.showSign));
+        return m_text.put(signedText(*m_arguments.take<const int*>(), conversion.showSign));
     default: // prints nothing and takes no argument; the width waits for what comes next
         return;
     }
 }
 
-void WideFormatter::putCharacter(const FormatSpec& spec) {
-    if (spec.prefix == LengthPrefix::Integer64) {
+void WideFormatter::putCharacter(const FormatConversion& conversion) {
+    if (conversion.prefix == LengthPrefix::Integer64) {
         return;
     }
     const int value = m_arguments.take<int>();
-    if (spec.prefix == LengthPrefix::Narrow) { // a number: callers show the codes of bytes with it
-        m_text.put(signedText(value, spec.showSign));
+    if (conversion.prefix == LengthPrefix::Narrow) { // a number, not a character: part of the interface
+        m_text.put(signedText(value, conversion.showSign));
     } else {
         m_text.put(static_cast<wchar_t>(value));
     }
 }
 
-void WideFormatter::putString(const FormatSpec& spec, LengthPrefix plain) {
+void WideFormatter::putString(const FormatConversion& conversion, LengthPrefix plain) {
     constexpr std::wstring_view nullText = L"(null)";
-    const LengthPrefix form = spec.prefix == LengthPrefix::None ? plain : spec.prefix;
+    const LengthPrefix form = conversion.prefix == LengthPrefix::None ? plain : conversion.prefix;
     if (form == LengthPrefix::Wide) {
         const auto* text = m_arguments.take<const wchar_t*>();
         m_text.put(text != nullptr ? std::wstring_view(text) : nullText);
@@ -107,38 +107,39 @@ void WideFormatter::putString(const FormatSpec& spec, LengthPrefix plain) {
     }
 }
 
-void WideFormatter::putInteger(const FormatSpec& spec, IntegerBase base) {
-    if (spec.width == 0 && spec.precision >= 0) { // the least count of digits; ignored beside a width
-        m_text.setWidth(spec.precision);
+void WideFormatter::putInteger(const FormatConversion& conversion, IntegerBase base) {
+    if (conversion.width == 0 && conversion.precision >= 0) { // the least count of digits; ignored beside a width
+        m_text.setWidth(conversion.precision);
         m_text.setFill(L'0');
     } else {
-        setFillBesideWidth(spec);
+        setFillBesideWidth(conversion);
     }
-    if (spec.prefix == LengthPrefix::Integer64) { // never signed, not even in decimal
-        m_text.put(unsignedText(m_arguments.take<uint64_t>(), base, spec.alternateForm));
+    if (conversion.prefix == LengthPrefix::Integer64) { // never signed, not even in decimal
+        m_text.put(unsignedText(m_arguments.take<uint64_t>(), base, conversion.alternateForm));
         return;
     }
     const int value = m_arguments.take<int>(); // always signed in decimal, for %u too
-    m_text.put(base == IntegerBase::Decimal ? signedText(value, spec.showSign)
-                                            : unsignedText(static_cast<uint32_t>(value), base, spec.alternateForm));
+    m_text.put(base == IntegerBase::Decimal
+                   ? signedText(value, conversion.showSign)
+                   : unsignedText(static_cast<uint32_t>(value), base, conversion.alternateForm));
 }
 
-void WideFormatter::putFloat(const FormatSpec& spec, bool upperCase) {
-    setFillBesideWidth(spec);
+void WideFormatter::putFloat(const FormatConversion& conversion, bool upperCase) {
+    setFillBesideWidth(conversion);
     FloatStyle style;
     style.notation = m_notation;
-    if (spec.precision >= 0) {
-        style.precision = spec.precision;
+    if (conversion.precision >= 0) {
+        style.precision = conversion.precision;
     }
     style.upperCase = upperCase;
-    style.showSign = spec.showSign;
-    style.showPoint = spec.alternateForm;
+    style.showSign = conversion.showSign;
+    style.showPoint = conversion.alternateForm;
     m_text.put(floatText(m_arguments.take<double>(), style));
 }
 
-void WideFormatter::setFillBesideWidth(const FormatSpec& spec) {
-    if (spec.width != 0) {
-        m_text.setFill(spec.zeroFill ? L'0' : L' ');
+void WideFormatter::setFillBesideWidth(const FormatConversion& conversion) {
+    if (conversion.width != 0) {
+        m_text.setFill(conversion.zeroFill ? L'0' : L' ');
     }
 }
 

@@ -26,13 +26,13 @@ struct Destination {
     double height;
 };
 
-// Rounded in plot units and cut off in device units: drivers lay images side by side by the same rule.
+// Rounded in plot units and cut off in device units, as the interface has it.
 double deviceLength(double length, double scale) {
     return truncateToInt32(roundToInt32(length) * scale);
 }
 
 Destination destinationFor(const HT_RasterImage_Record& record, double scale) {
-    // One row more than there are: drivers choose the factor for that.
+    // One row more than there are, while columns are counted as they are: part of the interface.
     const double rows = std::fabs(static_cast<double>(record.image->pixelHeight())) + 1.0;
     const double height = std::copysign(roundToInt32(std::fabs(rows * record.heightFactor)), record.heightFactor);
     return {deviceLength(record.x, scale), deviceLength(record.y, scale),

@@ -52,11 +52,11 @@ Qt::PenStyle penStyleFor(HT_PlotStyle::LineType type) {
 double dashElement(double length, bool isGap, double width) {
     const bool isZero = !(length > geometricTolerance) && !(length < -geometricTolerance);
     if (isZero) {
-        return 1.0; // a dot shows one pen width long, whatever the weight
+        return 1.0; // one pen width, whatever the weight
     }
     double element = roundToInt32(length);
     if (isGap) {
-        element -= width; // caps take up half a pen width at either end of a gap
+        element -= width; // below zero where the gap is shorter: part of the interface
     }
     return width > geometricTolerance ? element / width : element;
 }

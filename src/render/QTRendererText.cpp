@@ -51,7 +51,7 @@ void fitWidth(QFont& font, const QString& text, int measuredUnits, int32_t targe
     }
 }
 
-/// Devices take the elements of a text's transform in single precision.
+/// The elements of a text's transform are rounded to single precision: part of the interface.
 double inSinglePrecision(double value) {
     return static_cast<double>(static_cast<float>(value));
 }

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int painterKind = 4; // the other numbers belong to renderers of other platforms
+constexpr int painterKind = 4; // the only kind there is; its number is part of the interface
 
 } // namespace
 

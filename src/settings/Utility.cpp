@@ -45,7 +45,7 @@ const wchar_t* VornGetAppFullPath() {
 const wchar_t* VornGetAppDataPathWithBackslash() {
     static std::wstring strAppDataPath;
     strAppDataPath = VornGetAppDataPath();
-    // A backslash here too: drivers join file names to it by this very character.
+    // A backslash on this platform too: part of the interface.
     if (strAppDataPath.empty() || (strAppDataPath.back() != L'\\' && strAppDataPath.back() != L'/')) {
         strAppDataPath += L'\\';
     }
@@ -59,8 +59,8 @@ int HT_ListCloseDriver(wchar_t* buffer, int size, const wchar_t* file) {
     if (size > 0) {
         return GetPrivateProfileSectionNamesEx(buffer, static_cast<unsigned int>(size), file);
     }
-    // Callers reckon by the Win32 rule that a list which does not fit answers its buffer's size less 2. Only names that
-    // happen to end just there make the buffer grow here; drivers rely on the answers as they are.
+    // The Win32 rule is that a list which does not fit answers its buffer's size less 2. Here a list is cut at a name,
+    // so that only names that happen to end just there make the buffer grow: part of the interface.
     for (unsigned int room = 256;; room *= 2) {
         std::vector<wchar_t> names(room);
         const int used = GetPrivateProfileSectionNamesEx(names.data(), room, file);

@@ -103,7 +103,7 @@ TEST_F(RendererTest, CountsOfZeroOrLess) {
     const HT_Double_Point point = {7, 8};
     for (const int count : {0, -1, INT32_MIN}) {
         recorder.clear();
-        renderer.DrawPolyline(&point, count); // callers pass one point at least, whatever the count
+        renderer.DrawPolyline(&point, count); // one point is there, whatever the count
         renderer.DrawBezier(&point, count);
         renderer.FillPolygon(&point, count);
         EXPECT_EQ(recorder.shapes(), "line 7,8 8,8\n") << "count " << count;

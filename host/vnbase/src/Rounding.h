@@ -8,7 +8,7 @@ namespace vnbase {
 
 /// Rounds to the nearest integer, halves away from zero, saturating at the ends of the range; NaN gives 0.
 ///
-/// This is how drivers' device coordinates are rounded everywhere, so that a clipped line keeps its pixels.
+/// The library rounds device coordinates by the same rule, so that a clipped line keeps its pixels.
 inline int32_t roundToInt32(double value) {
     const double away = value + std::copysign(0.5, value);
     if (std::fabs(away) < 2147483648.0) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include "port/FormatSpec.h"
+#include "port/FormatConversion.h"
 
 #include <algorithm>
 #include <limits>
@@ -7,24 +7,24 @@
 namespace {
 
 /// False, with nothing taken, when the character is no flag.
-bool takeFlag(const wchar_t*& position, FormatSpec& spec, FormatArguments& arguments) {
+bool takeFlag(const wchar_t*& position, FormatConversion& conversion, FormatArguments& arguments) {
     switch (*position) {
     case L'-':
-        spec.leftJustified = true;
+        conversion.leftJustified = true;
         break;
     case L'+':
-        spec.showSign = true;
+        conversion.showSign = true;
         break;
     case L'0':
-        spec.zeroFill = true;
+        conversion.zeroFill = true;
         break;
     case L' ':
         break;
     case L'#':
-        spec.alternateForm = true;
+        conversion.alternateForm = true;
         break;
     case L'*':
-        spec.width = arguments.take<int>();
+        conversion.width = arguments.take<int>();
         break;
     default:
         return false;
@@ -84,18 +84,18 @@ LengthPrefix takePrefix(const wchar_t*& position) {
 
 } // namespace
 
-FormatSpec takeFormatSpec(const wchar_t*& position, FormatArguments& arguments) {
-    FormatSpec spec;
-    while (takeFlag(position, spec, arguments)) {
+FormatConversion takeConversion(const wchar_t*& position, FormatArguments& arguments) {
+    FormatConversion conversion;
+    while (takeFlag(position, conversion, arguments)) {
     }
-    if (spec.width == 0) {
-        spec.width = takeDigits(position);
+    if (conversion.width == 0) {
+        conversion.width = takeDigits(position);
     }
-    spec.precision = takePrecision(position, arguments);
-    spec.prefix = takePrefix(position);
-    spec.letter = *position;
-    if (spec.letter != L'\0') {
+    conversion.precision = takePrecision(position, arguments);
+    conversion.prefix = takePrefix(position);
+    conversion.letter = *position;
+    if (conversion.letter != L'\0') {
         ++position;
     }
-    return spec;
+    return conversion;
 }

@@ -23,8 +23,8 @@ private:
 
 enum class LengthPrefix : uint8_t { None, Narrow, Wide, Integer64 };
 
-/// One conversion specification of a Windows format text, its star arguments already taken.
-struct FormatSpec {
+/// One conversion of a Windows format text, its star arguments already taken.
+struct FormatConversion {
     bool leftJustified = false;
     bool showSign = false;
     bool zeroFill = false;
@@ -32,8 +32,8 @@ struct FormatSpec {
     int width = 0;      ///< 0: none given; a negative one, from a star, is given and pads nothing
     int precision = -1; ///< -1: none given
     LengthPrefix prefix = LengthPrefix::None;
-    wchar_t letter = L'\0'; ///< the terminator when the format ends inside the specification
+    wchar_t letter = L'\0'; ///< the terminator when the format ends inside the conversion
 };
 
-/// Reads the specification after a % and moves `position` behind its letter, or to the terminator of the format.
-FormatSpec takeFormatSpec(const wchar_t*& position, FormatArguments& arguments);
+/// Reads the conversion after a % and moves `position` behind its letter, or to the terminator of the format.
+FormatConversion takeConversion(const wchar_t*& position, FormatArguments& arguments);
