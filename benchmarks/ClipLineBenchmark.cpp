@@ -4,12 +4,14 @@
 //
 // Names read BM_clipLine/<line>/<contours>/<points>. "walk" is a line of short segments such as drawings have;
 // each segment of "zigzag" crosses the whole region. "items_per_second" counts points and stays level where growth
-// is linear; "pieces" is what comes out.
+// is linear; "pieces" is what comes out. BM_clipTeeth/<direction>/<points>: a walk along a region that is a row of as
+// many teeth, which lies along the x axis or stands along the y axis.
 
 #include <cmath>
 #include <memory>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <benchmark/benchmark.h>
@@ -73,6 +75,33 @@ Line zigzag(size_t count) {
     return line;
 }
 
+/// A band along the x axis whose upper side is a row of pointed teeth.
+Line teeth(size_t vertices) {
+    Line outline{{pageSize, 0}, {0, 0}};
+    const double step = pageSize / static_cast<double>(vertices - 3);
+    for (size_t i = 0; i + 2 < vertices; ++i) {
+        outline.push_back({step * static_cast<double>(i), i % 2 == 0 ? 1000.0 : 2000.0});
+    }
+    return outline;
+}
+
+Line alongTeeth(size_t count) {
+    std::mt19937_64 random(9);
+    std::uniform_real_distribution<double> height(900.0, 2100.0);
+    Line line;
+    for (size_t i = 0; i < count; ++i) {
+        line.push_back({pageSize * static_cast<double>(i) / static_cast<double>(count), height(random)});
+    }
+    return line;
+}
+
+Line exchanged(Line line) {
+    for (HT_Double_Point& point : line) {
+        std::swap(point.x, point.y);
+    }
+    return line;
+}
+
 struct LineKind {
     const char* name;
     Line (*make)(size_t count);
@@ -81,20 +110,29 @@ struct LineKind {
 
 constexpr LineKind lineKinds[] = {{"walk", walk, 1000000}, {"zigzag", zigzag, 100000}};
 
-void clipLine(benchmark::State& state, const LineKind& kind, int contourCount, size_t pointCount) {
-    const RgnList region = contours(contourCount);
-    const Line line = kind.make(pointCount);
+void clipToRegion(benchmark::State& state, const HT_ClipRgn* region, const Line& line) {
     HT_PointerArray pieces(0, nullptr, HT_Free);
     int pieceCount = 0;
     for (auto _ : state) {
-        pieceCount = HT_ClipLine(region.get(), line.data(), static_cast<int>(line.size()), &pieces);
+        pieceCount = HT_ClipLine(region, line.data(), static_cast<int>(line.size()), &pieces);
         pieces.Clear();
     }
     if (pieceCount == 0) {
         state.SkipWithError("no pieces: is the geometry module beside the library?");
     }
     state.counters["pieces"] = pieceCount;
-    state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(pointCount));
+    state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(line.size()));
+}
+
+void clipLine(benchmark::State& state, const LineKind& kind, int contourCount, size_t pointCount) {
+    clipToRegion(state, contours(contourCount).get(), kind.make(pointCount));
+}
+
+void clipTeeth(benchmark::State& state, bool lying) {
+    const auto count = static_cast<size_t>(state.range(0));
+    const Line outline = lying ? teeth(count) : exchanged(teeth(count));
+    const RgnList region(KelDriver::HT_CreatePolygonRgnData(outline.data(), static_cast<int>(count)));
+    clipToRegion(state, region.get(), lying ? alongTeeth(count) : exchanged(alongTeeth(count)));
 }
 
 } // namespace
@@ -109,6 +147,12 @@ int main(int argc, char** argv) {
                     ->Unit(benchmark::kMicrosecond);
             }
         }
+    }
+    for (const bool lying : {true, false}) {
+        benchmark::RegisterBenchmark(lying ? "BM_clipTeeth/lying" : "BM_clipTeeth/standing", clipTeeth, lying)
+            ->Arg(2000)
+            ->Arg(20000)
+            ->Unit(benchmark::kMicrosecond);
     }
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

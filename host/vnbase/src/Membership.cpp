@@ -6,30 +6,31 @@ namespace vnbase {
 namespace {
 
 /// Whether an edge crosses the ray from a point to the right; of its two ends the lower one counts.
-bool crossesRay(const Edge& edge, const Vec& p) {
-    if ((edge.from.y > p.y) == (edge.to.y > p.y)) {
+bool crossesRay(const Vec& from, const Vec& to, const Vec& p) {
+    if ((from.y > p.y) == (to.y > p.y)) {
         return false;
     }
-    if ((edge.from.x > p.x) == (edge.to.x > p.x)) {
-        return edge.from.x > p.x;
+    if ((from.x > p.x) == (to.x > p.x)) {
+        return from.x > p.x;
     }
-    const double t = (p.y - edge.from.y) / (edge.to.y - edge.from.y);
-    return between(edge.from, edge.to, t).x > p.x;
+    return between(from, to, (p.y - from.y) / (to.y - from.y)).x > p.x;
 }
 
 } // namespace
 
 Membership::Membership(const std::vector<Edge>& edges, const std::vector<Contour>& contours, const Box& reach,
-                       size_t rows)
-    : m_edges(edges), m_reach(reach), m_rows(reach, 1, rows, 0.0),
-      m_rowEdges(
-          m_rows.count(),
-          [&](const auto& put) {
-              for (uint32_t i = 0; i < edges.size(); ++i) {
-                  const double left = reach.low.x; // an edge further right counts at its height, too
-                  m_rows.forEach({left, edges[i].from.y}, {left, edges[i].to.y}, [&](size_t row) { put(row, i); });
-              }
-          }),
+                       const Strips& strips)
+    : m_edges(edges), m_reach(reach), m_exchanged(strips.upright),
+      m_rows({turned(reach.low), turned(reach.high)}, 1, strips.count, 0.0),
+      m_rowEdges(m_rows.count(),
+                 [&](const auto& put) {
+                     const double left = turned(reach.low).x; // an edge further right counts at its height, too
+                     for (uint32_t i = 0; i < edges.size(); ++i) {
+                         const double from = turned(edges[i].from).y;
+                         const double to = turned(edges[i].to).y;
+                         m_rows.forEach({left, from}, {left, to}, [&](size_t row) { put(row, i); });
+                     }
+                 }),
       m_clearedAfter{0} {
     for (const Contour& contour : contours) {
         m_joins.push_back(contour.join);
@@ -48,12 +49,13 @@ bool Membership::holds(const Vec& p) const {
     }
     bool state = false;
     size_t next = 0; // the contour after the last one that was joined
-    const Buckets::Items row = m_rowEdges[m_rows.cellOf(p)];
+    const Vec place = turned(p);
+    const Buckets::Items row = m_rowEdges[m_rows.cellOf(place)];
     for (const uint32_t* item = row.begin(); item != row.end();) {
         const uint32_t contour = m_edges[*item].contour;
         bool inContour = false;
         for (; item != row.end() && m_edges[*item].contour == contour; ++item) {
-            inContour ^= crossesRay(m_edges[*item], p);
+            inContour ^= crossesRay(turned(m_edges[*item].from), turned(m_edges[*item].to), place);
         }
         state = joined(m_joins[contour], withoutContours(state, next, contour), inContour);
         next = contour + 1;

@@ -10,7 +10,13 @@
 
 namespace vnbase {
 
-/// Answers whether points are in a region, each from the edges at its height alone.
+/// Strips across a region, into which its edges are sorted.
+struct Strips {
+    size_t count;
+    bool upright; ///< one beside another, instead of one above another
+};
+
+/// Answers whether points are in a region, each from the edges in its strip alone.
 ///
 /// A point gets the wrong answer only where rounding cannot tell on which side of an edge it is.
 class Membership {
@@ -18,17 +24,21 @@ public:
     /// @param edges     in the order of their contours; must outlive this object
     /// @param contours  the joins; empty contours count
     /// @param reach     where the region is
-    /// @param rows      how many strips to sort the edges into
-    Membership(const std::vector<Edge>& edges, const std::vector<Contour>& contours, const Box& reach, size_t rows);
+    /// @param strips    to sort the edges into; an edge should be in few of them
+    Membership(const std::vector<Edge>& edges, const std::vector<Contour>& contours, const Box& reach,
+               const Strips& strips);
 
     bool holds(const Vec& p) const;
 
 private:
+    /// A point where strips lie one above another, which takes an exchange of x and y when they do not.
+    Vec turned(const Vec& p) const { return m_exchanged ? Vec{p.y, p.x} : p; }
     /// The state before `contour`, when those from `next` on before it do not hold the point.
     bool withoutContours(bool state, size_t next, size_t contour) const;
 
     const std::vector<Edge>& m_edges;
     Box m_reach;
+    bool m_exchanged;
     Cells m_rows;
     Buckets m_rowEdges;
     std::vector<Join> m_joins;

@@ -71,7 +71,7 @@ constexpr double besideOffset = 4.0; // tolerances: from an edge to a point clea
 
 RegionIndex::RegionIndex(const std::vector<Contour>& contours, const Frame& frame, size_t segmentCount)
     : m_tolerance(frame.tolerance()), m_edges(edgesOf(contours, frame)),
-      m_membership(m_edges, contours, frame.reach(), rowsFor(m_edges, frame, segmentCount)),
+      m_membership(m_edges, contours, frame.reach(), stripsFor(m_edges, frame, segmentCount)),
       m_cells(cellsFor(m_edges, frame, segmentCount)),
       m_cellEdges(m_cells.count(),
                   [this](const auto& put) {
@@ -103,10 +103,19 @@ std::vector<Edge> RegionIndex::edgesOf(const std::vector<Contour>& contours, con
     return edges;
 }
 
-size_t RegionIndex::rowsFor(const std::vector<Edge>& edges, const Frame& frame, size_t segmentCount) {
+Strips RegionIndex::stripsFor(const std::vector<Edge>& edges, const Frame& frame, size_t segmentCount) {
+    constexpr double clearly = 4.0;
     const Box& box = frame.reach();
-    return partsFor(box.high.y - box.low.y, covered(edges, box, &Vec::y), edges.size(),
-                    std::min<size_t>(4096, segmentCount + 16));
+    const double width = box.high.x - box.low.x;
+    const double height = box.high.y - box.low.y;
+    const double coveredX = covered(edges, box, &Vec::x);
+    const double coveredY = covered(edges, box, &Vec::y);
+    const size_t limit = std::min<size_t>(4096, segmentCount + 16);
+    // A row of teeth has all its edges side by side in one direction.
+    if (clearly * coveredX / width < coveredY / height) {
+        return {partsFor(width, coveredX, edges.size(), limit), true};
+    }
+    return {partsFor(height, coveredY, edges.size(), limit), false};
 }
 
 Cells RegionIndex::cellsFor(const std::vector<Edge>& edges, const Frame& frame, size_t segmentCount) {

@@ -42,7 +42,7 @@ private:
 
     static std::vector<Edge> edgesOf(const std::vector<Contour>& contours, const Frame& frame);
     static Cells cellsFor(const std::vector<Edge>& edges, const Frame& frame, size_t segmentCount);
-    static size_t rowsFor(const std::vector<Edge>& edges, const Frame& frame, size_t segmentCount);
+    static Strips stripsFor(const std::vector<Edge>& edges, const Frame& frame, size_t segmentCount);
     bool isBeside(const Edge& edge, const Vec& p) const;
     bool touches(const Edge& edge, const Vec& p) const;
 

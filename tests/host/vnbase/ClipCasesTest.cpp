@@ -83,6 +83,30 @@ TEST(ClipCases, GiveThePieces) {
     }
 }
 
+// A region whose edges lie side by side in one direction is sorted by that direction.
+TEST(ClipRows, TheDirectionOfARowDoesNotMatter) {
+    Line teeth = lineOf("600,-30 0,-30");
+    for (int i = 0; i <= 200; ++i) {
+        teeth.push_back({3.0 * i, i % 2 == 0 ? 0.0 : 100.0});
+    }
+    Contours region{{HT_RGN_OR, teeth}, {HT_RGN_DIFF, lineOf("50,20 550,20 550,40 50,40")}};
+    regionOracle::Generator generator(9);
+    Line line;
+    std::generate_n(std::back_inserter(line), 2000, [&] {
+        return HT_Double_Point{generator.real(-20, 620), generator.real(-40, 110)};
+    });
+    const PieceList lying = clip(region, line);
+    EXPECT_GT(lying.size(), 2000U);
+    for (Line* points : {&region[0].points, &region[1].points, &line}) {
+        std::for_each(points->begin(), points->end(), [](HT_Double_Point& point) { std::swap(point.x, point.y); });
+    }
+    PieceList standing = clip(region, line);
+    for (Piece& piece : standing) {
+        std::for_each(piece.begin(), piece.end(), [](auto& vertex) { std::swap(vertex[0], vertex[1]); });
+    }
+    EXPECT_EQ(textOf(lying), textOf(standing));
+}
+
 TEST(ClipBoundary, NothingInGivesNothingOut) {
     const Line line = lineOf("10,10 20,20");
     const RgnList region = regionOracle::toList({{4, lineOf(square)}});
