@@ -5,6 +5,9 @@
 #include <QTextCodec>
 #include <algorithm>
 #include <clocale>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <functional>
 #include <iostream>
@@ -18,6 +21,7 @@
 #include "cli/PaperList.h"
 #include "cli/PlotJob.h"
 #include "cli/SettingsChoice.h"
+#include "device/OutputFile.h"
 #include "reader/DrawingReader.h"
 #include "settings/SettingsFile.h"
 
@@ -29,6 +33,31 @@ void keepQtQuiet(QtMsgType type, const QMessageLogContext& /*context*/, const QS
     if (type == QtCriticalMsg || type == QtFatalMsg) {
         std::cerr << "kelplot: " << text.toStdString() << std::endl;
     }
+}
+
+/// Ends the program where memory runs out again while a plot is given up for want of it. That happens in destructors
+/// of Qt's painters, which write the rest of their document, and leaves no way back to the other drawings.
+[[noreturn]] void endWithoutMemory() {
+    constexpr int mostText = 4096; // beyond that a path is cut
+    static char text[mostText];
+    const char* const path = OutputFile::abandonUnfinished();
+    const int length = std::snprintf(text, mostText, "kelplot: %s%snot enough memory\n", path, *path ? ": " : "");
+    const int told = std::min(length, mostText - 1);
+    [[maybe_unused]] const auto written = ::write(STDERR_FILENO, text, static_cast<size_t>(told));
+    std::_Exit(static_cast<int>(ExitStatus::outputFailed));
+}
+
+/// What the runtime calls for an exception that nobody can catch.
+[[noreturn]] void endUncaught() {
+    if (std::current_exception()) {
+        try {
+            throw;
+        } catch (const std::bad_alloc&) {
+            endWithoutMemory();
+        } catch (...) { // a fault of the program's own: it leaves its trace
+        }
+    }
+    std::abort();
 }
 
 /// Makes ready what Qt wants to know before its application object exists.
@@ -150,6 +179,8 @@ ExitStatus flushed(ExitStatus status) {
 } // namespace
 
 int runKelplot(int argc, char** argv) {
+    std::signal(SIGXFSZ, SIG_IGN); // a file that outgrows its limit is told of like one that outgrows its disk
+    std::set_terminate(endUncaught);
     prepareQt();
     // The application gets the program's name only: it would take some options for its own.
     char name[] = "kelplot";

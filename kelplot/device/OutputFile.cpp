@@ -4,14 +4,34 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <cerrno>
+#include <cstring>
+#include <unistd.h>
 
 namespace kelplot {
 namespace {
+
+/// The file that is being written, as `abandonUnfinished` needs it.
+struct Unfinished {
+    QByteArray path;
+    QByteArray temporary; ///< where it lies until it is complete; of no use where that place has no name
+};
+
+Unfinished unfinished; // one plot is written at a time
 
 /// A device or a pipe cannot be replaced by a finished file.
 bool takesBytesOnly(const QString& path) {
     const QFileInfo info(path);
     return info.exists() && !info.isFile() && !info.isDir();
+}
+
+/// Has a file's bytes put on the disk: some file systems find out only then that there is no room for them.
+/// @return the reason why it failed; empty when it did not, or when the file system knows no such request
+QString syncFailure(const QFileDevice& file) {
+    if (fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOSYS) {
+        return {};
+    }
+    return QString::fromLocal8Bit(std::strerror(errno));
 }
 
 } // namespace
@@ -26,22 +46,44 @@ OutputFile::OutputFile(const QString& path) : m_path(path) {
     } else {
         m_file = std::make_unique<QSaveFile>(path);
     }
-    if (!m_file->open(QIODevice::WriteOnly)) {
+    if (!m_file->open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         throw outputError(path, m_file->errorString());
     }
+    m_stream.emplace(*m_file);
+    unfinished.path = path.toUtf8();
+    if (qobject_cast<QSaveFile*>(m_file.get()) != nullptr) {
+        const QString descriptor = QStringLiteral("/proc/self/fd/%1").arg(m_file->handle());
+        unfinished.temporary = QFile::encodeName(QFile::symLinkTarget(descriptor));
+    }
+}
+
+OutputFile::~OutputFile() {
+    unfinished = {};
 }
 
 void OutputFile::write(const QByteArray& bytes) {
-    if (m_file->write(bytes) != bytes.size()) {
-        throw outputError(m_path, m_file->errorString());
-    }
+    m_stream->write(bytes);
+    throwIfFailed(m_stream->failure());
 }
 
 void OutputFile::commit() {
-    auto* const saved = qobject_cast<QSaveFile*>(m_file.get());
-    const bool complete = saved ? saved->commit() : m_file->flush() && m_file->error() == QFileDevice::NoError;
-    if (!complete) {
-        throw outputError(m_path, m_file->errorString());
+    throwIfFailed(m_stream->failure());
+    if (auto* const saved = qobject_cast<QSaveFile*>(m_file.get())) {
+        throwIfFailed(syncFailure(*saved));
+        if (!saved->commit()) {
+            throw outputError(m_path, saved->errorString());
+        }
+    }
+}
+
+const char* OutputFile::abandonUnfinished() noexcept {
+    unlink(unfinished.temporary.constData());
+    return unfinished.path.constData();
+}
+
+void OutputFile::throwIfFailed(const QString& failure) const {
+    if (!failure.isEmpty()) {
+        throw outputError(m_path, failure);
     }
 }
 

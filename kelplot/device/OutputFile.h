@@ -5,8 +5,11 @@
 #include <QFileDevice>
 #include <QString>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
+
+#include "device/WholeStream.h"
 
 namespace kelplot {
 
@@ -22,9 +25,12 @@ class OutputFile {
 public:
     /// Opens a new file beside the named one, or throws `OutputError`.
     explicit OutputFile(const QString& path);
+    ~OutputFile();
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
 
-    /// Where to write; owned by this object.
-    QIODevice& device() { return *m_file; }
+    /// Where to write; owned by this object. It need not be asked for failures: `commit` does.
+    QIODevice& device() { return *m_stream; }
 
     /// Writes all of `bytes`, or throws `OutputError`.
     void write(const QByteArray& bytes);
@@ -32,9 +38,17 @@ public:
     /// Puts the finished file in its place, or throws `OutputError` if any byte could not be written.
     void commit();
 
+    /// Removes what there is of the file that is being written, for a program that ends without its destructors.
+    /// Takes no memory.
+    /// @return the path that was asked for; empty when no file is being written
+    static const char* abandonUnfinished() noexcept;
+
 private:
+    void throwIfFailed(const QString& failure) const;
+
     QString m_path;
     std::unique_ptr<QFileDevice> m_file;
+    std::optional<WholeStream> m_stream; ///< set from construction on
 };
 
 /// The error of `path` with its reason, as all messages about files are built.

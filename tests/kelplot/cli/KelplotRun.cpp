@@ -19,12 +19,33 @@ class ProgramSettings : public ::testing::Environment {
     TemporaryDirectory m_ownSettings;
 };
 
+class LimitedProcess : public QProcess {
+public:
+    explicit LimitedProcess(const Limits& limits) : m_limits(limits) {}
+
+protected:
+    void setupChildProcess() override {
+        limit(RLIMIT_FSIZE, m_limits.fileSize);
+        limit(RLIMIT_DATA, m_limits.memory);
+    }
+
+private:
+    static void limit(decltype(RLIMIT_FSIZE) resource, rlim_t bytes) {
+        if (bytes != RLIM_INFINITY) {
+            const rlimit bound{bytes, bytes};
+            setrlimit(resource, &bound);
+        }
+    }
+    Limits m_limits;
+};
+
 const auto* const programSettings = ::testing::AddGlobalTestEnvironment(new ProgramSettings);
 
 } // namespace
 
-Outcome run(const TemporaryDirectory& directory, const QStringList& arguments, const QString& program) {
-    QProcess process;
+Outcome run(const TemporaryDirectory& directory, const QStringList& arguments, const QString& program,
+            const Limits& limits) {
+    LimitedProcess process(limits);
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "LANG", "LC_ALL"}) {
         environment.remove(QString::fromLatin1(name));

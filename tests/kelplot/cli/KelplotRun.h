@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <sys/resource.h>
 
 #include "support/TemporaryDirectory.h"
 
@@ -12,8 +13,14 @@ struct Outcome {
     QString messages;
 };
 
+/// How much the program may use, in bytes.
+struct Limits {
+    rlim_t fileSize = RLIM_INFINITY;
+    rlim_t memory = RLIM_INFINITY;
+};
+
 /// Runs the program in `directory`, without a display or a locale. The user's settings are in its folder "config".
 Outcome run(const TemporaryDirectory& directory, const QStringList& arguments,
-            const QString& program = QStringLiteral(KELPLOT_PROGRAM));
+            const QString& program = QStringLiteral(KELPLOT_PROGRAM), const Limits& limits = {});
 
 QStringList filesIn(const TemporaryDirectory& directory);
