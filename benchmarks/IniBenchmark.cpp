@@ -26,7 +26,7 @@
 
 namespace {
 
-/// Sections as drivers write them, with some comments: text that all three read in the same way.
+/// Sections with some comments: text that all three read in the same way.
 std::string sampleText() {
     std::ostringstream text;
     text << "# settings of a device\n";

@@ -47,7 +47,7 @@ private:
     std::filesystem::path m_directory;
 };
 
-constexpr int mostPapers = 4096; // a driver refuses to offer more
+constexpr int mostPapers = 4096; // no buffer is made for more
 
 /// Asks as a driver does: for the count, then with a buffer of just that many entries of the longest kind.
 void query(unsigned short code, const std::wstring& path) {

@@ -169,7 +169,7 @@ public:
     /// Parts a text at the first separator, and trims both parts.
     ///
     /// One byte is skipped behind the left part, whatever the separator's length: the rest of a longer one stays
-    /// at the head of the right part, where readers of longer delimiters look for it.
+    /// at the head of the right part.
     ///
     /// @return whether the separator was found; if not, `left` takes the whole text and `right` is empty
     static bool split(const std::string& text, const std::string& separator, std::string& left, std::string& right);

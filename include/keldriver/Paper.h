@@ -41,7 +41,7 @@ static_assert(offsetof(PaperSize, Width) == 260 && offsetof(PaperSize, Units) ==
 /// | 65      | `LeftEdge`, `UpEdge`, `RightEdge`, `DownEdge`, 32 bits     | paper count |
 ///
 /// A binary file written by this library answers codes 19 and 13, and to the others with a buffer answers 0: they read
-/// a binary file of whole 288-byte `PaperSize` records, as some drivers supply it. Ask the INI file for those.
+/// a binary file of whole 288-byte `PaperSize` records, which is never written here. Ask the INI file for those.
 ///
 /// @param code    other codes answer 0 and write nothing
 /// @param output  receives the answer, with room for as many entries as a query with null answered; null asks for the

@@ -73,13 +73,13 @@ int answerFromBinary(unsigned short code, char* output, const std::wstring& path
     if (!file || output == nullptr) {
         return file ? file->count() : 0;
     }
-    if (code == wholePapersCode) { // drivers count on every entry being filled, however short the file
+    if (code == wholePapersCode) { // every entry is filled, however short the file
         for (int i = 0; i < file->count(); ++i) {
             answer->write(file->nextCompact(), answer->entry(output, i));
         }
         return file->count();
     }
-    // All other lists are read from whole records only, as drivers supply them; the library's own file answers 0.
+    // All other lists are read from whole records only; the library's own file answers 0: part of the interface.
     const auto papers = file->allWhole();
     if (!papers) {
         return 0;

@@ -14,7 +14,7 @@ constexpr char generalSection[] = "General";
 constexpr char countKey[] = "PaperCount";
 constexpr char nameKey[] = "Name";
 constexpr char largestSection[] = "MAXPAPERSIZE";
-constexpr char largestWidthKey[] = "Weight"; // so spelled in the devices' files
+constexpr char largestWidthKey[] = "Weight"; // so spelled, as part of the interface
 constexpr char largestLengthKey[] = "Height";
 constexpr int largestByDefault = 1000000;
 

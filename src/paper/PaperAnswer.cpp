@@ -34,7 +34,7 @@ void writeMargins(const PaperSize& paper, char* entry) {
 
 constexpr PaperAnswer answers[] = {
     {2, sizeof(uint16_t), writeNumber},       {3, 2 * sizeof(int32_t), writeSize},
-    {9, sizeof(PaperSize::Name), writeName}, // drivers ask for names by either code
+    {9, sizeof(PaperSize::Name), writeName}, // as 16: part of the interface
     {16, sizeof(PaperSize::Name), writeName}, {wholePapersCode, sizeof(PaperSize), writeWhole},
     {65, 4 * sizeof(int32_t), writeMargins},
 };

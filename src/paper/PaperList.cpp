@@ -20,7 +20,7 @@ void requireRoom(int count, int spare) {
 }
 
 // A paper that the file lacks reads as defaults, or as zeros, so that a file may state some more papers than it
-// describes. Beyond this no device goes, and memory is not taken for it.
+// describes. Beyond this, memory is not taken for papers that are not there.
 bool mayState(const std::wstring& path, int count, int64_t bytesPerPaper) {
     constexpr int64_t alwaysAllowed = 4096;
     struct stat status {};

@@ -5,7 +5,7 @@
 
 /// The folder "Drivers" beside an executable: `executable` without what follows its last slash, and "/Drivers".
 ///
-/// Both are kept to the 259 bytes that hosts reserve for a path; what is longer is cut off.
+/// Both are cut off behind 259 bytes, which is part of the interface.
 std::string driverFolderBeside(const std::string& executable);
 
 /// Widens bytes in the current locale; the empty text when the locale cannot read them.

@@ -131,7 +131,7 @@ int IniFile::loadHeader(std::string_view content, const std::string& comment, st
     const std::string name(trimmed(content.substr(1, end - 1)));
     if (findSection(name) != nullptr) {
         return fail(sectionExists,
-                    "section " + name + "already exist"); // drivers match this text, missing blank included
+                    "section " + name + "already exist"); // without a blank: the text is part of the interface
     }
     addSection(std::make_unique<IniSection>(IniSection{name, comment, std::string(rightComment), {}}));
     return 0;
@@ -167,8 +167,7 @@ std::string IniFile::savedText() const {
             text += section->name;
             text += "]\n";
         }
-        // Below the header and without a newline of its own: files in the field are written this way, and drivers
-        // compare them byte by byte.
+        // Below the header and without a newline of its own: part of the interface.
         appendNote(text, commentDelimiter, section->rightComment);
         for (const IniItem& item : section->items) {
             appendItem(text, item, commentDelimiter);
