@@ -58,7 +58,7 @@ void QTRenderer::DrawPolyline(const HT_Double_Point* points, int count) {
         return;
     }
     KelDriver::Internal::PolylinePoints kept(count);
-    kept.snapDistinct(points, std::max(count, 1), scale); // callers pass one point at least
+    kept.snapDistinct(points, std::max(count, 1), scale); // the first point is drawn whatever the count
     if (kept.size() > 1) {
         painter->drawPolyline(kept.data(), kept.size());
     } else {
