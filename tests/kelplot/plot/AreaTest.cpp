@@ -81,9 +81,9 @@ class RandomLoops {
 public:
     RandomLoops(std::mt19937& random, size_t count) {
         for (size_t i = 0; i < count; ++i) {
-            std::vector<Vec2> corners;
-            for (int corner = 0; corner < 5; ++corner) {
-                corners.push_back({5.0 * static_cast<double>(random() % 21), 5.0 * static_cast<double>(random() % 21)});
+            std::vector<Vec2> corners(5);
+            for (Vec2& corner : corners) {
+                corner = {5.0 * static_cast<double>(random() % 21), 5.0 * static_cast<double>(random() % 21)};
             }
             loops.push_back(polygonLoop(corners));
             areas.emplace_back();
@@ -206,8 +206,10 @@ TEST(SolidHatches, ManyLoopsAreJoinedWhereverTheyLie) {
             loops.push_back({{{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}}, false});
         };
         for (size_t i = 0; i < row.columns * row.rows; ++i) {
-            const auto x = static_cast<double>(3 * (i % row.columns));
-            const auto y = static_cast<double>(3 * (i / row.columns));
+            const size_t column = i % row.columns;
+            const size_t line = i / row.columns;
+            const auto x = static_cast<double>(3 * column);
+            const auto y = static_cast<double>(3 * line);
             addBox(x, y, x + 2, y + 2);
         }
         if (row.framed) {

@@ -84,6 +84,7 @@ TEST(LongLines, AreCutToTheWindow) {
 TEST(LongLines, LeaveNothingWhereTheyPassTheWindowBy) {
     ASSERT_TRUE(hasGeometryModule());
     std::vector<Vec2> points; // round about the window
+    points.reserve(500);
     for (int i = 0; i < 500; ++i) {
         points.push_back({50.0 + 40.0 * std::cos(i * 0.0125), 50.0 + 40.0 * std::sin(i * 0.0125)});
     }

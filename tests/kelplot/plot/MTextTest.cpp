@@ -159,7 +159,7 @@ TEST_F(MTextPlot, StacksKeepToTheMiddleOfTheirLine) {
     TextStack stack{"1", "2", TextStack::Divider::bar, formatOf(2.0)};
     stack.format.level = CharacterFormat::Level::middle;
     Paragraph paragraph = paragraphOf("7");
-    paragraph.pieces.push_back(stack);
+    paragraph.pieces.emplace_back(stack);
     const TextBlock set = block(textOf({paragraph}));
     ASSERT_EQ(set.runs.size(), 3U);
     ASSERT_EQ(set.strokes.size(), 1U);
@@ -223,7 +223,7 @@ TEST_F(MTextPlot, WordsStandInTheOrderOfTheirScript) {
         Paragraph paragraph = paragraphOf("", row.alignment);
         std::string written;
         for (const char* span : row.spans) {
-            paragraph.pieces.push_back(TextSpan{span, formatOf(3.0)});
+            paragraph.pieces.emplace_back(TextSpan{span, formatOf(3.0)});
             written += span;
         }
         std::vector<TextRun> runs = block(textOf({paragraph}, edge)).runs;

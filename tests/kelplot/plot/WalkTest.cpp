@@ -107,7 +107,7 @@ TEST(Walk, LeavesOutCopiesOffThePage) {
         turned.position.y = rowSpacing > 0 ? -50000 : 50000;
         const Drawing drawing = nestedDrawing(1, turned);
         RecordingRenderer renderer;
-        const WalkReport report = plotEntities(drawing, drawing.modelSpace, tenfoldTarget(), {}, renderer, {});
+        const PlotReport report = plotEntities(drawing, drawing.modelSpace, tenfoldTarget(), {}, renderer, {});
         EXPECT_FALSE(report.tooManyCopies);
         // One copy for each 5 by 5 units of a page of 100 by 100, and some that cross its border.
         EXPECT_GE(renderer.shapes.size(), 360U);
