@@ -13,7 +13,7 @@ struct Registry {
 
 /// Never destroyed, since images of a host's static handles end after everything else.
 Registry& registry() {
-    static Registry* const theOne = new Registry;
+    static auto* const theOne = new Registry;
     return *theOne;
 }
 
