@@ -6,8 +6,9 @@
 // ("hand"). BM_Combine: `CVornRgn::CombineRgn` against a bare `gpc_polygon_clip` of the same polygons.
 // BM_Evaluate: a list of contours; "items_per_second" counts contours. BM_Circles: a list of two circles that are
 // united, against a bare union of the two. BM_Teeth: a bar that cuts a band of teeth, which lies along the x axis or
-// stands along the y axis. BM_Brackets: an expression nested to a depth; "bytes_a_level" stays level where a bracket
-// costs constant memory.
+// stands along the y axis. BM_CombineTeeth: the same by `CVornRgn::CombineRgn` against a bare `gpc_polygon_clip`: the
+// result has half as many contours as the band has vertices. BM_Brackets: an expression nested to a depth;
+// "bytes_a_level" stays level where a bracket costs constant memory.
 
 #include <malloc.h>
 
@@ -132,18 +133,20 @@ void clipByHand(benchmark::State& state, ClipperLib::ClipType type) {
     }
 }
 
-void combineOurs(benchmark::State& state) {
-    const auto count = static_cast<size_t>(state.range(0));
-    const Outline first = star(count, {-100, 0}, 900, 1);
-    const Outline second = star(count, {100, 50}, 900, 2);
+void combineOutlines(benchmark::State& state, int win32Operation, const Outline& first, const Outline& second) {
     CVornRgn a;
     CVornRgn b;
-    a.CreatePolygonRgn(first.data(), static_cast<int>(count), 1);
-    b.CreatePolygonRgn(second.data(), static_cast<int>(count), 1);
+    a.CreatePolygonRgn(first.data(), static_cast<int>(first.size()), 1);
+    b.CreatePolygonRgn(second.data(), static_cast<int>(second.size()), 1);
     CVornRgn result;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(result.CombineRgn(&a, &b, 2));
+        benchmark::DoNotOptimize(result.CombineRgn(&a, &b, win32Operation));
     }
+}
+
+void combineOurs(benchmark::State& state) {
+    const auto count = static_cast<size_t>(state.range(0));
+    combineOutlines(state, 2, star(count, {-100, 0}, 900, 1), star(count, {100, 50}, 900, 2));
 }
 
 RgnList contours(int count) {
@@ -187,9 +190,10 @@ void circlesByHand(benchmark::State& state) {
     clipOutlines(state, GPC_UNION, circle(corners, {-300, 0}, 600), circle(corners, {300, 0}, 600));
 }
 
+const Outline bar{{-950, 30}, {950, 30}, {950, 60}, {-950, 60}};
+
 void cutTeeth(benchmark::State& state, bool lying) {
     const Outline band = teeth(static_cast<size_t>(state.range(0)));
-    const Outline bar{{-950, 30}, {950, 30}, {950, 60}, {-950, 60}};
     clipOutlines(state, GPC_DIFF, lying ? band : exchanged(band), lying ? bar : exchanged(bar));
 }
 
@@ -234,6 +238,12 @@ int main(int argc, char** argv) {
     benchmark::RegisterBenchmark("BM_Circles/hand", circlesByHand)->Arg(16384);
     benchmark::RegisterBenchmark("BM_Teeth/lying", cutTeeth, true)->Arg(2000)->Arg(20000);
     benchmark::RegisterBenchmark("BM_Teeth/standing", cutTeeth, false)->Arg(2000)->Arg(20000);
+    benchmark::RegisterBenchmark(
+        "BM_CombineTeeth/ours",
+        [](benchmark::State& state) { combineOutlines(state, 4, teeth(static_cast<size_t>(state.range(0))), bar); })
+        ->Arg(200)
+        ->Arg(2000);
+    benchmark::RegisterBenchmark("BM_CombineTeeth/hand", cutTeeth, true)->Arg(200)->Arg(2000);
     benchmark::RegisterBenchmark("BM_Brackets", brackets)->Arg(10)->Arg(1000)->Iterations(1);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
