@@ -46,10 +46,12 @@ struct IniSection {
 /// | 9 | there is no such section |
 class KELDRIVER_API IniFile {
 public:
+    /// Has no sections and no path, and "#" for the comment delimiter.
     IniFile();
     /// A file in memory has one owner: share it by reference.
     IniFile(const IniFile&) = delete;
     IniFile& operator=(const IniFile&) = delete;
+    /// Writes nothing.
     ~IniFile();
 
     /// Replaces the content by that of a file, and remembers the path for `Save`.
@@ -58,8 +60,7 @@ public:
     /// stands before the first header.
     ///
     /// @return 0; 6 and no sections when the file cannot be opened or read to its end; 2 to 5 at the first malformed
-    /// line, and then
-    ///         what stood above it is kept
+    ///         line, and then what stood above it is kept
     int Load(const std::string& path);
     /// Writes the content to the file last loaded, as `SaveAs` does.
     int Save();
@@ -68,8 +69,12 @@ public:
     /// has several names, access lists or a folder that takes no new file; then it is written over in its place, which
     /// a kill can cut short.
     ///
-    /// The note of a header is written below it, and the next line of the section is joined to it. Read back, that
-    /// line is a comment: the section's first key is gone.
+    /// What others have written since `Load` is replaced, too.
+    ///
+    /// The note of a header is written below it without a line end: what is written next is joined to it, and is part
+    /// of a comment when the file is read back. That is the first line of the comment above the section's first key
+    /// or, without one, the key itself, which is lost. In a section without keys it is the next section's comment or,
+    /// without one, its header: then that section is lost, and its keys belong to the one with the note.
     ///
     /// @return 0, even when the file could not be written
     int SaveAs(const std::string& path);
@@ -122,7 +127,7 @@ public:
     /// Whether the first section of that name has an item with that key.
     bool HasKey(const std::string& section, const std::string& key) const;
 
-    /// The comment above a key; above the section's header when `key` is empty.
+    /// The comment above a key; above the section's header when `key` is empty. Codes 8 and 9.
     int GetComment(const std::string& section, const std::string& key, std::string& comment);
     /// The note behind a key's value; behind the section's header when `key` is empty.
     int GetRightComment(const std::string& section, const std::string& key, std::string& rightComment);
@@ -137,13 +142,13 @@ public:
     /// @return 0
     int setValue(const std::string& section, const std::string& key, const std::string& value,
                  const std::string& comment = {});
-    /// These set a value as `setValue` does, without a comment: an existing key loses the one above it.
+    /// Sets a value as `setValue` does, without a comment: an existing key loses the one above it.
     int SetStringValue(const std::string& section, const std::string& key, const std::string& value);
-    /// Writes the number in decimal digits.
+    /// As `SetStringValue`, with the number in decimal digits.
     int SetIntValue(const std::string& section, const std::string& key, int value);
-    /// Writes six decimals behind a point, whatever the locale.
+    /// As `SetStringValue`, with six decimals behind a point, whatever the locale.
     int SetDoubleValue(const std::string& section, const std::string& key, double value);
-    /// Writes "true" or "false".
+    /// As `SetStringValue`, with "true" or "false".
     int SetBoolValue(const std::string& section, const std::string& key, bool value);
     /// Stores the text unchanged above a key, or above the section's header when `key` is empty. A comment needs
     /// its delimiter in front of each line; without it the file reads back differently.

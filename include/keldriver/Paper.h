@@ -47,7 +47,8 @@ static_assert(offsetof(PaperSize, Width) == 260 && offsetof(PaperSize, Units) ==
 /// @param output  receives the answer, with room for as many entries as a query with null answered; null asks for the
 ///                count only. It needs no alignment.
 /// @param device  ignored
-/// @param path    of the paper file; not null, at least three characters (else `std::out_of_range`)
+/// @param path    of the paper file; not null, at least three characters (else `std::out_of_range`), with a UTF-8 form
+///                (else `std::range_error`)
 /// @return the table's answer. A count is answered as the file states it, even a negative one, and code 19 answers it
 ///         for a file that is cut off too, with zeros for what is missing. 0 when the binary file cannot be opened or
 ///         its header is not that of a paper file: nothing tells it from an empty list.
@@ -56,11 +57,15 @@ KELDRIVER_API int HT_DefaultDeviceCapabilities(unsigned short code, char* output
 
 /// Writes a list of papers as the paper file that `path` names by its ending: binary for "PER", else INI.
 ///
-/// An INI file keeps its other sections, those of papers beyond the new count among them. A malformed INI file is left
-/// as it is, one that cannot be written stays unwritten, and both still answer 1.
+/// An INI file keeps its other sections, those of papers beyond the new count among them. It loses the comments above
+/// the keys that are written and below its last key. A malformed INI file is left as it is, one that cannot be written
+/// stays unwritten, and both still answer 1.
 ///
 /// A file holds the old list until it holds the new one, whatever befalls the program; `inifile::IniFile::SaveAs` tells
 /// how. Programs that write one file at a time take turns.
+///
+/// Throws `std::out_of_range` for a path of less than three characters, and `std::range_error` when the path or a name
+/// for an INI file has no UTF-8 form; what comes before such a name is written.
 ///
 /// @param papers  `count` records; borrowed; names are taken up to 64 characters. Null for more than none answers 0
 /// @return 1, or 0 when the binary file could not be written
@@ -68,16 +73,16 @@ KELDRIVER_API int HT_WritePaperFile(const wchar_t* path, const PaperSize* papers
 
 /// Stores a paper in a driver's paper file: in place of the first one of the same number, else as a new last one.
 ///
-/// A binary file without the header of a paper file counts as an empty list and is replaced. A file that cannot be
-/// read, or that states more than 4096 papers and cannot hold them, is left as it is. A stated count below -1 throws
-/// `std::bad_array_new_length`.
+/// A malformed INI file, and a binary file without the header of a paper file, count as empty lists; the binary one is
+/// replaced. A file that cannot be read, or that states more than 4096 papers and cannot hold them, is left as it is.
+///
+/// Throws what `HT_WritePaperFile` throws, and `std::bad_array_new_length` when the file states less than -1 papers.
 ///
 /// @param device  ignored
 /// @param paper   with the number -1 it becomes a new last paper under the smallest free number from 257 upward
 /// @param path    of the paper file, INI or binary
-/// @return the number under which it is stored; -1 when it is not: the file cannot be written, an INI file is
-/// malformed,
-///         or another program kept the file to itself for two seconds
+/// @return the number under which it is stored. -1 when it is not: the file cannot be read or written, is an INI file
+///         with a malformed line, states more than it can hold, or was another program's for two seconds
 KELDRIVER_API int HT_DefaultCreatePaper(_devicemodeW* device, const PaperSize& paper, const wchar_t* path);
 
 /// Does exactly what `HT_DefaultCreatePaper` does: a paper that is not in the list is added.
@@ -85,11 +90,12 @@ KELDRIVER_API int HT_DefaultModifyPaper(_devicemodeW* device, const PaperSize& p
 
 /// Removes the first paper of number `paper` from a driver's paper file.
 ///
-/// A file that cannot be read, or that states more than 4096 papers and cannot hold them, is left as it is. A negative
-/// stated count throws `std::bad_array_new_length`.
+/// Throws what `HT_WritePaperFile` throws, and `std::bad_array_new_length` when the file states less than no papers.
 ///
 /// @param device  ignored
 /// @param paper   only read
 /// @param path    of the paper file, INI or binary
-/// @return 1, also when no paper has that number; 0 when it is not deleted, for the reasons of `HT_DefaultCreatePaper`
+/// @return 1 when it is gone, and when the file lists none of that number: files that `HT_DefaultCreatePaper` takes for
+///         empty lists, and those that cannot be read, list none. 0 when it was not removed: the file cannot be
+///         written, states more than it can hold, or was another program's for two seconds
 KELDRIVER_API int HT_DefaultDeletePaper(_devicemodeW* device, int& paper, const wchar_t* path);

@@ -19,29 +19,34 @@
 
 /// The values of a key, one for each time it occurs in the section, each with a terminator; empty ones are left out.
 ///
-/// @param out   zeroed first. With `size` 0 nothing is written and the values are only counted
+/// When there is no value, when not even the first fits, or when the file cannot be read or has a malformed line, the
+/// default is appended to the text in `out`, **whatever `size` is**: `out` needs room for it. With `size` 0 it must
+/// hold a terminated text, to which the default is added.
+///
+/// @param out   zeroed first. With `size` 0 it is not, and the values are only counted. Null is as `size` 0, but takes
+///              no default
 /// @param size  the first value that does not fit ends the list
-/// @return the number of `wchar_t` used; 8 when there is no value, when not even the first fits, or when the file
-///         cannot be read, and then the default is appended to `out`, **whatever its length**
+/// @return the number of `wchar_t` used, or counted; 8 when the default is used
 KELDRIVER_API int GetPrivateProfileStringEx(const wchar_t* section, const wchar_t* key, const wchar_t* defaultValue,
                                             wchar_t* out, unsigned int size, const wchar_t* file);
 
 /// The decimal number that the first non-empty value of a key begins with; 0 when it begins with none.
 ///
-/// @return the default when there is no value or the file cannot be read
+/// @return the default when there is no value, or when the file cannot be read or has a malformed line
 KELDRIVER_API int GetPrivateProfileIntEx(const wchar_t* section, const wchar_t* key, int defaultValue,
                                          const wchar_t* file);
 
 /// The names of the sections, written to `out` as `GetPrivateProfileStringEx` writes values.
 ///
-/// @return the number of `wchar_t` used; 0 when the file cannot be read
+/// @return the number of `wchar_t` used, or counted; 0 when the file cannot be read or has a malformed line
 KELDRIVER_API int GetPrivateProfileSectionNamesEx(wchar_t* out, unsigned int size, const wchar_t* file);
 
 /// Sets the value of a key, creating file, section and key where they are missing. The whole file is rewritten; a
 /// comment above the key is lost.
 ///
 /// A file that cannot be read, or has a malformed line, stays as it is; so does one that cannot be written, as on a
-/// full device. Calls on one file, from several threads and programs, take turns: none undoes what another has set.
+/// full device. Calls on one file, from several threads and programs, take turns, so that none undoes
+/// what another has set; after two seconds of another's turn a call goes ahead without.
 ///
 /// @return 1, always
 KELDRIVER_API int WritePrivateProfileStringEx(const wchar_t* section, const wchar_t* key, const wchar_t* value,
