@@ -86,11 +86,20 @@ TEST(SafeWriting, AKillLeavesTheOldTextOrTheNewOne) {
     std::mt19937 random(1);
     int newTexts = 0, newLists = 0;
     for (int kill = 0; kill < 300; ++kill) {
+        int isWriting[2];
+        ASSERT_EQ(pipe(isWriting), 0);
         const pid_t writer = startProcess([&] {
             for (int round = 1;; ++round) {
                 writeBoth(round % 2);
+                if (round == 2 && write(isWriting[1], "!", 1) != 1) {
+                    return;
+                }
             }
         });
+        close(isWriting[1]);
+        char mark = '\0';
+        ASSERT_EQ(read(isWriting[0], &mark, 1), 1);
+        close(isWriting[0]);
         std::this_thread::sleep_for(std::chrono::nanoseconds(nanoseconds(random)));
         ASSERT_EQ(::kill(writer, SIGKILL), 0);
         ASSERT_EQ(waitpid(writer, nullptr, 0), writer);
