@@ -42,7 +42,7 @@ int IniFile::SetIntValue(const std::string& section, const std::string& key, int
 
 int IniFile::SetDoubleValue(const std::string& section, const std::string& key, double value) {
     char text[1 + 309 + 1 + 6]; // the longest: a sign, all digits of the largest number, the point and six decimals
-    const auto end = std::to_chars(std::begin(text), std::end(text), value, std::chars_format::fixed, 6).ptr;
+    char* const end = std::to_chars(std::begin(text), std::end(text), value, std::chars_format::fixed, 6).ptr;
     return setValue(section, key, std::string(text, end));
 }
 
