@@ -23,7 +23,8 @@ struct FontRun {
 /// As much of a cluster as one font shows: all of it, or else what is before its first joiner, with that.
 std::wstring_view shownTogether(std::wstring_view cluster, FontChooser& chooser) {
     const size_t joiner = cluster.find(zeroWidthJoiner);
-    return joiner == cluster.npos || chooser.hasFontForAll(cluster) ? cluster : cluster.substr(0, joiner + 1);
+    return joiner == std::wstring_view::npos || chooser.hasFontForAll(cluster) ? cluster
+                                                                               : cluster.substr(0, joiner + 1);
 }
 
 /// The first cluster that is not blank; where all are, the first.
