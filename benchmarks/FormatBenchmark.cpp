@@ -14,6 +14,8 @@
 #include "port/Utf8.h"
 #include "port/WinRuntime.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 template <typename... Arguments>

@@ -18,6 +18,8 @@
 #include "keldriver/IniFile.h"
 #include "settings/ProfileSession.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 void require(bool condition) {

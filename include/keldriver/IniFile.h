@@ -10,7 +10,9 @@
 
 #include "keldriver/Export.h"
 
+namespace KelDriver::Internal {
 class ProfileSession;
+}
 
 namespace inifile {
 
@@ -188,7 +190,7 @@ public:
     static bool StringCmpIgnoreCase(const std::string& a, const std::string& b);
 
 private:
-    friend class ::ProfileSession;
+    friend class KelDriver::Internal::ProfileSession;
 
     struct LoadedItem;
 

@@ -6,6 +6,8 @@
 #include "geometry/Angles.h"
 #include "geometry/Tolerance.h"
 
+namespace KelDriver::Internal {
+
 double positiveSweep(double sweep) {
     if (curveCountFor(sweep) > mostCurves) {
         return std::fmod(sweep, fullTurn) + fullTurn; // NaN for an infinite sweep
@@ -22,3 +24,5 @@ double positiveSweep(double sweep) {
 double curveCountFor(double positiveSweep) {
     return std::ceil(positiveSweep / quarterTurn);
 }
+
+} // namespace KelDriver::Internal

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+namespace KelDriver::Internal {
+
 /// An arc becomes at most this many Bezier curves, which take up one GiB.
 constexpr double mostCurves = 16777216.0; // 2^24
 
@@ -16,3 +18,5 @@ double positiveSweep(double sweep);
 
 /// How many Bezier curves of a quarter turn at most cover a positive sweep; a whole number.
 double curveCountFor(double positiveSweep);
+
+} // namespace KelDriver::Internal

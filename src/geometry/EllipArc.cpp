@@ -10,6 +10,8 @@
 #include "geometry/Rounding.h"
 #include "geometry/Tolerance.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 int32_t wrappedSum(int32_t a, int32_t b) {

@@ -7,6 +7,8 @@
 
 #include "geometry/ArcSweep.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 HT_BezierCurve curveBetween(const HT_EllipArc& arc, double t1, double t2) {

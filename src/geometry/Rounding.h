@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstdint>
 
+namespace KelDriver::Internal {
+
 /// Cuts off the fraction, saturating at the ends of the range; NaN gives 0.
 inline int32_t truncateToInt32(double value) {
     if (std::fabs(value) < 2147483648.0) { // ordinary values pass after one comparison
@@ -28,3 +30,5 @@ inline int32_t roundToInt32(double value) {
 inline int32_t roundHalfUpToInt32(double value) {
     return truncateToInt32(std::floor(value + 0.5));
 }
+
+} // namespace KelDriver::Internal

@@ -5,6 +5,8 @@
 
 #include "geometry/Rounding.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 constexpr double shortestAxis = 1e-6; // plot units

@@ -10,6 +10,8 @@
 
 #include "geometry/Rounding.h"
 
+namespace KelDriver::Internal {
+
 namespace {
 
 constexpr uint32_t alphaBits = 0xFF000000;
@@ -91,3 +93,5 @@ void multiplyOpacity(QImage& image, int alpha) {
         multiplyRows<QRgb>(image, table);
     }
 }
+
+} // namespace KelDriver::Internal

@@ -4,6 +4,8 @@
 #include <mutex>
 #include <unordered_set>
 
+namespace KelDriver::Internal::OwnImages {
+
 namespace {
 
 struct Registry {
@@ -19,20 +21,22 @@ Registry& registry() {
 
 } // namespace
 
-void KelDriver::Internal::OwnImages::add(const HT_RasterImage& image) {
+void add(const HT_RasterImage& image) {
     Registry& own = registry();
     const std::lock_guard lock(own.mutex);
     own.images.insert(&image);
 }
 
-void KelDriver::Internal::OwnImages::remove(const HT_RasterImage& image) {
+void remove(const HT_RasterImage& image) {
     Registry& own = registry();
     const std::lock_guard lock(own.mutex);
     own.images.erase(&image);
 }
 
-bool KelDriver::Internal::OwnImages::contains(const HT_RasterImage& image) {
+bool contains(const HT_RasterImage& image) {
     Registry& own = registry();
     const std::lock_guard lock(own.mutex);
     return own.images.count(&image) != 0;
 }
+
+} // namespace KelDriver::Internal::OwnImages

@@ -9,6 +9,8 @@
 #include <QByteArray>
 #include <QRgba64>
 
+namespace KelDriver::Internal {
+
 namespace {
 
 constexpr int signatureSize = 8;
@@ -130,3 +132,5 @@ QImage decodePng(const unsigned char* data, int size) {
     }
     return image;
 }
+
+} // namespace KelDriver::Internal

@@ -11,6 +11,8 @@
 #include "image/OwnImages.h"
 #include "image/PngDecoder.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 static_assert(sizeof(QRgb) == sizeof(tagRGBQUAD), "colour tables are answered as they are");

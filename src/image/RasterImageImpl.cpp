@@ -6,6 +6,8 @@
 #include "image/OwnImages.h"
 #include "imgo.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 constexpr double centimetresPerMetre = 100.0;

@@ -11,6 +11,8 @@
 #include "port/WinRuntime.h"
 #include "settings/FileReplacement.h"
 
+namespace KelDriver::Internal {
+
 namespace {
 
 // Its own length, then magic and format version without terminators. Readers ignore the last three bytes.
@@ -80,3 +82,5 @@ bool writeBinaryPaperFile(const std::wstring& path, const PaperSize* papers, int
     }
     return writeFile(toUtf8(path), {bytes.data(), bytes.size()});
 }
+
+} // namespace KelDriver::Internal

@@ -9,6 +9,8 @@
 
 #include "keldriver/Paper.h"
 
+namespace KelDriver::Internal {
+
 /// A binary paper file opened for reading.
 class BinaryPaperFile {
 public:
@@ -47,3 +49,5 @@ private:
 /// @param count  written as it is; no record is written when it is negative
 /// @return false when the file does not hold all of it, and is as it was
 bool writeBinaryPaperFile(const std::wstring& path, const PaperSize* papers, int count);
+
+} // namespace KelDriver::Internal

@@ -11,6 +11,8 @@
 #include "port/Utf8.h"
 #include "settings/WriterLock.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 constexpr unsigned short resolutionsCode = 13;

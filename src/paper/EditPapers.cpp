@@ -10,6 +10,8 @@
 #include "port/Utf8.h"
 #include "settings/WriterLock.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 constexpr int32_t newPaper = -1;

@@ -8,6 +8,8 @@
 #include "port/Utf8.h"
 #include "port/WinRuntime.h"
 
+namespace KelDriver::Internal {
+
 namespace {
 
 constexpr char generalSection[] = "General";
@@ -99,3 +101,5 @@ bool writeIniPaperFile(const std::wstring& path, const PaperSize* papers, int co
     }
     return session.flush();
 }
+
+} // namespace KelDriver::Internal

@@ -6,6 +6,8 @@
 #include "keldriver/Paper.h"
 #include "settings/ProfileSession.h"
 
+namespace KelDriver::Internal {
+
 /// An INI paper file, read once.
 class IniPaperFile {
 public:
@@ -29,3 +31,5 @@ private:
 ///
 /// @return false when the file, malformed or not to be written, did not take them all
 bool writeIniPaperFile(const std::wstring& path, const PaperSize* papers, int count);
+
+} // namespace KelDriver::Internal

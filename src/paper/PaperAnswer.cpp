@@ -6,6 +6,8 @@
 #include <cwchar>
 #include <iterator>
 
+namespace KelDriver::Internal {
+
 // Entries are copied bytewise: a driver's buffer is one of characters and need not be aligned.
 namespace {
 
@@ -46,3 +48,5 @@ const PaperAnswer* paperAnswerFor(unsigned short code) {
                                       [code](const PaperAnswer& each) { return each.code == code; });
     return answer == std::end(answers) ? nullptr : answer;
 }
+
+} // namespace KelDriver::Internal

@@ -5,6 +5,8 @@
 
 #include "keldriver/Paper.h"
 
+namespace KelDriver::Internal {
+
 /// How a capability code that lists papers tells of each paper.
 struct PaperAnswer {
     unsigned short code;
@@ -20,3 +22,5 @@ constexpr unsigned short wholePapersCode = 19;
 
 /// Null when a code lists no papers.
 const PaperAnswer* paperAnswerFor(unsigned short code);
+
+} // namespace KelDriver::Internal

@@ -11,6 +11,8 @@
 #include "paper/PaperRecord.h"
 #include "port/Utf8.h"
 
+namespace KelDriver::Internal {
+
 namespace {
 
 void requireRoom(int count, int spare) {
@@ -75,3 +77,5 @@ std::optional<PaperList> readPaperList(const std::wstring& path, int spare) {
     }
     return list;
 }
+
+} // namespace KelDriver::Internal

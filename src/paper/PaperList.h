@@ -7,6 +7,8 @@
 
 #include "keldriver/Paper.h"
 
+namespace KelDriver::Internal {
+
 /// The papers of a paper file, to be edited and written back.
 struct PaperList {
     int count; ///< as the file states it: the number of papers, or negative
@@ -21,3 +23,5 @@ struct PaperList {
 /// @param spare  places that the caller is going to add
 /// @return nothing when the file cannot hold as many papers as it states: it is damaged and better left alone
 std::optional<PaperList> readPaperList(const std::wstring& path, int spare);
+
+} // namespace KelDriver::Internal

@@ -8,6 +8,8 @@
 
 #include "port/Utf8.h"
 
+namespace KelDriver::Internal {
+
 bool isBinaryPaperPath(const std::wstring& path) {
     constexpr std::wstring_view ending = L"PER";
     if (path.size() < ending.size()) {
@@ -28,3 +30,5 @@ std::wstring iniPathBeside(const std::wstring& binaryPath) {
 bool pathExists(const std::wstring& path) {
     return access(toUtf8(path).c_str(), F_OK) == 0;
 }
+
+} // namespace KelDriver::Internal

@@ -3,6 +3,8 @@
 
 #include <string>
 
+namespace KelDriver::Internal {
+
 /// Whether a path names a binary paper file: it ends in "PER", in any letter case.
 ///
 /// Throws `std::out_of_range` for a path of less than three characters.
@@ -13,3 +15,5 @@ std::wstring iniPathBeside(const std::wstring& binaryPath);
 
 /// Whether there is anything at a path. Throws `std::range_error` when the path has no UTF-8 form.
 bool pathExists(const std::wstring& path);
+
+} // namespace KelDriver::Internal

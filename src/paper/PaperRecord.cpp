@@ -3,6 +3,8 @@
 
 #include <iterator>
 
+namespace KelDriver::Internal {
+
 namespace {
 
 constexpr size_t nameLength = std::size(PaperSize{}.Name);
@@ -77,3 +79,5 @@ void toCompactRecord(const PaperSize& paper, char* bytes) {
         bytes += sizeof(int32_t);
     }
 }
+
+} // namespace KelDriver::Internal

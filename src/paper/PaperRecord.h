@@ -5,6 +5,8 @@
 
 #include "keldriver/Paper.h"
 
+namespace KelDriver::Internal {
+
 /// The two forms in which binary paper files hold a paper, both little-endian whatever the machine.
 /// Compact records, which this library writes, keep 16 bits of each name character; whole records keep all 32.
 constexpr size_t compactRecordSize = 160;
@@ -17,3 +19,5 @@ void putInt32(char* bytes, int32_t value);
 PaperSize fromCompactRecord(const char* bytes);
 PaperSize fromWholeRecord(const char* bytes);
 void toCompactRecord(const PaperSize& paper, char* bytes);
+
+} // namespace KelDriver::Internal

@@ -3,6 +3,8 @@
 
 #include <cstdarg>
 
+namespace KelDriver::Internal {
+
 /// The arguments of a variadic call, ended however the call is left; to be started with `va_start` on `list`.
 struct ArgumentList {
     ArgumentList() = default;
@@ -12,3 +14,5 @@ struct ArgumentList {
 
     va_list list;
 };
+
+} // namespace KelDriver::Internal

@@ -6,6 +6,8 @@
 #include "port/ArgumentList.h"
 #include "port/Utf8.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 /// A plain string conversion names a wide text. Only the literal pair is looked for, even in "%%s", where the result

@@ -10,6 +10,8 @@
 
 #include "port/UpperCase.h"
 
+namespace KelDriver::Internal {
+
 namespace {
 
 /// No double has more digits after its point; all beyond are zeros.
@@ -75,3 +77,5 @@ std::string floatText(double value, const FloatStyle& style) {
     }
     return text;
 }
+
+} // namespace KelDriver::Internal

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+namespace KelDriver::Internal {
+
 enum class FloatNotation : uint8_t { General, Fixed, Scientific };
 
 struct FloatStyle {
@@ -16,3 +18,5 @@ struct FloatStyle {
 
 /// The number as the classic locale writes it, to the last digit of its exact value when that many are asked for.
 std::string floatText(double value, const FloatStyle& style);
+
+} // namespace KelDriver::Internal

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <limits>
 
+namespace KelDriver::Internal {
+
 namespace {
 
 /// False, with nothing taken, when the character is no flag.
@@ -99,3 +101,5 @@ FormatConversion takeConversion(const wchar_t*& position, FormatArguments& argum
     }
     return conversion;
 }
+
+} // namespace KelDriver::Internal

@@ -4,6 +4,8 @@
 #include <cstdarg>
 #include <cstdint>
 
+namespace KelDriver::Internal {
+
 /// A variable argument list of this object's own: reading it leaves the caller's list where it was.
 class FormatArguments {
 public:
@@ -37,3 +39,5 @@ struct FormatConversion {
 
 /// Reads the conversion after a % and moves `position` behind its letter, or to the terminator of the format.
 FormatConversion takeConversion(const wchar_t*& position, FormatArguments& arguments);
+
+} // namespace KelDriver::Internal

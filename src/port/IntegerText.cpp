@@ -8,6 +8,8 @@
 
 #include "port/UpperCase.h"
 
+namespace KelDriver::Internal {
+
 namespace {
 
 struct BaseForm {
@@ -39,3 +41,5 @@ std::string unsignedText(uint64_t value, IntegerBase base, bool showBase) {
     }
     return std::string(text.data(), end);
 }
+
+} // namespace KelDriver::Internal

@@ -5,6 +5,8 @@
 
 #include "keldriver/Utility.h"
 
+namespace KelDriver::Internal {
+
 struct MallocDeleter {
     void operator()(void* memory) const { HT_Free(memory); }
 };
@@ -12,3 +14,5 @@ struct MallocDeleter {
 /// Owns a block of `HT_Malloc` until it is handed over to a caller.
 template <typename Type>
 using MallocPtr = std::unique_ptr<Type, MallocDeleter>;
+
+} // namespace KelDriver::Internal

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+namespace KelDriver::Internal {
+
 namespace {
 
 void append(std::wstring& text, std::wstring_view more) {
@@ -39,3 +41,5 @@ void PaddedText::putEach(std::wstring_view characters) {
     }
     m_text += characters;
 }
+
+} // namespace KelDriver::Internal

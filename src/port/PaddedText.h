@@ -6,6 +6,8 @@
 #include <string_view>
 #include <utility>
 
+namespace KelDriver::Internal {
+
 /// A wide text under construction, padded as an output stream pads: the width holds for the next thing written only,
 /// fill and justification hold until they are changed.
 class PaddedText {
@@ -34,3 +36,5 @@ private:
     wchar_t m_fill = L' ';
     bool m_left = false;
 };
+
+} // namespace KelDriver::Internal

@@ -6,6 +6,8 @@
 #include <iterator>
 #include <stdexcept>
 
+namespace KelDriver::Internal {
+
 namespace {
 
 constexpr uint32_t maxCodePoint = 0x10FFFF;
@@ -95,3 +97,5 @@ std::wstring fromUtf8(std::string_view utf8) {
     }
     return wide;
 }
+
+} // namespace KelDriver::Internal

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace KelDriver::Internal {
+
 /// The UTF-8 form of a wide text of code points; no byte-order mark is added.
 ///
 /// Throws std::range_error with the message "wstring_convert::to_bytes" when a character lies above 0x10FFFF. Lone
@@ -15,3 +17,5 @@ std::string toUtf8(std::wstring_view wide);
 /// Throws std::range_error with the message "wstring_convert::from_bytes" when a sequence is cut short, longer
 /// than need be, or ends above 0x10FFFF.
 std::wstring fromUtf8(std::string_view utf8);
+
+} // namespace KelDriver::Internal

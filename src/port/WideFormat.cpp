@@ -8,6 +8,8 @@
 #include "port/IntegerText.h"
 #include "port/PaddedText.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 /// Writes one conversion after another. Fill and float notation carry over from each to the next, as the state of a

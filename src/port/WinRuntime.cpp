@@ -6,6 +6,8 @@
 #include "port/ArgumentList.h"
 #include "port/CString.h"
 
+using namespace KelDriver::Internal;
+
 int swprintf_s(wchar_t* destination, const wchar_t* format, ...) {
     ArgumentList arguments;
     va_start(arguments.list, format);

@@ -9,6 +9,8 @@
 #include "port/MallocPtr.h"
 #include "region/GeometryModule.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 // The buffers of one call of the module; released whatever becomes of its pieces.

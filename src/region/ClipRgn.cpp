@@ -9,6 +9,8 @@
 #include "region/PointBox.h"
 #include "region/RgnList.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 // A copy of one contour without a successor.

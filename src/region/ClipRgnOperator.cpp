@@ -6,6 +6,8 @@
 #include "region/GpcPolygon.h"
 #include "region/RgnList.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 GpcPolygonPtr polygonOf(HT_ClipRgn* node) {

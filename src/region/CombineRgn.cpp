@@ -6,6 +6,8 @@
 #include "region/RgnKind.h"
 #include "region/RgnList.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 enum Win32Operation { win32And = 1, win32Or = 2, win32Xor = 3, win32Diff = 4, win32Copy = 5 };

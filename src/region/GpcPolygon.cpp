@@ -3,6 +3,8 @@
 
 #include <new>
 
+namespace KelDriver::Internal {
+
 GpcPolygonPtr makeGpcPolygon() {
     auto* polygon = static_cast<gpc_polygon*>(std::calloc(1, sizeof(gpc_polygon)));
     if (!polygon) {
@@ -16,3 +18,5 @@ GpcPolygonPtr combine(gpc_op op, const GpcPolygonPtr& subject, const GpcPolygonP
     gpc_polygon_clip(op, subject.get(), clip.get(), result.get());
     return result;
 }
+
+} // namespace KelDriver::Internal

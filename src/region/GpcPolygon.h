@@ -6,6 +6,8 @@
 
 #include "gpc.h"
 
+namespace KelDriver::Internal {
+
 struct GpcPolygonDeleter {
     void operator()(gpc_polygon* polygon) const {
         gpc_free_polygon(polygon);
@@ -21,3 +23,5 @@ GpcPolygonPtr makeGpcPolygon();
 
 /// The combination of two polygons, which may be the same.
 GpcPolygonPtr combine(gpc_op op, const GpcPolygonPtr& subject, const GpcPolygonPtr& clip);
+
+} // namespace KelDriver::Internal

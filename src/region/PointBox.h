@@ -3,6 +3,8 @@
 
 #include "keldriver/Types.h"
 
+namespace KelDriver::Internal {
+
 /// The bounding box of one point.
 inline HT_Double_Rectangle boxOf(const HT_Double_Point& point) {
     return {point.x, point.y, point.x, point.y};
@@ -21,3 +23,5 @@ inline void growBox(HT_Double_Rectangle& box, const HT_Double_Point& point) {
         box.maxY = point.y;
     }
 }
+
+} // namespace KelDriver::Internal

@@ -6,6 +6,8 @@
 #include "region/GpcPolygon.h"
 #include "region/RgnList.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 /// An array from the clipper's allocator; null for no items, and after a message when memory runs out.

@@ -8,6 +8,8 @@
 #include "keldriver/ClipRgn.h"
 #include "port/MallocPtr.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 struct ContourDeleter {

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+namespace KelDriver::Internal {
+
 /// The values of `CVornRgn::m_nType`.
 namespace rgnKind {
 
@@ -28,3 +30,5 @@ inline int toWin32(int32_t kind) {
 }
 
 } // namespace rgnKind
+
+} // namespace KelDriver::Internal

@@ -6,6 +6,8 @@
 
 #include "keldriver/ClipRgn.h"
 
+namespace KelDriver::Internal {
+
 struct RgnListDeleter {
     void operator()(HT_ClipRgn* rgn) const { KelDriver::HT_DeleteRgn(rgn); }
 };
@@ -17,3 +19,5 @@ using RgnListPtr = std::unique_ptr<HT_ClipRgn, RgnListDeleter>;
 inline int vertexCount(const HT_ClipRgn& node) {
     return node.points ? std::max(node.pointCount, 0) : 0;
 }
+
+} // namespace KelDriver::Internal

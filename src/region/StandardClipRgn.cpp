@@ -3,6 +3,8 @@
 #include "region/PointBox.h"
 #include "region/RgnList.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 HT_Double_Rectangle boxOfList(const HT_ClipRgn* rgn) {

@@ -6,6 +6,8 @@
 #include "keldriver/VornRgn.h"
 #include "region/RgnKind.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 /// The brackets that one contour opened: the region before them, the operation that will join what the

@@ -6,6 +6,8 @@
 #include "region/RgnKind.h"
 #include "region/RgnList.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 /// Gives a fresh region a list, evaluates it and sets box and kind.

@@ -12,12 +12,12 @@
 #include "geometry/Rounding.h"
 #include "keldriver/Types.h"
 
+namespace KelDriver::Internal {
+
 /// The device pixel of a point in plot units; far points saturate.
 inline QPoint snapToDevice(const HT_Double_Point& point, double scale) {
     return {roundToInt32(point.x * scale), roundToInt32(point.y * scale)};
 }
-
-namespace KelDriver::Internal {
 
 /// Device points of one primitive. Up to `inCallPoints` of them cost no allocation.
 template <int inCallPoints>

@@ -13,6 +13,8 @@
 #include "geometry/Rounding.h"
 #include "render/WideText.h"
 
+namespace KelDriver::Internal {
+
 namespace {
 
 constexpr double pointsPerInch = 72.0;
@@ -79,3 +81,5 @@ QFont usualSizeFontFor(tagLOGFONTW record) {
     record.lfHeight = 0;
     return fontFor(record);
 }
+
+} // namespace KelDriver::Internal

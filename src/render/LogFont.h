@@ -9,6 +9,8 @@
 #include "keldriver/Renderer.h"
 #include "keldriver/Win32Types.h"
 
+namespace KelDriver::Internal {
+
 /// The face name of a record, which may fill its field without a terminator.
 std::wstring faceNameOf(const tagLOGFONTW& record);
 
@@ -23,3 +25,5 @@ QFont fontFor(const tagLOGFONTW& record);
 
 /// The same in Qt's usual size. What a font can show does not depend on its size, but Qt gives no glyphs of a huge one.
 QFont usualSizeFontFor(tagLOGFONTW record);
+
+} // namespace KelDriver::Internal

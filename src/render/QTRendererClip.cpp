@@ -13,6 +13,8 @@
 #include "region/RgnList.h"
 #include "render/DeviceGrid.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 // One pixel before the rounded coordinate. A coordinate at the low end of the range wraps to the high end: part of

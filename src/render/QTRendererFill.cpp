@@ -5,6 +5,8 @@
 
 #include "render/DeviceGrid.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 void addOpenPolygon(QPainterPath& path, const KelDriver::Internal::PolylinePoints& points) {

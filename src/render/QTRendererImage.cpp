@@ -14,6 +14,8 @@
 #include "image/OwnImages.h"
 #include "keldriver/RasterImage.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 constexpr uint32_t opaque = 255;

@@ -9,6 +9,8 @@
 #include "geometry/Rounding.h"
 #include "geometry/Tolerance.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 Qt::PenCapStyle capStyleFor(HT_PlotStyle::LineEndStyle style) {

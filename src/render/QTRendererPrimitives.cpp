@@ -12,6 +12,8 @@
 #include "keldriver/EllipArc.h"
 #include "render/DeviceGrid.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 constexpr double degreesPerRadian = 57.29577951308232;

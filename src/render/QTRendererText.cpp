@@ -18,6 +18,8 @@
 #include "render/LogFont.h"
 #include "render/WideText.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 constexpr double radiansPerDegree = 0.017453292519943295;

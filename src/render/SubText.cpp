@@ -7,6 +7,8 @@
 #include "render/LogFont.h"
 #include "render/TextCluster.h"
 
+using namespace KelDriver::Internal;
+
 using KelDriver::Internal::FontChooser;
 using KelDriver::Internal::FontStock;
 using KelDriver::Internal::inStyleOf;

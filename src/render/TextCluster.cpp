@@ -7,6 +7,8 @@
 
 #include <QChar>
 
+namespace KelDriver::Internal {
+
 namespace {
 
 struct CodeRange {
@@ -105,3 +107,5 @@ size_t clusterEnd(std::wstring_view text, size_t start) {
     }
     return end;
 }
+
+} // namespace KelDriver::Internal

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string_view>
 
+namespace KelDriver::Internal {
+
 /// Makes one sign of the characters on both its sides, where a font has it.
 constexpr wchar_t zeroWidthJoiner = 0x200D;
 
@@ -17,3 +19,5 @@ bool isBlank(std::wstring_view cluster);
 /// Where the cluster ends that starts at `start`: a base character with all that must be shown with it in one font.
 /// It holds one character at least.
 size_t clusterEnd(std::wstring_view text, size_t start);
+
+} // namespace KelDriver::Internal

@@ -3,6 +3,8 @@
 
 #include <QChar>
 
+namespace KelDriver::Internal {
+
 QString toQString(std::wstring_view text) {
     QString result;
     result.reserve(static_cast<int>(text.size()));
@@ -19,3 +21,5 @@ QString toQString(std::wstring_view text) {
     }
     return result;
 }
+
+} // namespace KelDriver::Internal

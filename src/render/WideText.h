@@ -5,6 +5,10 @@
 
 #include <QString>
 
+namespace KelDriver::Internal {
+
 /// A text of UCS-4 characters, each by itself: one that marks a byte order is a character like any other. What is none
 /// becomes U+FFFD.
 QString toQString(std::wstring_view text);
+
+} // namespace KelDriver::Internal

@@ -4,6 +4,8 @@
 #include <unistd.h>
 #include <utility>
 
+namespace KelDriver::Internal {
+
 /// Owns a file descriptor, or none when its file could not be opened.
 class Descriptor {
 public:
@@ -24,3 +26,5 @@ public:
 private:
     int m_number;
 };
+
+} // namespace KelDriver::Internal

@@ -3,6 +3,8 @@
 
 #include <cstdlib>
 
+namespace KelDriver::Internal {
+
 namespace {
 
 constexpr size_t longestPath = 259;
@@ -28,3 +30,5 @@ std::wstring widenPath(const std::string& path) {
     std::mbstowcs(wide.data(), path.c_str(), length);
     return wide;
 }
+
+} // namespace KelDriver::Internal

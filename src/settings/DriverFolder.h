@@ -3,6 +3,8 @@
 
 #include <string>
 
+namespace KelDriver::Internal {
+
 /// The folder "Drivers" beside an executable: `executable` without what follows its last slash, and "/Drivers".
 ///
 /// Both are cut off behind 259 bytes, which is part of the interface.
@@ -10,3 +12,5 @@ std::string driverFolderBeside(const std::string& executable);
 
 /// Widens bytes in the current locale; the empty text when the locale cannot read them.
 std::wstring widenPath(const std::string& path);
+
+} // namespace KelDriver::Internal

@@ -5,6 +5,8 @@
 
 #include "port/MallocPtr.h"
 
+namespace KelDriver::Internal {
+
 std::string resolvedPath(const std::string& path) {
     const MallocPtr<char> resolved(realpath(path.c_str(), nullptr));
     return resolved ? std::string(resolved.get()) : path;
@@ -14,3 +16,5 @@ std::string folderOf(const std::string& path) {
     const size_t slash = path.rfind('/');
     return slash == std::string::npos ? "./" : path.substr(0, slash + 1);
 }
+
+} // namespace KelDriver::Internal

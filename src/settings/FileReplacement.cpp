@@ -14,6 +14,8 @@
 #include "settings/FilePlace.h"
 #include "settings/Successor.h"
 
+namespace KelDriver::Internal {
+
 namespace {
 
 constexpr mode_t modeOfNewFiles = 0666; // less what the process masks
@@ -127,3 +129,5 @@ bool writeFile(const std::string& path, std::string_view bytes) {
 void createFile(const std::string& path) {
     const Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, modeOfNewFiles));
 }
+
+} // namespace KelDriver::Internal

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace KelDriver::Internal {
+
 /// Gives a file new content, creating it where it is missing. The old content stands until the new one is complete.
 ///
 /// The bytes go to a new file beside the old one, which gets the owner and the mode of the old one and then its name:
@@ -22,3 +24,5 @@ bool writeFile(const std::string& path, std::string_view bytes);
 
 /// Creates an empty file where there is none. Failures show when the file is read.
 void createFile(const std::string& path);
+
+} // namespace KelDriver::Internal

@@ -10,6 +10,8 @@
 #include "settings/IniText.h"
 #include "settings/ResultCodes.h"
 
+using namespace KelDriver::Internal;
+
 namespace inifile {
 
 IniFile::IniFile() : index(std::in_place) {

@@ -13,6 +13,8 @@
 #include "settings/IniText.h"
 #include "settings/ResultCodes.h"
 
+using namespace KelDriver::Internal;
+
 namespace inifile {
 
 int IniFile::setValue(const std::string& section, const std::string& key, const std::string& value,

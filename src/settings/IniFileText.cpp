@@ -13,6 +13,8 @@
 #include "settings/TextFile.h"
 #include "settings/WriterLock.h"
 
+using namespace KelDriver::Internal;
+
 namespace inifile {
 
 namespace {

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <string_view>
 
+namespace KelDriver::Internal {
+
 /// The text without blanks, tabs, newlines, vertical tabs, form feeds and carriage returns at both ends.
 inline std::string_view trimmed(std::string_view text) {
     const auto isSpace = [](char c) {
@@ -37,3 +39,5 @@ inline SplitText splitText(std::string_view text, std::string_view separator) {
     }
     return {trimmed(text.substr(0, position)), trimmed(text.substr(std::min(position + 1, text.size()))), true};
 }
+
+} // namespace KelDriver::Internal

@@ -8,6 +8,8 @@
 #include "settings/ProfileSession.h"
 #include "settings/WriterLock.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 std::string narrow(const wchar_t* text) {

@@ -15,6 +15,8 @@
 #include "settings/IniText.h"
 #include "settings/ResultCodes.h"
 
+namespace KelDriver::Internal {
+
 namespace {
 
 constexpr std::string_view delimiter = "#"; // profile files know no other
@@ -237,3 +239,5 @@ bool ProfileSession::flush() {
     }
     return !isLost;
 }
+
+} // namespace KelDriver::Internal

@@ -7,6 +7,8 @@
 
 #include "keldriver/IniFile.h"
 
+namespace KelDriver::Internal {
+
 /// Several profile calls on one file, with a single read of it and one write a run of settings.
 ///
 /// Every call answers, and the file ends up, byte for byte, as if each had been a profile call of its own that
@@ -66,3 +68,5 @@ private:
     /// What the file holds, or is to hold, when it was set so that it cannot be read back.
     std::string malformedText;
 };
+
+} // namespace KelDriver::Internal

@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <fcntl.h>
 
+namespace KelDriver::Internal {
+
 namespace {
 
 std::string hiddenName() {
@@ -67,3 +69,5 @@ bool writeAll(int file, std::string_view bytes) {
     }
     return true;
 }
+
+} // namespace KelDriver::Internal

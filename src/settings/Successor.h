@@ -7,6 +7,8 @@
 
 #include "settings/Descriptor.h"
 
+namespace KelDriver::Internal {
+
 /// A file in the making that is going to take the place of another in its folder.
 ///
 /// It has no name before it is complete, so that a kill until then leaves nothing behind. Where the file system knows
@@ -35,3 +37,5 @@ private:
 
 /// Writes all bytes; false on the first failure.
 bool writeAll(int file, std::string_view bytes);
+
+} // namespace KelDriver::Internal

@@ -6,6 +6,8 @@
 
 #include <sys/stat.h>
 
+namespace KelDriver::Internal {
+
 namespace {
 
 struct CloseFile {
@@ -45,3 +47,5 @@ std::optional<std::string> readTextFile(const std::string& path) {
     text.resize(length);
     return text;
 }
+
+} // namespace KelDriver::Internal

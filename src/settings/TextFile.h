@@ -4,5 +4,9 @@
 #include <optional>
 #include <string>
 
+namespace KelDriver::Internal {
+
 /// All bytes of a file; nothing when it cannot be opened or cannot be read to its end.
 std::optional<std::string> readTextFile(const std::string& path);
+
+} // namespace KelDriver::Internal

@@ -8,6 +8,8 @@
 #include "keldriver/PrivateProfile.h"
 #include "settings/DriverFolder.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 std::wstring g_appdataPath; // what the host set; empty until then

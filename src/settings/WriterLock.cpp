@@ -9,6 +9,8 @@
 
 #include "settings/FilePlace.h"
 
+namespace KelDriver::Internal {
+
 namespace {
 
 std::string placeToLock(const std::string& path) {
@@ -41,3 +43,5 @@ WriterLock::~WriterLock() {
         flock(m_place.number(), LOCK_UN); // a child process forked meanwhile would hold on to it
     }
 }
+
+} // namespace KelDriver::Internal

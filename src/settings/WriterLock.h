@@ -6,6 +6,8 @@
 
 #include "settings/Descriptor.h"
 
+namespace KelDriver::Internal {
+
 /// Makes the writers of a file take turns, in all programs and threads, while it lives: from their reading of the
 /// file to their writing it back.
 ///
@@ -28,3 +30,5 @@ private:
     Descriptor m_place;
     bool m_isRefused = false;
 };
+
+} // namespace KelDriver::Internal

@@ -10,6 +10,8 @@
 
 #include "geometry/ArcSweep.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 constexpr double pi = 3.141592653589793;

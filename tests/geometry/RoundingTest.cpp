@@ -8,6 +8,8 @@
 
 #include "keldriver/Types.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 TEST(Rounding, HalvesGoAwayFromZeroAndLimitsSaturate) {

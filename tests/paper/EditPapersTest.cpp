@@ -11,6 +11,8 @@
 #include "settings/WriterLock.h"
 #include "support/TemporaryDirectory.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 std::vector<PaperSize> papersOf(const std::vector<int32_t>& numbers) {

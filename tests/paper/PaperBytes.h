@@ -44,7 +44,7 @@ inline PaperSize paperOf(int32_t number, const std::wstring& name) {
 }
 
 inline std::wstring wide(const std::string& path) {
-    return fromUtf8(path);
+    return KelDriver::Internal::fromUtf8(path);
 }
 
 /// What a query answers, followed by what it wrote in front of a filler of 'U'.

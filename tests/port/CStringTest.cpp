@@ -10,6 +10,8 @@
 #include "port/WinRuntime.h"
 #include "support/TemporaryDirectory.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 TEST(Utf8, ConvertsBothWays) {

@@ -19,6 +19,8 @@
 #include "port/CString.h"
 #include "port/Utf8.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 std::string format(const char* text, ...) {

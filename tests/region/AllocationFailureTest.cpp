@@ -10,6 +10,8 @@
 #include "region/GpcPolygon.h"
 #include "support/RegionOracle.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 constexpr const char* message = "gpc malloc failure: LMT insertion\n";

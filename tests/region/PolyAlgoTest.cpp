@@ -6,6 +6,8 @@
 #include "region/GpcPolygon.h"
 #include "support/RegionOracle.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 using regionOracle::Contours;

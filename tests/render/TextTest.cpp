@@ -15,6 +15,8 @@
 #include "render/LogFont.h"
 #include "render/RendererFixture.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 constexpr double pi = 3.141592653589793;

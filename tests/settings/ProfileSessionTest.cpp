@@ -10,6 +10,8 @@
 
 #include "support/TemporaryDirectory.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 /// Sets a value as a call alone does: read the file, set, write it back. Not by the profile call, which is a session.

@@ -22,6 +22,8 @@
 #include "settings/WriterLock.h"
 #include "support/TemporaryDirectory.h"
 
+using namespace KelDriver::Internal;
+
 namespace {
 
 std::wstring wide(const std::string& text) {

@@ -9,6 +9,8 @@
 #include "settings/DriverFolder.h"
 #include "support/TemporaryDirectory.h"
 
+using namespace KelDriver::Internal;
+
 static_assert(std::has_virtual_destructor_v<PortMonitor> && sizeof(PortMonitor) == sizeof(void*));
 
 namespace {
