@@ -2,16 +2,13 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <string>
-#include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "keldriver/Export.h"
 
 namespace KelDriver::Internal {
-class ProfileSession;
+class IniSections;
 }
 
 namespace inifile {
@@ -190,31 +187,10 @@ public:
     static bool StringCmpIgnoreCase(const std::string& a, const std::string& b);
 
 private:
-    friend class KelDriver::Internal::ProfileSession;
-
-    struct LoadedItem;
-
-    KELDRIVER_LOCAL int loadText(std::string_view text);
-    KELDRIVER_LOCAL int loadLines(std::string_view text, std::vector<LoadedItem>& items);
-    KELDRIVER_LOCAL int loadHeader(std::string_view content, const std::string& comment, std::string_view rightComment);
-    KELDRIVER_LOCAL int loadItem(std::string_view content, const std::string& comment, std::string_view rightComment,
-                                 std::vector<LoadedItem>& items);
-    KELDRIVER_LOCAL void storeItems(std::vector<LoadedItem>& items);
-    KELDRIVER_LOCAL std::string savedText() const;
-    KELDRIVER_LOCAL void dropSections();
-    KELDRIVER_LOCAL IniSection& addSection(std::unique_ptr<IniSection> section);
-    KELDRIVER_LOCAL IniSection* findSection(std::string_view name) const;
-    KELDRIVER_LOCAL IniItem* findItem(const std::string& section, const std::string& key, int& code);
-    KELDRIVER_LOCAL int findText(const std::string& section, const std::string& key, std::string IniSection::*ofSection,
-                                 std::string IniItem::*ofItem, std::string*& text);
-    KELDRIVER_LOCAL int fail(int code, std::string message);
-
-    std::vector<std::unique_ptr<IniSection>> sections;
+    std::unique_ptr<KelDriver::Internal::IniSections> sections;
     std::string filePath;
     std::string commentDelimiter = "#";
     std::string errMsg;
-    /// The sections by their own names; none once a caller holds a section, and may rename it.
-    std::optional<std::unordered_map<std::string_view, IniSection*>> index;
 };
 
 } // namespace inifile

@@ -1,93 +1,72 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "keldriver/IniFile.h"
 
-#include <algorithm>
 #include <clocale>
+#include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <utility>
 
-#include "settings/FirstItem.h"
+#include "settings/FileReplacement.h"
+#include "settings/IniSections.h"
 #include "settings/IniText.h"
-#include "settings/ResultCodes.h"
+#include "settings/TextFile.h"
+#include "settings/WriterLock.h"
 
 using namespace KelDriver::Internal;
 
 namespace inifile {
 
-IniFile::IniFile() : index(std::in_place) {
+IniFile::IniFile() : sections(std::make_unique<IniSections>()) {
 }
 
 IniFile::~IniFile() = default;
 
+int IniFile::Load(const std::string& path) {
+    std::string newPath = path; // release empties the path, which may be the one given
+    release();
+    filePath = std::move(newPath);
+    const std::optional<std::string> text = readTextFile(filePath);
+    const IniResult result = text ? sections->read(*text, commentDelimiter)
+                                  : IniResult{IniResult::cannotOpen, "open" + filePath + " file failed"};
+    return result.report(errMsg);
+}
+
+int IniFile::Save() {
+    return SaveAs(filePath);
+}
+
+int IniFile::SaveAs(const std::string& path) {
+    const std::string text = sections->text(commentDelimiter);
+    const WriterLock turn(path);
+    writeFile(path, text); // the interface has no code for a failure
+    return 0;
+}
+
 void IniFile::release() {
-    dropSections();
+    sections->clear();
     filePath.clear();
 }
 
-void IniFile::dropSections() {
-    index.emplace();
-    sections.clear();
-}
-
-/// Puts a section at the end, an unnamed one at the front.
-IniSection& IniFile::addSection(std::unique_ptr<IniSection> section) {
-    IniSection& added = *section;
-    sections.insert(added.name.empty() ? sections.begin() : sections.end(), std::move(section));
-    if (index) {
-        index->emplace(added.name, &added);
-    }
-    return added;
-}
-
-IniSection* IniFile::findSection(std::string_view name) const {
-    if (index) {
-        const auto found = index->find(name);
-        return found == index->end() ? nullptr : found->second;
-    }
-    const auto found =
-        std::find_if(sections.begin(), sections.end(), [&](const auto& section) { return section->name == name; });
-    return found == sections.end() ? nullptr : found->get();
-}
-
 IniSection* IniFile::getSection(const std::string& section) {
-    IniSection* const found = findSection(section);
-    if (found != nullptr) { // the caller may rename it from now on
-        index.reset();
+    IniSection* const found = sections->find(section);
+    if (found != nullptr) {
+        sections->expectRenaming();
     }
     return found;
-}
-
-int IniFile::fail(int code, std::string message) {
-    errMsg = std::move(message);
-    return code;
 }
 
 const std::string& IniFile::GetErrMsg() const {
     return errMsg;
 }
 
-IniItem* IniFile::findItem(const std::string& section, const std::string& key, int& code) {
-    IniSection* const found = findSection(section);
-    if (found == nullptr) {
-        code = fail(sectionMissing, "not find the section " + section);
-        return nullptr;
-    }
-    const auto item = firstItem(*found, key);
-    if (item == found->items.end()) {
-        code = fail(keyMissing, "not find the key " + key);
-        return nullptr;
-    }
-    code = 0;
-    return &*item;
-}
-
 int IniFile::getValue(const std::string& section, const std::string& key, std::string& value, std::string& comment) {
-    int code = 0;
-    if (const IniItem* const item = findItem(section, key, code)) {
+    IniResult result;
+    if (const IniItem* const item = sections->findItem(section, key, result)) {
         value = item->value;
         comment = item->comment;
     }
-    return code;
+    return result.report(errMsg);
 }
 
 int IniFile::getValue(const std::string& section, const std::string& key, std::string& value) {
@@ -161,11 +140,11 @@ int IniFile::GetBoolValueOrDefault(const std::string& section, const std::string
 
 int IniFile::GetValues(const std::string& section, const std::string& key, std::vector<std::string>& values,
                        std::vector<std::string>& comments) {
-    int code = 0;
-    if (findItem(section, key, code) == nullptr) {
-        return code;
+    IniResult result;
+    if (sections->findItem(section, key, result) == nullptr) {
+        return result.report(errMsg);
     }
-    for (const IniItem& item : findSection(section)->items) {
+    for (const IniItem& item : sections->find(section)->items) {
         if (item.key == key) {
             values.push_back(item.value);
             comments.push_back(item.comment);
@@ -180,23 +159,44 @@ int IniFile::GetValues(const std::string& section, const std::string& key, std::
 }
 
 int IniFile::GetSections(std::vector<std::string>& names) {
-    for (const auto& section : sections) {
+    for (const auto& section : sections->list()) {
         names.push_back(section->name);
     }
     return static_cast<int>(names.size());
 }
 
 int IniFile::GetSectionNum() const {
-    return static_cast<int>(sections.size());
+    return static_cast<int>(sections->list().size());
 }
 
 bool IniFile::HasSection(const std::string& section) const {
-    return findSection(section) != nullptr;
+    return sections->find(section) != nullptr;
 }
 
 bool IniFile::HasKey(const std::string& section, const std::string& key) const {
-    IniSection* const found = findSection(section);
+    IniSection* const found = sections->find(section);
     return found != nullptr && firstItem(*found, key) != found->items.end();
+}
+
+void IniFile::print() const {
+    std::printf("############ print start ############");
+    std::printf("filePath:[%s]\n", filePath.c_str());
+    std::printf("commentDelimiter:[%s]\n", commentDelimiter.c_str());
+    for (const auto& section : sections->list()) {
+        std::printf("comment :[\n%s]\n", section->comment.c_str());
+        std::printf("section :\n[%s]\n", section->name.c_str());
+        if (!section->rightComment.empty()) {
+            std::printf("rightComment:\n%s", section->rightComment.c_str());
+        }
+        for (const IniItem& item : section->items) {
+            std::printf("    comment :[\n%s]\n", item.comment.c_str());
+            std::printf("    parm    :%s=%s\n", item.key.c_str(), item.value.c_str());
+            if (!item.rightComment.empty()) {
+                std::printf("    rcomment:[\n%s]\n", item.rightComment.c_str());
+            }
+        }
+    }
+    std::printf("############ print end ############");
 }
 
 bool IniFile::IsCommentLine(const std::string& line) const {

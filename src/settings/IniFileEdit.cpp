@@ -9,28 +9,55 @@
 #include <utility>
 
 #include "keldriver/IniFile.h"
-#include "settings/FirstItem.h"
+#include "settings/IniSections.h"
 #include "settings/IniText.h"
-#include "settings/ResultCodes.h"
 
 using namespace KelDriver::Internal;
 
 namespace inifile {
 
+namespace {
+
+/// One of the two texts that a section and an item have beside what they say.
+struct CommentPlace {
+    std::string IniSection::*ofSection;
+    std::string IniItem::*ofItem;
+};
+
+constexpr CommentPlace aboveLine{&IniSection::comment, &IniItem::comment};
+constexpr CommentPlace behindLine{&IniSection::rightComment, &IniItem::rightComment};
+
+/// Finds a comment: the section's when `key` is empty, else that of its first such item.
+std::string* findText(const IniSections& sections, const std::string& section, const std::string& key,
+                      const CommentPlace& place, IniResult& result) {
+    if (!key.empty()) {
+        IniItem* const item = sections.findItem(section, key, result);
+        return item != nullptr ? &(item->*place.ofItem) : nullptr;
+    }
+    IniSection* const found = sections.find(section);
+    if (found == nullptr) {
+        result = {IniResult::sectionMissing, "not find the section " + section};
+    }
+    return found != nullptr ? &(found->*place.ofSection) : nullptr;
+}
+
+IniResult setText(const IniSections& sections, const std::string& section, const std::string& key,
+                  const CommentPlace& place, const std::string& comment) {
+    IniResult result;
+    if (std::string* const text = findText(sections, section, key, place, result)) {
+        *text = comment;
+    }
+    if (result.code == IniResult::sectionMissing) { // setters spell it with a capital
+        result.message = "Not find the section " + section;
+    }
+    return result;
+}
+
+} // namespace
+
 int IniFile::setValue(const std::string& section, const std::string& key, const std::string& value,
                       const std::string& comment) {
-    IniSection* target = findSection(section);
-    if (target == nullptr) {
-        target = &addSection(std::make_unique<IniSection>(IniSection{section, {}, {}, {}}));
-    }
-    IniItem changed{key, value, comment.empty() ? comment : commentDelimiter + comment, {}};
-    const auto found = firstItem(*target, key);
-    if (found == target->items.end()) {
-        target->items.push_back(std::move(changed));
-    } else {
-        found->value = std::move(changed.value);
-        found->comment = std::move(changed.comment);
-    }
+    sections->set(section, key, value, comment.empty() ? comment : commentDelimiter + comment);
     return 0;
 }
 
@@ -52,55 +79,28 @@ int IniFile::SetBoolValue(const std::string& section, const std::string& key, bo
     return setValue(section, key, value ? "true" : "false");
 }
 
-/// Finds a comment: of the section when `key` is empty, else of its first such item.
-int IniFile::findText(const std::string& section, const std::string& key, std::string IniSection::*ofSection,
-                      std::string IniItem::*ofItem, std::string*& text) {
-    if (!key.empty()) {
-        int code = 0;
-        IniItem* const item = findItem(section, key, code);
-        text = item != nullptr ? &(item->*ofItem) : nullptr;
-        return code;
-    }
-    IniSection* const found = findSection(section);
-    text = found != nullptr ? &(found->*ofSection) : nullptr;
-    return found != nullptr ? 0 : fail(sectionMissing, "not find the section " + section);
-}
-
 int IniFile::GetComment(const std::string& section, const std::string& key, std::string& comment) {
-    std::string* text = nullptr;
-    const int code = findText(section, key, &IniSection::comment, &IniItem::comment, text);
-    if (text != nullptr) {
+    IniResult result;
+    if (const std::string* const text = findText(*sections, section, key, aboveLine, result)) {
         comment = *text;
     }
-    return code;
+    return result.report(errMsg);
 }
 
 int IniFile::GetRightComment(const std::string& section, const std::string& key, std::string& rightComment) {
-    std::string* text = nullptr;
-    const int code = findText(section, key, &IniSection::rightComment, &IniItem::rightComment, text);
-    if (text != nullptr) {
+    IniResult result;
+    if (const std::string* const text = findText(*sections, section, key, behindLine, result)) {
         rightComment = *text;
     }
-    return code;
+    return result.report(errMsg);
 }
 
 int IniFile::SetComment(const std::string& section, const std::string& key, const std::string& comment) {
-    std::string* text = nullptr;
-    const int code = findText(section, key, &IniSection::comment, &IniItem::comment, text);
-    if (text != nullptr) {
-        *text = comment;
-    }
-    // Setters spell it with a capital.
-    return code != sectionMissing ? code : fail(sectionMissing, "Not find the section " + section);
+    return setText(*sections, section, key, aboveLine, comment).report(errMsg);
 }
 
 int IniFile::SetRightComment(const std::string& section, const std::string& key, const std::string& rightComment) {
-    std::string* text = nullptr;
-    const int code = findText(section, key, &IniSection::rightComment, &IniItem::rightComment, text);
-    if (text != nullptr) {
-        *text = rightComment;
-    }
-    return code != sectionMissing ? code : fail(sectionMissing, "Not find the section " + section);
+    return setText(*sections, section, key, behindLine, rightComment).report(errMsg);
 }
 
 void IniFile::SetCommentDelimiter(const std::string& delimiter) {
@@ -108,19 +108,13 @@ void IniFile::SetCommentDelimiter(const std::string& delimiter) {
 }
 
 void IniFile::DeleteSection(const std::string& section) {
-    const IniSection* const doomed = findSection(section);
-    if (doomed == nullptr) {
-        return;
+    if (const IniSection* const doomed = sections->find(section)) {
+        sections->remove(*doomed);
     }
-    if (index) {
-        index->erase(doomed->name);
-    }
-    sections.erase(std::find_if(sections.begin(), sections.end(),
-                                [doomed](const auto& candidate) { return candidate.get() == doomed; }));
 }
 
 void IniFile::DeleteKey(const std::string& section, const std::string& key) {
-    IniSection* const found = findSection(section);
+    IniSection* const found = sections->find(section);
     if (found == nullptr) {
         return;
     }

@@ -11,9 +11,8 @@
 
 #include "port/Utf8.h"
 #include "settings/FileReplacement.h"
-#include "settings/FirstItem.h"
 #include "settings/IniText.h"
-#include "settings/ResultCodes.h"
+#include "settings/TextFile.h"
 
 namespace KelDriver::Internal {
 
@@ -121,14 +120,18 @@ ProfileSession::~ProfileSession() {
 }
 
 void ProfileSession::read() {
-    const int code = file.Load(path);
-    state = code == 0 ? State::WellFormed : code == inifile::cannotOpen ? State::Unreadable : State::Malformed;
+    sections.clear();
+    state = State::Unreadable;
+    if (const std::optional<std::string> text = readTextFile(path)) {
+        const IniResult result = sections.read(*text, delimiter);
+        state = result.code == IniResult::success ? State::WellFormed : State::Malformed;
+    }
     examine();
 }
 
 /// A header with a note is all that reading admits and does not read back the same once it is saved.
 void ProfileSession::examine() {
-    readsBackEqual = std::all_of(file.sections.begin(), file.sections.end(),
+    readsBackEqual = std::all_of(sections.list().begin(), sections.list().end(),
                                  [](const auto& section) { return section->rightComment.empty(); });
     unsettledSection = nullptr;
 }
@@ -142,8 +145,8 @@ void ProfileSession::settle() {
         unsettledSection = nullptr;
         return;
     }
-    std::string text = file.savedText();
-    if (file.loadText(text) != 0) {
+    std::string text = sections.text(delimiter);
+    if (sections.read(text, delimiter).code != IniResult::success) {
         state = State::Malformed;
         malformedText = std::move(text);
     }
@@ -178,7 +181,7 @@ int ProfileSession::getString(std::string_view section, std::string_view key, co
                               unsigned int size) {
     TextList list(out, size);
     if (isReadable()) {
-        visitValues(file.findSection(section), key, [&](const std::string& value) { return list.add(value); });
+        visitValues(sections.find(section), key, [&](const std::string& value) { return list.add(value); });
     }
     if (list.count() != 0) {
         return list.count();
@@ -193,7 +196,7 @@ int ProfileSession::getString(std::string_view section, std::string_view key, co
 int ProfileSession::getInt(std::string_view section, std::string_view key, int defaultValue) {
     int number = defaultValue;
     if (isReadable()) {
-        visitValues(file.findSection(section), key, [&](const std::string& value) {
+        visitValues(sections.find(section), key, [&](const std::string& value) {
             const std::string text(withoutQuotes(value));
             if (!text.empty()) {
                 number = static_cast<int>(std::strtol(text.c_str(), nullptr, 10));
@@ -207,7 +210,7 @@ int ProfileSession::getInt(std::string_view section, std::string_view key, int d
 int ProfileSession::getSectionNames(wchar_t* out, unsigned int size) {
     TextList list(out, size);
     if (isReadable()) {
-        for (const auto& section : file.sections) {
+        for (const auto& section : sections.list()) {
             if (!list.add(section->name)) {
                 break;
             }
@@ -223,10 +226,10 @@ void ProfileSession::writeString(const std::string& section, const std::string& 
         isLost = true;
         return;
     }
-    readsBackEqual = readsBackEqual && (file.HasSection(section) || headerReadsBack(section));
-    file.SetStringValue(section, key, value);
-    unsettledSection = file.findSection(section);
-    const auto item = inifile::firstItem(*unsettledSection, key);
+    readsBackEqual = readsBackEqual && (sections.find(section) != nullptr || headerReadsBack(section));
+    sections.set(section, key, value, {});
+    unsettledSection = sections.find(section);
+    const auto item = firstItem(*unsettledSection, key);
     unsettledItem = static_cast<size_t>(item - unsettledSection->items.begin());
     isUnsaved = true;
 }
@@ -234,7 +237,7 @@ void ProfileSession::writeString(const std::string& section, const std::string& 
 bool ProfileSession::flush() {
     if (isUnsaved) {
         isUnsaved = false;
-        const bool isWritten = writeFile(path, state == State::Malformed ? malformedText : file.savedText());
+        const bool isWritten = writeFile(path, state == State::Malformed ? malformedText : sections.text(delimiter));
         isLost = isLost || !isWritten;
     }
     return !isLost;

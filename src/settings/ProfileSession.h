@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "keldriver/IniFile.h"
+#include "settings/IniSections.h"
 
 namespace KelDriver::Internal {
 
@@ -55,7 +55,7 @@ private:
     void examine();
 
     std::string path;
-    inifile::IniFile file;
+    IniSections sections;
     State state = State::Unreadable;
     /// Whether saving and reading the model would give it again, but for the item that is not settled.
     bool readsBackEqual = false;
