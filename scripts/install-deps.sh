@@ -12,6 +12,7 @@ packages=(
     libgtest-dev
     libbenchmark-dev
     poppler-utils
+    locales
     fonts-dejavu-core fonts-droid-fallback
 )
 [ "${1:-}" = lint ] && packages+=(clang clang-format clang-tidy doxygen python3)

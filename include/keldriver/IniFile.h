@@ -53,22 +53,25 @@ public:
     /// Writes nothing.
     ~IniFile();
 
-    /// Replaces the content by that of a file, and remembers the path for `Save`.
+    /// Replaces the content by that of a file, and remembers the path for `Save`. Throws `std::bad_alloc` for a file
+    /// too large for the memory.
     ///
-    /// Comment lines behind the last key are not kept. Afterwards the unnamed section is there even when no key
+    /// Comment lines after the last key are not kept. Afterwards the unnamed section is there even when no key
     /// stands before the first header.
     ///
     /// @return 0; 6 and no sections when the file cannot be opened or read to its end; 2 to 5 at the first malformed
     ///         line, and then what stood above it is kept
     int Load(const std::string& path);
-    /// Writes the content to the file last loaded, as `SaveAs` does.
+    /// Writes the content to the file last loaded, as `SaveAs` does. After a `Load` that met a malformed line, what
+    /// stood below it is lost.
     int Save();
     /// Replaces the content of a file, or creates it. The old content stands until the new one is complete: a kill,
-    /// or a full device, leaves one or the other. The file keeps owner, mode and links, but is a new inode, unless it
-    /// has several names, access lists or a folder that takes no new file; then it is written over in its place, which
-    /// a kill can cut short.
+    /// or a full device, leaves one or the other. The file keeps owner, mode and links, but is a new inode. A file is
+    /// written over in its place, which a kill can cut short, when it has several names, an access list or extended
+    /// attributes, an owner that this process cannot give it again, or a folder that takes no new file.
     ///
-    /// What others have written since `Load` is replaced, too.
+    /// What others have written since `Load` is replaced, too. Only a file that is there and that `Load` could not
+    /// read (code 6) is left as it is.
     ///
     /// The note of a header is written below it without a line end: what is written next is joined to it, and is part
     /// of a comment when the file is read back. That is the first line of the comment above the section's first key
@@ -191,6 +194,7 @@ private:
     std::string filePath;
     std::string commentDelimiter = "#";
     std::string errMsg;
+    bool isLeftAlone = false; ///< the file is there, but what it holds could not be read
 };
 
 } // namespace inifile

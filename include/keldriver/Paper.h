@@ -44,8 +44,13 @@ static_assert(offsetof(PaperSize, Width) == 260 && offsetof(PaperSize, Units) ==
 /// a binary file of whole 288-byte `PaperSize` records, which is never written here. Ask the INI file for those.
 ///
 /// @param code    other codes answer 0 and write nothing
-/// @param output  receives the answer, with room for as many entries as a query with null answered; null asks for the
-///                count only. It needs no alignment.
+/// Reading takes no turn with writers: between asking for the count and asking for the papers another program can add
+/// one. Hold an exclusive `flock` on the file's folder over both queries, as this library does while it writes, or
+/// query a copy of the file. A query that makes the binary file takes its turn itself: up to two seconds, and none
+/// while the caller holds that lock.
+///
+/// @param output  receives the answer, with room for as many entries as the file states when it is read; null asks for
+///                the count only. It needs no alignment.
 /// @param device  ignored
 /// @param path    of the paper file; not null, at least three characters (else `std::out_of_range`), with a UTF-8 form
 ///                (else `std::range_error`)
@@ -61,28 +66,33 @@ KELDRIVER_API int HT_DefaultDeviceCapabilities(unsigned short code, char* output
 /// the keys that are written and below its last key. A malformed INI file is left as it is, one that cannot be written
 /// stays unwritten, and both still answer 1.
 ///
-/// A file holds the old list until it holds the new one, whatever befalls the program; `inifile::IniFile::SaveAs` tells
-/// how. Programs that write one file at a time take turns.
+/// A file holds the old list until it holds the new one; `inifile::IniFile::SaveAs` tells how, and which files a kill
+/// can cut short. Writers of one file take turns, as at `WritePrivateProfileStringEx`.
+///
+/// In an INI file a name ends at a "#", loses quotes and blanks at its ends, and reads back empty when it takes more
+/// than 63 bytes of UTF-8. A line break in one makes the file malformed.
 ///
 /// Throws `std::out_of_range` for a path of less than three characters, and `std::range_error` when the path or a name
 /// for an INI file has no UTF-8 form; what comes before such a name is written.
 ///
-/// @param papers  `count` records; borrowed; names are taken up to 64 characters. Null for more than none answers 0
+/// @param papers  `count` records; borrowed; names are taken up to 64 characters. Null with a `count` above 0 answers 0
 /// @return 1, or 0 when the binary file could not be written
 KELDRIVER_API int HT_WritePaperFile(const wchar_t* path, const PaperSize* papers, int count);
 
 /// Stores a paper in a driver's paper file: in place of the first one of the same number, else as a new last one.
 ///
 /// A malformed INI file, and a binary file without the header of a paper file, count as empty lists; the binary one is
-/// replaced. A file that cannot be read, or that states more than 4096 papers and cannot hold them, is left as it is.
+/// replaced. A file that cannot be read (nor, where there is no binary file, the INI file beside it), or that states
+/// more than 4096 papers and cannot hold them, is left as it is.
 ///
 /// Throws what `HT_WritePaperFile` throws, and `std::bad_array_new_length` when the file states less than -1 papers.
 ///
 /// @param device  ignored
 /// @param paper   with the number -1 it becomes a new last paper under the smallest free number from 257 upward
 /// @param path    of the paper file, INI or binary
-/// @return the number under which it is stored. -1 when it is not: the file cannot be read or written, is an INI file
-///         with a malformed line, states more than it can hold, or was another program's for two seconds
+/// @return the number under which it is stored; a file that states -1 papers answers it too, and becomes an empty list.
+///         -1 when it is not stored: the file cannot be read or written, is an INI file with a malformed line, states
+///         more than it can hold, or another writer held on to it for two seconds
 KELDRIVER_API int HT_DefaultCreatePaper(_devicemodeW* device, const PaperSize& paper, const wchar_t* path);
 
 /// Does exactly what `HT_DefaultCreatePaper` does: a paper that is not in the list is added.
@@ -97,5 +107,5 @@ KELDRIVER_API int HT_DefaultModifyPaper(_devicemodeW* device, const PaperSize& p
 /// @param path    of the paper file, INI or binary
 /// @return 1 when it is gone, and when the file lists none of that number: files that `HT_DefaultCreatePaper` takes for
 ///         empty lists, and those that cannot be read, list none. 0 when it was not removed: the file cannot be
-///         written, states more than it can hold, or was another program's for two seconds
+///         written, states more than it can hold, or another writer held on to it for two seconds
 KELDRIVER_API int HT_DefaultDeletePaper(_devicemodeW* device, int& paper, const wchar_t* path);

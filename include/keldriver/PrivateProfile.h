@@ -46,7 +46,12 @@ KELDRIVER_API int GetPrivateProfileSectionNamesEx(wchar_t* out, unsigned int siz
 ///
 /// A file that cannot be read, or has a malformed line, stays as it is; so does one that cannot be written, as on a
 /// full device. Calls on one file, from several threads and programs, take turns, so that none undoes
-/// what another has set; after two seconds of another's turn a call goes ahead without.
+/// what another has set; after two seconds of another's turn a call goes ahead without. A turn is an exclusive `flock`
+/// on the folder that the file is really in, links followed, or on the file when it has several names or the folder
+/// cannot be read. Where the file system knows no such locks, as some network ones, nobody waits.
+///
+/// A value ends at a "#" and loses blanks at its ends when it is read back, and quotes around it are dropped; a line
+/// break in one makes the file malformed.
 ///
 /// @return 1, always
 KELDRIVER_API int WritePrivateProfileStringEx(const wchar_t* section, const wchar_t* key, const wchar_t* value,

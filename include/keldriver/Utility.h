@@ -6,7 +6,7 @@
 /// Allocates `size` bytes, exactly as `malloc` does; null when there is no room.
 ///
 /// Every buffer that this library hands over to a caller comes from here unless its function says otherwise.
-/// Release it with `HT_Free`, so that library and driver need not share a runtime.
+/// Release it with `HT_Free`.
 KELDRIVER_API void* HT_Malloc(unsigned long size);
 
 /// Releases what `HT_Malloc` gave, exactly as `free` does; null is allowed.
@@ -24,9 +24,9 @@ KELDRIVER_API const wchar_t* VornGetAppDataPath();
 
 /// The folder "Drivers" beside the running executable, that is beside the host and not beside this library.
 ///
-/// @return borrowed, valid until the process ends; the empty text when the executable's path cannot be read or
-///         cannot be widened in the current locale, and then the next call tries again. At most 259 bytes of the
-///         path are kept.
+/// @return borrowed, valid until the process ends; the empty text when the executable's path cannot be read, or
+///         is text neither in the current locale nor in UTF-8, and then the next call tries again. At most 259 bytes
+///         of the path are kept.
 KELDRIVER_API const wchar_t* VornGetAppFullPath();
 
 /// `VornGetAppDataPath` ready for a file name to be appended: ends in a backslash, or in the slash it had.

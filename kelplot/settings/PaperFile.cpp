@@ -5,12 +5,17 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
+#include <QTemporaryDir>
 #include <QTemporaryFile>
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdio>
 #include <cwchar>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <thread>
+#include <unistd.h>
 
 #include "keldriver/IniFile.h"
 #include "settings/SettingsFile.h"
@@ -29,7 +34,15 @@ int paperCount(const QString& path) {
     return HT_DefaultDeviceCapabilities(paperRecords, nullptr, nullptr, path.toStdWString().c_str());
 }
 
-std::vector<PaperSize> recordsFrom(const QString& path) {
+/// The papers of a file that is there. They are asked of a copy: between the count and the papers another program may
+/// add one to the file itself.
+std::vector<PaperSize> recordsFrom(const QString& original) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QFileInfo(original).fileName());
+    QFile source(original);
+    if (!source.copy(path)) {
+        throw SettingsError(original, source.errorString());
+    }
     std::vector<PaperSize> records(static_cast<size_t>(std::max(paperCount(path), 0)), PaperSize{});
     if (!records.empty()) {
         HT_DefaultDeviceCapabilities(paperRecords, reinterpret_cast<char*>(records.data()), nullptr,
@@ -37,6 +50,28 @@ std::vector<PaperSize> recordsFrom(const QString& path) {
     }
     return records;
 }
+
+/// The turn that every writer of a file takes, this library's functions among them: a lock on its folder.
+class FolderLock {
+public:
+    FolderLock(const QString& folder, std::chrono::milliseconds patience)
+        : m_folder(open(QFile::encodeName(folder).constData(), O_RDONLY | O_CLOEXEC)) {
+        constexpr std::chrono::milliseconds pause(5);
+        const auto end = std::chrono::steady_clock::now() + patience;
+        while (!(m_isHeld = flock(m_folder, LOCK_EX | LOCK_NB) == 0) && std::chrono::steady_clock::now() < end) {
+            std::this_thread::sleep_for(pause);
+        }
+    }
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+    ~FolderLock() { close(m_folder); }
+
+    bool isHeld() const { return m_isHeld; }
+
+private:
+    int m_folder;
+    bool m_isHeld = false;
+};
 
 bool sameName(const PaperSize& a, const PaperSize& b) {
     return std::wcsncmp(a.Name, b.Name, std::size(a.Name)) == 0;
@@ -245,12 +280,15 @@ bool PaperFile::cacheIsWhole() const {
     return count > 0 && QFileInfo(m_cache).size() == cacheHeader + count * cacheRecord;
 }
 
-void PaperFile::warnOfCache(QStringList& warnings) const {
-    constexpr qint64 writingTime = 2; // seconds; until then it may be another run's, half written
-    if (QFileInfo(m_cache).lastModified().secsTo(QDateTime::currentDateTime()) > writingTime) {
-        warnings << QStringLiteral("%1: damaged, or without papers; reading %2 in its place. Remove it to have "
-                                   "it made anew")
-                        .arg(m_cache, QFileInfo(m_text).fileName());
+/// Makes the cache anew; not when the text file has changed since it was read.
+void PaperFile::makeCache(const std::vector<PaperSize>& records, const QDateTime& textChange) const {
+    if (!std::all_of(records.begin(), records.end(), fitsCache)) {
+        QFile::remove(m_cache);
+        return;
+    }
+    HT_WritePaperFile(m_cache.toStdWString().c_str(), records.data(), static_cast<int>(records.size()));
+    if (QFileInfo(m_text).metadataChangeTime() != textChange) {
+        QFile::remove(m_cache);
     }
 }
 
@@ -265,14 +303,14 @@ std::vector<PaperSize> PaperFile::read(QStringList& warnings) const {
     if (!hasText) {
         throw SettingsError(m_cache, QStringLiteral("damaged, or without papers"));
     }
+    const QDateTime textChange = QFileInfo(m_text).metadataChangeTime();
     std::vector<PaperSize> records = readText();
     if (hasCache && !usable) {
-        warnOfCache(warnings);
-        return records;
-    }
-    const bool unbarred = !hasCache || QFile::remove(m_cache);
-    if (unbarred && std::all_of(records.begin(), records.end(), fitsCache)) {
-        recordsFrom(m_cache); // the query of whole records makes the cache
+        warnings << QStringLiteral("%1: damaged, or without papers; reading %2 in its place. Remove it to have "
+                                   "it made anew")
+                        .arg(m_cache, QFileInfo(m_text).fileName());
+    } else {
+        makeCache(records, textChange);
     }
     return records;
 }
@@ -289,24 +327,28 @@ int PaperFile::add(const PaperSize& paper) const {
     if (!QDir().mkpath(m_folder)) {
         throw SettingsError(m_folder, QStringLiteral("cannot be made a folder"));
     }
-    constexpr int patience = 5000; // milliseconds
-    QLockFile lock(m_text + QStringLiteral(".lock"));
-    if (!lock.tryLock(patience)) {
-        throw SettingsError(m_text, QStringLiteral("cannot be written, or another run is at it"));
+    const QString target = QFile::exists(m_text) ? QFileInfo(m_text).canonicalFilePath() : m_text;
+    const QString folder = QFileInfo(target).path();
+    const FolderLock lock(folder, std::chrono::seconds(5));
+    if (!lock.isHeld()) {
+        throw SettingsError(m_text, QStringLiteral("another program is writing it, or its folder cannot be read"));
     }
-    const bool exists = QFile::exists(m_text);
+    const bool exists = QFile::exists(target);
     if (!exists && QFile::exists(m_cache)) {
         throw SettingsError(m_cache, QStringLiteral("has no text file beside it to which a paper could be added"));
     }
-    const QString target = exists ? QFileInfo(m_text).canonicalFilePath() : m_text;
     std::vector<PaperSize> wanted = exists ? readText() : std::vector<PaperSize>();
 
     requireRewritable(target, wanted.size());
 
-    QTemporaryFile copy(target.chopped(4) + QStringLiteral("-XXXXXX.ini"));
+    const QTemporaryDir workshop(folder + QStringLiteral("/.papers-XXXXXX")); // with a lock of its own
+    QTemporaryFile copy(workshop.filePath(QStringLiteral("XXXXXX.ini")));
     const QByteArray before = startCopy(copy, target);
     wanted.push_back(paper);
     wanted.back().Paper = HT_DefaultCreatePaper(nullptr, paper, copy.fileName().toStdWString().c_str());
+    if (wanted.back().Paper < 0) {
+        throw SettingsError(m_text, QStringLiteral("cannot be written"));
+    }
     append(copy.fileName(), closingComment(before));
     const QString loss =
         firstLoss(wanted, recordsFrom(copy.fileName())) + firstLoss(otherItems(target), otherItems(copy.fileName()));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 #include <QStringList>
 #include <vector>
@@ -38,7 +39,7 @@ private:
     bool cacheIsCurrent() const;
     bool cacheIsWhole() const;
     std::vector<PaperSize> readText() const;
-    void warnOfCache(QStringList& warnings) const;
+    void makeCache(const std::vector<PaperSize>& records, const QDateTime& textChange) const;
 
     QString m_folder;
     QString m_text;

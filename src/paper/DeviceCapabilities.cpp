@@ -31,12 +31,11 @@ void answerLargestPaper(IniPaperFile& file, char* output) {
     std::memcpy(output, largest, sizeof largest);
 }
 
-int answerFromIni(unsigned short code, char* output, const std::wstring& path) {
+int answerFromIni(unsigned short code, char* output, IniPaperFile& file) {
     const PaperAnswer* answer = paperAnswerFor(code);
     if (answer == nullptr && code != largestPaperCode) {
         return 0;
     }
-    IniPaperFile file(path);
     if (answer == nullptr) {
         if (output != nullptr) {
             answerLargestPaper(file, output);
@@ -49,22 +48,6 @@ int answerFromIni(unsigned short code, char* output, const std::wstring& path) {
     }
     for (int i = 0; i < count; ++i) {
         answer->write(file.paper(i), answer->entry(output, i));
-    }
-    return count;
-}
-
-// The list with a binary file still to be made: whole records, once read, become that file.
-int answerBesideBinary(unsigned short code, char* output, const std::wstring& path) {
-    const int count = answerFromIni(code, output, iniPathBeside(path));
-    if (code == wholePapersCode && output != nullptr) {
-        std::vector<PaperSize> papers(count > 0 ? static_cast<size_t>(count) : 0); // the buffer may be unaligned
-        if (!papers.empty()) {
-            std::memcpy(papers.data(), output, papers.size() * sizeof(PaperSize));
-        }
-        const WriterLock turn(toUtf8(path));
-        if (!pathExists(path)) { // else another program made it meanwhile, and has perhaps edited it
-            writeBinaryPaperFile(path, papers.data(), count);
-        }
     }
     return count;
 }
@@ -92,6 +75,25 @@ int answerFromBinary(unsigned short code, char* output, const std::wstring& path
     return file->count();
 }
 
+// The query of whole records: once read, they become the binary file. Who has to wait for another writer too long
+// leaves the file to a later query.
+int answerAndMakeBinary(char* output, const std::wstring& path) {
+    const WriterLock turn(toUtf8(path));
+    if (pathExists(path)) { // another program made it meanwhile, and has perhaps edited it
+        return answerFromBinary(wholePapersCode, output, path);
+    }
+    IniPaperFile file(iniPathBeside(path));
+    const int count = answerFromIni(wholePapersCode, output, file);
+    std::vector<PaperSize> papers(count > 0 ? static_cast<size_t>(count) : 0); // the buffer may be unaligned
+    if (!papers.empty()) {
+        std::memcpy(papers.data(), output, papers.size() * sizeof(PaperSize));
+    }
+    if (!turn.isRefused() && !file.isUnreadable()) {
+        writeBinaryPaperFile(path, papers.data(), count);
+    }
+    return count;
+}
+
 } // namespace
 
 int HT_DefaultDeviceCapabilities(unsigned short code, char* output, const _devicemodeW*, const wchar_t* path) {
@@ -101,8 +103,12 @@ int HT_DefaultDeviceCapabilities(unsigned short code, char* output, const _devic
     if (code == resolutionsCode) {
         return answerResolutions(output);
     }
-    if (!isBinary) {
-        return answerFromIni(code, output, file);
+    if (isThere) {
+        return answerFromBinary(code, output, file);
     }
-    return isThere ? answerFromBinary(code, output, file) : answerBesideBinary(code, output, file);
+    if (isBinary && code == wholePapersCode && output != nullptr) {
+        return answerAndMakeBinary(output, file);
+    }
+    IniPaperFile ini(isBinary ? iniPathBeside(file) : file);
+    return answerFromIni(code, output, ini);
 }

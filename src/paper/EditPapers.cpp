@@ -34,9 +34,8 @@ auto findPaper(std::vector<PaperSize>& papers, int32_t number) {
     return std::find_if(papers.begin(), papers.end(), [number](const PaperSize& each) { return each.Paper == number; });
 }
 
-// Checks the path as every function here does first.
 WriterLock turnAt(const std::wstring& path) {
-    isBinaryPaperPath(path);
+    requirePaperPath(path);
     return WriterLock(toUtf8(path));
 }
 
@@ -61,8 +60,11 @@ int HT_WritePaperFile(const wchar_t* path, const PaperSize* papers, int count) {
 
 int HT_DefaultCreatePaper(_devicemodeW*, const PaperSize& paper, const wchar_t* path) {
     const WriterLock turn = turnAt(path);
+    if (turn.isRefused()) {
+        return -1;
+    }
     auto list = readPaperList(path, 1);
-    if (!list || !list->isReadable || turn.isRefused()) {
+    if (!list || !list->isReadable) {
         return -1;
     }
     std::vector<PaperSize>& papers = list->papers;
@@ -87,8 +89,11 @@ int HT_DefaultModifyPaper(_devicemodeW* device, const PaperSize& paper, const wc
 
 int HT_DefaultDeletePaper(_devicemodeW*, int& paper, const wchar_t* path) {
     const WriterLock turn = turnAt(path);
+    if (turn.isRefused()) {
+        return 0;
+    }
     auto list = readPaperList(path, 0);
-    if (!list || turn.isRefused()) {
+    if (!list) {
         return 0;
     }
     const auto place = findPaper(list->papers, paper);

@@ -5,6 +5,7 @@
 #include <iterator>
 #include <stdexcept>
 
+#include "paper/PaperPath.h"
 #include "port/Utf8.h"
 #include "port/WinRuntime.h"
 
@@ -68,7 +69,8 @@ void writePaper(ProfileSession& session, int index, const PaperSize& paper) {
 
 } // namespace
 
-IniPaperFile::IniPaperFile(const std::wstring& path) : m_session(toUtf8(path)) {
+IniPaperFile::IniPaperFile(const std::wstring& path)
+    : m_session(toUtf8(path)), m_isUnreadable(!m_session.isRead() && pathExists(path)) {
 }
 
 int IniPaperFile::count() {

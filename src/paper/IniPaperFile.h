@@ -15,6 +15,8 @@ public:
     /// UTF-8 form.
     explicit IniPaperFile(const std::wstring& path);
 
+    /// Whether the file is there and cannot be read: its papers are not known.
+    bool isUnreadable() const { return m_isUnreadable; }
     /// The number of papers as the file states it; may be negative.
     int count();
     /// The paper of an index; what its section lacks, and a section that is missing, has defaults.
@@ -25,6 +27,7 @@ public:
 
 private:
     ProfileSession m_session;
+    bool m_isUnreadable;
 };
 
 /// Writes a list of papers into an INI paper file, keeping what else it holds.

@@ -38,7 +38,7 @@ std::optional<PaperList> readIniList(const std::wstring& path, int spare) {
     if (!mayState(path, count, shortestSection)) {
         return std::nullopt;
     }
-    PaperList list{count, {}, true};
+    PaperList list{count, {}, !file.isUnreadable()};
     list.papers.reserve(static_cast<size_t>(int64_t{count} + spare));
     for (int i = 0; i < count; ++i) {
         list.papers.push_back(file.paper(i));
@@ -72,8 +72,8 @@ std::optional<PaperList> readPaperList(const std::wstring& path, int spare) {
         return readBinaryList(path, spare);
     }
     auto list = readIniList(iniPathBeside(path), spare);
-    if (list) {
-        writeBinaryPaperFile(path, list->papers.data(), list->count);
+    if (list && list->isReadable) {
+        writeBinaryPaperFile(path, list->papers.data(), list->count); // without it, a later query makes it
     }
     return list;
 }

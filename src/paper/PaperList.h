@@ -13,7 +13,7 @@ namespace KelDriver::Internal {
 struct PaperList {
     int count; ///< as the file states it: the number of papers, or negative
     std::vector<PaperSize> papers;
-    bool isReadable; ///< else what a binary file holds is not known, and it is not to be written over
+    bool isReadable; ///< else what the file holds is not known, and nothing is to be written over it
 };
 
 /// Reads a list as a query of whole records does, and creates a missing binary file as such a query does.

@@ -10,11 +10,20 @@
 
 namespace KelDriver::Internal {
 
-bool isBinaryPaperPath(const std::wstring& path) {
-    constexpr std::wstring_view ending = L"PER";
+namespace {
+
+constexpr std::wstring_view ending = L"PER";
+
+} // namespace
+
+void requirePaperPath(const std::wstring& path) {
     if (path.size() < ending.size()) {
         throw std::out_of_range("paper file path of less than three characters");
     }
+}
+
+bool isBinaryPaperPath(const std::wstring& path) {
+    requirePaperPath(path);
     return std::equal(ending.rbegin(), ending.rend(), path.rbegin(),
                       [](wchar_t capital, wchar_t character) { // independent of the locale
                           return character == capital || character == capital - L'A' + L'a';
@@ -22,8 +31,8 @@ bool isBinaryPaperPath(const std::wstring& path) {
 }
 
 std::wstring iniPathBeside(const std::wstring& binaryPath) {
-    constexpr size_t ending = 4;
-    const size_t kept = binaryPath.size() < ending ? binaryPath.size() : binaryPath.size() - ending;
+    constexpr size_t dropped = 4;
+    const size_t kept = binaryPath.size() < dropped ? binaryPath.size() : binaryPath.size() - dropped;
     return binaryPath.substr(0, kept) + L".ini";
 }
 

@@ -5,6 +5,9 @@
 
 namespace KelDriver::Internal {
 
+/// Throws `std::out_of_range` for a path of less than three characters, which no paper file has.
+void requirePaperPath(const std::wstring& path);
+
 /// Whether a path names a binary paper file: it ends in "PER", in any letter case.
 ///
 /// Throws `std::out_of_range` for a path of less than three characters.

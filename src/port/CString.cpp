@@ -3,7 +3,6 @@
 
 #include <utility>
 
-#include "port/ArgumentList.h"
 #include "port/Utf8.h"
 
 using namespace KelDriver::Internal;
@@ -26,9 +25,15 @@ CString::CString(const wchar_t* text) : m_wide(text), m_narrow(toUtf8(m_wide)) {
 }
 
 void CString::Format(CString format, ...) { // NOLINT(performance-unnecessary-value-param)
-    ArgumentList arguments;
-    va_start(arguments.list, format);
-    FormatV(std::move(format), arguments.list);
+    va_list arguments;
+    va_start(arguments, format);
+    try {
+        FormatV(std::move(format), arguments);
+    } catch (...) {
+        va_end(arguments);
+        throw;
+    }
+    va_end(arguments);
 }
 
 void CString::FormatV(CString format, va_list arguments) {

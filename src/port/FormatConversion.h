@@ -6,21 +6,18 @@
 
 namespace KelDriver::Internal {
 
-/// A variable argument list of this object's own: reading it leaves the caller's list where it was.
+/// The arguments of a variadic call, read one after another. The list is the caller's, who ends it.
 class FormatArguments {
 public:
-    explicit FormatArguments(va_list arguments) { va_copy(m_list, arguments); }
-    ~FormatArguments() { va_end(m_list); }
-    FormatArguments(const FormatArguments&) = delete;
-    FormatArguments& operator=(const FormatArguments&) = delete;
+    explicit FormatArguments(va_list& list) : m_list(list) {}
 
     template <typename Value>
     Value take() {
-        return va_arg(m_list, Value); // NOLINT(clang-analyzer-valist.Uninitialized): the constructor copies it
+        return va_arg(m_list, Value);
     }
 
 private:
-    va_list m_list;
+    va_list& m_list;
 };
 
 enum class LengthPrefix : uint8_t { None, Narrow, Wide, Integer64 };

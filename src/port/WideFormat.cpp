@@ -16,7 +16,9 @@ namespace {
 /// stream does: part of the interface.
 class WideFormatter {
 public:
-    WideFormatter(size_t expectedLength, va_list arguments) : m_arguments(arguments) { m_text.reserve(expectedLength); }
+    WideFormatter(size_t expectedLength, va_list& arguments) : m_arguments(arguments) {
+        m_text.reserve(expectedLength);
+    }
 
     void putLiteral(std::wstring_view characters) { m_text.putEach(characters); }
     /// Reads the conversion after a %, moves `position` behind it and writes its argument.
@@ -145,9 +147,7 @@ void WideFormatter::setFillBesideWidth(const FormatConversion& conversion) {
     }
 }
 
-} // namespace
-
-std::wstring VnEmu_vswprintfV(const wchar_t* format, va_list arguments) {
+std::wstring formatted(const wchar_t* format, va_list& arguments) {
     const std::wstring_view whole = format;
     constexpr size_t roomForArguments = 32;
     WideFormatter formatter(whole.size() + roomForArguments, arguments);
@@ -168,4 +168,19 @@ std::wstring VnEmu_vswprintfV(const wchar_t* format, va_list arguments) {
         }
     }
     return formatter.take();
+}
+
+} // namespace
+
+std::wstring VnEmu_vswprintfV(const wchar_t* format, va_list arguments) {
+    va_list own; // the caller's list stays where it is
+    va_copy(own, arguments);
+    try {
+        std::wstring text = formatted(format, own);
+        va_end(own);
+        return text;
+    } catch (...) {
+        va_end(own);
+        throw;
+    }
 }

@@ -1,18 +1,22 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "port/WinRuntime.h"
 
+#include <cstdarg>
 #include <cwchar>
 
-#include "port/ArgumentList.h"
 #include "port/CString.h"
 
-using namespace KelDriver::Internal;
-
 int swprintf_s(wchar_t* destination, const wchar_t* format, ...) {
-    ArgumentList arguments;
-    va_start(arguments.list, format);
     CString text;
-    text.FormatV(format, arguments.list);
+    va_list arguments;
+    va_start(arguments, format);
+    try {
+        text.FormatV(format, arguments);
+    } catch (...) {
+        va_end(arguments);
+        throw;
+    }
+    va_end(arguments);
     const std::wstring& wide = text.wide();
     std::wmemcpy(destination, wide.c_str(), wide.size() + 1);
     return static_cast<int>(wide.size());

@@ -14,6 +14,12 @@ public:
     Descriptor& operator=(const Descriptor&) = delete;
     ~Descriptor() { close(); }
 
+    /// Closes the file and owns another one.
+    void reset(int number) {
+        close();
+        m_number = number;
+    }
+
     bool isOpen() const { return m_number >= 0; }
     int number() const { return m_number; }
 

@@ -10,7 +10,4 @@ namespace KelDriver::Internal {
 /// Both are cut off behind 259 bytes, which is part of the interface.
 std::string driverFolderBeside(const std::string& executable);
 
-/// Widens bytes in the current locale; the empty text when the locale cannot read them.
-std::wstring widenPath(const std::string& path);
-
 } // namespace KelDriver::Internal

@@ -26,8 +26,9 @@ enum class Outcome {
     Unreplaceable ///< the file has to be written over
 };
 
-bool deviceHasFailed() {
-    return errno == ENOSPC || errno == EDQUOT || errno == EIO;
+/// Whether the file is better left alone than written over in its place, which meets the same want.
+bool isOutOfResources() {
+    return errno == ENOSPC || errno == EDQUOT || errno == EIO || errno == EMFILE || errno == ENFILE || errno == ENOMEM;
 }
 
 /// Writing beyond the limit would end the process by a signal.
@@ -65,16 +66,16 @@ Outcome replace(const std::string& path, const struct stat* old, std::string_vie
     constexpr mode_t ownersOnly = 0600; // until it has the old one's
     Successor successor(folderOf(path), old != nullptr ? ownersOnly : modeOfNewFiles);
     if (!successor.isOpen()) {
-        return deviceHasFailed() ? Outcome::Failed : Outcome::Unreplaceable;
+        return isOutOfResources() ? Outcome::Failed : Outcome::Unreplaceable;
     }
-    if (old != nullptr && !successor.takeOwnerAndMode(*old)) {
+    if (old != nullptr && !successor.takeRightsOf(*old)) {
         return Outcome::Unreplaceable;
     }
     if (!writeAll(successor.number(), bytes)) {
         return Outcome::Failed;
     }
     if (!successor.takePlaceOf(path)) {
-        return deviceHasFailed() ? Outcome::Failed : Outcome::Unreplaceable;
+        return isOutOfResources() ? Outcome::Failed : Outcome::Unreplaceable;
     }
     return Outcome::Done;
 }

@@ -19,8 +19,9 @@ namespace KelDriver::Internal {
 ///
 /// The data are left to the system to put on the disk: against a kill, not against a loss of power.
 ///
-/// @return false when the file does not hold the bytes; then it is as it was
-bool writeFile(const std::string& path, std::string_view bytes);
+/// @return false when the file does not hold the bytes. It is as it was then, unless a device failed while a file was
+///         written over in its place, or it is a device itself
+[[nodiscard]] bool writeFile(const std::string& path, std::string_view bytes);
 
 /// Creates an empty file where there is none. Failures show when the file is read.
 void createFile(const std::string& path);

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
+#include <unistd.h>
 #include <utility>
 
 #include "settings/FileReplacement.h"
@@ -27,6 +28,7 @@ int IniFile::Load(const std::string& path) {
     release();
     filePath = std::move(newPath);
     const std::optional<std::string> text = readTextFile(filePath);
+    isLeftAlone = !text && access(filePath.c_str(), F_OK) == 0;
     const IniResult result = text ? sections->read(*text, commentDelimiter)
                                   : IniResult{IniResult::cannotOpen, "open" + filePath + " file failed"};
     return result.report(errMsg);
@@ -37,15 +39,19 @@ int IniFile::Save() {
 }
 
 int IniFile::SaveAs(const std::string& path) {
+    if (isLeftAlone && path == filePath) {
+        return 0;
+    }
     const std::string text = sections->text(commentDelimiter);
     const WriterLock turn(path);
-    writeFile(path, text); // the interface has no code for a failure
+    [[maybe_unused]] const bool isWritten = writeFile(path, text); // the interface has no code for a failure
     return 0;
 }
 
 void IniFile::release() {
     sections->clear();
     filePath.clear();
+    isLeftAlone = false;
 }
 
 IniSection* IniFile::getSection(const std::string& section) {

@@ -4,12 +4,11 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cwchar>
-#include <stdexcept>
 #include <utility>
 
 #include <sys/stat.h>
 
-#include "port/Utf8.h"
+#include "port/MultiByte.h"
 #include "settings/FileReplacement.h"
 #include "settings/IniText.h"
 #include "settings/TextFile.h"
@@ -24,20 +23,6 @@ std::string_view withoutQuotes(std::string_view text) {
     const size_t first = std::min(text.find_first_not_of('"'), text.size());
     text.remove_prefix(first);
     return text.substr(0, text.find_last_not_of('"') + 1);
-}
-
-/// The text as the locale reads it, else as UTF-8: a program that has set no locale must not lose what is not ASCII.
-/// Empty when it is neither.
-std::wstring widened(const std::string& text) {
-    std::wstring wide(text.size() + 1, L'\0');
-    if (std::mbstowcs(wide.data(), text.c_str(), wide.size()) != static_cast<size_t>(-1)) {
-        return wide;
-    }
-    try {
-        return fromUtf8(text);
-    } catch (const std::range_error&) {
-        return {};
-    }
 }
 
 /// Fills a caller's zeroed buffer with texts, each with a terminator; positions count bytes.
@@ -56,7 +41,7 @@ public:
             return false;
         }
         if (m_size != 0) {
-            std::wcscpy(m_out + m_count, widened(text).c_str());
+            std::wcscpy(m_out + m_count, fromMultiByte(text).c_str());
         }
         m_count += length;
         return true;

@@ -27,6 +27,8 @@ public:
     /// Calls `flush`, so that what was set before an exception is in the file.
     ~ProfileSession();
 
+    /// Whether the file could be read, malformed or not.
+    bool isRead() const { return state != State::Unreadable; }
     /// Whether the file could be read and has no malformed line. This and the getters write what was set before.
     bool isReadable();
     /// Creates the file, empty, when it does not exist. Tells whether `writeString` would be heeded.

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "keldriver/PrivateProfile.h"
+#include "port/MultiByte.h"
 #include "settings/DriverFolder.h"
 
 using namespace KelDriver::Internal;
@@ -38,7 +39,7 @@ const wchar_t* VornGetAppFullPath() {
     if (g_str.empty()) {
         const std::string executable = executablePath();
         if (!executable.empty()) {
-            g_str = widenPath(driverFolderBeside(executable));
+            g_str = fromMultiByte(driverFolderBeside(executable));
         }
     }
     return g_str.c_str();

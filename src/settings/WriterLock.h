@@ -11,9 +11,10 @@ namespace KelDriver::Internal {
 /// Makes the writers of a file take turns, in all programs and threads, while it lives: from their reading of the
 /// file to their writing it back.
 ///
-/// It locks the file's folder, because the file itself is replaced on writing and a lock file would be left lying
-/// about; of a file with several names, which is not replaced, the file. Not to be nested: a second lock waits for the
-/// first. It binds only those who ask for it: readers find whole files without.
+/// It locks (`flock`) the file's folder, because the file itself is replaced on writing and a lock file would be left
+/// lying about. It locks the file instead when it has several names, and so is not replaced, or when this process may
+/// not read the folder. Not to be nested: a second lock waits for the first. It binds only those who ask for it:
+/// readers go without, and find files whole unless they are written over in their place.
 class WriterLock {
 public:
     /// Waits for its turn, but not for ever: a program that hangs must not keep others from their settings.
@@ -27,6 +28,8 @@ public:
     bool isRefused() const { return m_isRefused; }
 
 private:
+    bool waitUntil(std::chrono::steady_clock::time_point end);
+
     Descriptor m_place;
     bool m_isRefused = false;
 };

@@ -46,6 +46,10 @@ pid_t startProcess(const Work& work) {
     return child;
 }
 
+auto filesIn(const TemporaryDirectory& directory) {
+    return std::distance(std::filesystem::directory_iterator(directory.path()), {});
+}
+
 struct stat statusOf(const std::string& path) {
     struct stat status {};
     EXPECT_EQ(lstat(path.c_str(), &status), 0) << path;
@@ -113,32 +117,46 @@ TEST(SafeWriting, AKillLeavesTheOldTextOrTheNewOne) {
         newLists += listVersion;
     }
     EXPECT_TRUE(newTexts > 0 && newTexts < 300 && newLists > 0 && newLists < 300) << "no kill met the writing";
+    writeBoth(0);
+    EXPECT_EQ(filesIn(directory), 2) << "what a kill left goes with the next";
 }
 
 TEST(SafeWriting, WritersOfOneFileTakeTurns) {
-    const TemporaryDirectory directory;
-    const std::string path = directory.path("shared.ini");
-    const auto writeKeys = [&](const std::string& prefix) {
-        for (int i = 0; i < 500; ++i) {
-            setValue(path, prefix + std::to_string(i), "1");
+    constexpr uid_t somebody = 1234; // root may read every folder
+    for (const mode_t mode : {0700U, 0311U}) {
+        SCOPED_TRACE(mode);
+        const TemporaryDirectory directory;
+        const std::string path = directory.write("shared.ini", "");
+        EXPECT_EQ(chmod(directory.path().c_str(), mode), 0);
+        if (geteuid() == 0) {
+            EXPECT_EQ(chown(directory.path().c_str(), somebody, somebody), 0);
+            EXPECT_EQ(chown(path.c_str(), somebody, somebody), 0);
         }
-    };
-    std::vector<pid_t> writers;
-    for (const std::string name : {"a", "b"}) {
-        writers.push_back(startProcess([&] {
-            std::thread other(writeKeys, name + "x");
-            writeKeys(name + "y");
-            other.join();
-        }));
+        const auto writeKeys = [&](const std::string& prefix) {
+            for (int i = 0; i < 500; ++i) {
+                setValue(path, prefix + std::to_string(i), "1");
+            }
+        };
+        std::vector<pid_t> writers;
+        for (const std::string name : {"a", "b"}) {
+            writers.push_back(startProcess([&] {
+                if (geteuid() != 0 || setuid(somebody) == 0) {
+                    std::thread other(writeKeys, name + "x");
+                    writeKeys(name + "y");
+                    other.join();
+                }
+            }));
+        }
+        for (const pid_t writer : writers) {
+            EXPECT_EQ(waitpid(writer, nullptr, 0), writer);
+        }
+        EXPECT_EQ(chmod(directory.path().c_str(), 0700), 0);
+        inifile::IniFile file;
+        EXPECT_EQ(file.Load(path), 0);
+        ASSERT_TRUE(file.HasSection("s"));
+        EXPECT_EQ(file.getSection("s")->items.size(), 2000U);
+        EXPECT_EQ(filesIn(directory), 1); // no lock is left about
     }
-    for (const pid_t writer : writers) {
-        EXPECT_EQ(waitpid(writer, nullptr, 0), writer);
-    }
-    inifile::IniFile file;
-    EXPECT_EQ(file.Load(path), 0);
-    ASSERT_TRUE(file.HasSection("s"));
-    EXPECT_EQ(file.getSection("s")->items.size(), 2000U);
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(directory.path()), {}), 1); // no lock is left about
 }
 
 TEST(SafeWriting, WaitsForAnotherWriterButNotForEver) {
@@ -177,6 +195,17 @@ TEST(SafeWriting, KeepsWhatAFileIsBesidesItsText) {
             EXPECT_EQ(isHardLinked ? directory.read("other.ini") : text, text);
         }
         EXPECT_TRUE(S_ISLNK(statusOf(link).st_mode));
+    }
+    // A folder whose new files let user 65534 in: version 2, then tag, permissions and id of each entry.
+    const uint32_t list[] = {2,   7U << 16 | 1,    ~0U, 7U << 16 | 2,    65534, 5U << 16 | 4,
+                             ~0U, 7U << 16 | 0x10, ~0U, 5U << 16 | 0x20, ~0U};
+    if (setxattr(directory.path().c_str(), "system.posix_acl_default", list, sizeof list, 0) == 0) {
+        const std::string plain = directory.path("plain.ini");
+        std::filesystem::rename(path, plain);
+        EXPECT_TRUE(writeFile(plain, "k=1\n"));
+        EXPECT_EQ(getxattr(plain.c_str(), "system.posix_acl_access", nullptr, 0), -1);
+        EXPECT_EQ(statusOf(plain).st_mode & 0777U, 0640U);
+        EXPECT_EQ(removexattr(directory.path().c_str(), "system.posix_acl_default"), 0);
     }
     const std::string noted = directory.write("noted.ini", "k=1\n");
     if (setxattr(noted.c_str(), "user.note", "n", 1, 0) == 0) { // not every file system has them

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "keldriver/Utility.h"
+#include "port/MultiByte.h"
 #include "settings/DriverFolder.h"
 #include "support/TemporaryDirectory.h"
 
@@ -41,11 +42,13 @@ TEST(DriverFolder, IsCutAt259Bytes) {
     EXPECT_EQ(driverFolderBeside("/x/" + std::string(300, 'd') + "/cad"), "/x/Drivers"); // the last slash is beyond
 }
 
-TEST(DriverFolder, IsEmptyWhereTheLocaleCannotReadIt) {
+TEST(MultiByteText, IsUtf8WhereTheLocaleCannotReadIt) {
     const std::string locale = std::setlocale(LC_CTYPE, nullptr);
-    ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
-    EXPECT_EQ(widenPath("/\xC5\x81"), L"/\u0141");
-    EXPECT_EQ(widenPath("/\xC5"), L"");
+    for (const char* const name : {"C", "C.UTF-8"}) {
+        ASSERT_NE(std::setlocale(LC_CTYPE, name), nullptr);
+        EXPECT_EQ(fromMultiByte("/\xC5\x81"), L"/\u0141") << name;
+        EXPECT_EQ(fromMultiByte("/\xC5"), L"") << name;
+    }
     std::setlocale(LC_CTYPE, locale.c_str());
 }
 
