@@ -128,8 +128,9 @@ KELDRIVER_API HT_ClipRgn* HT_CreateRectRgnData(const HT_Double_Point& a, const H
 /// @return 1, or 0 without any points, and then `rect` is unchanged
 KELDRIVER_API int HT_GetPointsRect(const HT_Double_Point* pts, int n, HT_Double_Rectangle* rect);
 
-/// Tells whether four points are the corners, one after another, of an axis-parallel rectangle; one without
-/// width or height counts.
+/// Tells whether four points pass for the corners, one after another, of an axis-parallel rectangle: the first and
+/// third are opposite corners of the points' box, within 1e-10, and so are the second and fourth. One without width or
+/// height passes, and so does a slanted stroke there and back.
 ///
 /// @param rect  receives the bounding box of the points, whatever the answer; may be null
 KELDRIVER_API bool IsRect(HT_Double_Point* pts, HT_Double_Rectangle* rect);

@@ -31,6 +31,7 @@ KELDRIVER_API int HT_GetDIBColorCount(const tagBITMAPINFOHEADER& header);
 /// @param pixels  rows of |biWidth| pixels (blue, green, red, alpha), |biHeight| of them; borrowed
 /// @param x       column, from 0 to the width; the width itself reads as Qt's out-of-range pixel
 /// @param y       row in memory, from 0 to the height; the height itself reads as Qt's out-of-range pixel
+///                The fifth argument is not read.
 /// @param color   receives the colour; its reserved byte tells whether the pixel is visible at all (1 or 0)
 /// @return 1, or 0 without an image or for a pixel outside, and then `color` is unchanged
 KELDRIVER_API int vndrGetColor(const unsigned char* pixels, const tagBITMAPINFO& info, long x, long y, long,

@@ -86,7 +86,8 @@ public:
     /// would be below one point, where the widths do not come to 1 or where the text has no width of its own. The whole
     /// text is drawn whatever `length` says.
     ///
-    /// Null text, a width factor of 0, and a place, turn, slant or stretch that is not finite draw nothing.
+    /// Null text, a width factor of 0, and a place, turn, slant, stretch or scale that is not finite in single
+    /// precision draw nothing.
     void DrawText(wchar_t* text, int length, const HT_Font& font, const HT_Double_Point& position, double obliqueAngle,
                   double widthFactor, double* charWidths) override;
     /// Draws an image's memory, read as 32 bits a pixel whatever its depth, into a rectangle on the device grid.
@@ -94,9 +95,10 @@ public:
     /// The size of the image is that of its bitmap header; the rectangle is as high as one row more than the
     /// image has. A negative height factor turns the image upside down and lets it grow upward from `y`. Memory
     /// is wrapped, not copied, unless `SetAlpha` has given an opacity below 255, which multiplies that of each
-    /// pixel, or the image is turned. Images of this library that have fewer bytes than 32 bits a pixel take are
-    /// completed with transparent black; other implementations must have them all. Nothing is drawn without a
-    /// header, with a width of 0 or less or a height of 0 in it, or without pixels.
+    /// pixel, the image is turned, or its memory is not aligned to 4 bytes. Images of this library that have fewer
+    /// bytes than 32 bits a pixel take are copied and completed with transparent black; other implementations must have
+    /// them all. Nothing is drawn without a header, with a width of 0 or less or a height of 0 in it, or without
+    /// pixels.
     void DrawImage(HT_RasterImage_Record* record) override;
 
     /// Rounds the weight to whole device units, saturating. `QPen` itself refuses widths below 0 and from
@@ -128,11 +130,13 @@ public:
     void SetMergeControlType(HT_PlotStyle::MergeControlType type) override;
     /// Replaces the painter's clip with `region`, borrowed for the call; a clip made before never counts.
     ///
-    /// A region of one axis-parallel rectangle becomes an integer rectangle: its corner lies one device pixel to the
-    /// left of and above the rounded corner with the smallest coordinates, and its width and height are those of the
-    /// scaled rectangle, rounded up, and 2 more. So it reaches half a pixel to one and a half beyond the rectangle on
-    /// the left and at the top, and half a pixel to two and a half on the right and at the bottom. A smallest
-    /// coordinate that saturates at the low end of 32 bits wraps to the high end, off the page.
+    /// A region of one contour that `KelDriver::IsRect` takes for a rectangle becomes an integer rectangle: its corner
+    /// lies one device pixel to the left of and above the rounded corner with the smallest coordinates, and its width
+    /// and height are those of the scaled rectangle, rounded up, and 2 more. So it reaches half a pixel to one and a
+    /// half beyond the rectangle on the left and at the top, and half a pixel to two and a half on the right and at the
+    /// bottom. A smallest coordinate that saturates at the low end of 32 bits wraps to the high end, off the page. A
+    /// rectangle wider than 2147483647 device units, which Qt takes for an empty one, gives way on the left as far as
+    /// -1 and then on the right, and in the same way in its height.
     ///
     /// Other contours are snapped to the device grid and joined, in the order of the list, by Qt's path operations; the
     /// operation of the first one is not read, and an unknown one means `HT_RGN_AND`. With null, or a first contour of

@@ -81,8 +81,8 @@ public:
     ///
     /// @param data     receives the address of the encoded bytes, which belong to the image until `freeConvert`
     /// @param size     receives their number
-    /// @param quality  0 to 100, or that of -1 for the format's own; taken as a signed 32-bit value, what lies below
-    ///                 counts as -1 and what lies above as 100
+    /// @param quality  0 to 100, or -1 for the format's own; taken as a signed 32-bit value, of which those below -1
+    ///                 count as -1 and those above 100 as 100
     /// @return not 0 on success; else 0, and the outputs and the bytes of the last success are unchanged. Null
     ///         arguments give 0
     virtual uint32_t convertTo(const wchar_t* format, void** data, unsigned long* size, unsigned long quality) = 0;
@@ -127,6 +127,7 @@ public:
     /// Takes ownership of `libraryImage`, which may be null. Its destructor is called and then its storage given
     /// to `operator delete`, so it must lie at the start of memory from `operator new`.
     explicit HT_RasterImageImpl(Imgo::Image* libraryImage);
+    /// Releases the library image.
     ~HT_RasterImageImpl();
 
     int32_t pixelWidth() const override;

@@ -37,7 +37,9 @@ static_assert(offsetof(HT_Font, rotation) == 8 && offsetof(HT_Font, bold) == 16 
 /// renderer at a time.
 class KELDRIVER_API HT_Renderer {
 public:
+    /// For implementations.
     HT_Renderer() = default;
+    /// Called by `HT_RendererFactory::DestroyRenderer`.
     virtual ~HT_Renderer() = default;
     HT_Renderer(const HT_Renderer&) = delete;
     HT_Renderer& operator=(const HT_Renderer&) = delete;

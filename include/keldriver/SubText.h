@@ -19,7 +19,9 @@ class FontStock;
 /// told apart without regard to case. One thread uses a map at a time.
 class KELDRIVER_API HT_FontMap {
 public:
+    /// Holds no font.
     HT_FontMap();
+    /// Forgets the fonts; texts keep the records that they took from it.
     ~HT_FontMap();
     /// Leaves `other` without a font.
     HT_FontMap(HT_FontMap&& other) noexcept;

@@ -12,7 +12,9 @@ struct gpc_polygon; // defined in gpc.h, which is installed too
 /// Coordinates are plot units. Regions are reported in the Win32 way: 1 empty, 2 a rectangle, 3 any other.
 /// The fields may be read; change them through the operations only.
 ///
-/// Memory that runs out is reported by `std::bad_alloc`, from every operation that makes or copies contours.
+/// Memory that runs out is reported by `std::bad_alloc`, from every operation that makes or copies contours, except
+/// inside the polygon clipper: there an operand loses contours, with a message on standard error, or the result counts
+/// as empty.
 class KELDRIVER_API CVornRgn {
 public:
     /// No region: kind 0, reported as empty.
@@ -50,8 +52,8 @@ public:
     /// @return 1
     int CreateRectRgn(double x1, double y1, double x2, double y2);
 
-    /// Makes this a region of one contour, `HT_RGN_XOR`, with a copy of `n` points: kind 1 where they are the corners
-    /// of an axis-parallel rectangle, else 2. The box is theirs; without points it is zero.
+    /// Makes this a region of one contour, `HT_RGN_XOR`, with a copy of `n` points: kind 1 where `KelDriver::IsRect`
+    /// takes them for a rectangle, else 2. The box is theirs; without points it is zero.
     ///
     /// Throws `std::bad_array_new_length` for a negative `n`, and then the region is unchanged.
     ///
@@ -84,7 +86,8 @@ public:
     ///
     /// The result is evaluated as by `KelDriver::HT_StandardClipRgn`, which sets kind and box; with nothing left this
     /// is empty, kind 3. An operand that is the result by itself, as when the other one is empty, is copied. A region
-    /// of kind 0 without contours counts as empty.
+    /// of kind 0 is not empty here: it is combined like any other, as the box that it has, at first one without extent
+    /// at the origin. To gather regions into one, start with a copy of the first.
     ///
     /// An operand without contours may get those of its box. Where the boxes of `a` and `b` do not overlap, the union
     /// and the exclusive or append a copy of b's contours, the first of them as `HT_RGN_OR`, to those of `a` itself,
@@ -160,7 +163,7 @@ namespace KelDriver {
 ///
 /// @param rgn   the list; may be null
 /// @param rect  receives the box; unchanged when the first contour has no points, or nothing is left; may be null
-/// @return whether the region is a single axis-parallel rectangle of four points; false for null
+/// @return whether the region is a single contour of four points that `IsRect` takes for a rectangle; false for null
 KELDRIVER_API bool HT_StandardClipRgn(HT_ClipRgn* rgn, HT_Double_Rectangle* rect);
 
 } // namespace KelDriver

@@ -2,6 +2,7 @@
 #include "keldriver/Dib.h"
 
 #include <cstdlib>
+#include <cstring>
 
 #include <QImage>
 
@@ -43,7 +44,10 @@ int vndrGetColor(const unsigned char* pixels, const tagBITMAPINFO& info, long x,
     }
     // One past the edge passes, which is part of the interface, and gives what Qt answers for a pixel outside.
     const bool isInside = x < width && y < height;
-    const QRgb pixel = isInside ? image.pixel(static_cast<int>(x), static_cast<int>(y)) : pixelOutside;
+    QRgb pixel = pixelOutside;
+    if (isInside) { // by bytes: the pixels of a file in memory need not be aligned
+        std::memcpy(&pixel, pixels + (y * width + x) * bytesPerPixel, sizeof pixel);
+    }
     color.rgbBlue = static_cast<uint8_t>(qBlue(pixel));
     color.rgbGreen = static_cast<uint8_t>(qGreen(pixel));
     color.rgbRed = static_cast<uint8_t>(qRed(pixel));

@@ -142,8 +142,10 @@ void HT_RasterImageDibImpl::bltDraw(void*, double*, double*, double*) const {
 }
 
 uint32_t HT_RasterImageDibImpl::saveAs(const wchar_t* path) {
-    const bool isSaved = !image.isNull() && path != nullptr && image.save(QString::fromWCharArray(path));
-    return isSaved ? 1 : 0;
+    if (image.isNull() || path == nullptr || *path == L'\0') { // Qt complains of an empty path on standard error
+        return 0;
+    }
+    return image.save(QString::fromWCharArray(path)) ? 1 : 0;
 }
 
 uint32_t HT_RasterImageDibImpl::convertTo(const wchar_t* format, void** data, unsigned long* size,

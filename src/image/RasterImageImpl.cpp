@@ -130,7 +130,7 @@ uint32_t HT_RasterImageImpl::saveAs(const wchar_t*) {
 }
 
 uint32_t HT_RasterImageImpl::convertTo(const wchar_t*, void**, unsigned long*, unsigned long) {
-    describe(image); // asked for without need: that it is asked for is part of the interface
+    describe(image); // the answer is not used; that it is asked for is part of the interface
     return 0;
 }
 

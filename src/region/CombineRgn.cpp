@@ -12,9 +12,8 @@ namespace {
 
 enum Win32Operation { win32And = 1, win32Or = 2, win32Xor = 3, win32Diff = 4, win32Copy = 5 };
 
-// A region that was never made is as empty as one with nothing left.
 bool isEmpty(const CVornRgn& rgn) {
-    return rgn.m_nType == rgnKind::empty || (rgn.m_nType == rgnKind::none && !rgn.m_pClipRgn);
+    return rgn.m_nType == rgnKind::empty;
 }
 
 int becomeEmpty(CVornRgn& self) {
@@ -125,6 +124,7 @@ int CVornRgn::CombineRgn(CVornRgn* a, CVornRgn* b, int op) {
         return rgnKind::toWin32(m_nType);
     }
     CVornRgn nothing;
+    nothing.m_nType = rgnKind::empty;
     CVornRgn& left = a ? *a : nothing;
     CVornRgn& right = b ? *b : nothing;
     if (op != win32Copy && this != a && this != b) {

@@ -66,7 +66,11 @@ QPainterPath contourPath(const HT_ClipRgn& contour, double scale) {
     path.reserve(count);
     for (int i = 0; i < count; ++i) {
         const QPointF vertex = snapToDevice(contour.points[i], scale);
-        i == 0 ? path.moveTo(vertex) : addVertex(path, vertex);
+        if (i == 0) {
+            path.moveTo(vertex);
+        } else {
+            addVertex(path, vertex);
+        }
     }
     return path;
 }

@@ -74,8 +74,8 @@ QImage pixelsOf(const HT_RasterImage& image, const tagBITMAPINFOHEADER& header) 
     return copy;
 }
 
-// Multiplies opacities by `alpha` / 255. The integer quotient is what the product in single precision is cut off
-// to, for every pair of bytes; it is written without a division, exact for products of bytes.
+// Multiplies opacities by `alpha` / 255. The integer quotient is what the product with the factor in single precision
+// is cut off to, for every pair of bytes; it is written without a division, exact for products of bytes.
 void copyRow(uint32_t* __restrict target, const uint32_t* __restrict source, int count, uint32_t alpha) {
     for (int i = 0; i < count; ++i) {
         const uint32_t product = (source[i] >> 24) * alpha;

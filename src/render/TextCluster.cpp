@@ -66,19 +66,29 @@ bool isHangulPair(uint32_t before, uint32_t code) {
     return contains(leadingJamo, before) && (contains(leadingJamo, code) || contains(hangulSyllables, code));
 }
 
-bool isControl(uint32_t code) {
-    return QChar::category(code) == QChar::Other_Control;
+/// Line ends, direction marks and the like: nothing joins them to what is beside them.
+bool standsAlone(uint32_t code) {
+    switch (QChar::category(code)) {
+    case QChar::Other_Control:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return true;
+    case QChar::Other_Format:
+        return contains(invisible, code) && !contains(followers, code);
+    default:
+        return false;
+    }
 }
 
 bool joins(uint32_t before, uint32_t code) {
     if (before < 0x300 && code < 0x300) {
         return false; // most texts: nothing below the first combining mark joins
     }
-    if (isControl(before) || (isSpace(before) && contains(joiners, code))) {
+    if (standsAlone(before) || (isSpace(before) && contains(joiners, code))) {
         return false; // a space is not joined to what follows it, so it stays with what is before
     }
     if (before == uint32_t{zeroWidthJoiner}) {
-        return !isSpace(code) && !isControl(code);
+        return !isSpace(code) && !standsAlone(code);
     }
     return isMark(code) || contains(followers, code) || isHangulPair(before, code);
 }

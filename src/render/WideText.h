@@ -7,8 +7,8 @@
 
 namespace KelDriver::Internal {
 
-/// A text of UCS-4 characters, each by itself: one that marks a byte order is a character like any other. What is none
-/// becomes U+FFFD.
+/// A text of UCS-4 characters. One that marks a byte order is a character like any other; two surrogates become the
+/// character that they stand for, and what lies beyond Unicode becomes U+FFFD.
 QString toQString(std::wstring_view text);
 
 } // namespace KelDriver::Internal

@@ -108,12 +108,6 @@ TEST_F(ClipTest, EachRegionReplacesTheClipBefore) {
     EXPECT_EQ(clipTo({{HT_RGN_OR, {{0, 0}, {9, 0}, {0, 9}}}}), "path M0,0 L9,0 L0,9");
 }
 
-TEST(Clip, WithoutPainterNothingHappens) {
-    QTRenderer renderer;
-    renderer.SetClipRgn(nullptr);
-    renderer.SetClipRgn(regionOracle::toList(rectangle(0, 0, 5, 5)).get());
-}
-
 // What the painter's clip lets through, pixel by pixel.
 class ClippedPage {
 public:

@@ -88,6 +88,8 @@ TEST_F(SubTextTest, SplitsByFont) {
         {"a joiner after a space", L"Ω \u200D中", sans, {{L"Ω ", sans}, {L"\u200D中", cjk}}},
         {"joined signs that share no font", L"中\u200DΩ\u200DΨ", sans, {{L"中\u200D", cjk}, {L"Ω\u200DΨ", sans}}},
         {"a mark on a blank", L"中 \u0301", sans, {{L"中", cjk}, {L" \u0301", sans}}},
+        {"a joiner after a direction mark", L"中\u200E\u200DΩ", sans, {{L"中\u200E", cjk}, {L"\u200DΩ", sans}}},
+        {"a mark after a soft hyphen", L"中\u00AD\u0301Ω", sans, {{L"中\u00AD", cjk}, {L"\u0301Ω", sans}}},
         {"a joiner before a space", L"b\u200D 中", sans, {{L"b\u200D ", sans}, {L"中", cjk}}},
         {"a mark in front", L"\u0301a", sans, {{L"\u0301a", sans}}},
         {"a map font that is not installed", L"Ω", L"Gone", {{L"Ω", serif}}},

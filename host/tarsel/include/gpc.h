@@ -53,10 +53,11 @@ typedef struct gpc_polygon {
 /// crossings are rounded to a grid of about 2^-50 of the operands' common extent. Of several values that fall on one
 /// line of the grid, all become the smallest.
 ///
-/// The larger contours of the result, outer ones and holes, come before the smaller ones, so that uniting the outer
-/// contours and subtracting the holes in their order gives the same area as the even-odd rule. No other order is
-/// promised: neither that of contours of one size nor with which vertex a contour starts or which way it turns. A
-/// contour passes no vertex twice, but where rounding leaves no other way.
+/// The larger contours of the result come before the smaller ones and outer contours before the holes in them, so that
+/// uniting the outer contours and subtracting the holes in their order gives the same area as the even-odd rule. Only
+/// where many edges of the operands run along one another, closer than the grid tells apart, can the order fail. No
+/// other order is promised: neither that of contours of one size nor with which vertex a contour starts or which way
+/// it turns. A contour passes no vertex twice, except where rounding leaves no other way.
 ///
 /// A contour of an operand counts as absent when it has fewer than three vertices, no array, or a vertex that
 /// is not finite; a null operand has no contours.

@@ -2,6 +2,7 @@
 #include "Contours.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 #include "Chains.h"
@@ -11,12 +12,13 @@ namespace tarsel {
 
 namespace {
 
+using ClipperLib::IntPoint;
 using ClipperLib::Path;
 using ClipperLib::Paths;
 
 /// Twice the signed area; positive for the turning direction of an outer contour.
 Int128 doubleArea(const Path& path) {
-    const ClipperLib::IntPoint origin = path.front();
+    const IntPoint origin = path.front();
     Int128 area = 0;
     for (size_t i = 2; i < path.size(); ++i) {
         const Int128 ax = path[i - 1].X - origin.X;
@@ -57,20 +59,18 @@ Paths unite(const Paths& loops) {
     return united;
 }
 
-/// @param doubtful  receives whether the clipper's contours did not fit together at first
-Paths withoutTouches(Paths&& paths, bool& doubtful) {
+Paths withoutTouches(Paths&& paths) {
     // The clipper gets the turning direction of a contour wrong now and then where many edges meet at one point.
     constexpr int unions = 2;
     bool resolved = false;
     Paths loops = cutApart(std::move(paths), resolved);
-    doubtful = !resolved;
     for (int i = 0; i < unions && !resolved; ++i) {
         loops = cutApart(unite(loops), resolved);
     }
     return loops;
 }
 
-/// Contours that enclose something, the larger ones first: none lies in a smaller one.
+/// Contours that enclose something, the larger ones first.
 std::vector<Contour> sortedBySize(Paths&& paths) {
     struct Sized {
         Int128 size;
@@ -94,44 +94,95 @@ std::vector<Contour> sortedBySize(Paths&& paths) {
 }
 
 struct GridBox {
-    explicit GridBox(const Path& path) : low(path.front()), high(path.front()) {
-        for (const ClipperLib::IntPoint& point : path) {
-            low = {std::min(low.X, point.X), std::min(low.Y, point.Y)};
-            high = {std::max(high.X, point.X), std::max(high.Y, point.Y)};
-        }
+    void add(const IntPoint& point) {
+        low = {std::min(low.X, point.X), std::min(low.Y, point.Y)};
+        high = {std::max(high.X, point.X), std::max(high.Y, point.Y)};
     }
     bool holds(const GridBox& other) const {
         return low.X <= other.low.X && low.Y <= other.low.Y && other.high.X <= high.X && other.high.Y <= high.Y;
     }
+    bool meets(const GridBox& other) const {
+        return low.X <= other.high.X && other.low.X <= high.X && low.Y <= other.high.Y && other.low.Y <= high.Y;
+    }
 
-    ClipperLib::IntPoint low;
-    ClipperLib::IntPoint high;
+    IntPoint low{INT64_MAX, INT64_MAX};
+    IntPoint high{INT64_MIN, INT64_MIN};
 };
 
-/// A hole that no outer contour can hold is none.
-void correctHoles(std::vector<Contour>& contours) {
-    std::vector<GridBox> outerBoxes;
-    for (Contour& contour : contours) {
-        const GridBox box(contour.path);
-        const auto holdsContour = [&](const GridBox& outer) {
-            return outer.holds(box);
-        };
-        contour.hole = contour.hole && std::any_of(outerBoxes.begin(), outerBoxes.end(), holdsContour);
-        if (!contour.hole) {
-            outerBoxes.push_back(box);
+GridBox boxOf(const Path& path) {
+    GridBox box;
+    std::for_each(path.begin(), path.end(), [&](const IntPoint& point) { box.add(point); });
+    return box;
+}
+
+/// The boxes of outer contours, asked for one that holds a hole's.
+class OuterBoxes {
+public:
+    void add(const GridBox& box) { m_boxes.push_back(box); }
+    /// Looks around the box found last: neighbouring holes often lie in neighbouring contours.
+    bool hold(const GridBox& hole) {
+        const size_t count = m_boxes.size();
+        for (size_t distance = 0; distance < count; ++distance) {
+            for (const size_t i : {m_last + distance, m_last - distance}) { // one before the first wraps to no index
+                if (i < count && m_boxes[i].holds(hole)) {
+                    m_last = i;
+                    return true;
+                }
+            }
         }
+        return false;
     }
+
+private:
+    std::vector<GridBox> m_boxes;
+    size_t m_last = 0;
+};
+
+/// A hole that comes before the outer contours around it.
+struct EarlyHole {
+    Contour contour;
+    GridBox box;
+    GridBox outerContours; ///< those since then that meet it
+};
+
+/// Puts holes behind the outer contours that hold them. Only rounding can make a hole the larger one, where it runs
+/// along all of its outer contour, or of several that touch.
+std::vector<Contour> withHolesInside(std::vector<Contour>&& contours) {
+    std::vector<Contour> ordered;
+    ordered.reserve(contours.size());
+    OuterBoxes outerBoxes;
+    std::vector<EarlyHole> early;
+    for (Contour& contour : contours) {
+        const GridBox box = boxOf(contour.path);
+        if (contour.hole && !outerBoxes.hold(box)) {
+            early.push_back({std::move(contour), box, {}});
+            continue;
+        }
+        ordered.push_back(std::move(contour));
+        if (ordered.back().hole) {
+            continue;
+        }
+        outerBoxes.add(box);
+        const auto settled = std::stable_partition(early.begin(), early.end(), [&](EarlyHole& hole) {
+            if (hole.box.meets(box)) {
+                hole.outerContours.add(box.low);
+                hole.outerContours.add(box.high);
+            }
+            return !hole.outerContours.holds(hole.box);
+        });
+        std::for_each(settled, early.end(), [&](EarlyHole& hole) { ordered.push_back(std::move(hole.contour)); });
+        early.erase(settled, early.end());
+    }
+    for (EarlyHole& hole : early) {
+        ordered.push_back(std::move(hole.contour));
+    }
+    return ordered;
 }
 
 } // namespace
 
 std::vector<Contour> toContours(Paths&& paths) {
-    bool doubtful = false;
-    std::vector<Contour> contours = sortedBySize(withoutTouches(std::move(paths), doubtful));
-    if (doubtful) {
-        correctHoles(contours);
-    }
-    return contours;
+    return withHolesInside(sortedBySize(withoutTouches(std::move(paths))));
 }
 
 } // namespace tarsel

@@ -14,7 +14,8 @@ struct Contour {
     bool hole;
 };
 
-/// Turns the clipper's raw result into contours that each pass a vertex once, outer ones before those in them.
+/// Turns the clipper's raw result into contours that each pass a vertex once, the larger ones first and holes after
+/// the outer ones around them.
 ///
 /// The clipper may leave a contour that touches itself, of which no part can be told to be a hole. It is cut
 /// apart there.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <random>
 
 #include <gtest/gtest.h>
 
@@ -199,6 +200,40 @@ TEST(Gpc, AThinRingKeepsItsHole) {
     const Polygon outer{{rectangle(-1, -1, 1, 1)}, {}};
     const Polygon inner{{rectangle(-1 + 4 * hair, -1 + 4 * hair, 1 - 4 * hair, 1 - 4 * hair)}, {}};
     EXPECT_EQ(clip(GPC_DIFF, outer, inner).holes, (std::vector<bool>{false, true}));
+}
+
+/// The contours in their order: outer ones united, holes subtracted.
+double areaInOrder(const Polygon& polygon) {
+    Polygon sum;
+    for (size_t i = 0; i < polygon.contours.size(); ++i) {
+        sum = clip(polygon.holes[i] ? GPC_DIFF : GPC_UNION, sum, {{polygon.contours[i]}, {}});
+        sum.holes.clear();
+    }
+    return sum.area();
+}
+
+// Polygons beside slightly moved copies, where rounding makes holes larger than what they lie in.
+TEST(Gpc, AreasOfNearlyEqualPolygonsAddUp) {
+    std::mt19937 random(1);
+    std::uniform_real_distribution<double> shift(-1, 1);
+    for (int round = 0; round < 3000; ++round) {
+        Contour outline(4 + random() % 6);
+        for (gpc_vertex& vertex : outline) {
+            vertex = {1e5 * static_cast<double>(random() % 7), static_cast<double>(random() % 7)};
+        }
+        Polygon a{{outline}, {}}, b = a;
+        const double distance = std::pow(10, -5 - 5 * std::fabs(shift(random)));
+        for (gpc_vertex& vertex : b.contours[0]) {
+            vertex.x += distance * shift(random);
+        }
+        const double areaA = evenOddArea(a), areaB = evenOddArea(b), tolerance = 1e-6 * (1e6 + areaA);
+        const Polygon both = clip(GPC_INT, a, b), either = clip(GPC_XOR, a, b), left = clip(GPC_DIFF, a, b);
+        EXPECT_NEAR(either.area() + 2 * both.area(), areaA + areaB, tolerance) << round;
+        EXPECT_NEAR(left.area() + both.area(), areaA, tolerance) << round;
+        for (const Polygon* result : {&both, &either, &left}) {
+            EXPECT_NEAR(areaInOrder(*result), result->area(), tolerance) << round;
+        }
+    }
 }
 
 } // namespace

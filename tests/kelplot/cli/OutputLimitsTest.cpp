@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include <QProcess>
 #include <gtest/gtest.h>
 
 #include "kelplot/cli/KelplotRun.h"
@@ -24,6 +25,27 @@ TEST(OutputLimits, AFileThatGrowsTooLargeLeavesTheOldOneWhole) {
         for (const rlim_t kilobytes : {12u, 60u, 96u, 200u}) {
             SCOPED_TRACE(testing::Message() << name << " in " << kilobytes << " KB");
             expectOldPlotKept(name, showcase, {kilobytes * 1024, RLIM_INFINITY}, "File too large");
+        }
+    }
+}
+
+TEST(OutputLimits, AFullDiskLeavesTheOldOneWhole) {
+    if (QProcess::execute(QStringLiteral("unshare"), {"-Urm", "true"}) != 0) {
+        GTEST_SKIP() << "file systems of a user's own are not allowed here";
+    }
+    const TemporaryDirectory directory;
+    directory.write("old", oldPlot);
+    const QString plot =
+        QStringLiteral("mkdir -p d && mount -t tmpfs -o size=%1k none d && cp old d/%2 || exit 99; "
+                       "'%3' -o d/%2 '%4'; status=$?; cmp old d/%2 && [ \"$(ls -A d)\" = %2 ] || exit 98; "
+                       "exit $status");
+    for (const char* const name : {"x.pdf", "x.png", "x.svg"}) {
+        for (const int kilobytes : {12, 60, 96, 200}) {
+            SCOPED_TRACE(testing::Message() << name << " in " << kilobytes << " KB");
+            const QString script = plot.arg(kilobytes).arg(name, QStringLiteral(KELPLOT_PROGRAM), showcase);
+            const Outcome outcome = run(directory, {"-Urm", "sh", "-c", script}, QStringLiteral("unshare"));
+            EXPECT_EQ(outcome.status, 4);
+            EXPECT_EQ(outcome.messages, QStringLiteral("kelplot: d/%1: No space left on device\n").arg(name));
         }
     }
 }
