@@ -10,7 +10,7 @@ sample=(
     src/port/WideFormat.cpp
     src/region/RegionBuilder.cpp
     src/render/QTRendererText.cpp
-    src/settings/IniFileText.cpp
+    src/settings/IniSections.cpp
     host/tarsel/src/Junction.cpp
     host/vnbase/src/PolylineClipper.cpp
     kelplot/cli/Options.cpp
