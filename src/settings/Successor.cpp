@@ -31,7 +31,7 @@ bool removeAbandoned(const std::string& name) {
 /// it fails for another reason.
 template <typename Take>
 std::string takeName(const std::string& folder, const Take& take) {
-    const std::string usual = folder + usualName;
+    std::string usual = folder + usualName;
     if (take(usual) || (errno == EEXIST && removeAbandoned(usual) && take(usual))) {
         return usual;
     }
