@@ -14,7 +14,7 @@ sample=(
     host/tarsel/src/Junction.cpp
     host/vnbase/src/PolylineClipper.cpp
     kelplot/cli/Options.cpp
-    kelplot/reader/PolylineDecoder.cpp
+    kelplot/reader/entity/PolylineDecoder.cpp
     tests/geometry/MatrixTest.cpp
     tests/render/PenTest.cpp
     benchmarks/ClipLineBenchmark.cpp
@@ -34,6 +34,9 @@ changedSince() {
 
 ./scripts/install-deps.sh lint
 ./scripts/format.sh --check
+
+echo "checking the direction of includes"
+./scripts/check_includes.py >/dev/null
 
 echo "checking the docstrings of the public headers"
 mkdir -p build

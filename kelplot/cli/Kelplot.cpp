@@ -18,7 +18,7 @@
 #include "cli/ExitStatus.h"
 #include "cli/Options.h"
 #include "cli/OutputNames.h"
-#include "cli/PaperList.h"
+#include "cli/PaperListing.h"
 #include "cli/PlotJob.h"
 #include "cli/SettingsChoice.h"
 #include "device/OutputFile.h"

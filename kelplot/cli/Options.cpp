@@ -4,9 +4,9 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 
+#include "base/Numbers.h"
 #include "cli/Defaults.h"
 #include "cli/SettingsChoice.h"
-#include "page/Numbers.h"
 #include "settings/SettingsFile.h"
 
 namespace kelplot {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "cli/SettingsChoice.h"
 
-#include "cli/PaperList.h"
-#include "page/Numbers.h"
+#include "base/Numbers.h"
+#include "cli/PaperListing.h"
 #include "settings/PaperFile.h"
 #include "settings/PaperTable.h"
 #include "settings/PenFile.h"

@@ -3,7 +3,7 @@
 
 #include <QPageLayout>
 
-#include "device/FineGrid.h"
+#include "page/DeviceGrid.h"
 
 namespace kelplot {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "device/SvgDevice.h"
 
-#include "device/FineGrid.h"
+#include "page/DeviceGrid.h"
 
 namespace kelplot {
 namespace {

@@ -25,4 +25,12 @@ bool PlanMap::keepsShapes() const {
     return std::abs(dot(x, y)) <= tolerance * square && std::abs(dot(x, x) - dot(y, y)) <= tolerance * square;
 }
 
+Vec3 toPlane(const Vec3& world, const Vec3& extrusion) {
+    const auto along = [&](const Vec3& axis) {
+        return axis.x * world.x + axis.y * world.y + axis.z * world.z;
+    };
+    const Frame3 frame = frameOfPlane(extrusion);
+    return {along(frame.x), along(frame.y), along(frame.z)};
+}
+
 } // namespace kelplot

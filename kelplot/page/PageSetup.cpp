@@ -5,8 +5,8 @@
 #include <array>
 #include <cmath>
 
+#include "base/Numbers.h"
 #include "keldriver/UCS33.h"
-#include "page/Numbers.h"
 
 namespace kelplot {
 namespace {

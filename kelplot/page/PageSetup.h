@@ -7,8 +7,9 @@
 
 #include "geometry/Affine2.h"
 #include "geometry/Box2.h"
-#include "page/Paper.h"
-#include "plot/DrawingPlot.h"
+#include "page/DeviceGrid.h"
+#include "page/PlotTarget.h"
+#include "page/SheetSize.h"
 
 namespace kelplot {
 
@@ -36,14 +37,6 @@ struct PageLayout {
 
     /// What the limits leave of the sheet; nothing when that is the whole of it.
     std::optional<Box2> visiblePart() const;
-};
-
-/// The units in which a device takes a plot.
-struct DeviceGrid {
-    double unitsPerMillimetre = 1.0;
-    double hairlineWidth = 1.0;   ///< units; the thinnest line that shows
-    double flatteningError = 0.1; ///< units; how far a flattened curve may leave the true one
-    double thinnestDashed = 0.0;  ///< units; thinner lines would not get their dashes right
 };
 
 /// Reads "1:50", "2:1" or "0.5": a finite scale above zero.

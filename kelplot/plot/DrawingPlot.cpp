@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plot/DrawingPlot.h"
 
-#include "plot/ClipRegion.h"
 #include "plot/EntityBox.h"
 #include "plot/EntityPlotter.h"
-#include "plot/PointMark.h"
-#include "plot/Typesetter.h"
+#include "plot/pen/ClipRegion.h"
+#include "plot/shape/PointMark.h"
+#include "plot/text/Typesetter.h"
 
 namespace kelplot {
 
@@ -30,14 +30,6 @@ private:
 };
 
 } // namespace
-
-Box2 PlotTarget::visibleBox() const {
-    Box2 box = pageBox;
-    for (const Box2& limit : limits) {
-        box = box.intersected(limit);
-    }
-    return box;
-}
 
 Box2 visibleExtents(const Drawing& drawing, const std::vector<Entity>& entities, WalkReport* report,
                     const FontTable& fonts) {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plot/EntityBox.h"
 
-#include "plot/EntityCurves.h"
-#include "plot/HatchLoops.h"
-#include "plot/PolylinePath.h"
+#include "plot/shape/EntityCurves.h"
+#include "plot/shape/HatchLoops.h"
+#include "plot/shape/PolylinePath.h"
 
 namespace kelplot {
 

@@ -4,7 +4,7 @@
 #include "drawing/Entity.h"
 #include "geometry/Box2.h"
 #include "geometry/PlanMap.h"
-#include "plot/Typesetter.h"
+#include "plot/text/Typesetter.h"
 
 namespace kelplot {
 

@@ -2,8 +2,8 @@
 #include "plot/EntityPlotter.h"
 
 #include "plot/EntityBox.h"
-#include "plot/EntityCurves.h"
-#include "plot/PointMark.h"
+#include "plot/shape/EntityCurves.h"
+#include "plot/shape/PointMark.h"
 
 namespace kelplot {
 

@@ -3,13 +3,14 @@
 
 #include <optional>
 
-#include "plot/Canvas.h"
 #include "plot/EntityWalk.h"
-#include "plot/Ink.h"
-#include "plot/PenControl.h"
-#include "plot/PicturePlotter.h"
-#include "plot/TextPlotter.h"
-#include "plot/Typesetter.h"
+#include "plot/PlotOptions.h"
+#include "plot/pen/Canvas.h"
+#include "plot/pen/Ink.h"
+#include "plot/pen/PenControl.h"
+#include "plot/picture/PicturePlotter.h"
+#include "plot/text/TextPlotter.h"
+#include "plot/text/Typesetter.h"
 
 namespace kelplot {
 

@@ -6,12 +6,12 @@
 #include <set>
 #include <vector>
 
+#include "base/Progress.h"
 #include "drawing/Drawing.h"
 #include "geometry/Box2.h"
 #include "geometry/PlanMap.h"
 #include "plot/CopyGrid.h"
 #include "plot/EntityStyle.h"
-#include "reader/DrawingReader.h"
 
 namespace kelplot {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "reader/DrawingFault.h"
+#include "reader/DrawingReader.h"
 #include "reader/GroupValue.h"
 
 namespace kelplot {

@@ -1,15 +1,37 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <QHash>
+#include <QString>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "drawing/Drawing.h"
-#include "reader/NameDecoder.h"
-#include "reader/NameTable.h"
+#include "reader/TextEncoding.h"
 
 namespace kelplot {
+
+/// Numbers the names of one kind of thing in the order in which they turn up. Names that differ only by
+/// case are the same name.
+class NameTable {
+public:
+    struct Found {
+        uint32_t index;
+        bool added; ///< the name was not known before
+    };
+
+    /// The number of the name that `bytes` mean. `newName` receives the name in
+    /// UTF-8 where it was added.
+    Found find(std::string_view bytes, const TextEncoding& decoder, std::string& newName);
+
+private:
+    QHash<QString, uint32_t> m_indexOf;
+    std::string m_lastBytes; ///< neighbours in a drawing mostly share their names
+    uint32_t m_lastIndex = 0;
+    bool m_hasLast = false;
+};
 
 struct RecordHeader;
 
@@ -20,7 +42,7 @@ public:
     DrawingBuilder();
 
     /// How the names in the file are to be read from here on.
-    NameDecoder& decoder() { return m_decoder; }
+    TextEncoding& decoder() { return m_decoder; }
     Drawing& drawing() { return m_drawing; }
 
     /// Index of the layer of this name, as the file writes it.
@@ -66,7 +88,7 @@ private:
     Entity* append(const RecordHeader& header, Geometry&& geometry);
 
     Drawing m_drawing;
-    NameDecoder m_decoder;
+    TextEncoding m_decoder;
     NameTable m_layers;
     NameTable m_lineTypes;
     NameTable m_textStyles;

@@ -7,8 +7,8 @@
 #include <QFileInfo>
 #include <istream>
 
-#include "reader/DrawingFault.h"
 #include "reader/DrawingFile.h"
+#include "reader/DrawingReader.h"
 #include "reader/GroupFilter.h"
 
 namespace kelplot {

@@ -7,7 +7,7 @@
 #include <istream>
 #include <string>
 
-#include "reader/DrawingFault.h"
+#include "reader/DrawingReader.h"
 #include "reader/GroupValue.h"
 
 namespace kelplot {

@@ -1,12 +1,58 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "reader/HeaderVariables.h"
 
-#include "reader/DrawingUnits.h"
+#include <array>
+#include <cstddef>
+
 #include "reader/GroupValue.h"
-#include "reader/ImageObjects.h"
 #include "reader/RecordHeader.h"
+#include "reader/entity/ImageDecoder.h"
 
 namespace kelplot {
+
+namespace {
+
+constexpr double inch = 25.4;
+constexpr double surveyFoot = 1200000.0 / 3937.0;
+
+/// By the number of the unit; 0 stands for no unit.
+constexpr std::array<double, 25> millimetres = {
+    0.0,
+    inch,
+    12 * inch,
+    63360 * inch, // mile
+    1.0,
+    10.0,
+    1000.0,
+    1e6,
+    inch * 1e-6, // microinch
+    inch * 1e-3, // mil
+    36 * inch,   // yard
+    1e-7,        // ångström
+    1e-6,
+    1e-3,
+    100.0,
+    1e4,
+    1e5,
+    1e12,
+    1.495978707e14,     // astronomical unit
+    9.4607304725808e18, // light year
+    3.0856775814913e19, // parsec
+    surveyFoot,
+    surveyFoot / 12,
+    surveyFoot * 3,
+    surveyFoot * 5280,
+};
+
+} // namespace
+
+double millimetresPerDrawingUnit(int insertUnits, bool metric) {
+    const auto unit = static_cast<std::size_t>(insertUnits);
+    if (insertUnits > 0 && unit < millimetres.size()) {
+        return millimetres[unit];
+    }
+    return metric ? 1.0 : inch;
+}
 
 void HeaderVariables::setText(std::string_view key, std::string_view value) {
     if (key == "$ACADVER") {

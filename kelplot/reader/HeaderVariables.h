@@ -7,6 +7,12 @@
 
 namespace kelplot {
 
+/// Millimetres in a drawing's unit, from the two header variables that tell it.
+///
+/// @param insertUnits  number of the unit, 0 when the drawing names none
+/// @param metric       what a drawing without a named unit is taken for: millimetres or inches
+double millimetresPerDrawingUnit(int insertUnits, bool metric);
+
 /// The variables of a drawing's header that matter for a plot.
 class HeaderVariables {
 public:

@@ -5,6 +5,7 @@
 
 #include "reader/DrawingBuilder.h"
 #include "reader/GroupReader.h"
+#include "reader/GroupValue.h"
 #include "reader/RecordHeader.h"
 
 namespace kelplot {
@@ -26,5 +27,17 @@ public:
     /// The record is complete.
     virtual void end(const RecordHeader& header, DrawingBuilder& builder) = 0;
 };
+
+/// Sets the coordinate of `point` that `group` states, where the point's x has the code `xCode`. False for other
+/// groups.
+inline bool takePoint(const Group& group, int xCode, Vec3& point) {
+    double* const axes[] = {&point.x, &point.y, &point.z};
+    const int offset = group.code - xCode;
+    if (offset < 0 || offset > 20 || offset % 10 != 0) {
+        return false;
+    }
+    *axes[offset / 10] = toReal(group.value);
+    return true;
+}
 
 } // namespace kelplot

@@ -5,19 +5,18 @@
 #include <string>
 #include <string_view>
 
-#include "reader/DimensionDecoder.h"
-#include "reader/DimensionStyles.h"
-#include "reader/HatchDecoder.h"
-#include "reader/ImageDecoder.h"
-#include "reader/ImageObjects.h"
-#include "reader/LeaderDecoder.h"
 #include "reader/LibraryRecords.h"
-#include "reader/LwPolylineDecoder.h"
-#include "reader/MTextDecoder.h"
-#include "reader/PolylineDecoder.h"
-#include "reader/SplineDecoder.h"
-#include "reader/StyleTable.h"
-#include "reader/TextDecoder.h"
+#include "reader/entity/DimensionDecoder.h"
+#include "reader/entity/DimensionStyles.h"
+#include "reader/entity/HatchDecoder.h"
+#include "reader/entity/ImageDecoder.h"
+#include "reader/entity/LeaderDecoder.h"
+#include "reader/entity/LwPolylineDecoder.h"
+#include "reader/entity/PolylineDecoder.h"
+#include "reader/entity/SplineDecoder.h"
+#include "reader/entity/TextDecoder.h"
+#include "reader/entity/TextStyleDecoder.h"
+#include "reader/mtext/MTextDecoder.h"
 
 namespace kelplot {
 
@@ -60,7 +59,7 @@ private:
     SplineDecoder m_splines;
     HatchDecoder m_hatches;
     DimensionDecoder m_dimensions;
-    StyleTable m_textStyles;
+    TextStyleDecoder m_textStyles;
     DimensionStyles m_dimensionStyles;
     TextDecoder m_texts;
     MTextDecoder m_paragraphTexts;

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-#include "plot/FontTable.h"
+#include "settings/FontTable.h"
 
 namespace kelplot {
 

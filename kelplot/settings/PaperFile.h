@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "keldriver/Paper.h"
-#include "page/Paper.h"
+#include "page/SheetSize.h"
 
 namespace kelplot {
 

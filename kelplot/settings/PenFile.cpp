@@ -3,7 +3,7 @@
 
 #include <map>
 
-#include "page/Numbers.h"
+#include "base/Numbers.h"
 #include "settings/SettingsFile.h"
 
 namespace kelplot {

@@ -3,7 +3,7 @@
 
 #include <QStringList>
 
-#include "plot/PenTable.h"
+#include "settings/PenTable.h"
 
 namespace kelplot {
 

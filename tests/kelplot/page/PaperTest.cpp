@@ -4,7 +4,7 @@
 #include <ostream>
 
 #include "page/PageSetup.h"
-#include "page/Paper.h"
+#include "page/SheetSize.h"
 
 namespace kelplot {
 namespace {

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "kelplot/plot/PlotKit.h"
-#include "plot/LineCutter.h"
+#include "plot/pen/LineCutter.h"
 
 namespace kelplot {
 namespace {

@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "kelplot/plot/PlotKit.h"
-#include "plot/FontSet.h"
-#include "plot/MTextLayout.h"
+#include "plot/text/FontSet.h"
+#include "plot/text/MTextLayout.h"
 
 namespace kelplot {
 namespace {

@@ -8,7 +8,7 @@
 #include <cmath>
 
 #include "kelplot/plot/PlotKit.h"
-#include "plot/PictureFile.h"
+#include "plot/picture/PictureStore.h"
 #include "support/TemporaryDirectory.h"
 
 namespace kelplot {

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "kelplot/plot/PlotKit.h"
-#include "plot/TextPlotter.h"
+#include "plot/text/TextPlotter.h"
 
 namespace kelplot {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstdio>
 
 #include "DrawingText.h"
-#include "reader/MTextMarkup.h"
+#include "reader/mtext/MTextMarkup.h"
 
 namespace kelplot {
 namespace {
@@ -87,7 +87,7 @@ TEST(MTextMarkup, IsResolved) {
         {"deep", std::string(200, '{') + "a" + std::string(200, '}') + R"(b{\Lc}d)", "ab<u>cd$"},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(shown(paragraphsOf(row.markup, CharacterFormat(), NameDecoder())), row.expected) << row.name;
+        EXPECT_EQ(shown(paragraphsOf(row.markup, CharacterFormat(), TextEncoding())), row.expected) << row.name;
     }
 }
 
@@ -100,7 +100,7 @@ TEST(MTextMarkup, UnfinishedCodesCostLittle) {
         for (std::size_t i = 0; i < count; ++i) {
             markup += code;
         }
-        EXPECT_EQ(shown(paragraphsOf(markup, CharacterFormat(), NameDecoder())).size(), count * shownLength + 1)
+        EXPECT_EQ(shown(paragraphsOf(markup, CharacterFormat(), TextEncoding())).size(), count * shownLength + 1)
             << code;
     }
 }
@@ -109,7 +109,7 @@ TEST(MTextMarkup, ParagraphsKeepTheirShape) {
     CharacterFormat start;
     start.height = 2.0;
     const auto paragraphs =
-        paragraphsOf(R"(\pxi-1,l2,r3,qj,tc4,r6,2;a\Pb\pi*,l0,qc,t;\P\pq*;\H3;)", start, NameDecoder());
+        paragraphsOf(R"(\pxi-1,l2,r3,qj,tc4,r6,2;a\Pb\pi*,l0,qc,t;\P\pq*;\H3;)", start, TextEncoding());
     ASSERT_EQ(paragraphs.size(), 3u);
     EXPECT_EQ(paragraphs[0].firstIndent, -2.0);
     EXPECT_EQ(paragraphs[0].leftIndent, 4.0);

@@ -7,9 +7,9 @@
 #include <filesystem>
 
 #include "DrawingText.h"
-#include "reader/CodePage.h"
 #include "reader/DxfReader.h"
-#include "reader/TextCodes.h"
+#include "reader/TextEncoding.h"
+#include "reader/mtext/TextCodes.h"
 
 namespace kelplot {
 namespace {
@@ -49,7 +49,7 @@ std::vector<std::string> textsOf(const std::vector<Entity>& entities) {
 }
 
 TEST(TextCodes, AreResolved) {
-    NameDecoder decoder;
+    TextEncoding decoder;
     decoder.setCodePage("ANSI_1251");
     const std::pair<const char*, const char*> rows[] = {
         {"%%c50 45%%d %%P0.1 7%%%", "Ø50 45° ±0.1 7%"},
@@ -79,7 +79,7 @@ TEST(TextBytes, AreReadForWhatTheyAre) {
         {"a number for UTF-8", "ANSI_65001", "é", "é"},
     };
     for (const auto& row : rows) {
-        NameDecoder decoder;
+        TextEncoding decoder;
         decoder.setVersion("AC1015");
         decoder.setCodePage(row.codePage);
         EXPECT_EQ(decoder.decode(row.bytes), row.utf8) << row.name;

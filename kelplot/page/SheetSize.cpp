@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "page/SheetSize.h"
+
+#include "base/Numbers.h"
+
+namespace kelplot {
+namespace {
+
+// The largest side is that of the widest plotter's longest roll; beyond it a size is a slip of the finger.
+constexpr double smallestSide = 5.0;
+constexpr double largestSide = 20000.0;
+
+bool isSheetSide(double length) {
+    return length >= smallestSide && length <= largestSide;
+}
+
+} // namespace
+
+std::optional<SheetSize> sheetSizeFromText(const std::string& text) {
+    const auto sides = numberPairFromText(text, "xX");
+    if (!sides || !isSheetSide(sides->first) || !isSheetSide(sides->second)) {
+        return std::nullopt;
+    }
+    return SheetSize{sides->first, sides->second};
+}
+
+} // namespace kelplot

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "plot/text/TextMode.h"
+#include "settings/FontTable.h"
+#include "settings/PenTable.h"
+
+namespace kelplot {
+
+/// How the entities of a drawing become ink.
+struct PlotStyleOptions {
+    bool monochrome = false;
+    double lineWeightScale = 1.0;
+    PenTable pens{};
+    FontTable fonts{};
+    TextMode texts = TextMode::outlines; ///< fonts need the target's painter
+};
+
+} // namespace kelplot

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <vector>
+
+#include "geometry/EllipticArc.h"
+#include "keldriver/Renderer.h"
+#include "page/PlotTarget.h"
+#include "plot/pen/LineCutter.h"
+#include "plot/pen/PenControl.h"
+
+namespace kelplot {
+
+/// Draws shapes in device coordinates, of any size and anywhere, through a renderer, with the pen in force.
+///
+/// What lies far off the visible part of the page is cut away before the renderer sees it, for it knows whole
+/// numbers of 32 bits only. Areas and long lines are cut closely, which keeps plots of a window small. Shapes
+/// that are not finite are left out.
+class Canvas {
+public:
+    /// @param pens  hands its pens to the same renderer; outlives this
+    Canvas(HT_Renderer& renderer, const PlotTarget& target, const PenControl& pens);
+
+    void drawDot(Vec2 at);
+    void drawSegment(Vec2 from, Vec2 to);
+    void drawPolyline(const std::vector<Vec2>& points);
+    void drawArc(const EllipticArc& arc);
+    /// Fills by the even-odd rule.
+    void fillPolygon(const std::vector<Vec2>& points);
+    /// What shows of a polygon, and a little about it; empty if it is not finite.
+    std::vector<Vec2> visiblePart(const std::vector<Vec2>& polygon) const;
+
+    const Flattening& flattening() const { return m_flattening; }
+    /// Tells whether anything in `box` may show, lines in it being `width` wide.
+    bool mayShow(const Box2& box, double width) const { return box.inflated(width).intersects(m_visible); }
+
+private:
+    void send(const std::vector<Vec2>& points);
+    void drawNearPolyline(const std::vector<Vec2>& points, const Box2& box);
+    bool drawPieces();
+
+    HT_Renderer& m_renderer;
+    const PenControl& m_pens;
+    Box2 m_visible;
+    Box2 m_areas;            ///< what areas are cut to
+    Flattening m_flattening; ///< its box of interest is the visible part of the page with a margin all about
+    LineCutter m_cutter;
+    std::vector<HT_Double_Point> m_sent;
+    std::vector<Vec2> m_flattened;
+};
+
+} // namespace kelplot

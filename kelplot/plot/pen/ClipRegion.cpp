@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "plot/pen/ClipRegion.h"
+
+#include "keldriver/VornRgn.h"
+
+namespace kelplot {
+
+ClipRegion regionOf(const Box2& box) {
+    return ClipRegion(KelDriver::HT_CreateRectRgnData({box.min.x, box.min.y}, {box.max.x, box.max.y}));
+}
+
+ClipRegion polygonRegion(const std::vector<Vec2>& polygon) {
+    std::vector<HT_Double_Point> points;
+    points.reserve(polygon.size());
+    for (const Vec2 point : polygon) {
+        points.push_back({point.x, point.y});
+    }
+    return ClipRegion(KelDriver::HT_CreatePolygonRgnData(points.data(), static_cast<int>(points.size())));
+}
+
+ClipRegion combined(const ClipRegion& a, const ClipRegion& b, HT_RgnOp operation) {
+    CVornRgn result(a.get());
+    CVornRgn other(b.get());
+    result.CombineRgn(&result, &other, HT_RGN_OP_2_CDC_OP(operation));
+    return ClipRegion(KelDriver::HT_CloneRgnData(result.GetClipRgnRef()));
+}
+
+ClipRegion commonRegion(const Box2& box, const std::vector<Box2>& limits) {
+    ClipRegion common = regionOf(box);
+    for (const Box2& limit : limits) {
+        common = combined(common, regionOf(limit), HT_RGN_AND);
+    }
+    return common;
+}
+
+} // namespace kelplot

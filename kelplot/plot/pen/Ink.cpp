@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "plot/pen/Ink.h"
+
+#include "keldriver/Dib.h"
+
+namespace kelplot {
+
+namespace {
+
+constexpr uint32_t black = 0x000000;
+constexpr uint32_t white = 0xFFFFFF;
+constexpr uint32_t contrastColour = 7;
+
+uint32_t rgbOf(const Colour& colour) {
+    if (colour.kind == Colour::Kind::trueColour) {
+        return colour.value & 0xFFFFFF;
+    }
+    const bool inPalette = colour.kind == Colour::Kind::index && colour.value >= 1 && colour.value <= 255;
+    if (!inPalette || colour.value == contrastColour) {
+        return black;
+    }
+    return HT_GetPaletteColors(static_cast<int32_t>(colour.value) - 1) & 0xFFFFFF;
+}
+
+HT_Color drawnInk(const Colour& colour, InkUse use) {
+    const uint32_t rgb = rgbOf(colour);
+    if (rgb == white) {
+        return use == InkUse::fill ? white : black;
+    }
+    return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16;
+}
+
+/// The ink with the part of the paper's white that screening lets through.
+HT_Color screened(HT_Color ink, int screening) {
+    constexpr int half = fullInk / 2;
+    HT_Color result = 0;
+    for (int shift = 0; shift < 24; shift += 8) {
+        const int darkness = 255 - static_cast<int>(ink >> shift & 0xFF);
+        result |= static_cast<HT_Color>(255 - (darkness * screening + half) / fullInk) << shift;
+    }
+    return result;
+}
+
+} // namespace
+
+HT_Color inkFor(const Colour& colour, InkUse use, const PenRule& rule, bool monochrome) {
+    const HT_Color drawn = drawnInk(colour, use);
+    if (drawn == white) {
+        return white;
+    }
+    HT_Color ink = rule.ink.value_or(drawn);
+    if (monochrome && ink != white) {
+        ink = black;
+    }
+    return screened(ink, rule.screening);
+}
+
+} // namespace kelplot

@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "plot/picture/PicturePlotter.h"
+
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPainterPath>
+#include <algorithm>
+#include <cmath>
+
+#include "plot/picture/PicturePixels.h"
+
+namespace kelplot {
+
+namespace {
+
+ClipRegion regionOf(const std::vector<Vec2>& pixels, const Image& image, const PlanMap& map) {
+    std::vector<Vec2> points;
+    points.reserve(pixels.size());
+    for (const Vec2 pixel : pixels) {
+        points.push_back(map.mapPoint(image.pointAt(pixel)));
+    }
+    return polygonRegion(points);
+}
+
+/// What the clip of a picture leaves of it.
+ClipRegion clipOf(const Image& image, const PlanMap& map) {
+    ClipRegion clip = regionOf(image.clip, image, map);
+    return image.clipInverted ? combined(regionOf(image.corners(), image, map), clip, HT_RGN_DIFF) : std::move(clip);
+}
+
+/// A record that puts a picture upright into the box; `upsideDown` turns it over in its place.
+///
+/// Edges are rounded rather than lengths, so that pictures laid side by side meet.
+HT_RasterImage_Record recordFor(HT_RasterImage& picture, const Box2& box, bool upsideDown) {
+    const double left = std::round(box.min.x);
+    const double top = std::round(box.min.y);
+    const double bottom = std::round(box.max.y);
+    const bool topRowFirst = picture.getBitmapInfo()->bmiHeader.biHeight < 0;
+    const bool inOrder = topRowFirst != upsideDown; // else the renderer turns the rows over and draws upward
+    // The renderer takes pictures for a row higher than they are.
+    const double factor = (bottom - top) / (std::abs(picture.pixelHeight()) + 1.0);
+    HT_RasterImage_Record record{};
+    record.image = &picture;
+    record.x = left;
+    record.y = inOrder ? top : bottom;
+    record.widthFactor = (std::round(box.max.x) - left) / picture.pixelWidth();
+    record.heightFactor = inOrder ? factor : -factor;
+    return record;
+}
+
+/// Pixels of the device along the sides of a picture with these edges.
+Vec2 devicePixels(const QPainter& painter, Vec2 right, Vec2 down) {
+    const double scale = std::sqrt(std::abs(painter.combinedTransform().determinant()));
+    return {right.length() * scale, down.length() * scale};
+}
+
+/// A picture of fewer pixels, each a mean of many: left to itself the painter looks at a few of them only, and thin
+/// lines get lost. Null for a picture that has not many more than the device.
+HT_RasterImagePtr reduced(const HT_RasterImage& picture, Vec2 pixels) {
+    constexpr double many = 2.0;
+    const bool worthwhile = picture.pixelWidth() > many * pixels.x && std::abs(picture.pixelHeight()) > many * pixels.y;
+    if (!worthwhile) {
+        return {};
+    }
+    const QSize size(static_cast<int>(std::ceil(pixels.x)), static_cast<int>(std::ceil(pixels.y)));
+    return pictureOf(pixelsOf(picture).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+}
+
+/// The generator of SVG draws everything whole.
+bool passesClipsOver(const QPainter& painter) {
+    return painter.paintEngine()->type() == QPaintEngine::SVG;
+}
+
+/// A picture that is see-through where its clip leaves nothing, with pixels small enough for a smooth edge.
+HT_RasterImagePtr cutOut(const HT_RasterImage& picture, const Image& image) {
+    constexpr int fineSide = 1000; // pixels
+    QImage pixels = pixelsOf(picture);
+    if (pixels.isNull()) {
+        return {};
+    }
+    const int finer = std::max(1, fineSide / std::max(pixels.width(), pixels.height()));
+    pixels = pixels.scaled(pixels.size() * finer);
+    QPolygonF polygon;
+    for (const Vec2 p : image.clip) {
+        polygon << QPointF(p.x / image.size.x * pixels.width(), p.y / image.size.y * pixels.height());
+    }
+    QPainterPath removed;
+    removed.addPolygon(polygon);
+    removed.closeSubpath();
+    if (!image.clipInverted) {
+        removed.addRect(pixels.rect());
+    }
+    QPainter painter(&pixels);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    painter.fillPath(removed, Qt::black);
+    painter.end();
+    return pictureOf(pixels);
+}
+
+} // namespace
+
+/// Along the edges of the page as nearly as the device can tell, and within the numbers that a renderer knows.
+bool PicturePlotter::Place::isStraight() const {
+    constexpr double leastTurn = 0.5;
+    constexpr double farthest = 1e8;
+    const Vec2 opposite = corner + right + down;
+    const bool near =
+        std::max({std::abs(corner.x), std::abs(corner.y), std::abs(opposite.x), std::abs(opposite.y)}) < farthest;
+    return near && right.x > 0.0 && std::abs(right.y) < leastTurn && std::abs(down.x) < leastTurn;
+}
+
+bool PicturePlotter::draw(const Image& image, uint8_t opacity, const PlanMap& map) {
+    Place place;
+    place.corner = map.mapPoint(image.pointAt({0.0, 0.0}));
+    place.right = map.mapDirection(image.u * image.size.x);
+    place.down = map.mapDirection(image.v * -image.size.y);
+    const double area = cross(place.right, place.down);
+    if (!place.corner.isFinite() || !std::isnormal(area)) {
+        return true;
+    }
+    HT_RasterImage* const picture = m_store.find(image.definition, PictureLook(image, m_grey));
+    if (picture == nullptr) {
+        return false;
+    }
+    m_renderer.SetAlpha(opacity); // a new ink alone leaves that of pictures as it was
+    const HT_RasterImagePtr fitting = fittingDevice(place, *picture);
+    HT_RasterImage& drawn = fitting ? *fitting : *picture;
+    if (image.clipped) {
+        drawClipped(image, map, place, drawn);
+    } else {
+        drawPixels(place, drawn);
+    }
+    return true;
+}
+
+/// The picture with no more pixels than the device can show; null where that is the picture itself.
+HT_RasterImagePtr PicturePlotter::fittingDevice(const Place& place, const HT_RasterImage& picture) const {
+    QPainter* const painter = m_target.painter;
+    if (painter == nullptr) {
+        return {};
+    }
+    const Vec2 pixels = devicePixels(*painter, place.right, place.down);
+    // Where the device has fewer pixels it is to mix them; larger ones stay sharp.
+    painter->setRenderHint(QPainter::SmoothPixmapTransform, pixels.x < picture.pixelWidth());
+    return reduced(picture, pixels);
+}
+
+void PicturePlotter::drawClipped(const Image& image, const PlanMap& map, const Place& place, HT_RasterImage& picture) {
+    if (m_target.painter != nullptr && passesClipsOver(*m_target.painter)) {
+        if (const HT_RasterImagePtr cut = cutOut(picture, image)) {
+            drawPixels(place, *cut);
+        }
+        return;
+    }
+    const ClipRegion page = pageRegion();
+    const ClipRegion clip = combined(page, clipOf(image, map), HT_RGN_AND);
+    if (!clip) {
+        return;
+    }
+    m_renderer.SetClipRgn(clip.get());
+    drawPixels(place, picture);
+    m_renderer.SetClipRgn(page.get());
+}
+
+void PicturePlotter::drawPixels(const Place& place, HT_RasterImage& picture) {
+    if (!place.isStraight()) {
+        drawTurned(place, picture);
+        return;
+    }
+    Box2 box;
+    box.add(place.corner);
+    box.add(place.corner + place.right + place.down);
+    HT_RasterImage_Record record = recordFor(picture, box, place.down.y < 0.0);
+    m_renderer.DrawImage(&record);
+}
+
+/// The renderer knows upright pictures only: it draws one of a unit a pixel, and the painter turns it.
+void PicturePlotter::drawTurned(const Place& place, HT_RasterImage& picture) {
+    QPainter* const painter = m_target.painter;
+    if (painter == nullptr) {
+        return;
+    }
+    const double columns = picture.pixelWidth();
+    const double rows = std::abs(picture.pixelHeight());
+    const Vec2 right = place.right * (1.0 / columns);
+    const Vec2 down = place.down * (1.0 / rows);
+    const QTransform before = painter->worldTransform();
+    painter->setWorldTransform({right.x, right.y, down.x, down.y, place.corner.x, place.corner.y}, true);
+    HT_RasterImage_Record record = recordFor(picture, {{0.0, 0.0}, {columns, rows}}, false);
+    m_renderer.DrawImage(&record);
+    painter->setWorldTransform(before);
+}
+
+} // namespace kelplot

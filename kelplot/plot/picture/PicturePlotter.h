@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "geometry/PlanMap.h"
+#include "keldriver/Renderer.h"
+#include "page/PlotTarget.h"
+#include "plot/pen/ClipRegion.h"
+#include "plot/picture/PictureStore.h"
+
+namespace kelplot {
+
+/// Draws the pixels of placed pictures through a renderer.
+class PicturePlotter {
+public:
+    /// All but `grey` are borrowed for the plotter's life.
+    ///
+    /// @param grey  colours come out as greys
+    PicturePlotter(const Drawing& drawing, const PlotTarget& target, bool grey, HT_Renderer& renderer)
+        : m_store(drawing), m_target(target), m_grey(grey), m_renderer(renderer) {}
+
+    /// Draws a picture. False where its file cannot be had.
+    bool draw(const Image& image, uint8_t opacity, const PlanMap& map);
+
+    /// The pictures that could not be had.
+    const PictureFaults& missing() const { return m_store.missing(); }
+
+private:
+    /// Where a picture comes to lie, in device units.
+    struct Place {
+        Vec2 corner; ///< the upper left one of the picture
+        Vec2 right;  ///< along its upper edge
+        Vec2 down;   ///< along its left edge
+
+        bool isStraight() const;
+    };
+
+    HT_RasterImagePtr fittingDevice(const Place& place, const HT_RasterImage& picture) const;
+    void drawClipped(const Image& image, const PlanMap& map, const Place& place, HT_RasterImage& picture);
+    void drawPixels(const Place& place, HT_RasterImage& picture);
+    void drawTurned(const Place& place, HT_RasterImage& picture);
+    ClipRegion pageRegion() const { return commonRegion(m_target.pageBox, m_target.limits); }
+
+    PictureStore m_store;
+    const PlotTarget& m_target;
+    bool m_grey;
+    HT_Renderer& m_renderer;
+};
+
+} // namespace kelplot

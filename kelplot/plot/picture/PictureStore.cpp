@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "plot/picture/PictureStore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <algorithm>
+#include <cstdlib>
+#include <imgo.h>
+#include <optional>
+
+#include "plot/picture/PicturePixels.h"
+
+namespace kelplot {
+
+namespace {
+
+constexpr int drawnDepth = 32;
+
+/// Opens the file of a picture and tells what speaks against reading all of it, if anything does.
+std::optional<PictureFault> faultOf(QFile& file) {
+    constexpr qint64 mostBytes = qint64{1} << 29;
+    constexpr int64_t mostPixels = int64_t{1} << 28;
+    if (file.fileName().isEmpty()) {
+        return PictureFault::notFound;
+    }
+    // The system's own files seem empty, and some keep their reader waiting: they are not even opened.
+    if (file.size() == 0) {
+        return PictureFault::notPicture;
+    }
+    if (file.size() > mostBytes) {
+        return PictureFault::tooLarge;
+    }
+    if (!file.open(QIODevice::ReadOnly)) {
+        return PictureFault::notReadable;
+    }
+    QImageReader reader(&file);
+    reader.setDecideFormatFromContent(true);
+    if (!reader.canRead()) {
+        return PictureFault::notPicture;
+    }
+    const QSize size = reader.size();
+    return int64_t{size.width()} * size.height() > mostPixels ? std::optional(PictureFault::tooLarge) : std::nullopt;
+}
+
+QByteArray contentOf(QFile& file) {
+    return file.seek(0) ? file.read(file.size()) : QByteArray();
+}
+
+/// Encoded anew, any picture comes out with as many bits as the renderer reads.
+HT_RasterImagePtr deepened(HT_RasterImagePtr picture) {
+    void* data = nullptr;
+    unsigned long size = 0;
+    constexpr unsigned long uncompressed = 100;
+    if (!picture || picture->colorDepth() == drawnDepth) {
+        return picture;
+    }
+    return picture->convertTo(L"PNG", &data, &size, uncompressed) != 0 ? pictureOfPng(data, size) : HT_RasterImagePtr();
+}
+
+HT_RasterImagePtr decoded(const QByteArray& bytes) {
+    if (bytes.startsWith("\x89PNG")) {
+        return deepened(pictureOfPng(bytes.constData(), static_cast<size_t>(bytes.size())));
+    }
+    auto image = Imgo::Image::LoadBytes(bytes.constData(), static_cast<size_t>(bytes.size()));
+    if (!image) {
+        return {};
+    }
+    constexpr int sameOpacity = 255;
+    image->AddAlphaOnCvtBmp(sameOpacity); // for 32 bits a pixel
+    HT_RasterImagePtr picture = RasterImageFactory::CreateFromGiRasterImage(image.release());
+    return picture->colorDepth() == drawnDepth ? std::move(picture) : HT_RasterImagePtr();
+}
+
+HT_RasterImagePtr changed(HT_RasterImagePtr picture, const PictureLook& look) {
+    if (!picture || (look.keepsColours() && (look.transparent || picture->getTransparency() == 0))) {
+        return picture;
+    }
+    QImage image = pixelsOf(*picture);
+    picture.reset();
+    applyLook(look, image);
+    return pictureOf(image);
+}
+
+int64_t pixelCount(const HT_RasterImage& picture) {
+    return int64_t{picture.pixelWidth()} * std::abs(int64_t{picture.pixelHeight()});
+}
+
+} // namespace
+
+QString pictureFile(const std::string& stated, const QString& folder) {
+    const QString path = QString::fromStdString(stated).replace(QLatin1Char('\\'), QLatin1Char('/'));
+    const QString name = path.section(QLatin1Char('/'), -1);
+    if (name.isEmpty()) {
+        return {};
+    }
+    const QDir directory(folder);
+    // Only regular files: a device or a pipe would keep its reader waiting.
+    QString direct = directory.filePath(path);
+    if (QFileInfo(direct).isFile()) {
+        return direct;
+    }
+    const QStringList beside = directory.entryList(QDir::Files);
+    const auto found = std::find_if(beside.begin(), beside.end(), [&](const QString& entry) {
+        return entry.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    return found == beside.end() ? QString() : directory.filePath(*found);
+}
+
+HT_RasterImagePtr PictureStore::load(uint32_t definition, const PictureLook& look) {
+    const std::string stated = definition < m_drawing.images.size() ? m_drawing.images[definition].path : std::string();
+    QFile file(pictureFile(stated, QString::fromStdString(m_drawing.folder)));
+    const std::optional<PictureFault> fault = faultOf(file);
+    HT_RasterImagePtr picture = fault ? HT_RasterImagePtr() : changed(decoded(contentOf(file)), look);
+    if (!picture) {
+        m_missing.emplace(definition, fault.value_or(PictureFault::notPicture));
+    }
+    return picture;
+}
+
+HT_RasterImage* PictureStore::find(uint32_t definition, const PictureLook& look) {
+    constexpr int64_t mostPixels = int64_t{1} << 26; // a quarter of a gibibyte
+    const auto known = m_pictures.find({definition, look});
+    if (known != m_pictures.end()) {
+        return known->second.get();
+    }
+    if (m_missing.count(definition) != 0) {
+        return nullptr;
+    }
+    HT_RasterImagePtr picture = load(definition, look);
+    if (!picture) {
+        return nullptr;
+    }
+    const int64_t pixels = pixelCount(*picture);
+    if (m_pixels + pixels > mostPixels) {
+        m_pictures.clear();
+        m_pixels = 0;
+    }
+    m_pixels += pixels;
+    return m_pictures.emplace(std::pair(definition, look), std::move(picture)).first->second.get();
+}
+
+} // namespace kelplot

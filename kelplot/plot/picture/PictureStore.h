@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <utility>
+
+#include "drawing/Drawing.h"
+#include "keldriver/RasterImage.h"
+#include "plot/picture/PictureLook.h"
+
+namespace kelplot {
+
+/// The file that a drawing in `folder` means by `stated`, a path of this machine or another: what the path leads to
+/// from the folder, or else the file of its name that lies beside the drawing, in any case of letters. Empty where
+/// there is none.
+QString pictureFile(const std::string& stated, const QString& folder);
+
+/// Why a picture is left out.
+enum class PictureFault {
+    notFound,
+    notReadable, ///< there is a file, but the user may not read it
+    notPicture,  ///< the file holds none, or a damaged one
+    tooLarge,
+};
+
+/// The pictures that are left out, by their indices into Drawing::images.
+using PictureFaults = std::map<uint32_t, PictureFault>;
+
+/// The pictures of a drawing, read when they are first asked for.
+class PictureStore {
+public:
+    /// @param drawing  borrowed for the store's life
+    explicit PictureStore(const Drawing& drawing) : m_drawing(drawing) {}
+
+    /// A picture as the renderer takes it, with 32 bits a pixel; valid until the next call. Null where its file
+    /// is missing or holds no picture.
+    HT_RasterImage* find(uint32_t definition, const PictureLook& look);
+
+    /// The pictures that could not be had.
+    const PictureFaults& missing() const { return m_missing; }
+
+private:
+    HT_RasterImagePtr load(uint32_t definition, const PictureLook& look);
+
+    const Drawing& m_drawing;
+    std::map<std::pair<uint32_t, PictureLook>, HT_RasterImagePtr> m_pictures;
+    int64_t m_pixels = 0; ///< of all that are kept
+    PictureFaults m_missing;
+};
+
+} // namespace kelplot

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "plot/text/FontSet.h"
+
+#include <QFontDatabase>
+#include <algorithm>
+#include <iterator>
+
+namespace kelplot {
+
+namespace {
+
+constexpr char16_t signs[] = {
+    u'\u2220', // a: angularity
+    u'\u22A5', // b: perpendicularity
+    u'\u23E5', // c: flatness
+    u'\u2313', // d: profile of a surface
+    u'\u25CB', // e: roundness
+    u'\u2225', // f: parallelism
+    u'\u232D', // g: cylindricity
+    u'\u2197', // h: run-out
+    u'\u232F', // i: symmetry
+    u'\u2316', // j: position
+    u'\u2312', // k: profile of a line
+    u'\u24C1', // l: least material
+    u'\u24C2', // m: most material
+    u'\u2300', // n: diameter
+    u'\u25A1', // o: square
+    u'\u24C5', // p: projected tolerance zone
+    u'\u2104', // q: centre line
+    u'\u25CE', // r: concentricity
+    u'\u24C8', // s: regardless of size
+    u'\u2330', // t: total run-out
+    u'\u23E4', // u: straightness
+    u'\u2334', // v: counterbore
+    u'\u2335', // w: countersink
+    u'\u21A7', // x: depth
+    u'\u2332', // y: conical taper
+    u'\u2333', // z: slope
+};
+static_assert(std::size(signs) == 'z' - 'a' + 1);
+
+tagLOGFONTW recordOf(const FontFace& face) {
+    constexpr int32_t bold = 700, regular = 400;
+    tagLOGFONTW record{};
+    record.lfHeight = -emUnits;
+    record.lfWeight = face.bold ? bold : regular;
+    record.lfItalic = face.italic ? 1 : 0;
+    const std::wstring family = face.family.toStdWString();
+    std::copy_n(family.begin(), std::min(family.size(), std::size(record.lfFaceName)), record.lfFaceName);
+    return record;
+}
+
+FontFace faceOf(const tagLOGFONTW& record) {
+    constexpr int32_t semiBold = 600;
+    const auto* end = std::find(std::begin(record.lfFaceName), std::end(record.lfFaceName), L'\0');
+    return {QString::fromWCharArray(record.lfFaceName, static_cast<int>(end - record.lfFaceName)),
+            record.lfWeight >= semiBold, record.lfItalic != 0};
+}
+
+/// Families of several foundries are listed as "Family [foundry]".
+QString withoutFoundry(const QString& name) {
+    return name.left(name.indexOf(QLatin1String(" [")));
+}
+
+} // namespace
+
+QString toleranceSignsFor(const QString& letters) {
+    QString result = letters;
+    for (QChar& letter : result) {
+        if (letter >= QLatin1Char('a') && letter <= QLatin1Char('z')) {
+            letter = QChar(signs[letter.unicode() - u'a']);
+        }
+    }
+    return result;
+}
+
+QString FontSet::installed(const QString& family) {
+    if (m_installed.isEmpty()) {
+        const QStringList families = QFontDatabase().families();
+        for (const QString& name : families) {
+            const QString plain = withoutFoundry(name);
+            m_installed.insert(plain.toLower(), plain);
+        }
+    }
+    return m_installed.value(family.toLower());
+}
+
+QString FontSet::installedOf(const QStringList& families) {
+    for (const QString& family : families) {
+        if (QString name = installed(family); !name.isEmpty()) {
+            return name;
+        }
+    }
+    return {};
+}
+
+/// The family for a font, or else the first of the others; where none of those is there either, Qt's own choice.
+QString FontSet::familyFor(const QString& key, const FontRule* rule) {
+    QString own = rule ? installedOf(rule->families) : installed(key);
+    if (!own.isEmpty()) {
+        return own;
+    }
+    const QString other = installedOf(m_table.others());
+    return other.isEmpty() ? QFont().defaultFamily() : other;
+}
+
+FontChoice FontSet::choose(const FontName& name, const std::string& bigFontFile) {
+    constexpr size_t mostKept = 1000;
+    const FontRequest request(name.name, name.isFile, name.bold, name.italic, bigFontFile);
+    const auto known = m_choices.find(request);
+    if (known != m_choices.end()) {
+        return known->second;
+    }
+    if (m_choices.size() >= mostKept) {
+        m_choices.clear();
+    }
+    return m_choices[request] = find(name, bigFontFile);
+}
+
+FontChoice FontSet::find(const FontName& name, const std::string& bigFontFile) {
+    const QString key = FontTable::keyOf(name);
+    const FontRule* const rule = m_table.find(key);
+    FontChoice choice;
+    choice.face.family = familyFor(key, rule);
+    choice.face.bold = name.bold || (rule && rule->bold);
+    choice.face.italic = name.italic || (rule && rule->italic);
+    choice.symbols = rule && rule->symbols;
+    if (!bigFontFile.empty()) {
+        const QString bigKey = FontTable::keyOf({bigFontFile, true, false, false});
+        const FontRule* const bigRule = m_table.find(bigKey);
+        choice.bigFont = bigRule ? installedOf(bigRule->families) : installed(bigKey);
+    }
+    return choice;
+}
+
+const HT_FontMap& FontSet::fallbacks(const QString& bigFont) {
+    const auto found = m_fallbacks.find(bigFont);
+    if (found != m_fallbacks.end()) {
+        return found->second;
+    }
+    HT_FontMap& map = m_fallbacks[bigFont];
+    for (const QString& family : QStringList{bigFont} + m_table.others()) {
+        if (QString name = installed(family); !name.isEmpty()) {
+            map.Add(name.toStdWString(), recordOf({name, false, false}));
+        }
+    }
+    return map;
+}
+
+const std::vector<FontRun>& FontSet::split(const QString& text, const FontChoice& choice) {
+    constexpr int mostKept = 20000;
+    const auto key = std::make_pair(text, choice);
+    const auto known = m_splits.constFind(key);
+    if (known != m_splits.constEnd()) {
+        return *known;
+    }
+    if (m_splits.size() >= mostKept) {
+        m_splits.clear();
+    }
+    return *m_splits.insert(key, runsOf(text, choice));
+}
+
+std::vector<FontRun> FontSet::runsOf(const QString& text, const FontChoice& choice) {
+    const QString shown = choice.symbols ? toleranceSignsFor(text) : text;
+    const HT_Text subTexts(shown.toStdWString().c_str(), recordOf(choice.face), fallbacks(choice.bigFont));
+    std::vector<FontRun> runs;
+    for (const HT_SubText& run : subTexts.GetSubTexts()) {
+        runs.push_back({QString::fromStdWString(subTexts.GetRunText(run)), faceOf(run.font)});
+    }
+    if (shown.isRightToLeft()) { // the renderer turns each run by itself
+        std::reverse(runs.begin(), runs.end());
+    }
+    return runs;
+}
+
+const FontMetric& FontSet::metric(const FontFace& face) {
+    std::shared_ptr<FontMetric>& metric = m_metrics[face];
+    if (!metric) {
+        metric = std::make_shared<FontMetric>(face);
+    }
+    return *metric;
+}
+
+} // namespace kelplot

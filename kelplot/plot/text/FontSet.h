@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <map>
+#include <memory>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "keldriver/SubText.h"
+#include "plot/text/FontMetric.h"
+#include "settings/FontTable.h"
+
+namespace kelplot {
+
+/// The signs of geometric tolerances that stand in the place of letters in the fonts for them.
+QString toleranceSignsFor(const QString& letters);
+
+/// The font that was chosen for a text.
+struct FontChoice {
+    FontFace face;
+    QString bigFont;      ///< family for the characters that the face lacks; may be empty
+    bool symbols = false; ///< letters are signs of tolerances
+
+    friend bool operator==(const FontChoice& a, const FontChoice& b) {
+        return a.face == b.face && a.bigFont == b.bigFont && a.symbols == b.symbols;
+    }
+};
+
+inline uint qHash(const FontChoice& choice, uint seed = 0) {
+    return qHash(choice.face, seed) ^ (qHash(choice.bigFont, seed) << 1) ^ (choice.symbols ? 4U : 0U);
+}
+
+/// A part of a text that one font shows.
+struct FontRun {
+    QString text;
+    FontFace face;
+};
+
+/// The installed fonts, as far as a plot uses them. Outlives no `QGuiApplication`, and needs one as soon as there is a
+/// text.
+class FontSet {
+public:
+    explicit FontSet(FontTable table) : m_table(std::move(table)) {}
+
+    /// @param bigFontFile  the font for scripts that the named one lacks; may be empty
+    FontChoice choose(const FontName& name, const std::string& bigFontFile);
+    /// The parts of a text, each with a font that shows it where there is one. Valid until the next text.
+    const std::vector<FontRun>& split(const QString& text, const FontChoice& choice);
+    const FontMetric& metric(const FontFace& face);
+
+private:
+    using FontRequest = std::tuple<std::string, bool, bool, bool, std::string>; ///< all that `choose` goes by
+
+    FontChoice find(const FontName& name, const std::string& bigFontFile);
+    std::vector<FontRun> runsOf(const QString& text, const FontChoice& choice);
+    QString installedOf(const QStringList& families);
+    QString installed(const QString& family);
+    QString familyFor(const QString& key, const FontRule* rule);
+    const HT_FontMap& fallbacks(const QString& bigFont);
+
+    FontTable m_table;
+    QHash<QString, QString> m_installed; ///< names of families by their names in small letters
+    std::map<QString, HT_FontMap> m_fallbacks;
+    QHash<FontFace, std::shared_ptr<FontMetric>> m_metrics;
+    std::map<FontRequest, FontChoice> m_choices;
+    QHash<std::pair<QString, FontChoice>, std::vector<FontRun>> m_splits;
+};
+
+} // namespace kelplot

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "plot/text/TextLayout.h"
+
+#include <cmath>
+
+#include "plot/text/TextLine.h"
+
+namespace kelplot {
+
+namespace {
+
+Vec2 inPlane(const Vec3& p) {
+    return {p.x, p.y};
+}
+
+bool isStretched(TextColumn column) {
+    return column == TextColumn::aligned || column == TextColumn::fit;
+}
+
+TextLook lookOf(const Text& text, const TextStyle& style, FontSet& fonts) {
+    TextLook look;
+    look.font = fonts.choose(style.font, style.bigFontFile);
+    look.height = text.height;
+    look.widthFactor = text.widthFactor;
+    look.obliqueAngle = text.obliqueAngle;
+    return look;
+}
+
+TextLine lineOf(const Text& text, TextLook look, bool vertical, FontSet& fonts) {
+    TextLine line;
+    QString whole;
+    for (const TextStretch& stretch : text.stretches) {
+        const QString part = QString::fromStdString(stretch.text);
+        whole += part;
+        look.lines = stretch.lines;
+        line.append(vertical ? TextLine() : lineOf(part, look, fonts));
+    }
+    look.lines = {};
+    return vertical ? uprightLineOf(whole, look, fonts) : line;
+}
+
+/// Makes the line as long as its two points ask for: wider letters, or larger ones.
+TextLook stretched(const Text& text, TextLook look, FontSet& fonts) {
+    const double length = (inPlane(text.alignment) - inPlane(text.position)).length();
+    const double natural = lineOf(text, look, false, fonts).width;
+    if (!(length > 0.0) || !(natural > 0.0) || !std::isfinite(length / natural)) {
+        return look;
+    }
+    (text.column == TextColumn::fit ? look.widthFactor : look.height) *= length / natural;
+    return look;
+}
+
+double startOf(TextColumn column, double width) {
+    switch (column) {
+    case TextColumn::center:
+    case TextColumn::middle:
+        return -width / 2.0;
+    case TextColumn::right:
+        return -width;
+    default:
+        return 0.0;
+    }
+}
+
+double baseLineOf(TextRow row, double height, double depth) {
+    switch (row) {
+    case TextRow::bottom:
+        return depth;
+    case TextRow::middle:
+        return -height / 2.0;
+    case TextRow::top:
+        return -height;
+    default:
+        return 0.0;
+    }
+}
+
+/// Where the text starts, seen from the point it hangs on.
+Vec2 startOf(const Text& text, const TextLook& look, const TextLine& line, FontSet& fonts) {
+    if (isStretched(text.column)) { // between its points, even where it runs backward
+        return {text.backward ? -line.width : 0.0, 0.0};
+    }
+    const double x = startOf(text.column, line.width);
+    if (text.column == TextColumn::middle) { // of all that it covers
+        return {x, line.block.ink.isEmpty() ? 0.0 : -line.block.ink.center().y};
+    }
+    const FontMetric& metric = fonts.metric(look.font.face);
+    return {x, baseLineOf(text.row, look.height, look.height * metric.depth() / metric.capHeight())};
+}
+
+/// The same for letters one below the other, which run on downwards: they start, stand in the middle or end there.
+Vec2 columnStartOf(TextColumn column, const TextLine& line) {
+    const Box2& ink = line.block.ink;
+    return {0.0, ink.isEmpty() ? 0.0 : -startOf(column, -ink.min.y)};
+}
+
+Affine2 planeOf(const Text& text) {
+    const bool hangs = text.column != TextColumn::left || text.row != TextRow::baseline;
+    const Vec2 start = inPlane(text.position);
+    const Vec2 end = inPlane(text.alignment);
+    const bool stretches = isStretched(text.column);
+    const Vec2 along = end - start;
+    const double angle = stretches && along.length() > 0.0 ? std::atan2(along.y, along.x) : text.rotation;
+    const Affine2 mirror = Affine2::scaling(text.backward ? -1.0 : 1.0, text.upsideDown ? -1.0 : 1.0);
+    return Affine2::translation(hangs && !stretches ? end : start).after(Affine2::rotationRadians(angle)).after(mirror);
+}
+
+} // namespace
+
+PlacedText layOut(const Text& text, const TextStyle& style, FontSet& fonts) {
+    TextLook look = lookOf(text, style, fonts);
+    if (isStretched(text.column) && !style.vertical) {
+        look = stretched(text, look, fonts);
+    }
+    const TextLine line = lineOf(text, look, style.vertical, fonts);
+    PlacedText placed;
+    placed.block.add(line.block, style.vertical ? columnStartOf(text.column, line) : startOf(text, look, line, fonts));
+    placed.toPlane = planeOf(text);
+    placed.elevation = text.position.z;
+    return placed;
+}
+
+} // namespace kelplot

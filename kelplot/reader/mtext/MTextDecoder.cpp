@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "reader/mtext/MTextDecoder.h"
+#include "geometry/PlanMap.h"
+#include "reader/RecordDecoder.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "reader/GroupValue.h"
+#include "reader/mtext/MTextMarkup.h"
+
+namespace kelplot {
+
+namespace {
+
+/// Far above what programs write; what follows is left out.
+constexpr std::size_t longestMarkup = std::size_t{1} << 20;
+
+constexpr int lastAttachment = 9;
+constexpr int exactSpacing = 2;
+
+// Directions in which a text runs.
+constexpr int downward = 3;
+constexpr int asItsStyle = 5;
+
+// Kinds of columns.
+constexpr int equalColumns = 1;
+constexpr int mostColumns = 100;
+
+double nonNegative(std::string_view value) {
+    return std::max(0.0, toReal(value));
+}
+
+} // namespace
+
+void MTextGroups::takeText(std::string_view chunk) {
+    m_markup += chunk.substr(0, longestMarkup - m_markup.size());
+}
+
+void MTextGroups::take(const Group& group) {
+    if (takePoint(group, 10, m_position) || takePoint(group, 11, m_direction) || takeColumnGroup(group)) {
+        return;
+    }
+    switch (group.code) {
+    case 1:
+    case 3:
+        takeText(group.value);
+        break;
+    case 7:
+        m_style = trimmed(group.value);
+        break;
+    case 40:
+        m_height = nonNegative(group.value);
+        break;
+    case 41:
+        m_width = nonNegative(group.value);
+        break;
+    case 44:
+        m_lineSpacing = nonNegative(group.value);
+        break;
+    case 46:
+        m_definedHeight = nonNegative(group.value);
+        break;
+    case 50:
+        m_rotation = radiansFromDegrees(toReal(group.value));
+        break;
+    case 71:
+        m_attachment = toInteger(group.value);
+        break;
+    case 72:
+        m_flow = toInteger(group.value);
+        break;
+    case 73:
+        m_lineSpacingStyle = toInteger(group.value);
+        break;
+    default:
+        break;
+    }
+}
+
+/// Takes what a record without an object inside it says about columns.
+bool MTextGroups::takeColumnGroup(const Group& group) {
+    switch (group.code) {
+    case 48:
+        m_columns.width = nonNegative(group.value);
+        return true;
+    case 49:
+        m_columns.gutter = nonNegative(group.value);
+        return true;
+    case 50:
+        if (m_columns.type == 0) {
+            return false;
+        }
+        m_columns.heights.push_back(nonNegative(group.value));
+        return true;
+    case 75:
+        m_columns.type = toInteger(group.value);
+        return true;
+    case 76:
+        m_columns.count = toInteger(group.value);
+        return true;
+    case 78:
+        m_columns.reversed = toInteger(group.value) != 0;
+        return true;
+    case 79:
+        m_columns.automaticHeight = toInteger(group.value) != 0;
+        return true;
+    default:
+        return false;
+    }
+}
+
+void MTextGroups::takeOfColumns(const Group& group) {
+    switch (group.code) {
+    case 41:
+        m_definedHeight = nonNegative(group.value);
+        break;
+    case 44:
+        m_columns.width = nonNegative(group.value);
+        break;
+    case 45:
+        m_columns.gutter = nonNegative(group.value);
+        break;
+    case 46:
+        m_columns.heights.push_back(nonNegative(group.value));
+        break;
+    case 71:
+        m_columns.type = toInteger(group.value);
+        break;
+    case 72:
+        m_columns.count = toInteger(group.value);
+        break;
+    case 73:
+        m_columns.automaticHeight = toInteger(group.value) != 0;
+        break;
+    case 74:
+        m_columns.reversed = toInteger(group.value) != 0;
+        break;
+    default:
+        break;
+    }
+}
+
+TextColumns MTextGroups::columns() const {
+    TextColumns columns;
+    if (m_columns.type == 0 || m_columns.count < 2) {
+        return columns;
+    }
+    columns.count = std::min(m_columns.count, mostColumns);
+    columns.width = m_columns.width > 0.0 ? m_columns.width : m_width;
+    columns.gutter = m_columns.gutter;
+    columns.reversed = m_columns.reversed;
+    columns.heights = m_columns.heights;
+    if (m_columns.type == equalColumns || m_columns.automaticHeight || columns.heights.empty()) {
+        columns.heights.assign(m_definedHeight > 0.0 ? 1 : 0, m_definedHeight);
+    } else if (columns.heights.size() > static_cast<std::size_t>(columns.count)) {
+        columns.heights.resize(static_cast<std::size_t>(columns.count));
+    }
+    return columns;
+}
+
+MText MTextGroups::build(const Vec3& extrusion, DrawingBuilder& builder) const {
+    MText text;
+    text.style = builder.textStyle(m_style);
+    const TextStyle& style = builder.drawing().textStyles[text.style];
+    text.height = m_height > 0.0 ? m_height : (style.height > 0.0 ? style.height : text.height);
+    text.position = toPlane(m_position, extrusion);
+    const Vec3 direction = toPlane(m_direction, extrusion);
+    const bool directed = direction.x != 0.0 || direction.y != 0.0;
+    text.rotation = directed ? std::atan2(direction.y, direction.x) : m_rotation;
+    text.attachment = m_attachment >= 1 && m_attachment <= lastAttachment ? m_attachment : 1;
+    text.width = m_width;
+    text.lineSpacing = m_lineSpacing > 0.0 ? m_lineSpacing : 1.0;
+    text.exactLineSpacing = m_lineSpacingStyle == exactSpacing;
+    text.vertical = m_flow == downward || (m_flow == asItsStyle && style.vertical);
+    text.columns = columns();
+    CharacterFormat format;
+    format.height = text.height;
+    format.widthFactor = style.widthFactor;
+    format.obliqueAngle = style.obliqueAngle;
+    text.paragraphs = paragraphsOf(builder.decoder().decodeMarkup(m_markup), format, builder.decoder());
+    return text;
+}
+
+} // namespace kelplot
