@@ -7,7 +7,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 sample=(
-    src/port/WideFormat.cpp
+    src/port/format/WideFormat.cpp
     src/region/RegionBuilder.cpp
     src/render/QTRendererText.cpp
     src/settings/IniSections.cpp

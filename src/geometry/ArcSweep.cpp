@@ -3,8 +3,7 @@
 
 #include <cmath>
 
-#include "geometry/Angles.h"
-#include "geometry/Tolerance.h"
+#include "geometry/Numeric.h"
 
 namespace KelDriver::Internal {
 

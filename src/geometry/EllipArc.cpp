@@ -6,9 +6,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "geometry/Angles.h"
-#include "geometry/Rounding.h"
-#include "geometry/Tolerance.h"
+#include "geometry/Numeric.h"
 
 using namespace KelDriver::Internal;
 

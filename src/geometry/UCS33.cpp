@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "geometry/Rounding.h"
+#include "geometry/Numeric.h"
 
 using namespace KelDriver::Internal;
 

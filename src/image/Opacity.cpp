@@ -8,7 +8,7 @@
 #include <QImage>
 #include <QRgba64>
 
-#include "geometry/Rounding.h"
+#include "geometry/Numeric.h"
 
 namespace KelDriver::Internal {
 

@@ -5,8 +5,7 @@
 #include <cmath>
 #include <utility>
 
-#include "geometry/Tolerance.h"
-#include "region/PointBox.h"
+#include "geometry/Numeric.h"
 #include "region/RgnList.h"
 
 using namespace KelDriver::Internal;

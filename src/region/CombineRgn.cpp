@@ -3,7 +3,6 @@
 
 #include "keldriver/VornRgn.h"
 #include "region/GpcPolygon.h"
-#include "region/RgnKind.h"
 #include "region/RgnList.h"
 
 using namespace KelDriver::Internal;

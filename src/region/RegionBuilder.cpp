@@ -4,7 +4,7 @@
 #include <cstring>
 #include <new>
 
-#include "geometry/Tolerance.h"
+#include "geometry/Numeric.h"
 #include "keldriver/ClipRgn.h"
 #include "port/MallocPtr.h"
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "keldriver/VornRgn.h"
-#include "region/PointBox.h"
 #include "region/RgnList.h"
 
 using namespace KelDriver::Internal;

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "region/RgnKind.h"
 #include "region/RgnList.h"
 
 using namespace KelDriver::Internal;

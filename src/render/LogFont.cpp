@@ -10,7 +10,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-#include "geometry/Rounding.h"
+#include "geometry/Numeric.h"
 #include "render/WideText.h"
 
 namespace KelDriver::Internal {

@@ -11,7 +11,7 @@
 
 #include "keldriver/ClipRgn.h"
 #include "region/RgnList.h"
-#include "render/DeviceGrid.h"
+#include "render/DevicePoints.h"
 
 using namespace KelDriver::Internal;
 

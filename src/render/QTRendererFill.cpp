@@ -3,7 +3,7 @@
 
 #include <QPainter>
 
-#include "render/DeviceGrid.h"
+#include "render/DevicePoints.h"
 
 using namespace KelDriver::Internal;
 

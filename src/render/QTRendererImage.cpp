@@ -10,7 +10,7 @@
 #include <QPainter>
 #include <QRectF>
 
-#include "geometry/Rounding.h"
+#include "geometry/Numeric.h"
 #include "image/OwnImages.h"
 #include "keldriver/RasterImage.h"
 

@@ -6,8 +6,7 @@
 #include <QPainter>
 #include <QPen>
 
-#include "geometry/Rounding.h"
-#include "geometry/Tolerance.h"
+#include "geometry/Numeric.h"
 
 using namespace KelDriver::Internal;
 

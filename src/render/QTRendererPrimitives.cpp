@@ -7,10 +7,9 @@
 #include <QPainter>
 #include <QTransform>
 
-#include "geometry/Angles.h"
-#include "geometry/Rounding.h"
+#include "geometry/Numeric.h"
 #include "keldriver/EllipArc.h"
-#include "render/DeviceGrid.h"
+#include "render/DevicePoints.h"
 
 using namespace KelDriver::Internal;
 

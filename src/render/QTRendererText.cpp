@@ -14,7 +14,7 @@
 #include <QString>
 #include <QTransform>
 
-#include "geometry/Rounding.h"
+#include "geometry/Numeric.h"
 #include "render/LogFont.h"
 #include "render/WideText.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include "geometry/Rounding.h"
+#include "geometry/Numeric.h"
 
 #include <cmath>
 #include <limits>

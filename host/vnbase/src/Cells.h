@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-#include "Vec.h"
+#include "Vector.h"
 
 namespace vnbase {
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "Vec.h"
+#include "Vector.h"
 #include "keldriver/Types.h"
 
 namespace vnbase {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include "Contours.h"
-#include "Vec.h"
+#include "RegionContours.h"
+#include "Vector.h"
 
 namespace vnbase {
 

@@ -5,8 +5,8 @@
 
 #include "Buckets.h"
 #include "Cells.h"
-#include "Contours.h"
 #include "Edge.h"
+#include "RegionContours.h"
 
 namespace vnbase {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "PieceWriter.h"
 
-#include "Rounding.h"
+#include "PixelRounding.h"
 
 namespace vnbase {
 

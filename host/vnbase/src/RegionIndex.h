@@ -6,10 +6,10 @@
 
 #include "Buckets.h"
 #include "Cells.h"
-#include "Contours.h"
 #include "Edge.h"
 #include "Frame.h"
 #include "Membership.h"
+#include "RegionContours.h"
 
 namespace vnbase {
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "keldriver/VornRgn.h"
-#include "region/RgnKind.h"
+#include "region/RgnList.h"
 
 using namespace KelDriver::Internal;
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include "port/FloatText.h"
+#include "port/format/FloatText.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include "port/IntegerText.h"
+#include "port/format/IntegerText.h"
 
 #include <algorithm>
 #include <array>

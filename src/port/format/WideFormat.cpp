@@ -3,10 +3,10 @@
 #include <string_view>
 
 #include "port/CString.h"
-#include "port/FloatText.h"
-#include "port/FormatConversion.h"
-#include "port/IntegerText.h"
-#include "port/PaddedText.h"
+#include "port/format/FloatText.h"
+#include "port/format/FormatConversion.h"
+#include "port/format/IntegerText.h"
+#include "port/format/PaddedText.h"
 
 using namespace KelDriver::Internal;
 

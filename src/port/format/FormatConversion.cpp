@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include "port/FormatConversion.h"
+#include "port/format/FormatConversion.h"
 
 #include <algorithm>
 #include <limits>

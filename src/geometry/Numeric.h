@@ -6,6 +6,14 @@
 
 namespace KelDriver::Internal {
 
+/// Angles in radians.
+constexpr double quarterTurn = 1.5707963267948966;
+constexpr double halfTurn = 3.141592653589793;
+constexpr double fullTurn = 6.283185307179586;
+
+/// Lengths and angles closer than this count as equal wherever this library compares geometry.
+constexpr double geometricTolerance = 1e-10;
+
 /// Cuts off the fraction, saturating at the ends of the range; NaN gives 0.
 inline int32_t truncateToInt32(double value) {
     if (std::fabs(value) < 2147483648.0) { // ordinary values pass after one comparison

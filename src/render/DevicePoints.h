@@ -9,7 +9,7 @@
 #include <QPoint>
 #include <QPointF>
 
-#include "geometry/Rounding.h"
+#include "geometry/Numeric.h"
 #include "keldriver/Types.h"
 
 namespace KelDriver::Internal {

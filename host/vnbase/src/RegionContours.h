@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "Vec.h"
+#include "Vector.h"
 #include "keldriver/ClipRgn.h"
 
 namespace vnbase {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include "Contours.h"
+#include "RegionContours.h"
 
 #include <limits>
 #include <optional>

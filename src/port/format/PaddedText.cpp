@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include "port/PaddedText.h"
+#include "port/format/PaddedText.h"
 
 #include <algorithm>
 
