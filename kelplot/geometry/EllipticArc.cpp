@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "geometry/EllipticArc.h"
 
+#include "base/Angles.h"
+
 namespace kelplot {
 
 namespace {

@@ -8,8 +8,6 @@
 
 namespace kelplot {
 
-constexpr double turn = 6.283185307179586; ///< a whole one, in radians
-
 /// How finely curves become polylines.
 struct Flattening {
     double tolerance = 0.1; ///< how far the polyline may leave the curve

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plot/EntityPlotter.h"
 
+#include "base/Angles.h"
 #include "plot/EntityBox.h"
 #include "plot/shape/EntityCurves.h"
 #include "plot/shape/PointMark.h"

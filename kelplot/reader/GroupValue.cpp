@@ -65,9 +65,4 @@ double saneReal(double value) {
     return std::abs(value) <= largestReal ? value : 0.0;
 }
 
-double radiansFromDegrees(double degrees) {
-    constexpr double degree = 3.14159265358979323846 / 180.0;
-    return degrees * degree;
-}
-
 } // namespace kelplot

@@ -18,7 +18,4 @@ int toInteger(std::string_view text);
 /// `value` as `toReal` would give it, for numbers that were parsed elsewhere.
 double saneReal(double value);
 
-/// An angle in radians from one in degrees.
-double radiansFromDegrees(double degrees);
-
 } // namespace kelplot

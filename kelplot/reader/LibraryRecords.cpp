@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "reader/LibraryRecords.h"
 
+#include "base/Angles.h"
+
 #include <QByteArray>
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
+#include "reader/AttachedData.h"
 #include "reader/GroupValue.h"
 
 namespace kelplot {
@@ -61,11 +64,9 @@ void LibraryRecords::take(const Group& group) {
 }
 
 void LibraryRecords::takeExtended(const Group& group) {
-    constexpr int applicationCode = 1001;
-    constexpr int integerCode = 1071;
-    if (group.code == applicationCode) {
+    if (group.code == attached::application) {
         m_statesOpacity = trimmed(group.value) == "AcCmTransparency";
-    } else if (group.code == integerCode && m_statesOpacity) {
+    } else if (group.code == attached::integer && m_statesOpacity) {
         m_header.attributes.opacity = opacityOf(toInteger(group.value));
     }
 }

@@ -4,7 +4,6 @@
 
 #include "keldriver/Matrix.h"
 
-
 namespace {
 
 double plus(double total, double value) {

@@ -10,6 +10,8 @@ namespace KelDriver::Internal {
 constexpr double quarterTurn = 1.5707963267948966;
 constexpr double halfTurn = 3.141592653589793;
 constexpr double fullTurn = 6.283185307179586;
+constexpr double radiansPerDegree = 0.017453292519943295;
+constexpr double degreesPerRadian = 57.29577951308232;
 
 /// Lengths and angles closer than this count as equal wherever this library compares geometry.
 constexpr double geometricTolerance = 1e-10;

@@ -15,7 +15,6 @@ using namespace KelDriver::Internal;
 
 namespace {
 
-constexpr double degreesPerRadian = 57.29577951308232;
 constexpr double sixteenths = 16.0; // Qt counts arc angles in sixteenths of a degree
 
 QRectF rectangleFor(const tagRECT& rect) {

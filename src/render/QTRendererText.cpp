@@ -22,8 +22,6 @@ using namespace KelDriver::Internal;
 
 namespace {
 
-constexpr double radiansPerDegree = 0.017453292519943295;
-
 /// The sum of the rounded advances, without the stretch that the transform adds; 32 bits wide, and it wraps.
 int32_t roundedWidth(const double* charWidths, int length, double widthFactor) {
     uint32_t sum = 0;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plot/pen/Canvas.h"
 
+#include "base/Angles.h"
+
 #include <optional>
 
 #include "geometry/BoxClip.h"
@@ -9,7 +11,7 @@ namespace kelplot {
 
 namespace {
 
-constexpr double sixteenthOfDegree = 3.141592653589793 / 2880.0;
+constexpr double sixteenthOfDegree = turn / 5760.0;
 
 /// What shows with margins so wide that the ends of what is cut off there, and their line widths, do not.
 Box2 surroundingsOf(const Box2& visible) {

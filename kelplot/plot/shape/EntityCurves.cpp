@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plot/shape/EntityCurves.h"
 
+#include "base/Angles.h"
 namespace kelplot {
 
 namespace {

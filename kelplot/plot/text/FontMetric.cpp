@@ -28,20 +28,6 @@ double capHeightOf(const QFont& font) {
     return height > 0.0 ? height : usual;
 }
 
-/// What was measured for a text before, or else is now.
-template <typename Value, typename Measure>
-Value remembered(QHash<QString, Value>& known, const QString& text, Measure measure) {
-    constexpr int mostKnown = 20000;
-    const auto found = known.constFind(text);
-    if (found != known.constEnd()) {
-        return *found;
-    }
-    if (known.size() >= mostKnown) {
-        known.clear();
-    }
-    return *known.insert(text, measure());
-}
-
 } // namespace
 
 FontMetric::FontMetric(const FontFace& face)
@@ -50,11 +36,11 @@ FontMetric::FontMetric(const FontFace& face)
 }
 
 double FontMetric::advanceOf(const QString& text) const {
-    return remembered(m_advances, text, [&] { return m_metrics.horizontalAdvance(text) / emUnits; });
+    return m_advances.get(text, [&] { return m_metrics.horizontalAdvance(text) / emUnits; });
 }
 
 Box2 FontMetric::inkOf(const QString& text) const {
-    return remembered(m_inks, text, [&] {
+    return m_inks.get(text, [&] {
         Box2 box;
         const QRectF ink = m_metrics.tightBoundingRect(text);
         if (!ink.isEmpty()) {

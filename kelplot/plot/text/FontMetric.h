@@ -5,7 +5,9 @@
 #include <QFontMetricsF>
 #include <QHash>
 #include <QString>
+#include <unordered_map>
 
+#include "base/BoundedCache.h"
 #include "geometry/Box2.h"
 
 namespace kelplot {
@@ -47,8 +49,9 @@ private:
     QFontMetricsF m_metrics;
     double m_capHeight;
     double m_depth;
-    mutable QHash<QString, double> m_advances;
-    mutable QHash<QString, Box2> m_inks;
+    static constexpr size_t mostTexts = 20000;
+    mutable BoundedCache<std::unordered_map<QString, double>, mostTexts> m_advances;
+    mutable BoundedCache<std::unordered_map<QString, Box2>, mostTexts> m_inks;
 };
 
 } // namespace kelplot

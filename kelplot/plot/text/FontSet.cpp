@@ -105,16 +105,8 @@ QString FontSet::familyFor(const QString& key, const FontRule* rule) {
 }
 
 FontChoice FontSet::choose(const FontName& name, const std::string& bigFontFile) {
-    constexpr size_t mostKept = 1000;
-    const FontRequest request(name.name, name.isFile, name.bold, name.italic, bigFontFile);
-    const auto known = m_choices.find(request);
-    if (known != m_choices.end()) {
-        return known->second;
-    }
-    if (m_choices.size() >= mostKept) {
-        m_choices.clear();
-    }
-    return m_choices[request] = find(name, bigFontFile);
+    return m_choices.get({name.name, name.isFile, name.bold, name.italic, bigFontFile},
+                         [&] { return find(name, bigFontFile); });
 }
 
 FontChoice FontSet::find(const FontName& name, const std::string& bigFontFile) {
@@ -148,16 +140,7 @@ const HT_FontMap& FontSet::fallbacks(const QString& bigFont) {
 }
 
 const std::vector<FontRun>& FontSet::split(const QString& text, const FontChoice& choice) {
-    constexpr int mostKept = 20000;
-    const auto key = std::make_pair(text, choice);
-    const auto known = m_splits.constFind(key);
-    if (known != m_splits.constEnd()) {
-        return *known;
-    }
-    if (m_splits.size() >= mostKept) {
-        m_splits.clear();
-    }
-    return *m_splits.insert(key, runsOf(text, choice));
+    return m_splits.get({text, choice}, [&] { return runsOf(text, choice); });
 }
 
 std::vector<FontRun> FontSet::runsOf(const QString& text, const FontChoice& choice) {

@@ -8,8 +8,10 @@
 #include <memory>
 #include <string>
 #include <tuple>
+#include <unordered_map>
 #include <vector>
 
+#include "base/BoundedCache.h"
 #include "keldriver/SubText.h"
 #include "plot/text/FontMetric.h"
 #include "settings/FontTable.h"
@@ -54,6 +56,10 @@ public:
 
 private:
     using FontRequest = std::tuple<std::string, bool, bool, bool, std::string>; ///< all that `choose` goes by
+    using FontedText = std::pair<QString, FontChoice>;
+    struct FontedTextHash {
+        size_t operator()(const FontedText& key) const { return qHash(key); }
+    };
 
     FontChoice find(const FontName& name, const std::string& bigFontFile);
     std::vector<FontRun> runsOf(const QString& text, const FontChoice& choice);
@@ -66,8 +72,8 @@ private:
     QHash<QString, QString> m_installed; ///< names of families by their names in small letters
     std::map<QString, HT_FontMap> m_fallbacks;
     QHash<FontFace, std::shared_ptr<FontMetric>> m_metrics;
-    std::map<FontRequest, FontChoice> m_choices;
-    QHash<std::pair<QString, FontChoice>, std::vector<FontRun>> m_splits;
+    BoundedCache<std::map<FontRequest, FontChoice>, 1000> m_choices;
+    BoundedCache<std::unordered_map<FontedText, std::vector<FontRun>, FontedTextHash>, 20000> m_splits;
 };
 
 } // namespace kelplot

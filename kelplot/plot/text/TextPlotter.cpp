@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plot/text/TextPlotter.h"
 
+#include "base/Angles.h"
+
 #include <QColor>
 #include <QPainter>
 #include <QTransform>
@@ -12,7 +14,6 @@ namespace kelplot {
 
 namespace {
 
-constexpr double degreesPerRadian = 57.29577951308232;
 constexpr double defaultScale = 1.0; ///< of the renderer for everything else
 
 /// Where the em square of a run lies in device units.
@@ -33,7 +34,7 @@ EmSquare emSquareOf(const TextRun& run, const PlanMap& block) {
 HT_Font fontOf(const FontFace& face, double rotation) {
     HT_Font font{};
     font.height = emUnits;
-    font.rotation = rotation * degreesPerRadian;
+    font.rotation = degreesFromRadians(rotation);
     font.bold = face.bold ? 1 : 0;
     font.italic = face.italic ? 1 : 0;
     const std::wstring family = face.family.toStdWString();

@@ -16,15 +16,7 @@ const TextStyle& Typesetter::styleOf(uint32_t index) const {
 
 template <typename AnyText>
 const PlacedText& Typesetter::placed(const AnyText& text) const {
-    constexpr size_t mostKept = 4096;
-    const auto known = m_placed.find(&text);
-    if (known != m_placed.end()) {
-        return known->second;
-    }
-    if (m_placed.size() >= mostKept) {
-        m_placed.clear();
-    }
-    return m_placed[&text] = layOut(text, styleOf(text.style), m_fonts);
+    return m_placed.get(&text, [&] { return layOut(text, styleOf(text.style), m_fonts); });
 }
 
 template const PlacedText& Typesetter::placed(const Text&) const;

@@ -3,6 +3,7 @@
 
 #include <unordered_map>
 
+#include "base/BoundedCache.h"
 #include "drawing/Drawing.h"
 #include "plot/text/FontSet.h"
 #include "plot/text/TextBlock.h"
@@ -27,8 +28,8 @@ private:
     const TextStyle& styleOf(uint32_t index) const;
 
     const Drawing& m_drawing;
-    mutable FontSet m_fonts;                                      ///< remembers what it has looked up
-    mutable std::unordered_map<const void*, PlacedText> m_placed; ///< by the text's address
+    mutable FontSet m_fonts; ///< remembers what it has looked up
+    mutable BoundedCache<std::unordered_map<const void*, PlacedText>, 4096> m_placed; ///< by the text's address
 };
 
 } // namespace kelplot

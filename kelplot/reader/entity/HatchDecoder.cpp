@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "reader/entity/HatchDecoder.h"
 
+#include "base/Angles.h"
+
 #include <cmath>
 #include <utility>
 
@@ -17,7 +19,7 @@ double eccentricAngle(double angle, double ratio) {
         return angle;
     }
     const double withinTurn = std::atan2(std::sin(angle) / ratio, std::cos(angle));
-    return angle + std::remainder(withinTurn - angle, 2 * radiansFromDegrees(180.0));
+    return angle + std::remainder(withinTurn - angle, turn);
 }
 
 // Bits of a loop's code 92.

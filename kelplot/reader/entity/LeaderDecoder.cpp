@@ -8,19 +8,13 @@
 #include <cmath>
 #include <utility>
 
+#include "reader/AttachedData.h"
 #include "reader/GroupValue.h"
 #include "reader/entity/SplineDecoder.h"
 
 namespace kelplot {
 
 namespace {
-
-// Codes of attached data.
-constexpr int stringCode = 1000;
-constexpr int applicationCode = 1001;
-constexpr int braceCode = 1002;
-constexpr int firstValueCode = 1004;
-constexpr int integerCode = 1070;
 
 /// Many more values than a style has.
 constexpr std::size_t mostChanges = 256;
@@ -83,17 +77,17 @@ void LeaderDecoder::take(const Group& group) {
 /// The values that differ from the style are pairs: the code that each has in the table, and itself.
 void LeaderDecoder::takeExtended(const Group& group) {
     const std::string_view value = trimmed(group.value);
-    if (group.code == applicationCode || (group.code == braceCode && value == "}")) {
+    if (group.code == attached::application || (group.code == attached::brace && value == "}")) {
         m_inChanges = false;
-    } else if (group.code == stringCode && value == "DSTYLE") {
+    } else if (group.code == attached::text && value == "DSTYLE") {
         m_inChanges = true;
         m_changedCode.reset();
-    } else if (m_inChanges && m_changedCode && group.code >= firstValueCode) {
+    } else if (m_inChanges && m_changedCode && group.code >= attached::firstOther) {
         if (m_changes.size() < mostChanges) {
             m_changes.push_back({*m_changedCode, std::string(value)});
         }
         m_changedCode.reset();
-    } else if (m_inChanges && group.code == integerCode) {
+    } else if (m_inChanges && group.code == attached::shortInteger) {
         m_changedCode = toInteger(value);
     }
 }

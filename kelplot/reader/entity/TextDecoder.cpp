@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "reader/entity/TextDecoder.h"
+
+#include "base/Angles.h"
 #include "geometry/PlanMap.h"
 #include "reader/RecordDecoder.h"
 

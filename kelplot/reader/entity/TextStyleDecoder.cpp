@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "reader/entity/TextStyleDecoder.h"
 
+#include "base/Angles.h"
+
 #include <utility>
 
+#include "reader/AttachedData.h"
 #include "reader/GroupValue.h"
 
 namespace kelplot {
@@ -18,8 +21,6 @@ constexpr int backwardStyle = 2;
 constexpr int upsideDownStyle = 4;
 
 // The attached data that names an outline font, and the bits of its number.
-constexpr int familyCode = 1000;
-constexpr int fontFlagsCode = 1071;
 constexpr int italicFont = 0x1000000;
 constexpr int boldFont = 0x2000000;
 
@@ -63,12 +64,11 @@ void TextStyleDecoder::take(const Group& group) {
 }
 
 void TextStyleDecoder::takeExtended(const Group& group) {
-    constexpr int applicationCode = 1001;
-    if (group.code == applicationCode) {
+    if (group.code == attached::application) {
         m_tellsFont = trimmed(group.value) == "ACAD";
-    } else if (m_tellsFont && group.code == familyCode) {
+    } else if (m_tellsFont && group.code == attached::text) {
         m_family = trimmed(group.value);
-    } else if (m_tellsFont && group.code == fontFlagsCode) {
+    } else if (m_tellsFont && group.code == attached::integer) {
         m_fontFlags = toInteger(group.value);
     }
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "reader/mtext/FormatCodes.h"
 
+#include "base/Angles.h"
+
 #include <QByteArray>
 #include <algorithm>
 #include <iterator>

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+namespace kelplot {
+
+/// Group codes of the data that programs attach to a record.
+namespace attached {
+
+constexpr int text = 1000;
+constexpr int application = 1001; ///< whose data follow
+constexpr int brace = 1002;       ///< opens or closes a group of them
+constexpr int firstOther = 1004;  ///< from here on: values that are neither text nor structure
+constexpr int shortInteger = 1070;
+constexpr int integer = 1071;
+
+} // namespace attached
+
+} // namespace kelplot
