@@ -26,6 +26,8 @@ public:
     virtual void takeExtended(const Group&) {}
     /// The record is complete.
     virtual void end(const RecordHeader& header, DrawingBuilder& builder) = 0;
+    /// A record of `nextType` follows, whoever reads it; for decoders of what is spread over several records.
+    virtual void beforeRecord(std::string_view, DrawingBuilder&) {}
 };
 
 /// Sets the coordinate of `point` that `group` states, where the point's x has the code `xCode`. False for other

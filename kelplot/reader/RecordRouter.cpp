@@ -24,21 +24,26 @@ constexpr char variableMark = '$';
 constexpr std::string_view strangeVariable = "$";
 
 struct LibraryType {
+    RecordPlace place;
     std::string_view type;
     std::string_view readAs;
 };
-constexpr LibraryType libraryEntities[] = {
-    {"LINE", "LINE"},     {"CIRCLE", "CIRCLE"}, {"ARC", "ARC"},         {"INSERT", "INSERT"}, {"POINT", "POINT"},
-    {"SOLID", "SOLID"},   {"TRACE", "TRACE"},   {"ELLIPSE", "ELLIPSE"}, {"3DFACE", "3DFACE"}, {"BLOCK", "BLOCK"},
-    {"ENDBLK", "ENDBLK"}, {"3DLINE", "LINE"}, // as the oldest drawings called a line with a height
+constexpr LibraryType libraryTypes[] = {
+    {RecordPlace::entities, "LINE", "LINE"},     {RecordPlace::entities, "CIRCLE", "CIRCLE"},
+    {RecordPlace::entities, "ARC", "ARC"},       {RecordPlace::entities, "INSERT", "INSERT"},
+    {RecordPlace::entities, "POINT", "POINT"},   {RecordPlace::entities, "SOLID", "SOLID"},
+    {RecordPlace::entities, "TRACE", "TRACE"},   {RecordPlace::entities, "ELLIPSE", "ELLIPSE"},
+    {RecordPlace::entities, "3DFACE", "3DFACE"}, {RecordPlace::entities, "BLOCK", "BLOCK"},
+    {RecordPlace::entities, "ENDBLK", "ENDBLK"}, {RecordPlace::tables, "LAYER", "LAYER"},
+    {RecordPlace::entities, "3DLINE", "LINE"}, // as the oldest drawings called a line with a height
+    {RecordPlace::tables, "LTYPE", "LTYPE"},
 };
-constexpr LibraryType libraryTables[] = {{"LAYER", "LAYER"}, {"LTYPE", "LTYPE"}};
 
-template <std::size_t count>
-const LibraryType* findType(const LibraryType (&types)[count], std::string_view type) {
+const LibraryType* libraryTypeOf(RecordPlace place, std::string_view type) {
     const auto* const found =
-        std::find_if(std::begin(types), std::end(types), [&](const LibraryType& entry) { return entry.type == type; });
-    return found == std::end(types) ? nullptr : found;
+        std::find_if(std::begin(libraryTypes), std::end(libraryTypes),
+                     [&](const LibraryType& entry) { return entry.place == place && entry.type == type; });
+    return found == std::end(libraryTypes) ? nullptr : found;
 }
 
 /// Long texts are cut into groups, one of which may happen to hold blanks only.
@@ -119,8 +124,8 @@ bool RecordRouter::takeRecordStart(Group& group) {
         m_decoder->end(m_header, m_builder);
     }
     m_type = trimmed(group.value);
-    if (!PolylineDecoder::continues(m_type)) {
-        m_polylines.finish(m_builder);
+    if (m_decoder != nullptr) {
+        m_decoder->beforeRecord(m_type, m_builder);
     }
     group.value = strangeType;
     chooseReader(group.value);
@@ -149,7 +154,6 @@ void RecordRouter::enterSection(std::string_view name) {
 /// Sets who reads the record of type `m_type`; `readAs` receives what the library is to take it for.
 void RecordRouter::chooseReader(std::string_view& readAs) {
     m_reader = Reader::nobody;
-    m_decoder = nullptr;
     if (m_type == "SECTION" || m_type == "ENDSEC") {
         m_section = Section::none;
         return;
@@ -161,17 +165,18 @@ void RecordRouter::chooseReader(std::string_view& readAs) {
     if (m_section == Section::header || m_section == Section::other) {
         return;
     }
-    const bool inTables = m_section == Section::tables;
-    if (m_section == Section::objects) {
-        m_decoder = objectDecoderFor(m_type);
-        m_reader = m_decoder != nullptr ? Reader::decoder : Reader::nobody;
-    } else if (const LibraryType* const found =
-                   inTables ? findType(libraryTables, m_type) : findType(libraryEntities, m_type)) {
+    RecordPlace place = RecordPlace::entities;
+    if (m_section == Section::tables) {
+        place = RecordPlace::tables;
+    } else if (m_section == Section::objects) {
+        place = RecordPlace::objects;
+    }
+    if (const LibraryType* const found = libraryTypeOf(place, m_type)) {
         m_reader = Reader::library;
         readAs = found->readAs;
-    } else {
-        m_decoder = inTables ? tableDecoderFor(m_type) : decoderFor(m_type);
-        m_reader = m_decoder != nullptr ? Reader::decoder : Reader::nobody;
+    } else if (RecordDecoder* const decoder = m_decoders.find(place, m_type)) {
+        m_reader = Reader::decoder;
+        m_decoder = decoder;
     }
     // Small programs leave the sections out and write just entities.
     m_sawDrawing = m_sawDrawing || m_reader != Reader::nobody;
@@ -189,46 +194,6 @@ void RecordRouter::beginRecord() {
     } else if (m_reader == Reader::decoder) {
         m_decoder->begin(m_type);
     }
-}
-
-RecordDecoder* RecordRouter::decoderFor(std::string_view type) {
-    const struct {
-        std::string_view type;
-        RecordDecoder* decoder;
-    } decoders[] = {
-        {"LWPOLYLINE", &m_lwPolylines},
-        {"VERTEX", &m_polylines},
-        {"POLYLINE", &m_polylines},
-        {"SEQEND", &m_polylines},
-        {"HATCH", &m_hatches},
-        {"MPOLYGON", &m_hatches},
-        {"SPLINE", &m_splines},
-        {"DIMENSION", &m_dimensions},
-        {"ARC_DIMENSION", &m_dimensions},
-        {"LARGE_RADIAL_DIMENSION", &m_dimensions},
-        {"TEXT", &m_texts},
-        {"ATTRIB", &m_texts},
-        {"ATTDEF", &m_texts},
-        {"MTEXT", &m_paragraphTexts},
-        {"LEADER", &m_leaders},
-        {"IMAGE", &m_images},
-        {"WIPEOUT", &m_images},
-    };
-    const auto* const found =
-        std::find_if(std::begin(decoders), std::end(decoders), [&](const auto& entry) { return entry.type == type; });
-    return found == std::end(decoders) ? nullptr : found->decoder;
-}
-
-RecordDecoder* RecordRouter::tableDecoderFor(std::string_view type) {
-    if (type == "STYLE") {
-        return &m_textStyles;
-    }
-    return type == "DIMSTYLE" || type == "BLOCK_RECORD" ? &m_dimensionStyles : nullptr;
-}
-
-RecordDecoder* RecordRouter::objectDecoderFor(std::string_view type) {
-    const bool aboutImages = type == "IMAGEDEF" || type == "RASTERVARIABLES" || type == "WIPEOUTVARIABLES";
-    return aboutImages ? &m_imageObjects : nullptr;
 }
 
 } // namespace kelplot

@@ -6,17 +6,7 @@
 #include <string_view>
 
 #include "reader/LibraryRecords.h"
-#include "reader/entity/DimensionDecoder.h"
-#include "reader/entity/DimensionStyles.h"
-#include "reader/entity/HatchDecoder.h"
-#include "reader/entity/ImageDecoder.h"
-#include "reader/entity/LeaderDecoder.h"
-#include "reader/entity/LwPolylineDecoder.h"
-#include "reader/entity/PolylineDecoder.h"
-#include "reader/entity/SplineDecoder.h"
-#include "reader/entity/TextDecoder.h"
-#include "reader/entity/TextStyleDecoder.h"
-#include "reader/mtext/MTextDecoder.h"
+#include "reader/entity/Decoders.h"
 
 namespace kelplot {
 
@@ -47,30 +37,16 @@ private:
     void enterSection(std::string_view name);
     void chooseReader(std::string_view& readAs);
     void beginRecord();
-    RecordDecoder* decoderFor(std::string_view type);
-    RecordDecoder* tableDecoderFor(std::string_view type);
-    RecordDecoder* objectDecoderFor(std::string_view type);
     void takeForDecoder(const Group& group);
 
     DrawingBuilder& m_builder;
     LibraryRecords m_libraryRecords;
-    LwPolylineDecoder m_lwPolylines;
-    PolylineDecoder m_polylines;
-    SplineDecoder m_splines;
-    HatchDecoder m_hatches;
-    DimensionDecoder m_dimensions;
-    TextStyleDecoder m_textStyles;
-    DimensionStyles m_dimensionStyles;
-    TextDecoder m_texts;
-    MTextDecoder m_paragraphTexts;
-    LeaderDecoder m_leaders{m_dimensionStyles};
-    ImageDecoder m_images;
-    ImageObjects m_imageObjects;
+    Decoders m_decoders;
 
     Section m_section = Section::none;
     std::string m_type; ///< of the current record
     Reader m_reader = Reader::nobody;
-    RecordDecoder* m_decoder = nullptr; ///< with Reader::decoder
+    RecordDecoder* m_decoder = nullptr; ///< the last one; of the current record with Reader::decoder
     RecordHeader m_header;              ///< of a record that a decoder reads
     bool m_embedded = false;            ///< in an object within the record, with codes of its own
     bool m_libraryBusy = false;         ///< the library holds a record that it has not handed over

@@ -30,8 +30,10 @@ bool isFace(int vertexFlags) {
 
 } // namespace
 
-bool PolylineDecoder::continues(std::string_view type) {
-    return type == "VERTEX" || type == "SEQEND";
+void PolylineDecoder::beforeRecord(std::string_view type, DrawingBuilder& builder) {
+    if (type != "VERTEX" && type != "SEQEND") {
+        finish(builder);
+    }
 }
 
 void PolylineDecoder::begin(std::string_view type) {
@@ -146,6 +148,7 @@ void PolylineDecoder::endVertex(const RecordHeader& header) {
     }
 }
 
+/// Adds the polyline that has begun, if any.
 void PolylineDecoder::finish(DrawingBuilder& builder) {
     if (!m_open) {
         return;

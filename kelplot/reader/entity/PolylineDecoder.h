@@ -19,11 +19,8 @@ public:
     void take(const Group& group) override;
     void end(const RecordHeader& header, DrawingBuilder& builder) override;
 
-    /// Whether records of `type` belong to a polyline that has begun.
-    static bool continues(std::string_view type);
-
-    /// Adds the polyline that has begun, if any; for files in which its end is missing.
-    void finish(DrawingBuilder& builder);
+    /// Adds the polyline that has begun when a record comes that does not belong to it: its end may be missing.
+    void beforeRecord(std::string_view type, DrawingBuilder& builder) override;
 
 private:
     enum class Part { head, vertex, end };
@@ -48,6 +45,7 @@ private:
         std::array<int, 4> corners{};
     };
 
+    void finish(DrawingBuilder& builder);
     void takeOfHead(const Group& group);
     void takeOfVertex(const Group& group);
     void endVertex(const RecordHeader& header);

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "reader/entity/Decoders.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+#include "reader/entity/DimensionDecoder.h"
+#include "reader/entity/DimensionStyles.h"
+#include "reader/entity/HatchDecoder.h"
+#include "reader/entity/ImageDecoder.h"
+#include "reader/entity/LeaderDecoder.h"
+#include "reader/entity/LwPolylineDecoder.h"
+#include "reader/entity/PolylineDecoder.h"
+#include "reader/entity/SplineDecoder.h"
+#include "reader/entity/TextDecoder.h"
+#include "reader/entity/TextStyleDecoder.h"
+#include "reader/mtext/MTextDecoder.h"
+
+namespace kelplot {
+
+namespace {
+
+using Decoder = std::unique_ptr<RecordDecoder>;
+
+template <typename Type>
+Decoder make(const Decoders&) {
+    return std::make_unique<Type>();
+}
+
+/// Leaders look as the dimension styles say.
+Decoder makeForLeaders(const Decoders& above) {
+    const RecordDecoder* const styles = above.find(RecordPlace::tables, "DIMSTYLE");
+    return std::make_unique<LeaderDecoder>(static_cast<const DimensionStyles&>(*styles));
+}
+
+struct Row {
+    RecordPlace place;
+    std::array<std::string_view, 3> types;
+    Decoder (*make)(const Decoders& above); ///< those of the rows above are there already
+};
+
+constexpr Row rows[] = {
+    {RecordPlace::tables, {"STYLE"}, make<TextStyleDecoder>},
+    {RecordPlace::tables, {"DIMSTYLE", "BLOCK_RECORD"}, make<DimensionStyles>},
+    {RecordPlace::entities, {"LWPOLYLINE"}, make<LwPolylineDecoder>},
+    {RecordPlace::entities, {"VERTEX", "POLYLINE", "SEQEND"}, make<PolylineDecoder>},
+    {RecordPlace::entities, {"HATCH", "MPOLYGON"}, make<HatchDecoder>},
+    {RecordPlace::entities, {"SPLINE"}, make<SplineDecoder>},
+    {RecordPlace::entities, {"DIMENSION", "ARC_DIMENSION", "LARGE_RADIAL_DIMENSION"}, make<DimensionDecoder>},
+    {RecordPlace::entities, {"TEXT", "ATTRIB", "ATTDEF"}, make<TextDecoder>},
+    {RecordPlace::entities, {"MTEXT"}, make<MTextDecoder>},
+    {RecordPlace::entities, {"LEADER"}, makeForLeaders},
+    {RecordPlace::entities, {"IMAGE", "WIPEOUT"}, make<ImageDecoder>},
+    {RecordPlace::objects, {"IMAGEDEF", "RASTERVARIABLES", "WIPEOUTVARIABLES"}, make<ImageObjects>},
+};
+
+} // namespace
+
+Decoders::Decoders() {
+    m_decoders.reserve(std::size(rows));
+    for (const Row& row : rows) {
+        m_decoders.push_back(row.make(*this));
+    }
+}
+
+RecordDecoder* Decoders::find(RecordPlace place, std::string_view type) const {
+    const auto* const found = std::find_if(std::begin(rows), std::end(rows), [&](const Row& row) {
+        return row.place == place && std::find(row.types.begin(), row.types.end(), type) != row.types.end();
+    });
+    return found == std::end(rows) || type.empty() ? nullptr : m_decoders[static_cast<size_t>(found - rows)].get();
+}
+
+} // namespace kelplot
