@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include <QDateTime>
 #include <QString>
 #include <QStringList>
 #include <vector>
 
 #include "keldriver/Paper.h"
 #include "page/SheetSize.h"
+#include "settings/PaperCache.h"
 
 namespace kelplot {
 
@@ -27,23 +27,16 @@ public:
     /// file is damaged.
     std::vector<PaperSize> read(QStringList& warnings) const;
 
-    /// Adds a paper under a number of its own and returns it. Creates folder and file where they are missing; what the
-    /// file was before stays beside it with "~" behind its name. All comments stay but those above the keys of papers.
-    /// Throws `SettingsError`, and then the file is as it was; beside it there is at worst a copy of it.
+    /// Adds a paper to the text file as `addToPaperFile` does, creating the folder where it is missing.
     int add(const PaperSize& paper) const;
 
     /// Tells whether the device takes a sheet of this size, one way round or the other. Without a file it does.
     bool takes(const SheetSize& size) const;
 
 private:
-    bool cacheIsCurrent() const;
-    bool cacheIsWhole() const;
-    std::vector<PaperSize> readText() const;
-    void makeCache(const std::vector<PaperSize>& records, const QDateTime& textChange) const;
-
     QString m_folder;
     QString m_text;
-    QString m_cache;
+    PaperCache m_cache;
 };
 
 } // namespace kelplot

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <vector>
+
+#include "keldriver/Paper.h"
+
+namespace kelplot {
+
+/// The binary file that the library keeps beside a text file of papers, and reads in less time.
+class PaperCache {
+public:
+    PaperCache(QString text, QString cache) : m_text(std::move(text)), m_cache(std::move(cache)) {}
+
+    const QString& path() const { return m_cache; }
+    bool exists() const;
+    /// Whether it was made after the text file was last edited, moved or installed; that has the last word.
+    bool isCurrent() const;
+    /// Its papers; none when it is damaged.
+    std::vector<PaperSize> records() const;
+    /// Reads the text file by `read` and makes the cache of what it gives, unless the file changes meanwhile or a name
+    /// has characters that the cache has no room for; then there is none. A cache that cannot be written is left out.
+    std::vector<PaperSize> remake(const std::function<std::vector<PaperSize>()>& read) const;
+
+private:
+    QString m_text;
+    QString m_cache;
+};
+
+} // namespace kelplot

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QString>
+
+#include "keldriver/Paper.h"
+
+namespace kelplot {
+
+/// Adds a paper to a text file of papers, or makes the file of it, under a number of its own, which it returns. What
+/// the file was before stays beside it with "~" after its name. All comments stay but those above the keys of papers.
+///
+/// The file is rewritten as a copy, which takes its place only when it holds everything that the file held; writers of
+/// the file take turns with this, the library's functions among them. Throws `SettingsError`, and then the file is as
+/// it was; beside it there is at worst a copy of it.
+int addToPaperFile(const QString& path, const PaperSize& paper);
+
+} // namespace kelplot
