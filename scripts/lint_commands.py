@@ -5,7 +5,7 @@
 Usage: lint_commands.py <build folder> <new folder>
 
 A source that several targets share has several commands there, and a generated one is not what we maintain. Writes
-the choice to compile_commands.json in the new folder, and to standard output, each with a NUL behind it, as shell
+the choice to compile_commands.json in the new folder, and to standard output, each followed by a NUL, as shell
 commands that only check the source. Fails when a source has no command, which means that nothing builds it.
 """
 import json

@@ -18,14 +18,14 @@ struct IniItem {
     std::string key;          ///< trimmed
     std::string value;        ///< trimmed
     std::string comment;      ///< the comment and blank lines above the key, whole, each ended by a newline
-    std::string rightComment; ///< the note behind the value, trimmed, without the delimiter
+    std::string rightComment; ///< the note after the value, trimmed, without the delimiter
 };
 
 /// One section of a settings file.
 struct IniSection {
     std::string name;           ///< trimmed; empty for the keys before the first header
     std::string comment;        ///< the comment and blank lines above the header, whole, each ended by a newline
-    std::string rightComment;   ///< the note behind the header, trimmed, without the delimiter
+    std::string rightComment;   ///< the note after the header, trimmed, without the delimiter
     std::vector<IniItem> items; ///< in file order; a key may occur more than once
 };
 
@@ -89,7 +89,7 @@ public:
     int getValue(const std::string& section, const std::string& key, std::string& value);
     /// As `getValue`.
     int GetStringValue(const std::string& section, const std::string& key, std::string& value);
-    /// Stores the default when there is no such key; answers the code of the lookup all the same.
+    /// Stores the default when there is no such key; still answers the code of the lookup.
     int GetStringValueOrDefault(const std::string& section, const std::string& key, std::string& value,
                                 const std::string& defaultValue);
 
@@ -131,7 +131,7 @@ public:
 
     /// The comment above a key; above the section's header when `key` is empty. Codes 8 and 9.
     int GetComment(const std::string& section, const std::string& key, std::string& comment);
-    /// The note behind a key's value; behind the section's header when `key` is empty.
+    /// The note after a key's value; after the section's header when `key` is empty.
     int GetRightComment(const std::string& section, const std::string& key, std::string& rightComment);
     /// The message of the last failure; a success does not clear it.
     const std::string& GetErrMsg() const;
@@ -148,14 +148,14 @@ public:
     int SetStringValue(const std::string& section, const std::string& key, const std::string& value);
     /// As `SetStringValue`, with the number in decimal digits.
     int SetIntValue(const std::string& section, const std::string& key, int value);
-    /// As `SetStringValue`, with six decimals behind a point, whatever the locale.
+    /// As `SetStringValue`, with six decimals after a point, whatever the locale.
     int SetDoubleValue(const std::string& section, const std::string& key, double value);
     /// As `SetStringValue`, with "true" or "false".
     int SetBoolValue(const std::string& section, const std::string& key, bool value);
     /// Stores the text unchanged above a key, or above the section's header when `key` is empty. A comment needs
     /// its delimiter in front of each line; without it the file reads back differently.
     int SetComment(const std::string& section, const std::string& key, const std::string& comment);
-    /// Stores the note behind a key's value, or behind the section's header when `key` is empty: no delimiter.
+    /// Stores the note after a key's value, or after the section's header when `key` is empty, without a delimiter.
     int SetRightComment(const std::string& section, const std::string& key, const std::string& rightComment);
     /// What begins a comment from now on, "#" at first; what has been read stays as it is.
     void SetCommentDelimiter(const std::string& delimiter);
@@ -175,7 +175,7 @@ public:
     static void trimright(std::string& text, char c);
     /// Parts a text at the first separator, and trims both parts.
     ///
-    /// One byte is skipped behind the left part, whatever the separator's length: the rest of a longer one stays
+    /// One byte is skipped after the left part, whatever the separator's length: the rest of a longer one stays
     /// at the head of the right part.
     ///
     /// @return whether the separator was found; if not, `left` takes the whole text and `right` is empty

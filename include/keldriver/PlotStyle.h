@@ -25,14 +25,14 @@ enum LineJoinStyle : int32_t {
 
 /// How a line is dashed, for `HT_Renderer::SetLineType`.
 enum LineType : int32_t {
-    LineTypeSolid = 0,   ///< continuous; any value that is none of these means this too
+    LineTypeSolid = 0,   ///< continuous; any value not listed here means this too
     LineTypeDash = 1,    ///< dashes
     LineTypeDot = 2,     ///< dots
     LineTypeDashDot = 3, ///< dashes and dots in turn
     LineTypeCustom = 4,  ///< the lengths that are given with the type
 };
 
-/// What an area is filled with, for `HT_Renderer::SetFillStyle`. Any value that is none of these means no fill.
+/// What an area is filled with, for `HT_Renderer::SetFillStyle`. Any value not listed here means no fill.
 enum FillStyle : int32_t {
     FillSolid = 0,            ///< the ink alone
     FillSquares = 1,          ///< small hollow squares, a bitmap pattern on white ground

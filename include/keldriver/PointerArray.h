@@ -16,10 +16,10 @@ public:
     virtual int32_t GetCount() const = 0;
     /// The element at `index`; null when there is none.
     virtual void* GetData(int index) = 0;
-    /// Puts `data` before the element at `index`, which moves up like those behind it; at the count `data` becomes
+    /// Puts `data` before the element at `index`, which moves up like those after it; at the count `data` becomes
     /// the last one. Other indices are not allowed.
     virtual void Insert(int index, void* data) = 0;
-    /// Takes the element at `index` out of the list; those behind it move down. It is not destroyed. There must be
+    /// Takes the element at `index` out of the list; those after it move down. It is not destroyed. There must be
     /// an element of that index.
     virtual void Remove(int index) = 0;
     /// Empties the list. Whether its elements are destroyed is the list's matter.

@@ -6,7 +6,7 @@
 /// @file
 /// Reads and writes single settings of a file, in the manner of the Win32 calls of these names.
 ///
-/// Every call reads the file anew. Names are wide text and are looked up as UTF-8, byte by byte; wide text that has
+/// Every call reads the file again. Names are wide text and are looked up as UTF-8, byte by byte; wide text that has
 /// no UTF-8 form makes the call throw `std::range_error`. Values lose all double quotes at both ends, and are
 /// widened under the process's locale, or as UTF-8 where the locale rejects them; one that is neither is not written,
 /// yet counted.

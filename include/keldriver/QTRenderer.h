@@ -66,7 +66,7 @@ public:
                  double endParam) override;
     /// Draws an open polyline on the device grid; points that fall on the same pixel as the one before are
     /// dropped, and a polyline that shrinks to one pixel becomes a line one pixel long, to the right. With a count of
-    /// 0 or less the first point is read and drawn all the same; null points draw nothing.
+    /// 0 or less the first point is still read and drawn; null points draw nothing.
     void DrawPolyline(const HT_Double_Point* points, int count) override;
     /// Fills a polygon on the device grid by the even-odd rule, without an outline, or gathers it while the
     /// winding fill mode is on. A polygon that shrinks to two pixels is drawn at once as a line, to one as a point

@@ -65,10 +65,10 @@ public:
     virtual uint32_t scanLineSize() const = 0;
     /// The first byte of the first row in memory; absent: null.
     virtual const unsigned char* scanLinesBase() const = 0;
-    /// Copies `count` rows from row `first` on to `buffer`; implementations whose rows are only to be had from
+    /// Copies `count` rows from row `first` on to `buffer`; implementations whose rows can be reached only through
     /// `scanLinesBase` do nothing.
     virtual void scanLines(unsigned char* buffer, unsigned int first, unsigned int count) const = 0;
-    /// The DIB header; absent: null. The colour entries stand behind it in an `HT_RasterImageImpl` only; others
+    /// The DIB header; absent: null. The colour entries follow it in an `HT_RasterImageImpl` only; others
     /// answer them through `paletteData`.
     virtual const tagBITMAPINFO* getBitmapInfo() const = 0;
     /// Draws the image by itself; implementations that leave that to `HT_Renderer::DrawImage` do nothing.
@@ -143,7 +143,7 @@ public:
     void SetImageSource(SourceType source) override; ///< does nothing
     int32_t pixelFormat() const override;
     uint32_t numPaletteColors() const override; ///< the header's number of used colours
-    /// The colour entries behind the header, even where there are none; sets `count` to their number.
+    /// The colour entries after the header, even where there are none; sets `count` to their number.
     const tagRGBQUAD* paletteData(unsigned int& count) const override;
     uint32_t scanLineSize() const override;
     const unsigned char* scanLinesBase() const override;

@@ -120,7 +120,7 @@ public:
     /// Sets the factor from plot units to device units. Does nothing here: for renderers that scale.
     virtual void setScale(double scale);
 
-    /// Begins to gather a path. Does nothing here, like the three operations behind it: a driver may call them on
+    /// Begins to gather a path. Does nothing here, like the three operations after it: a driver may call them on
     /// every renderer, and one without a path mode inherits them.
     virtual void BeginPath();
     /// Ends the path that `BeginPath` began. Does nothing here.

@@ -28,7 +28,7 @@ public:
     /// Leaves `other` without a font.
     HT_FontMap& operator=(HT_FontMap&& other) noexcept;
 
-    /// Adds a font behind those already there. A face name that the map knows keeps its place and gets this font.
+    /// Adds a font after those already there. A face name that the map knows keeps its place and gets this font.
     ///
     /// @param faceName  the name that texts ask for; it need not be that of an installed font
     /// @param font      what to draw with instead; its `lfFaceName` names the installed font

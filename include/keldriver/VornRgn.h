@@ -127,7 +127,7 @@ static_assert(sizeof(CVornRgn) == 56, "record shared with drivers");
 /// the contour has no vertices.
 class KELDRIVER_API PolyAlgoOperator {
 public:
-    /// A polygon of all contours of a list; those behind the first are holes when their mode is `HT_RGN_DIFF`. Null
+    /// A polygon of all contours of a list; those after the first are holes when their mode is `HT_RGN_DIFF`. Null
     /// gives one without contours.
     static gpc_polygon* convert_2_gpc_polygon(HT_ClipRgn* rgn);
 

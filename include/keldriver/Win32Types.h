@@ -63,7 +63,7 @@ struct tagBITMAPINFO {
     tagRGBQUAD bmiColors[1];       ///< the palette begins here; more entries may follow in memory
 };
 
-/// A logical font as drivers describe it. What is not read here travels with the record all the same.
+/// A logical font as drivers describe it. Fields that are not read here still travel with the record.
 struct tagLOGFONTW {
     int32_t lfHeight;         ///< pixels of the screen; the sign does not count, and 0 leaves the size to Qt
     int32_t lfWidth;          ///< average width of a character; not read

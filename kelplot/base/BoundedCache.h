@@ -6,7 +6,7 @@
 namespace kelplot {
 
 /// Remembers what was made for a key, in a table such as `std::map`. Once it holds `most` it forgets all and starts
-/// anew: what is asked for again and again is soon back.
+/// again: what is asked for again and again is soon back.
 template <typename Table, std::size_t most>
 class BoundedCache {
 public:

@@ -14,7 +14,7 @@ std::optional<double> numberFromText(std::string_view text);
 /// Reads two numbers with one of the characters `separators` between them.
 std::optional<std::pair<double, double>> numberPairFromText(std::string_view text, std::string_view separators);
 
-/// Reads numbers with commas between them; nothing when any of them is none.
+/// Reads numbers with commas between them; nothing when any of them is not a number.
 std::optional<std::vector<double>> numberListFromText(std::string_view text);
 
 } // namespace kelplot

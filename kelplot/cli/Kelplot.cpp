@@ -35,8 +35,8 @@ void keepQtQuiet(QtMsgType type, const QMessageLogContext& /*context*/, const QS
     }
 }
 
-/// Ends the program where memory runs out again while a plot is given up for want of it. That happens in destructors
-/// of Qt's painters, which write the rest of their document, and leaves no way back to the other drawings.
+/// Ends the program where memory runs out again while a plot is being abandoned for lack of it. That happens in
+/// destructors of Qt's painters, which write the rest of their document, and leaves no way back to the other drawings.
 [[noreturn]] void endWithoutMemory() {
     constexpr int mostText = 4096; // beyond that a path is cut
     static char text[mostText];
@@ -84,7 +84,7 @@ Console::Progress progressMode(const Options& options) {
     return !options.quiet && isatty(STDERR_FILENO) ? Console::Progress::whenLong : Console::Progress::never;
 }
 
-/// Does one drawing's work and tells of what goes wrong with it.
+/// Does one drawing's work and reports what goes wrong with it.
 ExitStatus guarded(const QString& input, Console& console, const std::function<void()>& work) {
     try {
         work();
@@ -179,7 +179,7 @@ ExitStatus flushed(ExitStatus status) {
 } // namespace
 
 int runKelplot(int argc, char** argv) {
-    std::signal(SIGXFSZ, SIG_IGN); // a file that outgrows its limit is told of like one that outgrows its disk
+    std::signal(SIGXFSZ, SIG_IGN); // a file that outgrows its limit is reported like one that outgrows its disk
     std::set_terminate(endUncaught);
     prepareQt();
     // The application gets the program's name only: it would take some options for its own.

@@ -147,7 +147,7 @@ constexpr ValueOption valueOptions[] = {
      Default::inSettings},
     {nullptr, "layers", "LIST", "Plot these layers only; names with commas between, * for any text.", addLayers},
     {nullptr, "exclude-layers", "LIST", "Leave these layers out.", addExcludedLayers},
-    {nullptr, "dpi", "N", "Dots an inch of a PNG image. [200]", setDpi, Default::inSettings},
+    {nullptr, "dpi", "N", "Dots per inch of a PNG image. [200]", setDpi, Default::inSettings},
 };
 
 struct SwitchOption {
@@ -205,7 +205,7 @@ constexpr SwitchOption switchOptions[] = {
     {nullptr, "monochrome", "Black ink only.", chooseMonochrome},
     {nullptr, "progress", "Show the progress even where standard error is no terminal.", chooseProgress},
     {nullptr, "quiet", "No progress and no warnings.", chooseQuiet},
-    {nullptr, "strict", "Take warnings for failures: write nothing and exit with 3.", chooseStrict},
+    {nullptr, "strict", "Treat warnings as failures: write nothing and exit with 3.", chooseStrict},
     {nullptr, "list-layers", "Print the layers and their state; plot nothing.", chooseLayerList},
     {nullptr, "list-papers", "Print the papers: name, size and margins in millimetres; plot nothing.", choosePaperList},
     {nullptr, "json", "With --list-papers: as JSON.", chooseJson},

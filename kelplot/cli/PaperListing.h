@@ -14,13 +14,13 @@ namespace kelplot {
 QString sizeText(const SheetSize& size);
 
 /// Prints a paper a line: the name, the size, the margins, and whether it is the user's own, with tabs between. Sizes
-/// and margins are such as the options take.
+/// and margins are in the form that the options take.
 void printPapers(const PaperTable& table, std::ostream& stream);
 
 /// Prints the papers as a JSON array of objects; lengths are millimetres.
 void printPapersAsJson(const PaperTable& table, std::ostream& stream);
 
-/// Prints the papers of all files that can be read, and tells of those that cannot.
+/// Prints the papers of all files that can be read, and reports those that cannot.
 ExitStatus listPapers(bool json, std::ostream& stream, Console& console);
 
 } // namespace kelplot

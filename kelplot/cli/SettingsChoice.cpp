@@ -21,7 +21,7 @@ void useSize(Options& options, const SheetSize& size) {
     options.page.paper = {size, true};
 }
 
-/// Without the device's papers no name can be looked up. Only the paper that nobody asked for is known all the same.
+/// Without the device's papers no name can be looked up. Only the paper that nobody asked for is still known.
 void useUnlistedPaper(Options& options) {
     const QString missing = PaperFile(driverFolder()).path();
     if (!options.paperOrigin.isEmpty()) {

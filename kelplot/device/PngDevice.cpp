@@ -20,7 +20,7 @@ constexpr int thinnestDashed = unitsPerPixel + 1;
 
 /// The painter's coordinates end there.
 constexpr int longestSide = 32767;
-/// Room for an A0 sheet at 400 dots an inch, one gibibyte of pixels.
+/// Room for an A0 sheet at 400 dots per inch, one gibibyte of pixels.
 constexpr qint64 mostPixels = qint64(1) << 28;
 
 QImage blankImage(const OutputSetup& setup) {

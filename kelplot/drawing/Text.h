@@ -110,7 +110,7 @@ struct Paragraph {
     double firstIndent = 0.0; ///< of the first line from the left indent, drawing units
     double leftIndent = 0.0;
     double rightIndent = 0.0;
-    /// Drawing units from the left edge, rising; null: none. The paragraphs behind one another share them.
+    /// Drawing units from the left edge, rising; null: none. Successive paragraphs share them.
     std::shared_ptr<const std::vector<double>> tabStops;
     bool columnBreakAfter = false;
 };

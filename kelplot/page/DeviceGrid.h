@@ -21,7 +21,7 @@ constexpr double fineUnitsPerMillimetre = 100.0;
 
 inline DeviceGrid fineGrid() {
     // A line of a tenth of a millimetre shows on any printer; a flattened curve errs by less than a tenth of a dot
-    // of a printer with 600 dots an inch.
+    // of a printer with 600 dots per inch.
     return {fineUnitsPerMillimetre, 10.0, 0.4};
 }
 

@@ -31,7 +31,7 @@ struct Paper {
     bool keepsPosition = false; ///< the caller gave width and height, so it is not turned unasked
 };
 
-/// Reads a size "WIDTHxHEIGHT" in millimetres. Nothing when the text is none, or it cannot be that of a sheet.
+/// Reads a size "WIDTHxHEIGHT" in millimetres. Nothing when the text is not a size, or not one that a sheet can have.
 std::optional<SheetSize> sheetSizeFromText(const std::string& text);
 
 } // namespace kelplot

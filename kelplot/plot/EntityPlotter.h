@@ -27,7 +27,7 @@ public:
     /// What the entity may cover, with the width of its lines, in device coordinates.
     Box2 inkBox(const Entity& entity, const EntityStyle& style, const PlanMap& map) const;
 
-    /// The pictures that could not be had.
+    /// The pictures that could not be loaded.
     const PictureFaults& missingPictures() const { return m_pictures.missing(); }
 
 private:

@@ -59,7 +59,7 @@ void EntityPlotter::draw(const Polyline& polyline, const Current& current) {
     }
 }
 
-/// Dashes start anew at each vertex unless they run on `unbroken`.
+/// Dashes start again at each vertex unless they run on `unbroken`.
 void EntityPlotter::strokeSegments(const std::vector<PolylineSegment>& segments, bool closed, bool wide, bool unbroken,
                                    const PlanMap& map) {
     m_path.clear();

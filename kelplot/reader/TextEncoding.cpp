@@ -145,7 +145,7 @@ bool outweighs(std::string_view utf8, const CodePage& page) {
 }
 
 void TextEncoding::setVersion(std::string_view version) {
-    // Versions before this numbering ("AC2.10") would sort behind it.
+    // Versions before this numbering ("AC2.10") would sort after it.
     const bool numbered = version.substr(0, 3) == firstUnicodeVersion.substr(0, 3);
     m_unicode = numbered && version.size() == firstUnicodeVersion.size() && version >= firstUnicodeVersion;
 }

@@ -13,7 +13,7 @@ namespace kelplot {
 
 /// The papers of one folder: a text file that people edit, and the binary cache of it that the library keeps beside it.
 ///
-/// The text is the master. A cache older than its text is made anew; one that is damaged is passed over, with a
+/// The text is the master. A cache older than its text is made again; one that is damaged is passed over, with a
 /// warning, and never touched. Nothing is written to a text file that cannot be read back whole.
 class PaperFile {
 public:

@@ -45,7 +45,7 @@ private:
 };
 
 /// Refuses what a rewritten file would not keep: the note of a header swallows the line below it, and the new paper
-/// takes the section behind the counted ones.
+/// takes the section after the counted ones.
 void requireRewritable(const QString& path, size_t papers) {
     inifile::IniFile file;
     std::vector<std::string> sections;
@@ -107,7 +107,7 @@ QString firstLoss(const std::vector<StatedItem>& wanted, const std::vector<State
                                       .arg(QString::fromStdString((*lost)[1]), QString::fromStdString((*lost)[0]));
 }
 
-/// The comment and blank lines behind the last key. The library does not keep them.
+/// The comment and blank lines after the last key. The library does not keep them.
 QByteArray closingComment(const QByteArray& text) {
     int start = 0;
     for (int line = 0; line < text.size();) {

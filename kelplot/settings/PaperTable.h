@@ -27,7 +27,7 @@ public:
     /// Reads the user's papers and the device's. Appends to `warnings`. Throws `SettingsError` when a file is damaged.
     static PaperTable load(QStringList& warnings);
 
-    /// Adds papers behind those that are there; those whose names are taken are left out.
+    /// Adds papers after those that are there; those whose names are taken are left out.
     void add(const std::vector<PaperSize>& records, bool own);
 
     const std::vector<NamedPaper>& papers() const { return m_papers; }

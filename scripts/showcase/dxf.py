@@ -46,7 +46,7 @@ class Entities:
         self.groups = []
 
     def add(self, kind, layer, classes, **properties):
-        """Starts an entity; `classes` are its subclass markers, each with its groups behind it.
+        """Starts an entity; `classes` are its subclass markers, each with its groups after it.
 
         `properties` are those that differ from the layer's: colour, weight, line_type, opacity.
         """

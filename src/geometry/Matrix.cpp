@@ -8,7 +8,7 @@
 
 namespace {
 
-/// A block of zeros with room for the reference count behind the elements.
+/// A block of zeros with room for the reference count after the elements.
 double* newBlock(int rows, int cols) {
     if (rows < 0 || cols < 0) {
         throw "Invalid matrix size";

@@ -22,7 +22,7 @@ double larger(double best, double value) {
     return value > best ? value : best;
 }
 
-/// Folds the elements of one row or column, one behind the other.
+/// Folds the elements of one row or column, one after the other.
 template <typename Line, typename Fold>
 double fold(int count, double start, Line line, Fold step) {
     for (int i = 0; i < count; ++i) {

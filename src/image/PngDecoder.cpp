@@ -19,7 +19,7 @@ constexpr int chunkHead = 8;
 constexpr int nameOffset = 4;
 constexpr int nameSize = 4;
 constexpr int keySize = 6;
-constexpr int depthOffset = 24; // in the file: in the first chunk, behind width and height
+constexpr int depthOffset = 24; // in the file: in the first chunk, after width and height
 constexpr int colorTypeOffset = 25;
 constexpr int trueColor = 2;
 
@@ -64,7 +64,7 @@ bool isCutOff(const unsigned char* data, int size) {
     return offset > size;
 }
 
-/// A damaged key colour is none: readers pass it over.
+/// A damaged key colour does not count: readers skip it.
 bool isKeyColor(const unsigned char* chunk) {
     return isNamed(chunk, "tRNS") && doubleWord(chunk) == keySize &&
            checksum(chunk + nameOffset, nameSize + keySize) == doubleWord(chunk + chunkHead + keySize);

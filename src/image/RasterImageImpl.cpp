@@ -12,7 +12,7 @@ namespace {
 
 constexpr double centimetresPerMetre = 100.0;
 
-// What the library tells of an image; null when the image is absent.
+// What the library says about an image; null when the image is absent.
 const Imgo::DibInfo* describe(Imgo::Image* image) {
     return image != nullptr ? image->GetDibInfo(true) : nullptr;
 }

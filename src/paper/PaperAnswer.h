@@ -7,7 +7,7 @@
 
 namespace KelDriver::Internal {
 
-/// How a capability code that lists papers tells of each paper.
+/// How a capability code that lists papers describes each paper.
 struct PaperAnswer {
     unsigned short code;
     size_t size; ///< bytes for each paper

@@ -22,7 +22,7 @@ bool contains(const CodeRange& range, uint32_t code) {
 
 template <size_t count>
 bool contains(const CodeRange (&ranges)[count], uint32_t code) {
-    // Rising ranges: only the first that ends at or behind the code can hold it.
+    // Rising ranges: only the first that ends at or after the code can hold it.
     const auto* range = std::lower_bound(std::begin(ranges), std::end(ranges), code,
                                          [](const CodeRange& r, uint32_t value) { return r.last < value; });
     return range != std::end(ranges) && range->first <= code;

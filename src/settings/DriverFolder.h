@@ -7,7 +7,7 @@ namespace KelDriver::Internal {
 
 /// The folder "Drivers" beside an executable: `executable` without what follows its last slash, and "/Drivers".
 ///
-/// Both are cut off behind 259 bytes, which is part of the interface.
+/// Both are cut off after 259 bytes, which is part of the interface.
 std::string driverFolderBeside(const std::string& executable);
 
 } // namespace KelDriver::Internal

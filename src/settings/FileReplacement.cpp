@@ -22,7 +22,7 @@ constexpr mode_t modeOfNewFiles = 0666; // less what the process masks
 
 enum class Outcome {
     Done,
-    Failed,       ///< for want of room, say: the file is to stay as it is
+    Failed,       ///< for lack of room, for example: the file is to stay as it is
     Unreplaceable ///< the file has to be written over
 };
 
@@ -37,7 +37,7 @@ bool isWithinSizeLimit(size_t size) {
     return getrlimit(RLIMIT_FSIZE, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY || size <= limit.rlim_cur;
 }
 
-/// Access lists and a person's own attributes stay with the inode. Those of security modules the system gives anew.
+/// Access lists and a person's own attributes stay with the inode. The system sets those of security modules by itself.
 bool hasOwnAttributes(int file) {
     char names[1024];
     const ssize_t length = flistxattr(file, names, sizeof names);

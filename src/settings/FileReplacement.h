@@ -12,9 +12,9 @@ namespace KelDriver::Internal {
 /// whoever looks, even after a kill, finds the old content or the new one. Links to the file keep leading to it. What
 /// is lost is the inode, and it is lost on purpose: bytes written over others can be cut short by a kill.
 ///
-/// A file that would lose more than its inode is written over all the same: one of several names or with access lists,
+/// A file that would lose more than its inode is still written over: one of several names or with access lists,
 /// one whose owner cannot be given to another file, one in a folder that takes no new file. It grows first and is cut
-/// last, so that a full device leaves the old content; only a kill in the midst can leave a mixture. Devices and pipes
+/// last, so that a full device leaves the old content; only a kill in the middle can leave a mixture. Devices and pipes
 /// are just written to.
 ///
 /// The data are left to the system to put on the disk: against a kill, not against a loss of power.

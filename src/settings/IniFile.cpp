@@ -111,7 +111,8 @@ int IniFile::GetIntValueOrDefault(const std::string& section, const std::string&
 int IniFile::GetDoubleValue(const std::string& section, const std::string& key, double& value) {
     std::string text;
     const int code = getValue(section, key, text);
-    static const locale_t classic = newlocale(LC_ALL_MASK, "C", nullptr); // a file's point is none of the host's comma
+    static const locale_t classic =
+        newlocale(LC_ALL_MASK, "C", nullptr); // a file has a point even where the host has a comma
     value = strtod_l(text.c_str(), nullptr, classic);
     return code;
 }

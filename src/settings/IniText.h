@@ -31,7 +31,7 @@ struct SplitText {
     bool isFound;
 };
 
-/// One byte is skipped behind the left part, whatever the separator's length.
+/// One byte is skipped after the left part, whatever the separator's length.
 inline SplitText splitText(std::string_view text, std::string_view separator) {
     const size_t position = separator.size() == 1 ? text.find(separator.front()) : text.find(separator);
     if (position == std::string_view::npos) {

@@ -44,7 +44,7 @@ int GetPrivateProfileSectionNamesEx(wchar_t* out, unsigned int size, const wchar
 
 int WritePrivateProfileStringEx(const wchar_t* section, const wchar_t* key, const wchar_t* value, const wchar_t* file) {
     const std::string path = narrow(file);
-    const WriterLock turn(path); // without it, after a long wait, all the same: the file stays whole
+    const WriterLock turn(path); // after a long wait it goes on without: the file stays whole
     ProfileSession session(path);
     if (session.isWritable()) {
         session.writeString(narrow(section), narrow(key), narrow(value));

@@ -17,7 +17,7 @@ namespace Imgo {
 
 /// An image as a DIB: the bottom row first, every row filled up to a multiple of four bytes.
 struct DibInfo {
-    const tagBITMAPINFO* info;   ///< the header, with its `paletteCount` colour entries behind it
+    const tagBITMAPINFO* info;   ///< the header, with its `paletteCount` colour entries after it
     uint32_t paletteCount;       ///< 0 for images with more than 8 bits a pixel
     const unsigned char* pixels; ///< the bottom row
     uint32_t scanLineSize;       ///< bytes a row

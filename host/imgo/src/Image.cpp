@@ -41,7 +41,7 @@ QImage dibRows(QImage picture) {
     return std::move(picture).convertToFormat(format).mirrored(false, true);
 }
 
-// A DIB's header with its palette behind it.
+// A DIB's header followed by its palette.
 std::vector<uint32_t> dibHeader(const QImage& rows) {
     const QVector<QRgb> colors = rows.colorTable();
     tagBITMAPINFOHEADER header{};

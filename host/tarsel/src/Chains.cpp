@@ -127,7 +127,7 @@ bool Chains::splitEdgesAt(Path points) {
             }
         }
     }
-    // The farthest of an edge first: each is set in right behind the edge's start.
+    // The farthest of an edge first: each is inserted right after the edge's start.
     std::sort(splits.begin(), splits.end(), [](const Split& a, const Split& b) {
         return std::tuple(a.vertex, -a.along) < std::tuple(b.vertex, -b.along);
     });

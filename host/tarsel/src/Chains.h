@@ -14,7 +14,7 @@ namespace tarsel {
 /// The vertices of all contours of a result, each linked to the one before and the one after it.
 ///
 /// What a result holds lies to the left of every link. Contours that only touch, themselves or one another, may
-/// swap their ways at a common vertex; so a chain can be linked anew there without any change of the area.
+/// swap their ways at a common vertex; so a chain can be relinked there without changing the area.
 class Chains {
 public:
     explicit Chains(const ClipperLib::Paths& paths);
@@ -43,7 +43,7 @@ private:
     std::vector<ClipperLib::IntPoint> m_points;
     std::vector<VertexIndex> m_next;
     std::vector<VertexIndex> m_previous;
-    std::vector<VertexIndex> m_oldNext; // while vertices are linked anew
+    std::vector<VertexIndex> m_oldNext; // while vertices are relinked
 };
 
 } // namespace tarsel

@@ -38,7 +38,7 @@ Paths cutApart(Paths&& paths, bool& resolved) {
         resolved = true;
         return std::move(paths);
     }
-    constexpr int rounds = 3; // an edge that gets a vertex may have to be linked anew there
+    constexpr int rounds = 3; // an edge that gets a vertex may have to be relinked there
     for (int round = 0; round < rounds; ++round) {
         Path passed = chains.uncross(shared);
         resolved = passed.empty();
@@ -145,7 +145,7 @@ struct EarlyHole {
     GridBox outerContours; ///< those since then that meet it
 };
 
-/// Puts holes behind the outer contours that hold them. Only rounding can make a hole the larger one, where it runs
+/// Puts holes after the outer contours that hold them. Only rounding can make a hole the larger one, where it runs
 /// along all of its outer contour, or of several that touch.
 std::vector<Contour> withHolesInside(std::vector<Contour>&& contours) {
     std::vector<Contour> ordered;

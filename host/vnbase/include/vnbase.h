@@ -15,7 +15,7 @@ extern "C" {
 /// The region: each contour holds what the even-odd rule gives it, and the contours are joined in list order by
 /// their operations: 0 and, 2 difference, 3 or, 4 exclusive or, 1 replaces what came before; a contour with any
 /// other code is left out. The first contour starts the region, whatever its code; where it is a hole (code 2) it
-/// changes places with the first one that is none. A contour with fewer than three vertices, without an array or
+/// changes places with the first one that is not. A contour with fewer than three vertices, without an array or
 /// with a vertex that is not finite holds nothing.
 ///
 /// A stretch along an edge counts as inside when one side of it is. A polyline that only touches the region in a

@@ -109,7 +109,7 @@ void Canvas::drawPolyline(const std::vector<Vec2>& points) {
     }
 }
 
-/// A dashed line stays whole: its dashes would start anew at every cut.
+/// A dashed line stays whole: its dashes would start again at every cut.
 void Canvas::drawNearPolyline(const std::vector<Vec2>& points, const Box2& box) {
     constexpr size_t fewPoints = 32; // a line of so few is quicker drawn than cut
     send(points);
@@ -134,7 +134,7 @@ bool Canvas::drawPieces() {
     return true;
 }
 
-/// A whole ellipse or an arc goes to the renderer as such where that is as exact as a polyline.
+/// A whole ellipse or an arc goes to the renderer as it is where that is as exact as a polyline.
 void Canvas::drawArc(const EllipticArc& arc) {
     constexpr double leastRadius = 1.0; // device units; the renderer rounds radii, and a flat arc vanishes
     const PageArc page = pageArcOf(arc);

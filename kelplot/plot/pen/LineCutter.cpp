@@ -26,7 +26,7 @@ bool hasModule() {
 LinePieces::LinePieces() : m_records(0, nullptr, HT_Free) {
 }
 
-/// A record is the number of points and the points right behind it, so they are not aligned.
+/// A record is the number of points followed directly by the points, so they are not aligned.
 void LinePieces::copyPiece(int index, std::vector<HT_Double_Point>& points) {
     points.clear();
     const auto* const record = static_cast<const char*>(m_records.GetData(index));

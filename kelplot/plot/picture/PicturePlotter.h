@@ -21,7 +21,7 @@ public:
     /// Draws a picture. False where its file cannot be had.
     bool draw(const Image& image, uint8_t opacity, const PlanMap& map);
 
-    /// The pictures that could not be had.
+    /// The pictures that could not be loaded.
     const PictureFaults& missing() const { return m_store.missing(); }
 
 private:

@@ -48,7 +48,7 @@ QByteArray contentOf(QFile& file) {
     return file.seek(0) ? file.read(file.size()) : QByteArray();
 }
 
-/// Encoded anew, any picture comes out with as many bits as the renderer reads.
+/// Encoded again, any picture comes out with as many bits as the renderer reads.
 HT_RasterImagePtr deepened(HT_RasterImagePtr picture) {
     void* data = nullptr;
     unsigned long size = 0;

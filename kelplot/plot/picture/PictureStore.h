@@ -40,7 +40,7 @@ public:
     /// is missing or holds no picture.
     HT_RasterImage* find(uint32_t definition, const PictureLook& look);
 
-    /// The pictures that could not be had.
+    /// The pictures that could not be loaded.
     const PictureFaults& missing() const { return m_missing; }
 
 private:

@@ -10,7 +10,7 @@ namespace kelplot {
 
 /// A call that makes a renderer draw a run in its place.
 ///
-/// A renderer knows no mirrored text as such, but every map of the plane that has an inverse is the product of a turn,
+/// A renderer does not know mirrored text, but every map of the plane that has an inverse is the product of a turn,
 /// a lean and a stretch along the base line, which is negative for a mirrored text: its base line is turned by half a
 /// circle, and its letters grow backwards along it.
 struct TextCall {

@@ -7,7 +7,7 @@
 
 namespace kelplot {
 
-/// Applies the code `code` (the letter behind a backslash) to `format` and takes its argument off the start of `rest`.
+/// Applies the code `code` (the letter after a backslash) to `format` and takes its argument off the start of `rest`.
 /// False, and nothing changed, where it is no such code or its argument is missing.
 bool applyFormatCode(char code, std::string_view& rest, CharacterFormat& format);
 

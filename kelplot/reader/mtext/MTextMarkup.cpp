@@ -38,7 +38,7 @@ std::optional<TextStack::Divider> dividerOf(char mark) {
     }
 }
 
-/// Whether `rest`, behind a backslash, begins another paragraph or column.
+/// Whether `rest`, which follows a backslash, begins another paragraph or column.
 bool endsParagraph(std::string_view rest) {
     return !rest.empty() && (rest.front() == 'P' || rest.front() == 'N');
 }
@@ -211,7 +211,7 @@ std::optional<Stack> MarkupParser::readStack() {
         }
         if (divider) {
             stack.divider = divider;
-            // A caret alone would make a control character of what follows, so a blank stands behind it.
+            // A caret alone would make a control character of what follows, so a blank follows it.
             takeCharacter(rest, ' ');
         } else if (c == '\\' && !rest.empty()) {
             part += rest.front();

@@ -6,7 +6,7 @@
 
 namespace kelplot {
 
-/// A number behind a code in a text.
+/// A number after a code in a text.
 struct MarkupNumber {
     double value = 0.0;
     bool relative = false; ///< a factor for what was before
@@ -15,7 +15,7 @@ struct MarkupNumber {
 /// Takes a number off the start of `text`. Nothing where there is none.
 std::optional<double> takeNumber(std::string_view& text);
 
-/// Takes a number off the start of `text`, with the mark of a factor and the semicolon behind it where they are there.
+/// Takes a number off the start of `text`, with the mark of a factor and the semicolon after it where they are present.
 std::optional<MarkupNumber> takeArgument(std::string_view& text);
 
 /// Takes what stands before the next semicolon off the start of `text`, and the semicolon. Nothing where another code

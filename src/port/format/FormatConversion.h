@@ -34,7 +34,7 @@ struct FormatConversion {
     wchar_t letter = L'\0'; ///< the terminator when the format ends inside the conversion
 };
 
-/// Reads the conversion after a % and moves `position` behind its letter, or to the terminator of the format.
+/// Reads the conversion after a % and moves `position` past its letter, or to the terminator of the format.
 FormatConversion takeConversion(const wchar_t*& position, FormatArguments& arguments);
 
 } // namespace KelDriver::Internal

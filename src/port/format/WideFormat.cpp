@@ -21,7 +21,7 @@ public:
     }
 
     void putLiteral(std::wstring_view characters) { m_text.putEach(characters); }
-    /// Reads the conversion after a %, moves `position` behind it and writes its argument.
+    /// Reads the conversion after a %, moves `position` past it and writes its argument.
     void convert(const wchar_t*& position);
     std::wstring take() { return m_text.take(); }
 
