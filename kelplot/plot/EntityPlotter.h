@@ -62,7 +62,9 @@ private:
     void draw(const Insert&, const Current&) {} // the walk goes into blocks itself
 
     void strokeArc(const std::optional<EllipticArc>& arc, const Current& current);
-    void strokeSegments(const std::vector<PolylineSegment>& segments, bool closed, bool wide, bool unbroken,
+    /// Of a polyline's lines: that of its entity, or one that the polyline states.
+    enum class LineWidth { ofEntity, own };
+    void strokeSegments(const Polyline& polyline, const std::vector<PolylineSegment>& segments, LineWidth width,
                         const PlanMap& map);
     void drawVaryingWidth(const std::vector<PolylineSegment>& segments, bool closed, const Current& current);
 

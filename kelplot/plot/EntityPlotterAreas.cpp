@@ -44,26 +44,25 @@ void EntityPlotter::draw(const Hatch& hatch, const Current& current) {
 void EntityPlotter::draw(const Polyline& polyline, const Current& current) {
     const std::vector<PolylineSegment> segments = segmentsOf(polyline.vertices, polyline.closed);
     const std::optional<double> width = commonWidth(segments);
-    const bool unbroken = polyline.continuousPattern;
     if (width && !(*width > 0.0)) {
         useLinePen(current);
-        strokeSegments(segments, polyline.closed, false, unbroken, current.map);
+        strokeSegments(polyline, segments, LineWidth::ofEntity, current.map);
     } else if (width && current.map.keepsShapes()) {
         Pen pen = linePen(current.style);
         pen.width = std::max(*width * current.map.meanScale(), m_target.hairlineWidth);
         pen.cornered = true;
         m_pens.setPen(pen);
-        strokeSegments(segments, polyline.closed, true, unbroken, current.map);
+        strokeSegments(polyline, segments, LineWidth::own, current.map);
     } else {
         drawVaryingWidth(segments, polyline.closed, current);
     }
 }
 
-/// Dashes start again at each vertex unless they run on `unbroken`.
-void EntityPlotter::strokeSegments(const std::vector<PolylineSegment>& segments, bool closed, bool wide, bool unbroken,
-                                   const PlanMap& map) {
+/// Dashes start again at each vertex unless the polyline says that they run on.
+void EntityPlotter::strokeSegments(const Polyline& polyline, const std::vector<PolylineSegment>& segments,
+                                   LineWidth width, const PlanMap& map) {
     m_path.clear();
-    const bool restarts = m_pens.isDashed() && !unbroken;
+    const bool restarts = m_pens.isDashed() && !polyline.continuousPattern;
     for (const PolylineSegment& segment : segments) {
         flattenSegment(segment, map, m_canvas.flattening(), m_path);
         if (restarts) {
@@ -72,7 +71,7 @@ void EntityPlotter::strokeSegments(const std::vector<PolylineSegment>& segments,
         }
     }
     // A wide line gets its mitre at the vertex where it closes by running on over its beginning.
-    if (wide && closed && !m_pens.isDashed() && m_path.size() > 3) {
+    if (width == LineWidth::own && polyline.closed && !m_pens.isDashed() && m_path.size() > 3) {
         const Vec2 second = m_path[1];
         m_path.push_back(second);
     }

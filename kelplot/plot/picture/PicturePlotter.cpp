@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "plot/picture/PicturePixels.h"
+#include "plot/picture/QImagePicture.h"
 
 namespace kelplot {
 

@@ -10,7 +10,7 @@
 #include <imgo.h>
 #include <optional>
 
-#include "plot/picture/PicturePixels.h"
+#include "plot/picture/QImagePicture.h"
 
 namespace kelplot {
 
