@@ -53,6 +53,13 @@ struct Line {
     Vec3 end;
 };
 
+/// A line without an end, or with only one, in world coordinates.
+struct ConstructionLine {
+    Vec3 start;
+    Vec3 direction;
+    bool bothWays = false; ///< it also runs the other way from the start
+};
+
 struct Circle {
     Vec3 center;
     double radius = 0.0;
@@ -167,7 +174,7 @@ struct Insert {
 };
 
 using Geometry = std::variant<PointEntity, Line, Circle, Arc, Ellipse, Polyline, Spline, Solid, Face3d, Hatch, Text,
-                              MText, Image, Wipeout, Insert>;
+                              MText, Image, Wipeout, ConstructionLine, Insert>;
 
 /// One entity; unless its type says otherwise, coordinates belong to the plane that `extrusion` names.
 struct Entity {

@@ -9,6 +9,9 @@ namespace kelplot {
 
 namespace {
 
+/// Device units; no page is so large.
+constexpr double longestOnPage = 1e12;
+
 void addFinite(Vec2 p, Box2& box) {
     if (p.isFinite()) {
         box.add(p);
@@ -35,6 +38,7 @@ struct BoxMaker {
         const bool finite = map.mapPoint(line.start).isFinite() && map.mapPoint(line.end).isFinite();
         return ofPoints(ends, finite ? 2 : 0);
     }
+    Box2 operator()(const ConstructionLine& line) const;
     Box2 operator()(const Circle& circle) const { return ofArc(arcOf(circle, map)); }
     Box2 operator()(const Arc& arc) const { return ofArc(arcOf(arc, map)); }
     Box2 operator()(const Ellipse& ellipse) const { return ofArc(arcOf(ellipse, entity.extrusion, map)); }
@@ -95,6 +99,15 @@ Box2 BoxMaker::ofSegments(const std::vector<PolylineSegment>& segments) const {
         }
     }
     return box;
+}
+
+/// What it may cover of a page, which is all of it, but nothing that a drawing is fitted to.
+Box2 BoxMaker::operator()(const ConstructionLine& line) const {
+    const Vec2 start = map.mapPoint(line.start);
+    if (curves == CurveBox::exact || !start.isFinite()) {
+        return {};
+    }
+    return Box2{start, start}.inflated(longestOnPage);
 }
 
 Box2 BoxMaker::operator()(const Polyline& polyline) const {

@@ -2,6 +2,7 @@
 #include "plot/EntityPlotter.h"
 
 #include "base/Angles.h"
+#include "geometry/BoxClip.h"
 #include "plot/EntityBox.h"
 #include "plot/shape/EntityCurves.h"
 #include "plot/shape/PointMark.h"
@@ -89,6 +90,24 @@ void EntityPlotter::draw(const PointEntity& point, const Current& current) {
 void EntityPlotter::draw(const Line& line, const Current& current) {
     useLinePen(current);
     m_canvas.drawSegment(current.map.mapPoint(line.start), current.map.mapPoint(line.end));
+}
+
+/// Only what crosses the visible part of the page, its pen's width included.
+void EntityPlotter::draw(const ConstructionLine& line, const Current& current) {
+    const Vec2 start = current.map.mapPoint(line.start);
+    const Vec2 direction = current.map.mapDirection(line.direction);
+    const double length = direction.length();
+    if (!(length > 0.0) || !start.isFinite()) {
+        return;
+    }
+    const Box2 page = m_target.visibleBox().inflated(linePen(current.style).width);
+    // Far enough to leave the page from wherever it starts.
+    const double reach = (start - page.center()).length() + page.width() + page.height();
+    const Vec2 end = direction * (reach / length);
+    useLinePen(current);
+    for (const std::vector<Vec2>& piece : clipPolyline({line.bothWays ? start - end : start, start + end}, page)) {
+        m_canvas.drawPolyline(piece);
+    }
 }
 
 void EntityPlotter::draw(const Circle& circle, const Current& current) {

@@ -46,6 +46,7 @@ private:
 
     void draw(const PointEntity& point, const Current& current);
     void draw(const Line& line, const Current& current);
+    void draw(const ConstructionLine& line, const Current& current);
     void draw(const Circle& circle, const Current& current);
     void draw(const Arc& arc, const Current& current);
     void draw(const Ellipse& ellipse, const Current& current);

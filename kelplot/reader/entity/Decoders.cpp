@@ -5,6 +5,7 @@
 #include <array>
 #include <iterator>
 
+#include "reader/entity/ConstructionLineDecoder.h"
 #include "reader/entity/DimensionDecoder.h"
 #include "reader/entity/DimensionStyles.h"
 #include "reader/entity/HatchDecoder.h"
@@ -51,6 +52,7 @@ constexpr Row rows[] = {
     {RecordPlace::entities, {"TEXT", "ATTRIB", "ATTDEF"}, make<TextDecoder>},
     {RecordPlace::entities, {"MTEXT"}, make<MTextDecoder>},
     {RecordPlace::entities, {"LEADER"}, makeForLeaders},
+    {RecordPlace::entities, {"RAY", "XLINE"}, make<ConstructionLineDecoder>},
     {RecordPlace::entities, {"IMAGE", "WIPEOUT"}, make<ImageDecoder>},
     {RecordPlace::objects, {"IMAGEDEF", "RASTERVARIABLES", "WIPEOUTVARIABLES"}, make<ImageObjects>},
 };

@@ -23,6 +23,8 @@ const EntityCase entityCases[] = {
     // In the world, whatever plane they name, or in their plane.
     {"point", "0=POINT 10=1 20=2 30=3 230=-1", "point 1,2,3"},
     {"line", "0=3DLINE 10=1 20=2 30=3 11=4 230=-1", "line 1,2,3 4,0,0"},
+    {"ray", "0=RAY 10=1 20=2 30=3 11=0.6 21=0.8 230=-1", "ray from 1,2,3 along 0.6,0.8,0"},
+    {"line without an end", "0=XLINE 10=1 11=1", "line through 1,0,0 along 1,0,0"},
     {"circle", "0=CIRCLE 10=1 20=2 40=5 230=-1", "circle 1,2,0 r 5 extruded 0,0,-1"},
     {"arc", "0=ARC 40=5 50=90 51=180", "arc 0,0,0 r 5 from 90 to 180"},
     {"ellipse", "0=ELLIPSE 10=1 11=0 21=4 40=0.5 230=-1",

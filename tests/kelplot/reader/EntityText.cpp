@@ -40,6 +40,9 @@ struct Parts {
 
     static std::string text(const PointEntity& point) { return "point " + text(point.position); }
     static std::string text(const Line& line) { return "line " + text(line.start) + ' ' + text(line.end); }
+    static std::string text(const ConstructionLine& line) {
+        return (line.bothWays ? "line through " : "ray from ") + text(line.start) + " along " + text(line.direction);
+    }
 
     static std::string text(const Circle& circle) {
         return "circle " + text(circle.center) + " r " + text(circle.radius);
