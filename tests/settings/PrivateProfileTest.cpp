@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <clocale>
-#include <ostream>
 #include <stdexcept>
 #include <string>
 
@@ -31,12 +30,6 @@ struct StringCase {
     std::wstring buffer;
 };
 
-std::ostream& operator<<(std::ostream& out, const StringCase& row) {
-    return out << row.name;
-}
-
-class ProfileString : public testing::TestWithParam<StringCase> {};
-
 // The buffer holds 12 characters, "zz" at first; the default is "dflt".
 const StringCase strings[] = {
     {"TwoValues", "[s]\nk=a\nk=bc\n", 10, 5, L"a|bc||||||||"},
@@ -54,21 +47,22 @@ const StringCase strings[] = {
 
 } // namespace
 
-TEST_P(ProfileString, FillsTheBuffer) {
+TEST(PrivateProfile, FillsTheBuffer) {
     const TemporaryDirectory directory;
-    const std::wstring path = wide(directory.write("in.ini", GetParam().text));
-    for (const char* locale : {"C", "C.UTF-8"}) { // text is UTF-8 even where the host has set no locale
-        SCOPED_TRACE(locale);
-        ASSERT_NE(std::setlocale(LC_CTYPE, locale), nullptr);
-        std::wstring buffer(12, L'\0');
-        buffer[0] = buffer[1] = L'z';
-        EXPECT_EQ(GetPrivateProfileStringEx(L"s", L"k", L"dflt", buffer.data(), GetParam().size, path.c_str()),
-                  GetParam().result);
-        EXPECT_EQ(shown(buffer), GetParam().buffer);
+    const std::string before = std::setlocale(LC_CTYPE, nullptr);
+    for (const StringCase& row : strings) {
+        const std::wstring path = wide(directory.write("in.ini", row.text));
+        for (const char* locale : {"C", "C.UTF-8"}) { // text is UTF-8 even where the host has set no locale
+            ASSERT_NE(std::setlocale(LC_CTYPE, locale), nullptr);
+            std::wstring buffer(12, L'\0');
+            buffer[0] = buffer[1] = L'z';
+            EXPECT_EQ(GetPrivateProfileStringEx(L"s", L"k", L"dflt", buffer.data(), row.size, path.c_str()), row.result)
+                << row.name << " in " << locale;
+            EXPECT_EQ(shown(buffer), row.buffer) << row.name << " in " << locale;
+        }
     }
+    std::setlocale(LC_CTYPE, before.c_str());
 }
-
-INSTANTIATE_TEST_SUITE_P(, ProfileString, testing::ValuesIn(strings), [](const auto& row) { return row.param.name; });
 
 TEST(PrivateProfile, NullAsksForTheSize) {
     const TemporaryDirectory directory;
