@@ -3,11 +3,17 @@
 
 #include <cmath>
 #include <cstdarg>
+#include <cwchar>
+#include <iterator>
 #include <limits>
+#include <random>
 #include <string>
 #include <vector>
 
 #include "port/CString.h"
+#include "port/Utf8.h"
+
+using namespace KelDriver::Internal;
 
 namespace {
 
@@ -127,6 +133,52 @@ TEST(WideFormat, EndsWithTheFormat) {
         const std::vector<wchar_t> exact(end.c_str(), end.c_str() + end.size() + 1); // a read beyond it is seen
         EXPECT_EQ(format(exact.data()), L"") << testing::PrintToString(end);
     }
+}
+
+template <typename Value>
+void expectPlatformText(const std::string& text, Value value) {
+    wchar_t expected[1000];
+    ASSERT_GT(std::swprintf(expected, std::size(expected), fromUtf8(text).c_str(), value), 0);
+    EXPECT_EQ(format(fromUtf8(text).c_str(), value), expected) << text << ' ' << value;
+}
+
+TEST(WideFormat, MatchesThePlatformWhereRulesAreCommon) {
+    std::mt19937_64 random(4);
+    const auto upTo = [&random](int last) {
+        return static_cast<int>(random() % (static_cast<unsigned>(last) + 1));
+    };
+    int compared = 0;
+    for (int i = 0; i < 8000; ++i) {
+        const char* const letters[] = {"d", "o", "x", "lld", "llo", "llx", "e", "E", "f", "g", "G"};
+        const std::string letter = letters[upTo(10)];
+        const bool isInteger = letter.find_first_of("dox") != std::string::npos;
+        const bool isLong = letter.size() > 1;
+        const bool left = upTo(2) == 0, plus = upTo(2) == 0, zeros = upTo(2) == 0, alternate = upTo(2) == 0;
+        const int width = upTo(1) * upTo(25);
+        const int precision = upTo(1) * upTo(30) - 1;
+        const int64_t value = (static_cast<int64_t>(random()) >> upTo(63)) | 1;
+        const auto narrow = static_cast<int>(value);
+
+        const bool negative = isInteger && !isLong ? narrow < 0 : value < 0;
+        const bool signShown = (!isInteger || letter.back() == 'd') && (negative || plus);
+        const bool zerosDiffer = zeros && width > 0 && (left || signShown || (isInteger && alternate));
+        const bool digitsDiffer = isInteger && precision >= 0 && (width > 0 || left || signShown || alternate);
+        if (zerosDiffer || digitsDiffer || (letter == "lld" && signShown)) {
+            continue;
+        }
+        ++compared;
+        const std::string text = std::string("<%") + (left ? "-" : "") + (plus ? "+" : "") + (zeros ? "0" : "") +
+                                 (alternate ? "#" : "") + (width > 0 ? std::to_string(width) : "") +
+                                 (precision >= 0 ? "." + std::to_string(precision) : "") + letter + ">%%";
+        if (!isInteger) {
+            expectPlatformText(text, std::ldexp(static_cast<double>(value), upTo(1) * (upTo(300) - 200)));
+        } else if (isLong) {
+            expectPlatformText(text, value);
+        } else {
+            expectPlatformText(text, narrow);
+        }
+    }
+    EXPECT_GT(compared, 3000);
 }
 
 } // namespace
