@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "Polygon.h"
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace {
 
@@ -45,21 +43,6 @@ double Polygon::area() const {
     return sum;
 }
 
-double Polygon::perimeter() const {
-    double sum = 0;
-    for (const Contour& contour : contours) {
-        for (size_t i = 0; i < contour.size(); ++i) {
-            const gpc_vertex& next = contour[(i + 1) % contour.size()];
-            sum += std::hypot(next.x - contour[i].x, next.y - contour[i].y);
-        }
-    }
-    return sum;
-}
-
-void Polygon::append(const Polygon& other) {
-    contours.insert(contours.end(), other.contours.begin(), other.contours.end());
-}
-
 Polygon clip(gpc_op op, const Polygon& subject, const Polygon& clip) {
     Borrowed a(subject);
     Borrowed b(clip);
@@ -75,20 +58,6 @@ Polygon clip(gpc_op op, const Polygon& subject, const Polygon& clip) {
     }
     gpc_free_polygon(&record);
     return result;
-}
-
-double boxArea(const std::vector<Polygon>& polygons) {
-    gpc_vertex low{HUGE_VAL, HUGE_VAL};
-    gpc_vertex high{-HUGE_VAL, -HUGE_VAL};
-    for (const Polygon& polygon : polygons) {
-        for (const Polygon::Contour& contour : polygon.contours) {
-            for (const gpc_vertex& vertex : contour) {
-                low = {std::min(low.x, vertex.x), std::min(low.y, vertex.y)};
-                high = {std::max(high.x, vertex.x), std::max(high.y, vertex.y)};
-            }
-        }
-    }
-    return high.x < low.x ? 0 : (high.x - low.x) * (high.y - low.y);
 }
 
 double evenOddArea(const Polygon& polygon) {

@@ -12,16 +12,11 @@ struct Polygon {
     std::vector<Contour> contours;
     std::vector<bool> holes; ///< of a result, one a contour
 
-    double area() const;      ///< of a result: holes count negative
-    double perimeter() const; ///< of all contours together
-    void append(const Polygon& other);
+    double area() const; ///< of a result: holes count negative
 };
 
 /// Calls the clipper and releases what it gave.
 Polygon clip(gpc_op op, const Polygon& subject, const Polygon& clip);
-
-/// The area of the box around polygons.
-double boxArea(const std::vector<Polygon>& polygons);
 
 /// What has no holes flags yet: the area under the even-odd rule, by uniting it with nothing.
 double evenOddArea(const Polygon& polygon);
