@@ -99,14 +99,4 @@ TEST(AttachedRenderer, RestoresOnceOnDetachAndOnceOnDestruction) {
     EXPECT_EQ(painter.pen().width(), 10);
 }
 
-TEST_F(RendererTest, MergeControlChoosesComposition) {
-    const auto multiply = QPainter::CompositionMode_Multiply, plain = QPainter::CompositionMode_SourceOver;
-    const std::pair<int, QPainter::CompositionMode> cases[] = {
-        {1, multiply}, {2, multiply}, {-1, multiply}, {0, plain}, {7, plain}};
-    for (const auto& [type, expected] : cases) {
-        renderer.SetMergeControlType(fromDriver<HT_PlotStyle::MergeControlType>(type));
-        EXPECT_EQ(painter.compositionMode(), expected) << "type " << type;
-    }
-}
-
 } // namespace

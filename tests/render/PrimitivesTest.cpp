@@ -13,9 +13,7 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 const double notANumber = std::nan("");
 constexpr double pi = 3.141592653589793;
 
-class PointTest : public RendererTest {};
-
-TEST_F(PointTest, RepeatedOpaquePointIsDrawnOnce) {
+TEST_F(RendererTest, RepeatedOpaquePointIsDrawnOnce) {
     renderer.setScale(2.0);
     renderer.DrawPoint({1.2, 3.7});
     renderer.DrawPoint({1.2, 3.7});
@@ -26,7 +24,7 @@ TEST_F(PointTest, RepeatedOpaquePointIsDrawnOnce) {
     EXPECT_EQ(recorder.shapes(), "points 2,7\npoints 2,7\n");
 }
 
-TEST_F(PointTest, TranslucentPointsAllShow) {
+TEST_F(RendererTest, TranslucentPointsAllShow) {
     renderer.DrawPoint({5, 5});
     renderer.SetAlpha(128);
     renderer.DrawPoint({5, 5});

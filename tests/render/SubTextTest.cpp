@@ -153,6 +153,18 @@ TEST_F(SubTextTest, RecordsKeepTheirStyle) {
     EXPECT_EQ(text.GetRunText({-1, 1, {}}) + text.GetRunText({4, 1, {}}), L"");
 }
 
+TEST_F(SubTextTest, EachWeightAndSlantIsChosenForItself) {
+    for (const auto& [weight, italic] : {std::pair{400, 0}, {400, 1}, {700, 0}, {400, 0}, {700, 255}}) {
+        tagLOGFONTW request = fontOf(L"Stroke");
+        request.lfWeight = weight;
+        request.lfItalic = static_cast<uint8_t>(italic);
+        const HT_Text text(L"Ω", request, fonts);
+        ASSERT_EQ(text.GetSubTexts().size(), 1U);
+        EXPECT_EQ(text.GetSubTexts()[0].font.lfWeight, weight);
+        EXPECT_EQ(text.GetSubTexts()[0].font.lfItalic, italic);
+    }
+}
+
 TEST_F(SubTextTest, AnySizeIsShown) {
     const HT_FontMap none;
     for (const int height : {INT32_MIN, 1000000000, 0, -12}) { // what a huge one finds out holds for the next
