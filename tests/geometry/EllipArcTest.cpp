@@ -98,11 +98,11 @@ HT_Double_Point mapped(const tagXFORM& m, double x, double y) {
 TEST(EllipArc, GdiTransformTurnsAboutTheCentre) {
     tagRECT rect;
     tagXFORM xform;
-    HT_EllipArc({100, 50}, 9, 9, pi / 2, 0, 1).calcGdiEllipseParam(rect, xform);
-    EXPECT_NEAR(mapped(xform, 100, 50).x, 100, 1e-4);
-    EXPECT_NEAR(mapped(xform, 100, 50).y, 50, 1e-4);
-    EXPECT_NEAR(mapped(xform, 101, 50).x, 100, 1e-4); // a quarter turn counter-clockwise on the page
-    EXPECT_NEAR(mapped(xform, 101, 50).y, 49, 1e-4);
+    HT_EllipArc({100, 50}, 9, 9, 0.7, 0, 1).calcGdiEllipseParam(rect, xform);
+    for (const int radius : {0, 10}) { // counter-clockwise on the page
+        EXPECT_NEAR(mapped(xform, 100 + radius, 50).x, 100 + radius * std::cos(0.7), 1e-4);
+        EXPECT_NEAR(mapped(xform, 100 + radius, 50).y, 50 - radius * std::sin(0.7), 1e-4);
+    }
 
     HT_EllipArc({1e300, 0}, 9, 9, pi, 0, 1).calcGdiEllipseParam(rect, xform);
     EXPECT_EQ(xform.eDx, FLT_MAX);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <functional>
@@ -144,11 +145,15 @@ TEST(MatrixTest, Figures) {
     double min = 0;
     double max = 0;
     m.GetNumericRange(min, max);
+    double one[2] = {};
+    matrixOf({{7}}).GetNumericRange(one[0], one[1]);
     const struct {
         const char* name;
         double value;
         double expected;
     } rows[] = {
+        {"min of one", one[0], 7},
+        {"max of one", one[1], 7},
         {"min", min, -6},
         {"max", max, 10},
         {"row sum", m.SumRow(1), 3},
@@ -196,6 +201,11 @@ TEST(MatrixTest, SingularMatricesStayAsFarAsTheEliminationGot) {
     const Rows tiny = {{5e-5, 0}, {0, 1e-5}};
     EXPECT_EQ(rowsOf(matrixOf(tiny).GetInverted()), tiny);
     EXPECT_EQ(rowsOf(matrixOf({{4, 2}, {2, 1}}).GetInverted()), (Rows{{0.25, 0.5}, {-0.5, 0}}));
+    EXPECT_EQ(rowsOf(matrixOf({{2, -2}, {2, -2}}).GetInverted()), (Rows{{0.5, -1}, {-1, 0}})) << "the first pivot";
+    const auto smallestPivot = static_cast<double>(0.0001F);
+    EXPECT_EQ(rowsOf(matrixOf({{smallestPivot}}).GetInverted()), (Rows{{1 / smallestPivot}}));
+    const double tooSmall = std::nextafter(smallestPivot, 0);
+    EXPECT_EQ(rowsOf(matrixOf({{tooSmall}}).GetInverted()), (Rows{{tooSmall}}));
 }
 
 TEST(MatrixTest, WritersLeaveASharedBlock) {

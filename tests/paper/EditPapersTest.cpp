@@ -112,6 +112,9 @@ TEST(EditPapers, TellWhenTheFileWasNotReadOrWritten) {
         EXPECT_EQ(erase(path, 9), 1) << name; // it lists no paper
     }
     const std::string bad = directory.write("bad.ini", "[General]\nPaperCount=1\n[Paper 0]\nmalformed\n");
+    std::filesystem::create_symlink("/proc/self/mem", directory.path("unread.ini"));
+    EXPECT_EQ(store(directory.path("unread.PER"), 9), -1);
+    EXPECT_FALSE(directory.exists("unread.PER"));
     for (const std::string& path : {bad, directory.path("none/p.ini")}) {
         EXPECT_EQ(store(path, 9), -1) << path;
         EXPECT_EQ(HT_WritePaperFile(wide(path).c_str(), nullptr, 0), 1) << path;

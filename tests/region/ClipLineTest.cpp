@@ -84,7 +84,7 @@ protected:
     // The loader answers the bare name with the module of that name that is already there.
     void load(const char* kind) {
         const std::string path = std::string(FAKE_MODULES) + "/" + kind + "/vnbase.so";
-        handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+        handle = dlopen(path.c_str(), RTLD_LAZY | RTLD_LOCAL);
         ASSERT_NE(handle, nullptr) << dlerror();
         module = static_cast<FakeModule*>(dlsym(handle, "fakeModule"));
         ASSERT_NE(module, nullptr);

@@ -153,6 +153,7 @@ TEST(RegionData, IsARectangleWhereBothDiagonalsSpanTheBox) {
     } rows[] = {
         {"clockwise", {{0, 0}, {4, 0}, {4, 2}, {0, 2}}, true, "0 0 4 2"},
         {"the other way, from another corner", {{4, 2}, {4, 0}, {0, 0}, {0, 2}}, true, "0 0 4 2"},
+        {"away from the origin", {{4, 3}, {9, 3}, {9, 8}, {4, 8}}, true, "4 3 9 8"},
         {"bow tie: neighbours exchanged", {{0, 0}, {4, 2}, {4, 0}, {0, 2}}, false, "0 0 4 2"},
         {"diamond", {{0, 0}, {2, 1}, {4, 0}, {2, -1}}, false, "0 -1 4 1"},
         {"first diagonal too short", {{0, 0}, {4, 0}, {3, 2}, {0, 2}}, false, "0 0 4 2"},

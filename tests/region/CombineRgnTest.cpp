@@ -175,6 +175,17 @@ TEST(CombineRgn, ResultsAreEvaluatedLists) {
     }
 }
 
+TEST(CombineRgn, AnEmptyRegionWithItselfStaysEmpty) {
+    for (const Operation op : {opAnd, opOr, opXor, opDiff, opCopy}) {
+        CVornRgn rgn = empty();
+        const HT_ClipRgn* const list = rgn.GetClipRgnRef();
+        EXPECT_EQ(rgn.CombineRgn(&rgn, &rgn, op), 1) << op;
+        EXPECT_EQ(rgn.m_nType, 3) << op;
+        EXPECT_EQ(rgn.m_pClipRgn, op == opAnd || op == opDiff ? nullptr : list) << op;
+        EXPECT_EQ(boxOf(rgn), zeroBox) << op;
+    }
+}
+
 TEST(CombineRgn, AnUnknownOperationChangesNothing) {
     CVornRgn rgn = rectangle(1, 2, 3, 4);
     CVornRgn other = polygon(triangle);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
+#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -58,6 +59,15 @@ TEST(LibraryLoad, ModuleBesideTheLibraryComesAndGoesWithIt) {
     }
     library.reset();
     EXPECT_FALSE(isModuleLoaded());
+}
+
+// In a process of its own, as asking for a name binds the module to the program that asks.
+TEST(LibraryLoad, ExportsOfAModuleBesideTheLibraryAreFoundByAll) {
+    const auto findExport = [] {
+        const Library library = load(LIBRARY_WITH_MODULE);
+        std::_Exit(dlsym(RTLD_DEFAULT, "fakeModule") != nullptr ? 0 : 1);
+    };
+    EXPECT_EXIT(findExport(), testing::ExitedWithCode(0), "");
 }
 
 } // namespace

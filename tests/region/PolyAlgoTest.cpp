@@ -62,7 +62,10 @@ TEST(PolyAlgo, PolygonsBecomeListsOfOuterContoursAndHoles) {
     EXPECT_EQ(list->next->points[1].y, 6);
 
     polygon.num_contours = 0;
-    EXPECT_EQ(PolyAlgoOperator::convert_2_Clip_Rgn(&polygon), nullptr);
+    gpc_polygon hollow{2, nullptr, nullptr};
+    for (gpc_polygon* const none : {&polygon, &hollow, static_cast<gpc_polygon*>(nullptr)}) {
+        EXPECT_EQ(PolyAlgoOperator::convert_2_Clip_Rgn(none), nullptr);
+    }
 }
 
 TEST(PolyAlgo, OrderBorderPutsTheFirstOuterContourFirst) {

@@ -4,15 +4,20 @@
 #include <algorithm>
 #include <clocale>
 #include <filesystem>
+#include <fstream>
 #include <limits>
 #include <list>
 #include <random>
 #include <string>
+#include <thread>
 #include <tuple>
 #include <vector>
 
+#include <sys/stat.h>
+
 #include <gtest/gtest.h>
 
+#include "settings/TextFile.h"
 #include "support/TemporaryDirectory.h"
 
 using inifile::IniFile;
@@ -142,10 +147,20 @@ TEST(IniFile, UnreadableFileLeavesNoSectionAndSavingToNowhereIsSilent) {
         EXPECT_EQ(file.GetErrMsg(), "open" + unreadable + " file failed");
         EXPECT_EQ(file.GetSectionNum(), 0);
     }
+    EXPECT_EQ(file.Load(directory.path("new.ini")), 6);
     file.SetStringValue("s", "k", "v");
     file.SetStringValue("", "first", "1");
-    EXPECT_EQ(file.SaveAs(directory.path("new.ini")), 0);
+    EXPECT_EQ(file.Save(), 0);
     EXPECT_EQ(directory.read("new.ini"), "first=1\n[s]\nk=v\n");
+}
+
+TEST(IniFile, ReadsTextsWhoseLengthIsNotKnown) {
+    const TemporaryDirectory directory;
+    const std::string pipe = directory.path("pipe"), text(20000, 'x');
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    std::thread writer([&] { std::ofstream(pipe) << text; });
+    EXPECT_EQ(KelDriver::Internal::readTextFile(pipe), text);
+    writer.join();
 }
 
 TEST(IniFile, LookupsAnswerCodesAndKeepMessages) {

@@ -112,6 +112,10 @@ TEST(Gpc, WorksInAnyUnits) {
         ASSERT_EQ(result.contours.size(), 1U) << unit;
         EXPECT_EQ(result.contours[0].size(), 4U) << unit;
     }
+    for (const bool isWide : {false, true}) {
+        const Polygon strip{{isWide ? rectangle(-1e6, 0, 1e6, 1) : rectangle(0, -1e6, 1, 1e6)}, {}};
+        EXPECT_DOUBLE_EQ(evenOddArea(strip), 2e6) << isWide;
+    }
     const Polygon widest{{rectangle(-largest, -largest, largest, largest)}, {}};
     EXPECT_EQ(clip(GPC_INT, widest, {{rectangle(-largest, 0, 0, largest)}, {}}).contours.size(), 1U);
 }

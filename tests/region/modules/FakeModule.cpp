@@ -10,6 +10,13 @@ extern "C" {
 extern FakeModule fakeModule;
 FakeModule fakeModule;
 
+/// No program defines the first: the module loads where functions are bound when they are called.
+void definedNowhere();
+void callDefinedNowhere();
+void callDefinedNowhere() {
+    definedNowhere();
+}
+
 #ifndef WITHOUT_CLIP
 static int32_t* bufferOf(const int32_t* values, size_t count) {
     auto* const buffer = static_cast<int32_t*>(std::malloc(count * sizeof(int32_t)));
