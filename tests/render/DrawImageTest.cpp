@@ -135,6 +135,7 @@ TEST_F(RendererTest, ImagesOfOtherDepthsEndWithTheirBytes) {
         ASSERT_EQ(row.image->colorDepth(), row.depth);
         HT_RasterImage_Record record{row.image.get(), 0, 0, 1, {}, 1};
         recorder.clear();
+        QImage(40, 3, QImage::Format_ARGB32).fill(Qt::red); // leaves memory behind that is not zero
         renderer.DrawImage(&record);
         const QImage drawn = recorder.calls().at(0).image;
         ASSERT_EQ(drawn.size(), QSize(40, 3)) << row.depth;

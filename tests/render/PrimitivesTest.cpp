@@ -136,37 +136,28 @@ TEST_F(RendererTest, LongRunsArriveWhole) {
     }
 }
 
-TEST_F(RendererTest, PolygonOfOnePixelReachesPointsOfSubclasses) {
-    struct KeepsPoint : QTRenderer {
-        void DrawPoint(const HT_Double_Point& p) override { point = p; }
-        HT_Double_Point point{0, 0};
-    };
-    KeepsPoint subclass;
-    subclass.AttachDriver(&painter, {0, 0}, false);
-    subclass.setScale(10.0);
-    const HT_Double_Point dot[] = {{0.51, 0.52}, {0.5, 0.54}};
-    subclass.FillPolygon(dot, 2);
-    EXPECT_EQ(subclass.point.x, 0.51);
-    EXPECT_EQ(subclass.point.y, 0.52);
-    subclass.DrawArc({3, 4}, 0.5, 0.9, 0, 0, 1);
-    EXPECT_EQ(subclass.point.x, 3);
-}
-
-TEST_F(RendererTest, EllipseReachesArcsOfSubclasses) {
-    struct KeepsArcs : QTRenderer {
+TEST_F(RendererTest, SubclassesAreAskedForPointsAndArcs) {
+    struct Subclass : QTRenderer {
+        void DrawPoint(const HT_Double_Point& p) override { asked = {p.x, p.y}; }
         void DrawArc(const HT_Double_Point& center, double radiusX, double radiusY, double rotation, double start,
                      double end) override {
-            arcs.push_back({center.x, center.y, radiusX, radiusY, rotation, start, end});
+            asked = {center.x, center.y, radiusX, radiusY, rotation, start, end};
+            QTRenderer::DrawArc({center.x, center.y}, radiusX / 10, radiusY / 10, rotation, start, end);
         }
-        std::vector<std::vector<double>> arcs;
+        std::vector<double> asked;
     };
-    KeepsArcs subclass;
-    subclass.setScale(10.0); // is left to DrawArc
-    subclass.DrawEllipse({3, 4}, 7, 5, 0.25);
-    EXPECT_TRUE(subclass.arcs.empty()); // without a painter nothing is drawn
+    Subclass subclass;
+    subclass.setScale(10.0); // is left to what is asked for
+    subclass.DrawEllipse({3, 4}, 70, 50, 0.25);
+    EXPECT_TRUE(subclass.asked.empty()) << "without a painter nothing is drawn";
     subclass.AttachDriver(&painter, {0, 0}, false);
-    subclass.DrawEllipse({3, 4}, 7, 5, 0.25);
-    EXPECT_EQ(subclass.arcs, (std::vector<std::vector<double>>{{3, 4, 7, 5, 0.25, 0, 2 * pi}}));
+    const HT_Double_Point dot[] = {{0.51, 0.52}, {0.5, 0.54}};
+    subclass.FillPolygon(dot, 2);
+    EXPECT_EQ(subclass.asked, (std::vector<double>{0.51, 0.52}));
+    subclass.DrawEllipse({3, 4}, 70, 50, 0.25);
+    EXPECT_EQ(subclass.asked, (std::vector<double>{3, 4, 70, 50, 0.25, 0, 2 * pi}));
+    subclass.DrawArc({3, 4}, 5, 9, 0, 0, 1);
+    EXPECT_EQ(subclass.asked, (std::vector<double>{3, 4})) << "a small arc is a point";
 }
 
 class ArcTest : public RendererTest {

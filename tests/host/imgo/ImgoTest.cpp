@@ -74,6 +74,7 @@ TEST(ImageLibrary, GivesADibOfEachDepth) {
         image->AddAlphaOnCvtBmp(128);
         dib = image->GetDibInfo(true);
         EXPECT_TRUE(dib->bitCount == 32 && dib->paletteCount == 0 && dib->scanLineSize == 20);
+        EXPECT_EQ(dibPixel(*dib, 0, 0), 0x80000000);
         EXPECT_EQ(dibPixel(*dib, 1, 0), 0x80FFFFFF);
         EXPECT_EQ(image->GetDibTransparency(true), 1);
     }
