@@ -33,70 +33,50 @@ std::string textOf(I_HT_PointerArray& array) {
 }
 
 void fill(I_HT_PointerArray& array) {
-    array.Insert(0, &letters[2]);
-    array.Insert(0, &letters[0]);
-    array.Insert(2, &letters[4]); // at the end
-    array.Insert(1, &letters[1]);
-    array.Insert(3, &letters[3]);
+    for (const auto& [place, letter] : {std::pair{0, 2}, {0, 0}, {2, 4}, {1, 1}, {3, 3}}) {
+        array.Insert(place, &letters[letter]);
+    }
 }
-
-class PointerArrayTest : public ::testing::Test {
-protected:
-    PointerArrayTest() { destroyed.clear(); }
-};
 
 template <typename Array>
 void expectAgreedOrder() {
-    EXPECT_EQ(slotOf(&Array::GetCount), 0);
-    EXPECT_EQ(slotOf(&Array::GetData), 1);
-    EXPECT_EQ(slotOf(&Array::Insert), 2);
-    EXPECT_EQ(slotOf(&Array::Remove), 3);
-    EXPECT_EQ(slotOf(&Array::Clear), 4);
+    const ptrdiff_t order[] = {slotOf(&Array::GetCount), slotOf(&Array::GetData), slotOf(&Array::Insert),
+                               slotOf(&Array::Remove), slotOf(&Array::Clear)};
+    for (size_t i = 0; i < std::size(order); ++i) {
+        EXPECT_EQ(order[i], static_cast<ptrdiff_t>(i));
+    }
 }
 
-TEST_F(PointerArrayTest, SlotsKeepTheOrderAgreedWithDrivers) {
+TEST(PointerArray, SlotsKeepTheOrderAgreedWithDrivers) {
     expectAgreedOrder<I_HT_PointerArray>();
     expectAgreedOrder<HT_PointerArray>();
 }
 
-TEST_F(PointerArrayTest, InsertShiftsUpAndRemoveShiftsDownWithoutDestroying) {
-    HT_PointerArray array(0, neverCreated, noteDestroyed);
+TEST(PointerArray, ShiftsOnInsertAndRemoveAndDestroysOnClear) {
+    destroyed.clear();
+    HT_PointerArray array(100, neverCreated, noteDestroyed); // the capacity makes no elements
+    EXPECT_EQ(array.GetCount(), 0);
+    EXPECT_EQ(array.GetData(0), nullptr);
     fill(array);
     EXPECT_EQ(textOf(array), "abcde");
+    for (const int outside : {-1, 5, INT32_MIN}) {
+        EXPECT_EQ(array.GetData(outside), nullptr) << outside;
+    }
     array.Remove(4);
     array.Remove(0);
     array.Remove(1);
     EXPECT_EQ(textOf(array), "bd");
+    array.Insert(2, &letters[1]);
     EXPECT_EQ(destroyed, "");
-}
-
-TEST_F(PointerArrayTest, AnswersNullOutsideItsElements) {
-    HT_PointerArray array(100, nullptr, nullptr); // the capacity makes no elements
-    EXPECT_EQ(array.GetCount(), 0);
-    EXPECT_EQ(array.GetData(0), nullptr);
-    fill(array);
-    EXPECT_EQ(array.GetData(-1), nullptr);
-    EXPECT_EQ(array.GetData(5), nullptr);
-    EXPECT_EQ(array.GetData(INT32_MIN), nullptr);
-}
-
-TEST_F(PointerArrayTest, ClearDestroysEachElementOnceInOrder) {
-    HT_PointerArray array(0, neverCreated, noteDestroyed);
-    fill(array);
-    array.Insert(5, &letters[0]);
-    array.Clear();
-    EXPECT_EQ(destroyed, "abcdea");
-    EXPECT_EQ(array.GetCount(), 0);
-    array.Clear();
-    EXPECT_EQ(destroyed, "abcdea");
-}
-
-TEST_F(PointerArrayTest, WithoutDestroyFunctionElementsAreDropped) {
-    HT_PointerArray array(0, nullptr, nullptr);
-    fill(array);
-    array.Clear();
-    EXPECT_EQ(array.GetCount(), 0);
-    EXPECT_STREQ(letters, "abcde");
+    for (int time = 0; time < 2; ++time) {
+        array.Clear();
+        EXPECT_EQ(destroyed, "bdb");
+        EXPECT_EQ(array.GetCount(), 0);
+    }
+    HT_PointerArray withoutDestroy(0, nullptr, nullptr);
+    fill(withoutDestroy);
+    withoutDestroy.Clear();
+    EXPECT_EQ(withoutDestroy.GetCount(), 0);
 }
 
 } // namespace

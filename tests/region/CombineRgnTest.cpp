@@ -9,16 +9,11 @@ using namespace KelDriver::Internal;
 
 namespace {
 
+using regionOracle::boxOf;
 using regionOracle::Contours;
 using regionOracle::Points;
 
 enum Operation { opAnd = 1, opOr = 2, opXor = 3, opDiff = 4, opCopy = 5 };
-
-std::vector<double> boxOf(const CVornRgn& rgn) {
-    HT_Double_Rectangle box{-1, -1, -1, -1};
-    rgn.GetRgnBox(&box);
-    return {box.minX, box.minY, box.maxX, box.maxY};
-}
 
 CVornRgn rectangle(double minX, double minY, double maxX, double maxY) {
     CVornRgn rgn;
@@ -206,71 +201,35 @@ TEST(CombineRgn, NullOperandsCountAsEmpty) {
 }
 
 // Regions whose boxes do not overlap are collected in the first operand itself.
-class AppendedRgn : public testing::TestWithParam<Operation> {};
-INSTANTIATE_TEST_SUITE_P(Operations, AppendedRgn, testing::Values(opOr, opXor));
-
-const Points farTriangle = {{20, 0}, {30, 0}, {20, 10}};
-const std::vector<double> commonBox = {0, 0, 30, 10};
-
-TEST_P(AppendedRgn, LengthensTheFirstOperand) {
-    for (const char* target : {"another", "a", "b"}) {
-        CVornRgn a = polygon(triangle);
-        CVornRgn b = polygon(farTriangle);
-        CVornRgn other = rectangle(1, 1, 2, 2);
-        CVornRgn& result = target == std::string("a") ? a : target == std::string("b") ? b : other;
-        EXPECT_EQ(result.CombineRgn(&a, &b, GetParam()), 3) << target;
-        EXPECT_EQ(boxOf(result), commonBox) << target;
-        EXPECT_EQ(modesOf(a.m_pClipRgn), (std::vector<int>{HT_RGN_XOR, HT_RGN_OR})) << target;
-        EXPECT_EQ(a.m_pClipRgn->next->points[0].x, 20) << target;
-        if (&result != &a) {
-            EXPECT_EQ(result.m_pClipRgn, nullptr) << target;
-            EXPECT_EQ(boxOf(a), (std::vector<double>{0, 0, 10, 10})) << target;
-            EXPECT_EQ(result.GetClipRgnRef()->points[2].x, 30) << "the common box, as a rectangle, into " << target;
-        }
-    }
-}
-
-TEST_P(AppendedRgn, RectanglesGetTheirContoursFirst) {
-    CVornRgn a = rectangle(0, 0, 10, 10);
-    CVornRgn b = rectangle(20, 0, 30, 10);
-    EXPECT_EQ(a.CombineRgn(&a, &b, GetParam()), 3);
-    EXPECT_EQ(boxOf(a), commonBox);
-    EXPECT_DOUBLE_EQ(areaOf(a), 200);
-    EXPECT_EQ(modesOf(a.m_pClipRgn), (std::vector<int>{HT_RGN_XOR, HT_RGN_OR}));
-}
-
-TEST_P(AppendedRgn, AFlatRegionWithItself) {
-    CVornRgn flat = rectangle(0, 5, 10, 5);
-    EXPECT_EQ(flat.CombineRgn(&flat, &flat, GetParam()), 3);
-    EXPECT_EQ(boxOf(flat), (std::vector<double>{0, 5, 10, 5}));
-    EXPECT_EQ(modesOf(flat.m_pClipRgn).size(), 2U);
-}
-
-TEST(CombineRgn, RectanglesKeepTheirCoordinatesBitForBit) {
-    regionOracle::Generator generator(5);
-    for (int i = 0; i < 2000; ++i) {
-        const Points a = generator.region({HT_RGN_XOR}).front().points;
-        const double unit = std::fabs(a[0].x) + std::fabs(a[0].y);
-        double x[4];
-        double y[4];
-        std::generate(std::begin(x), std::end(x), [&] { return a[0].x + unit * generator.real(-1, 1); });
-        std::generate(std::begin(y), std::end(y), [&] { return a[0].y + unit * generator.real(-1, 1); });
-        const auto asPolygon = [](double x0, double y0, double x1, double y1) {
-            return polygon({{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}});
-        };
-        for (const int op : {opAnd, opOr, opXor, opDiff}) {
-            CVornRgn first = asPolygon(x[0], y[0], x[1], y[1]);
-            CVornRgn second = asPolygon(x[2], y[2], x[3], y[3]);
-            first.m_nType = 2; // takes the way through the clipper
-            CVornRgn result;
-            result.CombineRgn(&first, &second, op);
-            for (const HT_ClipRgn* node = result.m_pClipRgn; node; node = node->next) {
-                for (int k = 0; k < node->pointCount; ++k) {
-                    EXPECT_NE(std::find(std::begin(x), std::end(x), node->points[k].x), std::end(x));
-                    EXPECT_NE(std::find(std::begin(y), std::end(y), node->points[k].y), std::end(y));
-                }
+TEST(CombineRgn, RegionsApartLengthenTheFirstOperand) {
+    const Points farTriangle = {{20, 0}, {30, 0}, {20, 10}};
+    const std::vector<double> commonBox = {0, 0, 30, 10};
+    const std::vector<int> bothModes = {HT_RGN_XOR, HT_RGN_OR};
+    for (const Operation op : {opOr, opXor}) {
+        for (const std::string target : {"another", "a", "b"}) {
+            CVornRgn a = polygon(triangle);
+            CVornRgn b = polygon(farTriangle);
+            CVornRgn other = rectangle(1, 1, 2, 2);
+            CVornRgn& result = target == "a" ? a : target == "b" ? b : other;
+            EXPECT_EQ(result.CombineRgn(&a, &b, op), 3) << target;
+            EXPECT_EQ(boxOf(result), commonBox) << target;
+            EXPECT_EQ(modesOf(a.m_pClipRgn), bothModes) << target;
+            EXPECT_EQ(a.m_pClipRgn->next->points[0].x, 20) << target;
+            if (&result != &a) {
+                EXPECT_EQ(result.m_pClipRgn, nullptr) << target;
+                EXPECT_EQ(boxOf(a), (std::vector<double>{0, 0, 10, 10})) << target;
+                EXPECT_EQ(result.GetClipRgnRef()->points[2].x, 30) << "the common box, as a rectangle, into " << target;
             }
         }
+        CVornRgn a = rectangle(0, 0, 10, 10), b = rectangle(20, 0, 30, 10); // get their contours first
+        EXPECT_EQ(a.CombineRgn(&a, &b, op), 3);
+        EXPECT_EQ(boxOf(a), commonBox);
+        EXPECT_DOUBLE_EQ(areaOf(a), 200);
+        EXPECT_EQ(modesOf(a.m_pClipRgn), bothModes);
+        CVornRgn flat = rectangle(0, 5, 10, 5);
+        EXPECT_EQ(flat.CombineRgn(&flat, &flat, op), 3);
+        EXPECT_EQ(boxOf(flat), (std::vector<double>{0, 5, 10, 5}));
+        EXPECT_EQ(modesOf(flat.m_pClipRgn).size(), 2U);
     }
 }
 

@@ -9,17 +9,12 @@
 
 namespace {
 
+using regionOracle::boxOf;
 using regionOracle::Contours;
 using regionOracle::Points;
 
 const Points square = {{0, 0}, {10, 0}, {10, 10}, {0, 10}};
 const Points triangle = {{0, 0}, {10, 0}, {0, 10}};
-
-std::vector<double> boxOf(const CVornRgn& rgn) {
-    HT_Double_Rectangle box{-1, -1, -1, -1};
-    rgn.GetRgnBox(&box);
-    return {box.minX, box.minY, box.maxX, box.maxY};
-}
 
 const std::vector<double> zeroBox = {0, 0, 0, 0};
 

@@ -126,6 +126,14 @@ inline RgnList toList(const Contours& contours) {
     return list;
 }
 
+/// The box that a region reports: left, bottom, right, top.
+template <typename Region>
+std::vector<double> boxOf(const Region& rgn) {
+    HT_Double_Rectangle box{-1, -1, -1, -1};
+    rgn.GetRgnBox(&box);
+    return {box.minX, box.minY, box.maxX, box.maxY};
+}
+
 /// Regions of 1 to 12 contours that cross themselves, touch, coincide or lie within one another, in units that
 /// differ from region to region.
 class Generator {
