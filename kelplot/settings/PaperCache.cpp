@@ -47,7 +47,7 @@ std::vector<PaperSize> PaperCache::records() const {
 std::vector<PaperSize> PaperCache::remake(const std::function<std::vector<PaperSize>()>& read) const {
     const QDateTime change = QFileInfo(m_text).metadataChangeTime();
     std::vector<PaperSize> records = read();
-    if (!std::all_of(records.begin(), records.end(), fitsCache)) {
+    if (records.empty() || !std::all_of(records.begin(), records.end(), fitsCache)) {
         QFile::remove(m_cache);
         return records;
     }

@@ -116,6 +116,15 @@ TEST(PaperCache, IsMadeAndFollowsTheText) {
     EXPECT_EQ(namesIn(directory), QStringList{"Ticket"});
 }
 
+TEST(PaperCache, IsNotMadeOfAListWithoutPapers) {
+    const TemporaryDirectory directory;
+    directory.write("papers.ini", "[General]\nPaperCount=0\n");
+    QStringList warnings;
+    namesIn(directory, &warnings);
+    namesIn(directory, &warnings);
+    EXPECT_EQ(warnings, QStringList()) << "the first look left a cache that the second took for a damaged one";
+}
+
 TEST(PaperCache, IsPassedOverAndKeptWhenDamaged) {
     const TemporaryDirectory directory;
     directory.write("papers.ini", general + label);
