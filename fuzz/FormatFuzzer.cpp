@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <cstdarg>
 #include <cstdint>
-#include <cstdlib>
 #include <cwchar>
 #include <locale>
 #include <sstream>
@@ -20,6 +19,7 @@
 #include <vector>
 
 #include "FuzzInput.h"
+#include "Require.h"
 #include "port/CString.h"
 
 namespace {
@@ -257,8 +257,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     } catch (const OutOfBounds&) {
         return 0;
     }
-    if (formatWith(text.c_str(), stream.arguments()) != expected) {
-        std::abort();
-    }
+    require(formatWith(text.c_str(), stream.arguments()) == expected);
     return 0;
 }

@@ -7,10 +7,10 @@
 
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 #include <vector>
 
 #include "FuzzInput.h"
+#include "Require.h"
 #include "gpc.h"
 
 namespace {
@@ -28,12 +28,6 @@ struct Operand {
         return {static_cast<int>(lists.size()), holes.data(), lists.empty() ? nullptr : lists.data()};
     }
 };
-
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
 
 /// What is promised of every result.
 void checkResult(const gpc_polygon& result) {

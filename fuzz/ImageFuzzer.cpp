@@ -14,6 +14,7 @@
 #include <QPainter>
 #include <QtEndian>
 
+#include "Require.h"
 #include "imgo.h"
 #include "keldriver/QTRenderer.h"
 #include "keldriver/RasterImage.h"
@@ -23,12 +24,6 @@ namespace {
 constexpr qint64 pixelLimit = 1 << 18; // larger ones only show how much memory there is
 
 volatile unsigned sink = 0; // bytes that go here are read indeed
-
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
 
 void ignoreMessage(QtMsgType, const QMessageLogContext&, const QString&) {
 }

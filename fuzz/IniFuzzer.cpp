@@ -6,52 +6,18 @@
 // bits, and three short texts: section, key, value. A short text is a byte with its length and its bytes.
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include "FuzzInput.h"
+#include "MemoryFile.h"
+#include "Require.h"
 #include "keldriver/IniFile.h"
 #include "settings/ProfileSession.h"
 
 using namespace KelDriver::Internal;
 
 namespace {
-
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
-
-/// A file in memory with a path.
-class MemoryFile {
-public:
-    MemoryFile() : m_descriptor(memfd_create("ini", 0)) {}
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
-    ~MemoryFile() { close(m_descriptor); }
-
-    std::string path() const { return "/proc/self/fd/" + std::to_string(m_descriptor); }
-
-    void write(const std::string& text) const {
-        require(ftruncate(m_descriptor, 0) == 0);
-        require(pwrite(m_descriptor, text.data(), text.size(), 0) == static_cast<ssize_t>(text.size()));
-    }
-
-    std::string read() const {
-        std::string text(static_cast<size_t>(lseek(m_descriptor, 0, SEEK_END)), '\0');
-        require(pread(m_descriptor, text.data(), text.size(), 0) == static_cast<ssize_t>(text.size()));
-        return text;
-    }
-
-private:
-    int m_descriptor;
-};
 
 struct Edit {
     unsigned kind;

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "FuzzInput.h"
+#include "Require.h"
 #include "keldriver/Paper.h"
 
 namespace {
@@ -22,9 +23,7 @@ class PaperFile {
 public:
     PaperFile() {
         std::string name = (std::filesystem::temp_directory_path() / "paper-fuzz-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) {
-            std::abort();
-        }
+        require(mkdtemp(name.data()) != nullptr);
         m_directory = name;
     }
     PaperFile(const PaperFile&) = delete;
@@ -38,9 +37,7 @@ public:
 
     void write(const uint8_t* data, size_t size) const {
         std::FILE* file = std::fopen((m_directory / "p.PER").c_str(), "wb");
-        if (file == nullptr || std::fwrite(data, 1, size, file) != size || std::fclose(file) != 0) {
-            std::abort();
-        }
+        require(file != nullptr && std::fwrite(data, 1, size, file) == size && std::fclose(file) == 0);
     }
 
 private:
@@ -58,9 +55,7 @@ void query(unsigned short code, const std::wstring& path) {
     const size_t entries = count > 0 ? static_cast<size_t>(count) : 0;
     std::vector<char> buffer(entries * sizeof(PaperSize) + 1);
     const int answer = HT_DefaultDeviceCapabilities(code, buffer.data(), nullptr, path.c_str());
-    if (answer != count && answer != 0) {
-        std::abort();
-    }
+    require(answer == count || answer == 0);
 }
 
 /// The papers that the file states and holds.
@@ -83,16 +78,12 @@ void create(const PaperSize& paper, const std::wstring& path) {
     const bool isListed = std::any_of(papers.begin(), papers.end(), [&](const PaperSize& each) {
         return each.Paper == number && each.Width == paper.Width && std::wcscmp(each.Name, paper.Name) == 0;
     });
-    if (!isListed) {
-        std::abort();
-    }
+    require(isListed);
 }
 
 void remove(int number, const std::wstring& path) {
     const size_t before = papersOf(path).size();
-    if (HT_DefaultDeletePaper(nullptr, number, path.c_str()) == 1 && papersOf(path).size() + 1 < before) {
-        std::abort();
-    }
+    require(HT_DefaultDeletePaper(nullptr, number, path.c_str()) != 1 || papersOf(path).size() + 1 >= before);
 }
 
 void edit(uint8_t way, const std::wstring& path) {

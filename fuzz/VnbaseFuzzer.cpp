@@ -7,10 +7,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <vector>
 
 #include "FuzzInput.h"
+#include "Require.h"
 #include "vnbase.h"
 
 namespace {
@@ -28,12 +28,6 @@ Shape takeShape(FuzzInput& input) {
         point.y = input.takeCoordinate(head & 3U);
     }
     return shape;
-}
-
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
 }
 
 } // namespace
