@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+
+// Reads any bytes as a drawing, and checks what the plot takes for granted of the result. The whole input is the file.
+
+#include <algorithm>
+#include <cstdint>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "MemoryFile.h"
+#include "Require.h"
+#include "reader/DxfReader.h"
+
+using namespace kelplot;
+
+namespace {
+
+/// Requires that an entity refers only to what its drawing has, and that its lists fit one another.
+class EntityCheck {
+public:
+    explicit EntityCheck(const Drawing& drawing) : m_drawing(drawing) {}
+
+    void operator()(const Entity& entity) const {
+        const Attributes& attributes = entity.attributes;
+        require(attributes.layer < m_drawing.layers.size());
+        require(attributes.lineType < m_drawing.lineTypes.size() || attributes.lineType >= lineTypeByBlock);
+        std::visit(*this, entity.geometry);
+    }
+
+    void operator()(const Spline& spline) const {
+        const size_t points = spline.controlPoints.size();
+        require(spline.degree > 0);
+        require(points == 0 || spline.knots.size() == points + static_cast<size_t>(spline.degree) + 1);
+        require(points == 0 || std::is_sorted(spline.knots.begin(), spline.knots.end()));
+        require(spline.weights.empty() || spline.weights.size() == points);
+    }
+    void operator()(const Hatch& hatch) const {
+        for (const HatchLoop& loop : hatch.loops) {
+            require(loop.edges.empty() || loop.polyline.empty());
+            for (const HatchEdge& edge : loop.edges) {
+                if (const auto* const spline = std::get_if<HatchSpline>(&edge)) {
+                    (*this)(spline->curve);
+                }
+            }
+        }
+    }
+    void operator()(const Text& text) const { require(text.style < m_drawing.textStyles.size()); }
+    void operator()(const MText& text) const {
+        require(text.style < m_drawing.textStyles.size());
+        require(!text.paragraphs.empty() && text.attachment >= 1 && text.attachment <= 9);
+    }
+    void operator()(const Image& image) const { require(image.definition < m_drawing.images.size()); }
+    void operator()(const Insert& insert) const {
+        require(insert.block < m_drawing.blocks.size() || insert.block == noBlock);
+    }
+
+    template <typename OfNumbersOnly>
+    void operator()(const OfNumbersOnly&) const {}
+
+private:
+    const Drawing& m_drawing;
+};
+
+void check(const Drawing& drawing) {
+    require(!drawing.layers.empty() && !drawing.lineTypes.empty() && !drawing.textStyles.empty());
+    for (const Layer& layer : drawing.layers) {
+        require(layer.lineType < drawing.lineTypes.size());
+    }
+    const EntityCheck checkEntity(drawing);
+    std::for_each(drawing.modelSpace.begin(), drawing.modelSpace.end(), checkEntity);
+    std::for_each(drawing.paperSpace.begin(), drawing.paperSpace.end(), checkEntity);
+    for (const Block& block : drawing.blocks) {
+        std::for_each(block.entities.begin(), block.entities.end(), checkEntity);
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const MemoryFile file;
+    file.write({reinterpret_cast<const char*>(data), size});
+    try {
+        check(DxfReader().read(file.path(), {}));
+    } catch (const ReadError& error) {
+        require(error.reason == ReadError::Reason::notADrawing);
+    }
+    return 0;
+}
