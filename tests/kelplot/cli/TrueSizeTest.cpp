@@ -34,7 +34,7 @@ QString plotAtTrueSize(const QString& drawing, const TemporaryDirectory& directo
     return pdf;
 }
 
-/// The box of the dark pixels of a PDF page, in millimetres from its upper left corner.
+/// The box of the dark pixels of a PDF page, but for lines all across it, in millimetres from its upper left corner.
 QRectF inkOnPage(const QString& pdf, const TemporaryDirectory& directory) {
     constexpr int dotsPerInch = 508;
     constexpr double pixel = 25.4 / dotsPerInch;
@@ -46,6 +46,9 @@ QRectF inkOnPage(const QString& pdf, const TemporaryDirectory& directory) {
     Box2 ink;
     for (int y = 0; y < page.height(); ++y) {
         const uchar* const line = page.constScanLine(y);
+        if (line[0] < 128) { // a construction line crosses the sheet
+            continue;
+        }
         for (int x = 0; x < page.width(); ++x) {
             if (line[x] < 128) {
                 ink.add(Vec2{x * pixel, y * pixel});
