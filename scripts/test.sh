@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: BSD-3-Clause
 # Installs the dependencies, builds with warnings as errors and runs every test: first under the address,
 # leak and undefined-behaviour sanitizers, then plainly in the locale "C", which has the least. Ends with the test
-# runner's summary and the tests that were skipped, with their reasons.
+# runner's summary, the tests that were skipped, with their reasons, and the size of the tests against the code.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -10,6 +10,11 @@ cd "$(dirname "$0")/.."
 skipped() {
     awk '/: Skipped$/ { getline reason }
          /^\[  SKIPPED \] .*\(/ { print "  " $4 ": " reason }' "$1"
+}
+
+# Counts the lines of all C++ sources in some folders.
+lines_in() {
+    find "$@" -type f \( -name '*.h' -o -name '*.cpp' \) -exec cat {} + | wc -l
 }
 
 ./scripts/install-deps.sh
@@ -27,3 +32,7 @@ if [ -n "$skips" ]; then
 else
     echo "skipped: none"
 fi
+
+tests=$(lines_in tests)
+code=$(lines_in src include host kelplot)
+printf 'tests: %d lines, %d %% of the %d lines of code\n' "$tests" "$((100 * tests / code))" "$code"
