@@ -5,7 +5,11 @@
 
 #include <QDir>
 #include <QProcess>
+#include <sstream>
 
+#include "cli/OutputNames.h"
+#include "cli/PlotJob.h"
+#include "cli/SettingsChoice.h"
 #include "keldriver/Utility.h"
 
 namespace {
@@ -39,6 +43,25 @@ private:
     Limits m_limits;
 };
 
+/// The directory and the user's settings of a run, until the end of its scope.
+class RunsIn {
+public:
+    explicit RunsIn(const TemporaryDirectory& directory) {
+        QDir::setCurrent(QString::fromStdString(directory.path()));
+        qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(directory.path("config")));
+    }
+    ~RunsIn() {
+        QDir::setCurrent(m_directory);
+        qputenv("XDG_CONFIG_HOME", m_settings);
+    }
+    RunsIn(const RunsIn&) = delete;
+    RunsIn& operator=(const RunsIn&) = delete;
+
+private:
+    QString m_directory = QDir::currentPath();
+    QByteArray m_settings = qgetenv("XDG_CONFIG_HOME");
+};
+
 const auto* const programSettings = ::testing::AddGlobalTestEnvironment(new ProgramSettings);
 
 } // namespace
@@ -60,6 +83,29 @@ Outcome run(const TemporaryDirectory& directory, const QStringList& arguments, c
     const bool ended = process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit;
     return {ended ? process.exitCode() : -1, QString::fromUtf8(process.readAllStandardOutput()),
             QString::fromUtf8(process.readAllStandardError())};
+}
+
+std::string plotHere(const TemporaryDirectory& directory, const QStringList& arguments) {
+    using namespace kelplot;
+    const RunsIn place(directory);
+    std::ostringstream messages;
+    try {
+        const Options options = optionsFromArguments(QStringList{"kelplot"} + arguments);
+        Console console(messages, Console::Progress::never, !options.quiet);
+        for (const QString& warning : options.warnings) {
+            console.warning(warning.toStdString());
+        }
+        if (options.savedRecord) {
+            savePaper(options, *options.savedRecord);
+        }
+        const QStringList outputs = outputPaths(options);
+        for (int i = 0; i < outputs.size(); ++i) {
+            plotDrawing(options.inputs[i], outputs[i], options, console);
+        }
+    } catch (const std::exception& error) {
+        messages << "kelplot: " << error.what() << '\n';
+    }
+    return messages.str();
 }
 
 QStringList filesIn(const TemporaryDirectory& directory) {

@@ -23,4 +23,7 @@ struct Limits {
 Outcome run(const TemporaryDirectory& directory, const QStringList& arguments,
             const QString& program = QStringLiteral(KELPLOT_PROGRAM), const Limits& limits = {});
 
+/// Plots as the program does, in this process, and returns the messages.
+std::string plotHere(const TemporaryDirectory& directory, const QStringList& arguments);
+
 QStringList filesIn(const TemporaryDirectory& directory);

@@ -26,12 +26,14 @@ protected:
 
     /// The size that the picture of a plot states.
     QString plottedSize(const QStringList& arguments) {
-        const Outcome outcome = run(directory, QStringList{"-o", "size.svg"} + arguments + QStringList{"line.dxf"});
-        EXPECT_EQ(outcome.status, 0) << outcome.messages.toStdString();
-        EXPECT_EQ(outcome.messages, "");
+        EXPECT_EQ(plotHere(directory, QStringList{"-o", "size.svg"} + arguments + QStringList{"line.dxf"}), "");
         const QString svg = QString::fromStdString(directory.read("size.svg"));
         const int start = svg.indexOf("width=");
         return svg.mid(start, svg.indexOf('\n', start) - start).trimmed();
+    }
+    void expectTold(const QStringList& arguments, const char* part) {
+        const std::string told = plotHere(directory, arguments);
+        EXPECT_NE(told.find(part), std::string::npos) << arguments.join(' ').toStdString() << ": " << told;
     }
 
     TemporaryDirectory directory;
@@ -78,34 +80,25 @@ TEST_F(KelplotSettings, APaperOfOnesOwnIsSavedAndFoundAgain) {
     const std::string picture = directory.read("size.svg");
     EXPECT_EQ(plottedSize({"--paper", "BÄNNER"}), asSize);
     EXPECT_EQ(directory.read("size.svg"), picture) << "margins and position are the same";
-
-    const std::string file = directory.read("config/kelplot/papers.ini");
-    EXPECT_EQ(run(directory, {"--paper", "90x90", "--save-paper", "bänner"}).status, 1) << "the name is taken";
-    EXPECT_EQ(directory.read("config/kelplot/papers.ini"), file);
-    const Outcome second = run(directory, {"--paper", "90x90", "--save-paper", "Coaster", "line.dxf"});
-    EXPECT_EQ(second.status, 0) << second.messages.toStdString();
+    expectTold({"--paper", "90x90", "--save-paper", "bänner"}, "there is a paper \"Bänner\" already");
+    EXPECT_EQ(plotHere(directory, {"--paper", "90x90", "--save-paper", "Coaster", "line.dxf"}), "");
     EXPECT_TRUE(directory.exists("line.pdf")) << "a drawing is plotted in the same run";
-    EXPECT_TRUE(run(directory, {"--list-papers"}).output.contains("Bänner\t914.4x5000\t10,20,30,40\town\nCoaster\t"));
+    EXPECT_NE(plottedSize({"--paper", "coaster"}), asSize);
 }
 
 TEST_F(KelplotSettings, ADamagedPaperFileIsToldAndStaysAsItIs) {
     const std::string damaged = "[General]\nPaperCount=3\n[Paper 0]\nName=Label\nWidth=500\nLength=300\n";
     directory.write("config/kelplot/papers.ini", damaged);
-    const QStringList attempts[] = {{"--list-papers"},
-                                    {"--paper", "A1", "line.dxf"},
-                                    {"line.dxf"},
-                                    {"--paper", "90x90", "--save-paper", "Coaster"}};
-    for (const QStringList& arguments : attempts) {
-        const Outcome outcome = run(directory, arguments);
-        EXPECT_EQ(outcome.status, 2) << arguments.join(' ').toStdString();
-        EXPECT_TRUE(outcome.messages.contains("papers.ini: PaperCount is 3, but there is no section [Paper 1]"))
-            << outcome.messages.toStdString();
-    }
-    EXPECT_TRUE(run(directory, {"--list-papers"}).output.contains("A4\t210x297")) << "those of the device are listed";
-    EXPECT_EQ(run(directory, {"--paper", "90x90", "line.dxf"}).status, 0) << "a size needs no list";
+    const char* const fault = "papers.ini: PaperCount is 3, but there is no section [Paper 1]";
+    expectTold({"--paper", "A1", "line.dxf"}, fault);
+    expectTold({"line.dxf"}, fault);
+    expectTold({"--paper", "90x90", "--save-paper", "Coaster"}, fault);
+    EXPECT_EQ(plotHere(directory, {"--paper", "90x90", "line.dxf"}), "") << "a size needs no list";
+    const Outcome list = run(directory, {"--list-papers"});
+    EXPECT_EQ(list.status, 2);
+    EXPECT_TRUE(list.messages.contains(fault)) << list.messages.toStdString();
+    EXPECT_TRUE(list.output.contains("A4\t210x297")) << "those of the device are listed";
     EXPECT_EQ(directory.read("config/kelplot/papers.ini"), damaged);
-    EXPECT_EQ(QDir(QString::fromStdString(directory.path("config/kelplot"))).entryList(QDir::Files),
-              QStringList{"papers.ini"});
 }
 
 TEST_F(KelplotSettings, WithoutItsFolderTheProgramTakesSizesOnly) {
@@ -116,49 +109,47 @@ TEST_F(KelplotSettings, WithoutItsFolderTheProgramTakesSizesOnly) {
     EXPECT_TRUE(named.messages.contains("/Drivers/papers.ini: no such file")) << named.messages.toStdString();
     EXPECT_FALSE(directory.exists("line.pdf"));
     EXPECT_EQ(run(directory, {"--list-papers"}, program).status, 2);
-    const Outcome sized = run(directory, {"--paper", "420x297", "line.dxf"}, program);
-    EXPECT_EQ(sized.status, 0);
-    EXPECT_EQ(sized.messages, "");
     const Outcome usual = run(directory, {"line.dxf"}, program);
     EXPECT_EQ(usual.status, 0);
     EXPECT_TRUE(usual.messages.contains("Drivers/papers.ini: no such file; the paper is A4"));
+    const Outcome sized = run(directory, {"--paper", "420x297", "line.dxf"}, program);
+    EXPECT_EQ(std::to_string(sized.status) + sized.messages.toStdString(), "0");
 }
 
 TEST_F(KelplotSettings, DefaultsOfTheUserGoBeforeThoseOfTheProgram) {
     directory.write("config/kelplot/kelplot.ini", "[Defaults]\npaper=A1\nformat=svg\npens=wide.ini\n");
     directory.write("config/kelplot/wide.ini", "[Pens]\nother=5\n");
-    EXPECT_EQ(run(directory, {"line.dxf"}).status, 0);
+    EXPECT_EQ(plotHere(directory, {"line.dxf"}), "");
     EXPECT_TRUE(directory.exists("line.svg"));
     EXPECT_EQ(plottedSize({}), R"(width="841mm" height="594mm")");
     EXPECT_EQ(plottedSize({"--paper", "A3", "--portrait"}), R"(width="297mm" height="420mm")");
-    directory.write("config/kelplot/kelplot.ini", "[Defaults]\npaper=A99\n");
-    const Outcome unknown = run(directory, {"line.dxf"});
-    EXPECT_NE(unknown.status, 0);
-    EXPECT_TRUE(unknown.messages.contains("kelplot.ini: paper: \"A99\"")) << unknown.messages.toStdString();
-    directory.write("config/kelplot/kelplot.ini", "[Defaults]\ndpi=fine\n");
-    const Outcome wrong = run(directory, {"line.dxf"});
-    EXPECT_EQ(wrong.status, 2);
-    EXPECT_TRUE(wrong.messages.contains("kelplot.ini: dpi: \"fine\"")) << wrong.messages.toStdString();
+    const struct {
+        const char* defaults;
+        const char* paper;
+        const char* told;
+    } rows[] = {
+        {"paper=A99", nullptr, "kelplot.ini: paper: \"A99\""},
+        {"dpi=fine", nullptr, "kelplot.ini: dpi: \"fine\""},
+        {"margins=100", "A6", "kelplot.ini: margins: they leave"},
+        {"papr=A3", "A0", "\"papr\" is no default; the nearest are paper, "},
+        {"pens=nowhere.ini", "A0", "nowhere.ini: no such file"},
+    };
+    for (const auto& row : rows) {
+        directory.write("config/kelplot/kelplot.ini", std::string("[Defaults]\n") + row.defaults + "\n");
+        expectTold((row.paper ? QStringList{"--paper", row.paper} : QStringList()) + QStringList{"line.dxf"}, row.told);
+    }
     EXPECT_EQ(run(directory, {"--help"}).status, 0);
-    directory.write("config/kelplot/kelplot.ini", "[Defaults]\nmargins=100\npapr=A3\n");
-    EXPECT_TRUE(run(directory, {"--paper", "A6", "line.dxf"}).messages.contains("kelplot.ini: margins: they leave"));
-    const Outcome unknownKey = run(directory, {"--paper", "A0", "line.dxf"});
-    EXPECT_TRUE(unknownKey.messages.contains("\"papr\" is no default; the nearest are paper, "))
-        << unknownKey.messages.toStdString();
 }
 
 TEST_F(KelplotSettings, APenTableSetsWidthAndInk) {
     directory.write("pens.ini", "[Pens]\n1=4,0000ff,50\n");
-    const Outcome outcome =
-        run(directory, {"-o", "pens.png", "--dpi", "254", "--paper", "100x100", "--pens", "pens.ini", "line.dxf"});
-    ASSERT_EQ(outcome.status, 0) << outcome.messages.toStdString();
+    plotHere(directory, {"-o", "pens.png", "--dpi", "254", "--paper", "100x100", "--pens", "pens.ini", "line.dxf"});
     const QImage image(QString::fromStdString(directory.path("pens.png")));
     int covered = 0;
     for (int y = 0; y < image.height(); ++y) {
         covered += image.pixelColor(500, y) == QColor(127, 127, 255) ? 1 : 0;
     }
     EXPECT_NEAR(covered, 40, 1);
-    EXPECT_EQ(run(directory, {"--pens", "nowhere.ini", "line.dxf"}).status, 2);
 }
 
 } // namespace

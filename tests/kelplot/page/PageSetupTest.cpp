@@ -150,12 +150,14 @@ TEST(Layout, RoomIsLookedForInEveryAllowedPosition) {
 
 TEST(PlotTargetForLayout, TakesTheGridOfTheDevice) {
     const PageLayout layout = layOutPage(box(0, 0, 20, 10), 1.0, scaled(1.0));
-    const PlotTarget target = plotTargetFor(layout, {100.0, 10.0, 0.5});
+    const DeviceGrid grid{100.0, 10.0, 0.5, 3.0};
+    const PlotTarget target = plotTargetFor(layout, grid);
     expectPoint(target.toDevice.mapPoint({0.0, 0.0}), {500.0, 20500.0});
     expectPoint(target.toDevice.mapPoint({20.0, 10.0}), {2500.0, 19500.0});
     expectPoint(target.pageBox.min, {0.0, 0.0});
     expectPoint(target.pageBox.max, {29700.0, 21000.0});
     EXPECT_DOUBLE_EQ(target.deviceUnitsPerMillimetre, 100.0);
+    EXPECT_DOUBLE_EQ(target.thinnestDashed, grid.thinnestDashed);
     expectBox(target.visibleBox(), target.pageBox);
 
     const PageLayout cut = layOutPage(box(0, 0, 300, 10), 1.0, scaled(1.0));
