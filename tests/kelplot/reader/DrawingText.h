@@ -22,6 +22,9 @@ std::string drawingOf(const std::string& entities);
 Drawing readGroups(const std::string& groups);
 Drawing readText(const std::string& text);
 
+/// An entity's geometry as a test expects it, such as "circle 1,2,0 r 5 extruded 0,0,-1"; angles are in degrees.
+std::string textOf(const Entity& entity);
+
 /// Reads entities that are to come out as one. Fails the test where they do not.
 Entity readOne(const std::string& entities);
 
