@@ -80,6 +80,36 @@ TEST(SvgClipStream, FindsItsPlaceHoweverTheDocumentArrives) {
     }
 }
 
+/// A file on a disk that is full after some bytes.
+class FullDisk : public QIODevice {
+public:
+    explicit FullDisk(qint64 room) : m_room(room) { open(QIODevice::WriteOnly | QIODevice::Unbuffered); }
+
+protected:
+    qint64 readData(char*, qint64) override { return -1; }
+    qint64 writeData(const char*, qint64 size) override {
+        const qint64 written = std::min(size, m_room);
+        m_room -= written;
+        return written > 0 ? written : -1;
+    }
+
+private:
+    qint64 m_room;
+};
+
+TEST(SvgClipStream, TellsOfAWriteThatFails) {
+    const QByteArray head = "<svg><defs></defs><g >";
+    const QByteArray rest = "</g></svg>";
+    for (const qint64 room : {0, 60}) {
+        FullDisk disk(room);
+        EXPECT_NE(SvgClipStream(disk, QRectF(1, 2, 3, 4)).write(head + rest), (head + rest).size()) << room;
+    }
+    FullDisk disk(200); // takes the head, with its clip, and then no more
+    SvgClipStream stream(disk, QRectF(1, 2, 3, 4));
+    EXPECT_EQ(stream.write(head), head.size());
+    EXPECT_NE(stream.write(rest.repeated(20)), 20 * rest.size());
+}
+
 TEST(PngDevice, GridIsFinerThanThePixels) {
     const TemporaryDirectory directory;
     const OutputSetup setup{QString::fromStdString(directory.path("plot.png")), "", {25.4, 25.4}, 100};

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
 
 #include "page/PageSetup.h"
+#include "page/SheetSize.h"
 
 namespace kelplot {
 namespace {
@@ -76,6 +78,35 @@ TEST(Layout, PlacesTheDrawing) {
         EXPECT_EQ(layout.drawingFits, row.fits);
         expectPoint(layout.toSheet.mapPoint(row.extents.min), row.lowerLeft);
         expectPoint(layout.toSheet.mapPoint(row.extents.max), row.upperRight);
+    }
+}
+
+TEST(PageTexts, AreReadOrRefused) {
+    const std::pair<const char*, SheetSize> sizes[] = {{"420x297", {420, 297}}, {"100.5X80", {100.5, 80}}};
+    for (const auto& [text, size] : sizes) {
+        EXPECT_EQ(sheetSizeFromText(text).value_or(SheetSize()), size) << text;
+    }
+    for (const char* const text : {"420x", "x297", "420", "0x297", "-420x297", "420x297mm", "infx297", "nanx297",
+                                   "420x20001", "1e9x1e9", "A4", ""}) {
+        EXPECT_FALSE(sheetSizeFromText(text)) << text;
+    }
+    const std::pair<const char*, double> scales[] = {
+        {"1:50", 0.02}, {"2:1", 2}, {"0.5", 0.5}, {"1/4", 0.25}, {"1:2.5", 0.4}};
+    for (const auto& [text, scale] : scales) {
+        EXPECT_DOUBLE_EQ(scaleFromText(text).value_or(0.0), scale) << text;
+    }
+    for (const char* const text :
+         {"0", "1:0", "0:1", "-1:-50", "-2", "1:50:2", ":", "1:", "one", "1,5", "inf", "1e300:1e-300", "1 : 50", ""}) {
+        EXPECT_FALSE(scaleFromText(text)) << text;
+    }
+    const std::pair<const char*, std::array<double, 4>> margins[] = {{"7.5", {7.5, 7.5, 7.5, 7.5}},
+                                                                     {"20,0,10,5", {20, 0, 10, 5}}};
+    for (const auto& [text, edges] : margins) {
+        const Margins read = marginsFromText(text).value_or(Margins{});
+        EXPECT_EQ((std::array{read.left, read.top, read.right, read.bottom}), edges) << text;
+    }
+    for (const char* const text : {"", "a", "1,2", "1,2,3", "1,2,3,4,5", "-1", "1,2,3,-4", "1,,3,4", "1,2,3,", "nan"}) {
+        EXPECT_FALSE(marginsFromText(text)) << text;
     }
 }
 

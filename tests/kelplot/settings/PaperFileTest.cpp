@@ -4,7 +4,6 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
-#include <ostream>
 
 #include "settings/PaperFile.h"
 #include "settings/PaperTable.h"
@@ -142,70 +141,57 @@ TEST(PaperCache, IsPassedOverAndKeptWhenDamaged) {
     }
 }
 
-struct DamageCase {
-    const char* name;
-    std::string text;
-    const char* told;
-};
-
-std::ostream& operator<<(std::ostream& stream, const DamageCase& row) {
-    return stream << row.name;
+TEST(PaperFile, IsRefusedWithTheReasonAndStaysAsItIs) {
+    const struct {
+        const char* name;
+        std::string text;
+        const char* told;
+    } cases[] = {{"line that is nothing", general + label + "Width 500\n", "Width 500"},
+                 {"section twice", general + label + label, "same name"},
+                 {"open header", general + "[Paper 0\n", "closing bracket"},
+                 {"empty", "", "PaperCount"},
+                 {"no count", label, "PaperCount"},
+                 {"negative count", "[General]\nPaperCount=-1\n" + label, "PaperCount"},
+                 {"count beyond all sections", "[General]\nPaperCount=2000000000\n" + label, "no section [Paper 1]"},
+                 {"cut off", general + "[Paper 0]\nPaper=257\n", "[Paper 0] has no name"},
+                 {"no width", general + "[Paper 0]\nName=X\nWidth=wide\n", "[Paper 0] has no Width"},
+                 {"margins wider than the sheet", general + label + "LeftEdge=250\nRightEdge=250\n", "margins"}};
+    for (const auto& row : cases) {
+        const TemporaryDirectory directory;
+        directory.write("papers.ini", row.text);
+        const auto expectRefusal = [&](auto&& act) {
+            try {
+                act();
+                ADD_FAILURE() << row.name << ": accepted";
+            } catch (const SettingsError& error) {
+                const std::string told = error.what();
+                EXPECT_NE(told.find("papers.ini: "), std::string::npos) << row.name << ": " << told;
+                EXPECT_NE(told.find(row.told), std::string::npos) << row.name << ": " << told;
+            }
+        };
+        expectRefusal([&] { namesIn(directory); });
+        expectRefusal([&] { fileIn(directory).add(banner()); });
+        EXPECT_EQ(directory.read("papers.ini"), row.text);
+        EXPECT_EQ(QDir(QString::fromStdString(directory.path())).entryList(QDir::Files), QStringList{"papers.ini"});
+    }
 }
-
-class DamagedPaperFile : public ::testing::TestWithParam<DamageCase> {};
-
-TEST_P(DamagedPaperFile, IsRefusedWithTheReasonAndStaysAsItIs) {
-    const TemporaryDirectory directory;
-    directory.write("papers.ini", GetParam().text);
-    const auto expectRefusal = [&](const char* action, auto&& act) {
-        try {
-            act();
-            ADD_FAILURE() << action << ": accepted";
-        } catch (const SettingsError& error) {
-            const std::string told = error.what();
-            EXPECT_NE(told.find("papers.ini: "), std::string::npos) << action << ": " << told;
-            EXPECT_NE(told.find(GetParam().told), std::string::npos) << action << ": " << told;
-        }
-    };
-    expectRefusal("read", [&] { namesIn(directory); });
-    expectRefusal("add", [&] { fileIn(directory).add(banner()); });
-    EXPECT_EQ(directory.read("papers.ini"), GetParam().text);
-    EXPECT_EQ(QDir(QString::fromStdString(directory.path())).entryList(QDir::Files), QStringList{"papers.ini"});
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    All, DamagedPaperFile,
-    ::testing::Values(
-        DamageCase{"line that is nothing", general + label + "Width 500\n", "Width 500"},
-        DamageCase{"section twice", general + label + label, "same name"},
-        DamageCase{"open header", general + "[Paper 0\n", "closing bracket"}, DamageCase{"empty", "", "PaperCount"},
-        DamageCase{"no count", label, "PaperCount"},
-        DamageCase{"negative count", "[General]\nPaperCount=-1\n" + label, "PaperCount"},
-        DamageCase{"count beyond all sections", "[General]\nPaperCount=2000000000\n" + label, "no section [Paper 1]"},
-        DamageCase{"cut off", general + "[Paper 0]\nPaper=257\n", "[Paper 0] has no name"},
-        DamageCase{"no width", general + "[Paper 0]\nName=X\nWidth=wide\n", "[Paper 0] has no Width"},
-        DamageCase{"margins wider than the sheet", general + label + "LeftEdge=250\nRightEdge=250\n", "margins"}));
-
-struct NameCase {
-    const char* asked;
-    const char* found; ///< null: none
-};
 
 TEST(PaperTable, FindsNamesAsPeopleWriteThem) {
     PaperTable table;
     std::vector<PaperSize> records;
-    for (const char* const name : {"A4", "ANSI D", "DIN A4x3", "Größe 1"}) {
+    for (const char* const name : {"A4", "ANSI D", "DIN A4x3", "Größe 1", "Iso"}) {
         records.push_back(recordFor(QString::fromUtf8(name), {100.0, 200.0}, {}).value_or(PaperSize()));
     }
     table.add(records, true);
     table.add({recordFor(QStringLiteral("a-4"), {1.0, 2.0}, {}).value_or(PaperSize())}, false);
-    EXPECT_EQ(table.papers().size(), 4U) << "the first paper of a name hides the others";
-    const NameCase cases[] = {{"a4", "A4"},        {"DIN A4", "A4"},     {"iso_a4", "A4"},      {"ansi-d", "ANSI D"},
-                              {"AnsiD", "ANSI D"}, {"A4x3", "DIN A4x3"}, {"GRÖSSE 1", nullptr}, {"GRÖßE-1", "Größe 1"},
-                              {"A44", nullptr},    {"", nullptr},        {"DIN", nullptr}};
-    for (const NameCase& row : cases) {
-        const NamedPaper* const paper = table.find(QString::fromUtf8(row.asked));
-        EXPECT_EQ(paper ? paper->name : QString(), QString::fromUtf8(row.found)) << row.asked;
+    EXPECT_EQ(table.papers().size(), 5U) << "the first paper of a name hides the others";
+    const std::pair<const char*, const char*> cases[] = {
+        {"a4", "A4"},        {"DIN A4", "A4"},     {"iso_a4", "A4"},      {"ansi-d", "ANSI D"},
+        {"AnsiD", "ANSI D"}, {"A4x3", "DIN A4x3"}, {"GRÖSSE 1", nullptr}, {"GRÖßE-1", "Größe 1"},
+        {"A44", nullptr},    {"", nullptr},        {"DIN", nullptr}};
+    for (const auto& [asked, found] : cases) {
+        const NamedPaper* const paper = table.find(QString::fromUtf8(asked));
+        EXPECT_EQ(paper ? paper->name : QString(), QString::fromUtf8(found)) << asked;
     }
     EXPECT_EQ(table.nearest(QStringLiteral("asni d")).value(0), "ANSI D");
 }

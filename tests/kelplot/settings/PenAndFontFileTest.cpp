@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include <gtest/gtest.h>
+
+#include "settings/FontFile.h"
+#include "settings/PenFile.h"
+#include "settings/SettingsFile.h"
+#include "support/TemporaryDirectory.h"
+
+namespace kelplot {
+namespace {
+
+const PenRule& pen(const PenTable& table, uint32_t number) {
+    return table.ruleFor({Colour::Kind::index, number});
+}
+
+PenTable tableOf(const std::string& text) {
+    const TemporaryDirectory directory;
+    return penTableFrom({QString::fromStdString(directory.write("pens.ini", text))});
+}
+
+TEST(PenFile, StatesWidthColourAndScreening) {
+    const PenTable table = tableOf("[Pens]\n1=0.35,Black,60 # existing\n2= drawing , ff8000\n3=0\n4=,,25\nother=0.5\n");
+    EXPECT_EQ(pen(table, 1).width, 0.35);
+    EXPECT_EQ(pen(table, 1).ink, HT_Color{0x000000});
+    EXPECT_EQ(pen(table, 1).screening, 60);
+    EXPECT_EQ(pen(table, 2).width, std::nullopt);
+    EXPECT_EQ(pen(table, 2).ink, HT_Color{0x0080ff}) << "red is the low byte of an ink";
+    EXPECT_EQ(pen(table, 2).screening, 100);
+    EXPECT_EQ(pen(table, 3).width, 0.0);
+    EXPECT_EQ(pen(table, 4).width, std::nullopt) << "a pen that is listed takes nothing from the others";
+    EXPECT_EQ(pen(table, 4).screening, 25);
+    EXPECT_EQ(pen(table, 255).width, 0.5);
+    EXPECT_EQ(table.ruleFor({Colour::Kind::trueColour, 1}).width, std::nullopt);
+}
+
+TEST(PenFile, GoesBeforeAnotherPenByPen) {
+    const TemporaryDirectory directory;
+    const QString device = QString::fromStdString(directory.write("device.ini", "[Pens]\n1=1\n2=2\nother=3\n"));
+    const QString own = QString::fromStdString(directory.write("own.ini", "[Pens]\n2=4\nother=5\n"));
+    const PenTable table = penTableFrom({device, own});
+    EXPECT_EQ(pen(table, 1).width, 1.0);
+    EXPECT_EQ(pen(table, 2).width, 4.0);
+    EXPECT_EQ(pen(table, 3).width, 5.0);
+}
+
+TEST(PenFile, OfTheExamplesIsSound) {
+    const PenTable table = penTableFrom({QStringLiteral(EXAMPLE_PENS)});
+    EXPECT_EQ(pen(table, 8).screening, 50);
+    EXPECT_EQ(pen(table, 10).ink, HT_Color{0x0000c0});
+    EXPECT_EQ(pen(table, 100).width, 0.18);
+}
+
+QString rulesOf(const FontTable& table, const char* key) {
+    const FontRule* const rule = table.find(key);
+    if (!rule) {
+        return QStringLiteral("none");
+    }
+    return rule->families.join('|') + (rule->bold ? " bold" : "") + (rule->italic ? " italic" : "") +
+           (rule->symbols ? " symbols" : "");
+}
+
+TEST(FontFile, TheUsersFontsGoBeforeTheDevices) {
+    const TemporaryDirectory directory;
+    const std::string device = directory.write("device.ini", "[Fonts]\nother=A, B\nsimplex=C\nGDT=symbols, D\n"
+                                                             "arial bold = bold, E F, italic,, G\n");
+    const std::string own = directory.write("own.ini", "[Fonts]\nsimplex=H\n");
+    FontTable table;
+    addFonts(QString::fromStdString(device), table);
+    addFonts(QString::fromStdString(own), table);
+    addFonts(QString::fromStdString(directory.write("none.ini", "[Pens]\n")), table);
+    EXPECT_EQ(table.others(), QStringList({"A", "B"}));
+    EXPECT_EQ(rulesOf(table, "simplex"), "H");
+    EXPECT_EQ(rulesOf(table, "gdt"), "D symbols");
+    EXPECT_EQ(rulesOf(table, "arial bold"), "E F|G bold italic");
+    EXPECT_EQ(rulesOf(table, "txt"), "none");
+}
+
+TEST(PenFile, FaultsAreToldWithFileAndLine) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"[Defaults]\ndpi=200\n", "[Pens]"},
+        {"[Pens]\n1 0.35\n", "1 0.35"},
+        {"[Pens]\n256=1\n", "pen 256"},
+        {"[Pens]\nred=1\n", "pen red"},
+        {"[Pens]\n3=thin\n", "pen 3=thin: \"thin\""},
+        {"[Pens]\n3=-1\n", "\"-1\""},
+        {"[Pens]\n3=1,blue\n", "\"blue\""},
+        {"[Pens]\n3=1,-1FFFF\n", "colour"},
+        {"[Pens]\n3=1,black,101\n", "\"101\""},
+        {"[Pens]\nother=0,35,black,50\n", "pen other=0,35,black,50"},
+        {"[Pens]\n0=1\n", "pen 0"},
+        {"[Pens]\n3=100.5\n", "\"100.5\""},
+    };
+    for (const auto& [text, part] : rows) {
+        try {
+            tableOf(text);
+            ADD_FAILURE() << text << ": accepted";
+        } catch (const SettingsError& error) {
+            const std::string told = error.what();
+            EXPECT_NE(told.find("pens.ini: "), std::string::npos) << told;
+            EXPECT_NE(told.find(part), std::string::npos) << told;
+        }
+    }
+}
+
+} // namespace
+} // namespace kelplot
