@@ -85,11 +85,6 @@ TEST(Blocks, ThatHoldThemselvesEnd) {
     EXPECT_FALSE(visibleExtents(drawing, drawing.modelSpace).isEmpty());
 }
 
-TEST(Blocks, UnknownOnesAreIgnored) {
-    EXPECT_TRUE(shapesOf(drawingWithBlock(referenceTo(7))).empty());
-    EXPECT_TRUE(shapesOf(drawingWithBlock(referenceTo(noBlock))).empty());
-}
-
 TEST(Blocks, CopiesBeyondNumberHaveExtents) {
     Insert many = referenceTo(0);
     many.columns = 2'000'000'000;

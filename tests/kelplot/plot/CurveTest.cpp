@@ -222,33 +222,5 @@ TEST(Splines, ThroughFitPointsAreSmooth) {
     }
 }
 
-TEST(Splines, DamagedOnesStillRunFromFirstToLastControlPoint) {
-    const struct {
-        const char* name;
-        int degree;
-        std::vector<double> knots;
-        std::vector<double> weights;
-    } cases[] = {
-        {"no knots", 3, {}, {}},
-        {"falling knots", 3, {0, 0, 0, 0, 2, 1, 1, 1}, {}},
-        {"knots all alike", 3, {1, 1, 1, 1, 1, 1, 1, 1}, {}},
-        {"degree too high for the points", 99, {}, {}},
-        {"negative degree", -5, {}, {}},
-        {"weight of 0", 3, {}, {1, 0, 1, 1}},
-        {"weights missing", 3, {}, {1, 1}},
-    };
-    for (const auto& row : cases) {
-        Spline spline;
-        spline.degree = row.degree;
-        spline.knots = row.knots;
-        spline.weights = row.weights;
-        spline.controlPoints = {{10, 10, 0}, {20, 30, 0}, {40, 30, 0}, {50, 10, 0}};
-        const auto shapes = shapesOf(entityOf(spline));
-        ASSERT_EQ(shapes.size(), 1U) << row.name;
-        EXPECT_LT((shapes[0].points.front() - Vec2{100, 900}).length(), 1e-6) << row.name;
-        EXPECT_LT((shapes[0].points.back() - Vec2{500, 900}).length(), 1e-6) << row.name;
-    }
-}
-
 } // namespace
 } // namespace kelplot

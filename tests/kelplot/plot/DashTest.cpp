@@ -87,6 +87,25 @@ TEST(Dashes, RestartAtPolylineVerticesUnlessContinuous) {
     polyline.continuousPattern = true;
     drawing.modelSpace[0].geometry = polyline;
     EXPECT_EQ(textOf(shapesOf(drawing)), "line 100,900 200,900 200,800 100,900\n");
+    for (PolylineVertex& vertex : polyline.vertices) {
+        vertex.startWidth = vertex.endWidth = 0.5;
+    }
+    drawing.modelSpace[0].geometry = polyline;
+    EXPECT_EQ(textOf(shapesOf(drawing)), "line 100,900 200,900 200,800 100,900\n") << "a wide one as well";
+}
+
+TEST(Dashes, FollowEveryChangeOfWidthAndScale) {
+    Drawing drawing = dashedDrawing({5.0, -3.0}, 40);
+    drawing.modelSpace.resize(4, drawing.modelSpace[0]);
+    drawing.modelSpace[1].attributes.lineWeight = 100;
+    drawing.modelSpace[2].attributes.lineWeight = 100;
+    drawing.modelSpace[2].attributes.lineTypeScale = 2.0;
+    const std::vector<double> once{50, 30}, twice{100, 60};
+    const auto shapes = shapesOf(drawing);
+    ASSERT_EQ(shapes.size(), 4U);
+    for (size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(drawnLengths(shapes[i].pattern, shapes[i].weight), i == 2 ? twice : once) << "line " << i;
+    }
 }
 
 TEST(Dashes, OfAMirroredArcStartWhereTheArcStarts) {

@@ -199,6 +199,9 @@ TEST_F(MTextPlot, SpansHaveTheirOwnColours) {
     EXPECT_EQ(shapes[2].color, green);
     EXPECT_EQ(shapes[3].kind, "area");
     EXPECT_EQ(shapes[3].color, red);
+    for (const Vec2 p : shapes[3].points) {
+        EXPECT_GT(p.y, 531.0) << "the base line is at 530, the line below it";
+    }
 }
 
 TEST_F(MTextPlot, WordsStandInTheOrderOfTheirScript) {

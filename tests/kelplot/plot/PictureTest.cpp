@@ -149,6 +149,7 @@ TEST_F(Pictures, ShowTheirLook) {
         {"no contrast", 50, 0, 0, false, false, colour, 0xFF808080},
         {"grey", 50, 50, 0, false, true, colour, qRgb(qGray(colour), qGray(colour), qGray(colour))},
         {"paper shows", 50, 50, 0, false, false, 0x00000000, white},
+        {"half of it shows", 50, 50, 0, false, false, 0x80646464, 0xFFB1B1B1},
         {"what lies below shows", 50, 50, 0, true, false, 0x00000000, 0xFF0000FF},
     };
     below = {entityOf(Solid{{{{0, 0, 0}, {99, 0, 0}, {99, 99, 0}, {0, 99, 0}}}})};

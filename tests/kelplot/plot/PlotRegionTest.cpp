@@ -81,6 +81,30 @@ TEST(LongLines, AreCutToTheWindow) {
     }
 }
 
+TEST(LongLines, EndWhereTheirInkNoLongerShows) {
+    ASSERT_TRUE(hasGeometryModule());
+    const PlotTarget target = windowTarget();
+    for (const bool mitred : {false, true}) {
+        Polyline line = polylineThrough(windingLine());
+        for (PolylineVertex& vertex : line.vertices) {
+            vertex.startWidth = vertex.endWidth = mitred ? 1.0 : 0.0;
+        }
+        Entity entity = entityOf(line);
+        entity.attributes.lineWeight = 100;
+        // Ten device units wide: round ends reach half of that from the line, a mitre six times as much.
+        const double reach = mitred ? 60.0 : 5.0;
+        const auto pieces = shapesOf(drawingOf(entity), target);
+        EXPECT_GT(pieces.size(), 1U);
+        for (const Shape& piece : pieces) {
+            for (const Vec2 p : {piece.points.front(), piece.points.back()}) {
+                const Box2 end{p, p};
+                EXPECT_FALSE(target.visibleBox().inflated(reach + 2.0).contains(end)) << mitred << ' ' << p.x;
+                EXPECT_TRUE(target.visibleBox().inflated(reach + 6.0).contains(end)) << mitred << ' ' << p.x;
+            }
+        }
+    }
+}
+
 TEST(LongLines, LeaveNothingWhereTheyPassTheWindowBy) {
     ASSERT_TRUE(hasGeometryModule());
     std::vector<Vec2> points; // round about the window

@@ -83,6 +83,7 @@ TEST(WidePolylines, OfVaryingWidthOrStretchedAreAreas) {
     const double w = 10.0;
     const Polyline corner = polylineOf({{{10, 20, 0}, 0, w, w}, {{50, 20, 0}, 0, w, w}, {{50, 60, 0}, 0, w, w}}, false);
     const Polyline arrow = polylineOf({{{10, 50, 0}, 0, 0, 0}, {{50, 50, 0}, 0, 20, 0}, {{90, 50, 0}}}, false);
+    const Polyline spike = polylineOf({{{10, 50, 0}, 0, 0, 10}, {{50, 50, 0}, 0, 10, 0}, {{10, 53, 0}}}, false);
     const Polyline horn = polylineOf({{{80, 50, 0}, 1.0, 10, 20}, {{20, 50, 0}}}, false);
     const struct {
         const char* name;
@@ -93,6 +94,7 @@ TEST(WidePolylines, OfVaryingWidthOrStretchedAreAreas) {
     } cases[] = {
         {"arrow", arrow, {1, 1, 1}, {{510, 410}, {510, 590}, {700, 540}, {880, 500}}, {{490, 490}, {700, 560}}},
         {"stretched corner", corner, {1, 1.5, 1}, {{110, 770}, {110, 630}, {549, 770}, {451, 200}}, {{440, 600}}},
+        {"sharp corner without a mitre", spike, {1, 1, 1}, {{490, 470}, {490, 530}}, {{580, 503}, {700, 507}}},
         {"horn", horn, {1, 1, 1}, {{840, 499}, {760, 499}, {120, 499}, {280, 499}, {500, 200}}, {{500, 300}}},
     };
     for (const auto& row : cases) {

@@ -189,6 +189,48 @@ TEST(LineWeights, BecomeDeviceUnits) {
     }
 }
 
+TEST(Pens, TakeThePlaceOfTheDrawingsStyle) {
+    constexpr Colour red{Colour::Kind::index, 1};
+    constexpr HT_Color redInk = 0x0000ff, blueInk = 0xff0000;
+    const struct {
+        const char* name;
+        Colour colour;
+        PenRule rule; ///< of colour numbers 1 and 255
+        bool monochrome;
+        HT_Color ink;
+        double weight; ///< device units; the drawing states a millimetre, which has 10, and it is scaled by a half
+    } rows[] = {
+        {"nothing stated", red, {}, false, redInk, 5},
+        {"width", red, {0.8, {}, 100}, false, redInk, 4},
+        {"colour", red, {{}, blueInk, 100}, false, blueInk, 5},
+        {"half the ink", red, {{}, {}, 50}, false, 0x7f7fff, 5},
+        {"no ink", red, {{}, {}, 0}, false, white, 5},
+        {"a fifth of the pen's ink", red, {2.0, HT_Color{0}, 20}, false, 0xcccccc, 10},
+        {"monochrome", red, {{}, blueInk, 40}, true, 0x999999, 5},
+        {"other number", {Colour::Kind::index, 5}, {2.0, HT_Color{0}, 50}, false, blueInk, 5},
+        {"true colour", {Colour::Kind::trueColour, 1}, {2.0, blueInk, 50}, false, 0x010000, 5},
+        {"areas that cover stay white", {Colour::Kind::index, 255}, {1.0, HT_Color{0}, 100}, false, black, 5},
+    };
+    for (const auto& row : rows) {
+        Drawing drawing = drawingOf(lineOn(0));
+        drawing.modelSpace.push_back(entityOf(Solid{{Vec3{10, 10, 0}, {20, 10, 0}, {20, 20, 0}, {10, 20, 0}}}));
+        for (Entity& entity : drawing.modelSpace) {
+            entity.attributes.colour = row.colour;
+            entity.attributes.lineWeight = 100;
+        }
+        PlotStyleOptions style;
+        style.monochrome = row.monochrome;
+        style.lineWeightScale = 0.5;
+        style.pens.set(1, row.rule);
+        style.pens.set(255, row.rule);
+        const auto shapes = shapesOf(drawing, tenfoldTarget(), style);
+        ASSERT_EQ(shapes.size(), 2U);
+        EXPECT_EQ(shapes[0].color, row.ink) << row.name;
+        EXPECT_DOUBLE_EQ(shapes[0].weight, row.weight) << row.name;
+        EXPECT_EQ(shapes[1].color, row.colour.value == 255 ? white : row.ink) << row.name;
+    }
+}
+
 TEST(Styles, AreSentOnlyWhenTheyChange) {
     Drawing drawing = drawingOf(lineOn(0));
     RecordingRenderer once;

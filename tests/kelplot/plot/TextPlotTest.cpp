@@ -6,7 +6,6 @@
 #include <memory>
 
 #include "kelplot/plot/PlotKit.h"
-#include "plot/text/TextPlotter.h"
 
 namespace kelplot {
 namespace {
@@ -131,11 +130,13 @@ TEST(Text, IsTurnedMirroredAndStretched) {
         text.widthFactor = 30.0 / natural;
         text.alignment.x = 90.0;
         row.change(text);
-        const Box2 ink = inkOf(drawingWith(text, "DejaVu Sans", row.extrusion));
-        EXPECT_NEAR(ink.min.x, 50.0 + row.box.min.x, 2.0) << row.name;
-        EXPECT_NEAR(ink.max.x, 50.0 + row.box.max.x, 2.0) << row.name;
-        EXPECT_NEAR(ink.min.y, 50.0 + row.box.min.y, 2.0) << row.name;
-        EXPECT_NEAR(ink.max.y, 50.0 + row.box.max.y, 2.0) << row.name;
+        for (const TextMode mode : {TextMode::outlines, TextMode::fonts}) {
+            const Box2 ink = inkOf(drawingWith(text, "DejaVu Sans", row.extrusion), mode);
+            EXPECT_NEAR(ink.min.x, 50.0 + row.box.min.x, 2.0) << row.name;
+            EXPECT_NEAR(ink.max.x, 50.0 + row.box.max.x, 2.0) << row.name;
+            EXPECT_NEAR(ink.min.y, 50.0 + row.box.min.y, 2.0) << row.name;
+            EXPECT_NEAR(ink.max.y, 50.0 + row.box.max.y, 2.0) << row.name;
+        }
     }
 }
 
@@ -178,53 +179,6 @@ TEST(Text, ExtentsAreWhatItCovers) {
     }
     Text nowhere = textOf("H", std::nan(""));
     EXPECT_TRUE(visibleExtents(emptyDrawing(), {entityOf(nowhere)}).isEmpty());
-}
-
-/// What the renderer makes of a call, by the description of its text operation.
-PlanMap mapOfCall(const TextCall& call) {
-    const double angle = call.font.rotation * quarterTurn / 90.0;
-    const Vec2 along{std::cos(angle), -std::sin(angle)};
-    PlanMap map;
-    map.x = along * (call.widthFactor * call.scale);
-    map.y = (leftNormal(along) - along * std::tan(call.obliqueAngle)) * call.scale;
-    map.origin = {call.position.x * call.scale, call.position.y * call.scale};
-    return map;
-}
-
-TEST(TextCall, GivesEveryMapWithAnInverse) {
-    const struct {
-        const char* name;
-        Vec2 x, y; ///< of the block, on a page with y downwards
-    } cases[] = {
-        {"upright", {10.0, 0.0}, {0.0, -10.0}},     {"mirrored", {-10.0, 0.0}, {0.0, -10.0}},
-        {"upside down", {10.0, 0.0}, {0.0, 10.0}},  {"turned", {6.0, -8.0}, {-8.0, -6.0}},
-        {"sheared", {10.0, 3.0}, {-4.0, -7.0}},     {"mirrored and sheared", {3.0, 10.0}, {9.0, 2.0}},
-        {"flat and tiny", {1e-3, 0.0}, {0.0, 1e3}},
-    };
-    for (const auto& row : cases) {
-        TextRun run;
-        run.emSize = 2.0;
-        run.widthFactor = 0.8;
-        run.obliqueAngle = 0.25;
-        run.origin = {3.0, 4.0};
-        PlanMap block;
-        block.x = row.x;
-        block.y = row.y;
-        block.origin = {100.0, 200.0};
-        const auto call = textCallFor(run, block);
-        ASSERT_TRUE(call) << row.name;
-        const PlanMap map = mapOfCall(*call);
-        const Vec2 start = block.mapPoint(Vec2{3.0, 4.0});
-        const Vec2 right = block.mapDirection(Vec2{1.6, 0.0});
-        const Vec2 up = block.mapDirection(Vec2{2.0 * std::tan(0.25), 2.0});
-        const double tolerance = 1e-9 * (right.length() + up.length());
-        EXPECT_LT((map.origin - start).length(), 1e-9) << row.name;
-        EXPECT_LT((map.x * emUnits - right).length(), tolerance) << row.name;
-        EXPECT_LT((map.y * -emUnits - up).length(), tolerance) << row.name;
-    }
-    PlanMap flat;
-    flat.y = {};
-    EXPECT_FALSE(textCallFor(TextRun(), flat));
 }
 
 } // namespace
