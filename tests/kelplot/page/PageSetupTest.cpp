@@ -128,30 +128,32 @@ void expectBox(const Box2& actual, const Box2& expected) {
     expectPoint(actual.max, expected.max);
 }
 
-TEST(WindowLayout, TakesThePlaceOfTheExtents) {
-    PageOptions options = fitted();
-    options.window = box(10, 10, 584, 110);
-    const PageLayout layout = layOutPage(box(0, 0, 100, 4000), 1.0, options);
-    EXPECT_EQ(layout.sheet, (SheetSize{297, 210})) << "the drawing is upright, the window is not";
-    EXPECT_NEAR(layout.scale, 0.5, 1e-9);
-    ASSERT_TRUE(layout.visiblePart().has_value());
-    expectBox(*layout.visiblePart(), box(5, 80, 292, 130));
-}
-
-TEST(WindowLayout, ToScaleEndsAtTheMargins) {
-    PageOptions options = scaled(1.0);
-    options.window = box(0, 0, 1000, 50);
-    const PageLayout layout = layOutPage(box(0, 0, 1, 1), 1.0, options);
-    EXPECT_FALSE(layout.drawingFits);
-    ASSERT_TRUE(layout.visiblePart().has_value());
-    expectBox(*layout.visiblePart(), box(5, 155, 292, 205));
-}
-
-TEST(Layout, DrawingThatFitsIsNotCutAtTheMargins) {
-    EXPECT_FALSE(layOutPage(box(0, 0, 200, 100), 1.0, scaled(1.0)).visiblePart().has_value());
-    const auto visible = layOutPage(box(0, 0, 300, 100), 1.0, scaled(1.0)).visiblePart();
-    ASSERT_TRUE(visible.has_value()) << "and one that does not is";
-    expectBox(*visible, box(5, 5, 292, 205));
+TEST(Layout, EndsAtTheWindowOrTheMargins) {
+    const struct {
+        const char* name;
+        PageOptions options;
+        std::optional<Box2> window;
+        Box2 extents;
+        bool fits;
+        std::optional<Box2> visible;
+    } rows[] = {
+        {"window in place of the extents", fitted(), box(10, 10, 584, 110), box(0, 0, 100, 4000), true,
+         box(5, 80, 292, 130)},
+        {"window to scale", scaled(1.0), box(0, 0, 1000, 50), box(0, 0, 1, 1), false, box(5, 155, 292, 205)},
+        {"what fits is not cut at the margins", scaled(1.0), {}, box(0, 0, 200, 100), true, {}},
+        {"what does not is", scaled(1.0), {}, box(0, 0, 300, 100), false, box(5, 5, 292, 205)},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        PageOptions options = row.options;
+        options.window = row.window;
+        const PageLayout layout = layOutPage(row.extents, 1.0, options);
+        EXPECT_EQ(layout.drawingFits, row.fits);
+        ASSERT_EQ(layout.visiblePart().has_value(), row.visible.has_value());
+        if (row.visible) {
+            expectBox(*layout.visiblePart(), *row.visible);
+        }
+    }
 }
 
 TEST(Layout, ExtentsWithoutAnyMeaningStillGiveAFiniteMap) {

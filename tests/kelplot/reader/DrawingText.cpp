@@ -37,6 +37,12 @@ Drawing readText(const std::string& text) {
     return DxfReader().read(directory.write("drawing.dxf", text), {});
 }
 
+std::string textOf(const Colour& colour) {
+    constexpr const char* kinds[] = {"byBlock", "byLayer", "index ", "true "};
+    const bool isOwn = colour.kind == Colour::Kind::index || colour.kind == Colour::Kind::trueColour;
+    return kinds[static_cast<size_t>(colour.kind)] + (isOwn ? std::to_string(colour.value) : "");
+}
+
 Entity readOne(const std::string& entities) {
     const Drawing drawing = readGroups(drawingOf(entities));
     EXPECT_EQ(drawing.modelSpace.size(), 1u);

@@ -25,6 +25,9 @@ Drawing readText(const std::string& text);
 /// An entity's geometry as a test expects it, such as "circle 1,2,0 r 5 extruded 0,0,-1"; angles are in degrees.
 std::string textOf(const Entity& entity);
 
+/// A colour such as "index 3" or "byLayer".
+std::string textOf(const Colour& colour);
+
 /// Reads entities that are to come out as one. Fails the test where they do not.
 Entity readOne(const std::string& entities);
 

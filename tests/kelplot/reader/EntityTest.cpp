@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "DrawingText.h"
 
 namespace kelplot {
@@ -178,44 +180,31 @@ TEST(OldPolyline, KeepsItsAttributesAndOrder) {
 }
 
 TEST(EntityAttributes, AreReadForEveryFamily) {
-    using Kind = Colour::Kind;
-    constexpr LineWeight byLayer = lineWeightByLayer;
-    const struct {
-        const char* name;
-        std::string text;
-        Colour colour;
-        LineWeight weight;
-        double lineTypeScale;
-        bool visible;
-        Opacity opacity = opacityByLayer;
-    } rows[] = {
-        {"none", "", {Kind::byLayer, 0}, byLayer, 1, true},
-        {"by block", " 62=0 370=-2", {Kind::byBlock, 0}, lineWeightByBlock, 1, true},
-        {"by layer", " 62=256 370=-1", {Kind::byLayer, 0}, byLayer, 1, true},
-        {"numbers", " 62=3 370=50 48=2.5", {Kind::index, 3}, 50, 2.5, true},
-        {"true colour wins", " 420=1193046 62=3", {Kind::trueColour, 0x123456}, byLayer, 1, true},
-        {"invisible", " 60=1", {Kind::byLayer, 0}, byLayer, 1, false},
-        {"thickness is no weight", " 39=30", {Kind::byLayer, 0}, byLayer, 1, true},
-        {"standard weight", " 370=-3", {Kind::byLayer, 0}, lineWeightDefault, 1, true},
-        {"numbers out of range", " 62=999 370=99999 48=-1", {Kind::byLayer, 0}, 211, 1, true},
-        {"weight below the marks", " 370=-9", {Kind::byLayer, 0}, byLayer, 1, true},
-        {"opacity by layer", " 440=0", {Kind::byLayer, 0}, byLayer, 1, true},
-        {"opacity by block", " 440=16777216", {Kind::byLayer, 0}, byLayer, 1, true, opacityByBlock},
-        {"own opacity", " 440=33554534", {Kind::byLayer, 0}, byLayer, 1, true, 102},
-        {"own opacity of nothing", " 440=33554432", {Kind::byLayer, 0}, byLayer, 1, true, 0},
-        {"opacity of an unknown kind", " 440=50331750", {Kind::byLayer, 0}, byLayer, 1, true},
-        {"negative opacity", " 440=-1", {Kind::byLayer, 0}, byLayer, 1, true},
+    const std::pair<const char*, const char*> rows[] = {
+        {"", "byLayer, weight -1, scale 1, opacity -1"},
+        {" 62=0 370=-2", "byBlock, weight -2, scale 1, opacity -1"},
+        {" 62=256 370=-1", "byLayer, weight -1, scale 1, opacity -1"},
+        {" 62=3 370=50 48=2.5", "index 3, weight 50, scale 2.5, opacity -1"},
+        {" 420=1193046 62=3", "true 1193046, weight -1, scale 1, opacity -1"},
+        {" 60=1", "invisible, byLayer, weight -1, scale 1, opacity -1"},
+        {" 39=30", "byLayer, weight -1, scale 1, opacity -1"}, // a thickness is no weight
+        {" 370=-3", "byLayer, weight -3, scale 1, opacity -1"},
+        {" 62=999 370=99999 48=-1", "byLayer, weight 211, scale 1, opacity -1"},
+        {" 370=-9 440=0", "byLayer, weight -1, scale 1, opacity -1"},
+        {" 440=16777216", "byLayer, weight -1, scale 1, opacity -2"},
+        {" 440=33554534", "byLayer, weight -1, scale 1, opacity 102"},
+        {" 440=33554432", "byLayer, weight -1, scale 1, opacity 0"},
+        {" 440=50331750", "byLayer, weight -1, scale 1, opacity -1"}, // of an unknown kind
+        {" 440=-1", "byLayer, weight -1, scale 1, opacity -1"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [groups, expected] : rows) {
         // One that the DXF library reads, and one that is read from its groups.
         for (const char* const entity : {"0=LINE 11=1", "0=LWPOLYLINE 10=1 20=1"}) {
-            const Attributes attributes = readOne(entity + row.text).attributes;
-            EXPECT_EQ(attributes.colour.kind, row.colour.kind) << row.name;
-            EXPECT_EQ(attributes.colour.value, row.colour.value) << row.name;
-            EXPECT_EQ(attributes.lineWeight, row.weight) << row.name;
-            EXPECT_EQ(attributes.lineTypeScale, row.lineTypeScale) << row.name;
-            EXPECT_EQ(attributes.visible, row.visible) << row.name;
-            EXPECT_EQ(attributes.opacity, row.opacity) << row.name;
+            const Attributes read = readOne(std::string(entity) + groups).attributes;
+            std::ostringstream shown;
+            shown << (read.visible ? "" : "invisible, ") << textOf(read.colour) << ", weight " << read.lineWeight
+                  << ", scale " << read.lineTypeScale << ", opacity " << read.opacity;
+            EXPECT_EQ(shown.str(), expected) << groups;
         }
     }
 }

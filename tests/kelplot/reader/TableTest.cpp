@@ -13,34 +13,27 @@ Drawing withLayers(const std::string& layers, const std::string& used) {
 }
 
 TEST(LayerTable, IsRead) {
-    using Kind = Colour::Kind;
-    constexpr LineWeight usual = lineWeightDefault;
     const struct {
         const char* name;
-        std::string text;
-        Colour colour;
-        LineWeight weight;
-        bool on, frozen, plotted;
+        std::string groups;
+        const char* expected;
     } rows[] = {
-        {"plain", "", {Kind::index, 7}, usual, true, false, true},
-        {"off", " 70=0 62=-3 370=50", {Kind::index, 3}, 50, false, false, true},
-        {"frozen", " 70=65 62=5", {Kind::index, 5}, usual, true, true, true},
-        {"locked", " 70=4 62=5", {Kind::index, 5}, usual, true, false, true},
-        {"screen", " 290=0", {Kind::index, 7}, usual, true, false, false},
-        {"true", " 62=-1 420=255", {Kind::trueColour, 255}, usual, false, false, true},
-        {"marks", " 62=256 370=-1", {Kind::index, 7}, usual, true, false, true},
-        {"DEFPOINTS", " 290=1", {Kind::index, 7}, usual, true, false, false},
+        {"plain", "", "index 7, weight -3"},
+        {"off", " 70=0 62=-3 370=50", "index 3, weight 50, off"},
+        {"frozen", " 70=65 62=5", "index 5, weight -3, frozen"},
+        {"locked", " 70=4 62=5", "index 5, weight -3"},
+        {"screen", " 290=0", "index 7, weight -3, unplotted"},
+        {"true", " 62=-1 420=255", "true 255, weight -3, off"},
+        {"marks", " 62=256 370=-1", "index 7, weight -3"},
+        {"DEFPOINTS", " 290=1", "index 7, weight -3, unplotted"},
     };
     for (const auto& row : rows) {
-        const Drawing drawing = withLayers(" 0=LAYER 5=1F 2=" + std::string(row.name) + row.text, row.name);
+        const Drawing drawing = withLayers(" 0=LAYER 5=1F 2=" + std::string(row.name) + row.groups, row.name);
         const Layer& read = drawing.layers.at(drawing.modelSpace.at(0).attributes.layer);
-        EXPECT_EQ(read.name, row.name);
-        EXPECT_EQ(read.colour.kind, row.colour.kind) << row.name;
-        EXPECT_EQ(read.colour.value, row.colour.value) << row.name;
-        EXPECT_EQ(read.lineWeight, row.weight) << row.name;
-        EXPECT_EQ(read.on, row.on) << row.name;
-        EXPECT_EQ(read.frozen, row.frozen) << row.name;
-        EXPECT_EQ(read.plotted, row.plotted) << row.name;
+        const std::string shown = textOf(read.colour) + ", weight " + std::to_string(read.lineWeight) +
+                                  (read.on ? "" : ", off") + (read.frozen ? ", frozen" : "") +
+                                  (read.plotted ? "" : ", unplotted");
+        EXPECT_EQ(read.name + ": " + shown, std::string(row.name) + ": " + row.expected);
     }
 }
 
