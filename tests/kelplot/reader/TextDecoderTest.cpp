@@ -3,11 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <filesystem>
-
 #include "DrawingText.h"
-#include "reader/DxfReader.h"
 #include "reader/TextEncoding.h"
 #include "reader/mtext/TextCodes.h"
 
@@ -178,19 +174,6 @@ TEST(Attributes, AreShownWhereTheyAreToBe) {
     const MText note = std::get<MText>(drawing.modelSpace.back().geometry);
     EXPECT_EQ(note.position, (Vec3{5, 0, 0}));
     EXPECT_EQ(note.columns.count, 2);
-}
-
-TEST(SampleTexts, AreRead) {
-    const std::filesystem::path samples = std::filesystem::path(KELDRIVER_SHARED_DATA) / "dxf";
-    if (!std::filesystem::exists(samples)) {
-        GTEST_SKIP() << samples << " is missing";
-    }
-    const Drawing sheet = DxfReader().read((samples / "fidelity_sheet.dxf").string(), {});
-    const std::vector<std::string> texts = textsOf(sheet.modelSpace);
-    for (const char* const text :
-         {"éßñ ЖИ Ω 中文 Ø50 ° ±", "under |u:line", "ATTR-2", "MTEXT red under/line two big */bold/"}) {
-        EXPECT_EQ(std::count(texts.begin(), texts.end(), text), 1) << text;
-    }
 }
 
 } // namespace
