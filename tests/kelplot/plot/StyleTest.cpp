@@ -57,39 +57,74 @@ TEST(Layers, HideWhatStandsOnThem) {
     }
 }
 
-constexpr HT_Color black = 0x000000;
-constexpr HT_Color white = 0xFFFFFF;
+/// A line and an area, and what is sent for them: both inks, and the line's width in device units.
+struct StyleCase {
+    const char* name;
+    Colour colour;
+    const char* expected; ///< an ink has red in the lowest byte; a millimetre has 10 units, a hairline 2
+    PenRule pen = {};     ///< of colour numbers 1 and 255
+    bool monochrome = false;
+    double scale = 1.0;
+    LineWeight weight = 100;
+    LineWeight layerWeight = 50;
+};
 
-TEST(Colours, BecomeInk) {
-    const auto index = Colour::Kind::index;
-    const auto trueColour = Colour::Kind::trueColour;
-    const struct {
-        const char* name;
-        Colour colour;
-        bool monochrome;
-        HT_Color line; ///< red in the lowest byte
-        HT_Color fill;
-    } cases[] = {
-        {"red", {index, 1}, false, 0x0000FF, 0x0000FF},
-        {"contrast colour", {index, 7}, false, black, black},
-        {"white 255", {index, 255}, false, black, white},
-        {"true colour", {trueColour, 0x123456}, false, 0x563412, 0x563412},
-        {"true white", {trueColour, 0xFFFFFF}, false, black, white},
-        {"number out of range", {index, 300}, false, black, black},
-        {"monochrome red", {index, 1}, true, black, black},
-        {"monochrome white covers", {index, 255}, true, black, white},
-        {"by block outside of blocks", {Colour::Kind::byBlock, 0}, false, black, black},
+std::string sentFor(const StyleCase& row) {
+    Drawing drawing = drawingOf(lineOn(0));
+    drawing.modelSpace.push_back(entityOf(Solid{{{{1, 1, 0}, {2, 1, 0}, {2, 2, 0}, {1, 2, 0}}}}));
+    for (Entity& entity : drawing.modelSpace) {
+        entity.attributes.colour = row.colour;
+        entity.attributes.lineWeight = row.weight;
+    }
+    drawing.defaultLineWeight = 40;
+    drawing.layers[0].lineWeight = row.layerWeight;
+    PlotTarget target = tenfoldTarget();
+    target.hairlineWidth = 2.0;
+    PlotStyleOptions style{row.monochrome, row.scale};
+    style.pens.set(1, row.pen);
+    style.pens.set(255, row.pen);
+    const auto shapes = shapesOf(drawing, target, style);
+    EXPECT_EQ(shapes.at(0).ends, HT_PlotStyle::LineEndRound) << row.name;
+    EXPECT_EQ(shapes.at(0).joins, HT_PlotStyle::LineJoinRound) << row.name;
+    char text[40];
+    std::snprintf(text, sizeof text, "%06x %06x %g", shapes.at(0).color, shapes.at(1).color, shapes.at(0).weight);
+    return text;
+}
+
+TEST(Styles, BecomeInkAndDeviceUnits) {
+    constexpr auto index = Colour::Kind::index, trueColour = Colour::Kind::trueColour;
+    constexpr Colour red{index, 1}, contrast{index, 7}, covering{index, 255};
+    constexpr HT_Color blue = 0xff0000, black = 0;
+    const StyleCase rows[] = {
+        {"red", red, "0000ff 0000ff 10"},
+        {"contrast colour", contrast, "000000 000000 10"},
+        {"white 255", covering, "000000 ffffff 10"},
+        {"true colour", {trueColour, 0x123456}, "563412 563412 10"},
+        {"true white", {trueColour, 0xFFFFFF}, "000000 ffffff 10"},
+        {"number out of range", {index, 300}, "000000 000000 10"},
+        {"by block outside of blocks", {Colour::Kind::byBlock, 0}, "000000 000000 10"},
+        {"monochrome red", red, "000000 000000 10", {}, true},
+        {"monochrome white covers", covering, "000000 ffffff 10", {}, true},
+        {"pen's width", red, "0000ff 0000ff 8", {0.8, {}, 100}},
+        {"pen's width scaled", red, "0000ff 0000ff 4", {0.8, {}, 100}, false, 0.5},
+        {"pen's colour", red, "ff0000 ff0000 10", {{}, blue, 100}},
+        {"half the ink", red, "7f7fff 7f7fff 10", {{}, {}, 50}},
+        {"no ink", red, "ffffff ffffff 10", {{}, {}, 0}},
+        {"a fifth of the pen's ink", red, "cccccc cccccc 20", {2.0, black, 20}},
+        {"pen in monochrome", red, "999999 999999 10", {{}, blue, 40}, true},
+        {"pen of another number", {index, 5}, "ff0000 ff0000 10", {2.0, black, 50}},
+        {"no pen of a true colour", {trueColour, 1}, "010000 010000 10", {2.0, blue, 50}},
+        {"areas that cover stay white", covering, "000000 ffffff 10", {1.0, black, 100}},
+        {"weight by layer", contrast, "000000 000000 5", {}, false, 1.0, lineWeightByLayer},
+        {"drawing's default", contrast, "000000 000000 4", {}, false, 1.0, lineWeightDefault},
+        {"layer's default", contrast, "000000 000000 4", {}, false, 1.0, lineWeightByLayer, lineWeightDefault},
+        {"weight by block outside of blocks", contrast, "000000 000000 4", {}, false, 1.0, lineWeightByBlock},
+        {"scaled", contrast, "000000 000000 5", {}, false, 0.5},
+        {"zero is a hairline", contrast, "000000 000000 2", {}, false, 1.0, 0},
+        {"never below a hairline", contrast, "000000 000000 2", {}, false, 1.0, 5},
     };
-    for (const auto& row : cases) {
-        Drawing drawing = drawingOf(lineOn(0));
-        drawing.modelSpace.push_back(entityOf(Solid{{{{1, 1, 0}, {2, 1, 0}, {2, 2, 0}, {1, 2, 0}}}}));
-        for (Entity& entity : drawing.modelSpace) {
-            entity.attributes.colour = row.colour;
-        }
-        const auto shapes = shapesOf(drawing, tenfoldTarget(), {row.monochrome, 1.0});
-        ASSERT_EQ(shapes.size(), 2U) << row.name;
-        EXPECT_EQ(shapes[0].color, row.line) << row.name;
-        EXPECT_EQ(shapes[1].color, row.fill) << row.name;
+    for (const StyleCase& row : rows) {
+        EXPECT_EQ(sentFor(row), row.expected) << row.name;
     }
 }
 
@@ -154,80 +189,6 @@ TEST(Opacity, ComesFromEntityLayerOrReference) {
         ASSERT_EQ(shapes.size(), 2U) << row.name;
         EXPECT_EQ(shapes[0].alpha, row.expected) << row.name;
         EXPECT_EQ(shapes[1].alpha, 255) << row.name;
-    }
-}
-
-TEST(LineWeights, BecomeDeviceUnits) {
-    const struct {
-        const char* name;
-        LineWeight entity;
-        LineWeight layer;
-        double scale;
-        double expected; ///< device units; a millimetre has 10, a hairline 2
-    } cases[] = {
-        {"stated", 100, 13, 1.0, 10.0},
-        {"by layer", lineWeightByLayer, 50, 1.0, 5.0},
-        {"drawing's default", lineWeightDefault, 50, 1.0, 4.0},
-        {"layer's default", lineWeightByLayer, lineWeightDefault, 1.0, 4.0},
-        {"by block outside of blocks", lineWeightByBlock, 50, 1.0, 4.0},
-        {"scaled", 100, 13, 0.5, 5.0},
-        {"zero is a hairline", 0, 50, 1.0, 2.0},
-        {"never below a hairline", 5, 50, 1.0, 2.0},
-    };
-    for (const auto& row : cases) {
-        Drawing drawing = drawingOf(lineOn(0));
-        drawing.defaultLineWeight = 40;
-        drawing.layers[0].lineWeight = row.layer;
-        drawing.modelSpace[0].attributes.lineWeight = row.entity;
-        PlotTarget target = tenfoldTarget();
-        target.hairlineWidth = 2.0;
-        const auto shapes = shapesOf(drawing, target, {false, row.scale});
-        ASSERT_EQ(shapes.size(), 1U) << row.name;
-        EXPECT_EQ(shapes[0].weight, row.expected) << row.name;
-        EXPECT_EQ(shapes[0].ends, HT_PlotStyle::LineEndRound) << row.name;
-        EXPECT_EQ(shapes[0].joins, HT_PlotStyle::LineJoinRound) << row.name;
-    }
-}
-
-TEST(Pens, TakeThePlaceOfTheDrawingsStyle) {
-    constexpr Colour red{Colour::Kind::index, 1};
-    constexpr HT_Color redInk = 0x0000ff, blueInk = 0xff0000;
-    const struct {
-        const char* name;
-        Colour colour;
-        PenRule rule; ///< of colour numbers 1 and 255
-        bool monochrome;
-        HT_Color ink;
-        double weight; ///< device units; the drawing states a millimetre, which has 10, and it is scaled by a half
-    } rows[] = {
-        {"nothing stated", red, {}, false, redInk, 5},
-        {"width", red, {0.8, {}, 100}, false, redInk, 4},
-        {"colour", red, {{}, blueInk, 100}, false, blueInk, 5},
-        {"half the ink", red, {{}, {}, 50}, false, 0x7f7fff, 5},
-        {"no ink", red, {{}, {}, 0}, false, white, 5},
-        {"a fifth of the pen's ink", red, {2.0, HT_Color{0}, 20}, false, 0xcccccc, 10},
-        {"monochrome", red, {{}, blueInk, 40}, true, 0x999999, 5},
-        {"other number", {Colour::Kind::index, 5}, {2.0, HT_Color{0}, 50}, false, blueInk, 5},
-        {"true colour", {Colour::Kind::trueColour, 1}, {2.0, blueInk, 50}, false, 0x010000, 5},
-        {"areas that cover stay white", {Colour::Kind::index, 255}, {1.0, HT_Color{0}, 100}, false, black, 5},
-    };
-    for (const auto& row : rows) {
-        Drawing drawing = drawingOf(lineOn(0));
-        drawing.modelSpace.push_back(entityOf(Solid{{Vec3{10, 10, 0}, {20, 10, 0}, {20, 20, 0}, {10, 20, 0}}}));
-        for (Entity& entity : drawing.modelSpace) {
-            entity.attributes.colour = row.colour;
-            entity.attributes.lineWeight = 100;
-        }
-        PlotStyleOptions style;
-        style.monochrome = row.monochrome;
-        style.lineWeightScale = 0.5;
-        style.pens.set(1, row.rule);
-        style.pens.set(255, row.rule);
-        const auto shapes = shapesOf(drawing, tenfoldTarget(), style);
-        ASSERT_EQ(shapes.size(), 2U);
-        EXPECT_EQ(shapes[0].color, row.ink) << row.name;
-        EXPECT_DOUBLE_EQ(shapes[0].weight, row.weight) << row.name;
-        EXPECT_EQ(shapes[1].color, row.colour.value == 255 ? white : row.ink) << row.name;
     }
 }
 
