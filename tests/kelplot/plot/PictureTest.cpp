@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QImage>
-#include <QPainter>
 #include <cmath>
 
 #include "kelplot/plot/PlotKit.h"
@@ -30,24 +29,12 @@ protected:
         ASSERT_TRUE(picture.save(QString::fromStdString(directory.path(name))));
         drawing.images[0].path = name;
     }
-    /// The page of the kit as a device paints it, a pixel for each of its units.
     QImage plotted(const PlotStyleOptions& style = {}) {
         drawing.folder = directory.path();
         drawing.modelSpace = below;
         drawing.modelSpace.push_back(entityOf(image));
         drawing.modelSpace.back().attributes.opacity = opacity;
-        QImage page(1000, 1000, QImage::Format_RGB32);
-        page.fill(white);
-        QPainter painter(&page);
-        HT_Renderer* const renderer = HT_RendererFactory::CreateRenderer(4, 0);
-        renderer->AttachDriver(&painter, {1000, 1000}, false);
-        target.painter = &painter;
-        renderer->StartRender();
-        report = plotEntities(drawing, drawing.modelSpace, target, style, *renderer, {});
-        renderer->FinishRender();
-        renderer->DetachDriver();
-        HT_RendererFactory::DestroyRenderer(renderer);
-        return page;
+        return paintedPage(drawing, target, style, &report);
     }
     /// What the page shows at a point of the picture.
     QRgb at(const QImage& page, double x, double y) const {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "kelplot/plot/PlotKit.h"
 
+#include <QPainter>
 #include <QString>
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace kelplot {
 
@@ -131,6 +133,25 @@ std::vector<Shape> shapesOf(const Drawing& drawing, const PlotTarget& target, co
 
 std::vector<Shape> shapesOf(const Entity& entity) {
     return shapesOf(drawingOf(entity));
+}
+
+QImage paintedPage(const Drawing& drawing, PlotTarget target, const PlotStyleOptions& style, PlotReport* report) {
+    QImage page(1000, 1000, QImage::Format_RGB32);
+    page.fill(Qt::white);
+    QPainter painter(&page);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const std::unique_ptr<HT_Renderer, void (*)(HT_Renderer*)> renderer(HT_RendererFactory::CreateRenderer(4, 0),
+                                                                        HT_RendererFactory::DestroyRenderer);
+    renderer->AttachDriver(&painter, {1000, 1000}, false);
+    target.painter = &painter;
+    renderer->StartRender();
+    const PlotReport told = plotEntities(drawing, drawing.modelSpace, target, style, *renderer, {});
+    if (report != nullptr) {
+        *report = told;
+    }
+    renderer->FinishRender();
+    renderer->DetachDriver();
+    return page;
 }
 
 std::string textOf(const std::vector<Shape>& shapes) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <QImage>
 #include <string>
 #include <vector>
 
@@ -95,6 +96,10 @@ PlotTarget tenfoldTarget();
 std::vector<RecordingRenderer::Shape> shapesOf(const Drawing& drawing, const PlotTarget& target = tenfoldTarget(),
                                                const PlotStyleOptions& style = {});
 std::vector<RecordingRenderer::Shape> shapesOf(const Entity& entity);
+
+/// The page of a target as a device paints it, a pixel for each of its units.
+QImage paintedPage(const Drawing& drawing, PlotTarget target = tenfoldTarget(), const PlotStyleOptions& style = {},
+                   PlotReport* report = nullptr);
 
 /// As text, one line a shape.
 std::string textOf(const std::vector<RecordingRenderer::Shape>& shapes);

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <gtest/gtest.h>
 
-#include <QImage>
-#include <QPainter>
-#include <memory>
+#include <cmath>
 
 #include "kelplot/plot/PlotKit.h"
 
@@ -15,21 +13,9 @@ constexpr double unitsPerPixel = 0.1; ///< of `tenfoldTarget`
 
 /// Plots with the real renderer and finds the box of what is dark, in drawing units.
 Box2 inkOf(const Drawing& drawing, TextMode mode = TextMode::outlines) {
-    QImage page(1000, 1000, QImage::Format_RGB32);
-    page.fill(Qt::white);
-    QPainter painter(&page);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const std::unique_ptr<HT_Renderer, void (*)(HT_Renderer*)> renderer(HT_RendererFactory::CreateRenderer(4, 0),
-                                                                        HT_RendererFactory::DestroyRenderer);
-    renderer->AttachDriver(&painter, {1000, 1000}, false);
-    renderer->StartRender();
-    PlotTarget target = tenfoldTarget();
-    target.painter = &painter;
     PlotStyleOptions style;
     style.texts = mode;
-    plotEntities(drawing, drawing.modelSpace, target, style, *renderer, {});
-    renderer->FinishRender();
-    renderer->DetachDriver();
+    const QImage page = paintedPage(drawing, tenfoldTarget(), style);
     Box2 ink;
     for (int y = 0; y < page.height(); ++y) {
         for (int x = 0; x < page.width(); ++x) {

@@ -62,27 +62,6 @@ TEST(TextCodes, AreResolved) {
     }
 }
 
-TEST(TextBytes, AreReadForWhatTheyAre) {
-    const struct {
-        const char* name;
-        const char* codePage;
-        const char* bytes;
-        const char* utf8;
-    } rows[] = {
-        {"UTF-8 in an old drawing", "ANSI_1251", "Стена", "Стена"},
-        {"letters that look like UTF-8", "ANSI_1251", "\xC5\xA8", "ЕЁ"},
-        {"one sign of UTF-8 with two bytes after the first", "ANSI_1251", "€", "€"},
-        {"chinese that looks like UTF-8", "ANSI_936", "\xC1\xAA\xCD\xA8", "联通"},
-        {"a number for UTF-8", "ANSI_65001", "é", "é"},
-    };
-    for (const auto& row : rows) {
-        TextEncoding decoder;
-        decoder.setVersion("AC1015");
-        decoder.setCodePage(row.codePage);
-        EXPECT_EQ(decoder.decode(row.bytes), row.utf8) << row.name;
-    }
-}
-
 TEST(CodePages, CanBeDecoded) {
     for (const char* const name :
          {"dos437",    "dos850",    "dos852",    "dos855",    "dos857",    "dos860",    "dos861",
