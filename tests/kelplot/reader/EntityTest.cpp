@@ -55,87 +55,85 @@ void expectEntities(const EntityCase& row, const std::string& before = "") {
     EXPECT_EQ(shown, row.expected) << row.name;
 }
 
+const EntityCase entityCases[] = {
+    // In the world, whatever plane they name, or in their plane.
+    {"point", "0=POINT 10=1 20=2 30=3 230=-1", "point 1,2,3"},
+    {"line", "0=3DLINE 10=1 20=2 30=3 11=4 230=-1", "line 1,2,3 4,0,0"},
+    {"ray", "0=RAY 10=1 20=2 30=3 11=0.6 21=0.8 230=-1", "ray from 1,2,3 along 0.6,0.8,0"},
+    {"line without an end", "0=XLINE 10=1 11=1", "line through 1,0,0 along 1,0,0"},
+    {"circle", "0=CIRCLE 10=1 20=2 40=5 230=-1", "circle 1,2,0 r 5 extruded 0,0,-1"},
+    {"arc", "0=ARC 40=5 50=90 51=180", "arc 0,0,0 r 5 from 90 to 180"},
+    {"ellipse", "0=ELLIPSE 10=1 11=0 21=4 40=0.5 230=-1",
+     "ellipse 1,0,0 axis 0,4,0 ratio 0.5 from 0 to 360 extruded 0,0,-1"},
+    {"bad numbers", "0=LINE 10=inf 20=x 11=1e400 21=7", "line 0,0,0 0,7,0"},
+    {"bad extrusion", "0=CIRCLE 40=1 210=0 220=nan 230=0", "circle 0,0,0 r 1"},
+    // Corners go about the area; a fourth that is missing is the third.
+    {"solid", "0=SOLID 13=4 23=3 230=-1" + corners, "solid 0,0,0 4,0,0 4,3,0 1,3,0 extruded 0,0,-1"},
+    {"trace of three", "0=TRACE" + corners, "solid 0,0,0 4,0,0 1,3,0 1,3,0"},
+    {"face with hidden edges", "0=3DFACE 13=4 23=3 70=5 230=-1" + corners, "face 0,0,0 4,0,0 1,3,0 4,3,0 .#.#"},
+    {"reference", "0=INSERT 2=B 10=1 20=2", "block 0 at 1,2,0 scaled 1,1,1 turned 0, 1x1 by 0,0"},
+    {"array", "0=INSERT 2=B 41=-2 43=0.5 50=90 70=3 71=-4 44=10 45=20",
+     "block 0 at 0,0,0 scaled -2,1,0.5 turned 90, 3x1 by 10,20"},
+    // Splines are repaired so that they can be evaluated.
+    {"spline", curve + knots + "41=1 41=2 41=2 41=1 230=-1",
+     "spline of 3, knots 0 0 0 0 1 1 1 1, weights 1 2 2 1" + controls},
+    {"no knots", curve, clamped},
+    {"falling knots", curve + "40=0 40=0 40=0 40=0 40=1 40=0 40=1 40=1", clamped},
+    {"knots without a span", curve + "40=1 40=1 40=1 40=1 40=1 40=1 40=1 40=1", clamped},
+    {"negative weight", curve + knots + "41=1 41=-1 41=1", clamped},
+    {"weight of zero", curve + knots + "41=1 41=0 41=1 41=1", clamped},
+    {"too few weights", curve + knots + "41=1 41=2", clamped},
+    {"degree below zero", curve + knots + "71=-1", clamped},
+    {"degree beyond reason", curve + knots + "71=2000000", clamped},
+    {"too few points for the degree", curve + "71=5", clamped},
+    {"linear", curve + "71=1", "spline of 1, knots 0 0 1 2 3 3" + controls},
+    {"fit points instead", curve + "11=0 21=0 11=5 21=5", "spline of 3, through 0,0,0 5,5,0"},
+    // The count, too small and none at all; what the polyline before had does not come back.
+    {"the vertices that come", "0=LWPOLYLINE 90=1 70=1 10=1 20=1 10=2 20=2 0=LWPOLYLINE 10=3 20=3",
+     "closed polyline 1,1,0 2,2,0 + polyline 3,3,0"},
+    {"without size", "0=CIRCLE 40=0 0=CIRCLE 40=-3 0=ARC 40=nan 51=90 0=ELLIPSE 40=1 0=LWPOLYLINE 90=0 0=HATCH 91=0",
+     ""},
+    {"dimension", "0=DIMENSION 2=*D1 10=9 3=STYLE 70=33 230=-1", "block 0 at 0,0,0 scaled 1,1,1 turned 0, 1x1 by 0,0"},
+    {"arc dimension", "0=ARC_DIMENSION 2=*D1 0=LARGE_RADIAL_DIMENSION 2=*D1",
+     "block 0 at 0,0,0 scaled 1,1,1 turned 0, 1x1 by 0,0 + block 0 at 0,0,0 scaled 1,1,1 turned 0, 1x1 by 0,0"},
+    {"widths, bulges and flags of a flat one", flatPolyline + " 10=3 20=4 40=1 41=3 10=5 20=6 40=-1 1000=x",
+     "closed unbroken polyline 1,2,7^0.5w2-2 3,4,7w1-3 5,6,7w0-2"},
+    {"an old one takes widths from its head", oldPolyline + vertex("5", "0", " 40=0 41=3") + " 0=SEQEND",
+     "closed polyline 0,0,4^1w1-2 5,0,4w0-3"},
+    {"a fitted curve leaves its frame out", fittedPolyline + vertex("2", "0") + " 0=SEQEND", "polyline 1,0,0 2,0,0"},
+    {"a spatial one has neither", spatialPolyline + vertex("3", "4") + " 0=SEQEND", "spatial polyline 1,2,9 3,4,9"},
+    // Meshes become lines along both ways, or faces; the last two faces name vertices that are not there.
+    {"mesh", "0=POLYLINE 70=17 71=2 72=3" + mesh + " 0=SEQEND",
+     "spatial polyline 0,0,9 1,0,9 2,0,9 + spatial polyline 0,1,9 1,1,9 2,1,9 + closed spatial polyline 0,0,9 "
+     "0,1,9 + closed spatial polyline 1,0,9 1,1,9 + closed spatial polyline 2,0,9 2,1,9"},
+    {"mesh of too few", "0=POLYLINE 70=16 71=3 72=3" + mesh + " 0=SEQEND", ""},
+    {"faces",
+     polyface + " 0=VERTEX 70=128 71=1 72=-2 73=3 0=VERTEX 70=128 71=1 72=2 73=4 0=VERTEX 70=128 71=-2147483648 "
+                "72=2 73=3 0=SEQEND",
+     "face 0,0,9 4,0,9 4,4,9 4,4,9 #.## + face 0,0,9 4,0,9 4,0,9 4,0,9 ####"},
+    {"polylines keep bulges and flags", head + "92=18" + loop + " 92=10" + loop + tail,
+     "solid normal hatch at 6 \nloop: 1,2,0^1 3,2,0 \ntext box: 1,2,0^1 3,2,0"},
+    // Clockwise angles are mirrored at the x axis.
+    {"lines and arcs follow one another",
+     head + "92=1 93=3 72=1 10=0 20=0 11=4 21=0" + hatchArc + " 73=1" + hatchArc + " 73=0" + tail,
+     "solid normal hatch at 6 \nloop: line 0,0 4,0 arc 5,1 r 2 from 10 to 100"
+     " arc 5,1 r 2 from 260 to 350 clockwise"},
+    // The point seen at 45 degrees from the centre of an ellipse half as high as wide has the tangent 2.
+    {"angles of ellipses become eccentric",
+     head + "92=1 93=2" + hatchEllipse + " 50=45 51=405 73=1" + hatchEllipse + " 50=0 51=90 73=0" + tail,
+     "solid normal hatch at 6 \nloop: ellipse 1,1 axis 4,0 ratio 0.5 from 63.4349488 to 423.434949"
+     " ellipse 1,1 axis 4,0 ratio 0.5 from 270 to 360 clockwise"},
+    {"a spline ends where the next edge begins", head + "92=1 93=2" + hatchSpline + " 72=1 10=3 20=4 11=1 21=2" + tail,
+     "solid normal hatch at 6 \nloop: spline of 1, knots 0 0 1 1, weights 1 2, at 1,2,0 3,4,0 line 3,4 1,2"},
+    {"outer", head + "92=2" + loop + " 97=0 75=1", "solid outer hatch at 6 \nloop: 1,2,0^1 3,2,0"},
+    {"ignore", head + "92=2" + loop + " 97=0 75=2", "solid ignore hatch at 6 \nloop: 1,2,0^1 3,2,0"},
+    {"unknown style", head + "92=2" + loop + " 97=0 75=7", "solid normal hatch at 6 \nloop: 1,2,0^1 3,2,0"},
+    {"pattern, from below", "0=HATCH 230=-1 70=0 91=1 92=2" + loop + tail,
+     "pattern normal hatch at 0 \nloop: 1,2,0^1 3,2,0 extruded 0,0,-1"},
+};
+
 TEST(Entities, AreRead) {
-    const EntityCase rows[] = {
-        // In the world, whatever plane they name, or in their plane.
-        {"point", "0=POINT 10=1 20=2 30=3 230=-1", "point 1,2,3"},
-        {"line", "0=3DLINE 10=1 20=2 30=3 11=4 230=-1", "line 1,2,3 4,0,0"},
-        {"ray", "0=RAY 10=1 20=2 30=3 11=0.6 21=0.8 230=-1", "ray from 1,2,3 along 0.6,0.8,0"},
-        {"line without an end", "0=XLINE 10=1 11=1", "line through 1,0,0 along 1,0,0"},
-        {"circle", "0=CIRCLE 10=1 20=2 40=5 230=-1", "circle 1,2,0 r 5 extruded 0,0,-1"},
-        {"arc", "0=ARC 40=5 50=90 51=180", "arc 0,0,0 r 5 from 90 to 180"},
-        {"ellipse", "0=ELLIPSE 10=1 11=0 21=4 40=0.5 230=-1",
-         "ellipse 1,0,0 axis 0,4,0 ratio 0.5 from 0 to 360 extruded 0,0,-1"},
-        {"bad numbers", "0=LINE 10=inf 20=x 11=1e400 21=7", "line 0,0,0 0,7,0"},
-        {"bad extrusion", "0=CIRCLE 40=1 210=0 220=nan 230=0", "circle 0,0,0 r 1"},
-        // Corners go about the area; a fourth that is missing is the third.
-        {"solid", "0=SOLID 13=4 23=3 230=-1" + corners, "solid 0,0,0 4,0,0 4,3,0 1,3,0 extruded 0,0,-1"},
-        {"trace of three", "0=TRACE" + corners, "solid 0,0,0 4,0,0 1,3,0 1,3,0"},
-        {"face with hidden edges", "0=3DFACE 13=4 23=3 70=5 230=-1" + corners, "face 0,0,0 4,0,0 1,3,0 4,3,0 .#.#"},
-        {"reference", "0=INSERT 2=B 10=1 20=2", "block 0 at 1,2,0 scaled 1,1,1 turned 0, 1x1 by 0,0"},
-        {"array", "0=INSERT 2=B 41=-2 43=0.5 50=90 70=3 71=-4 44=10 45=20",
-         "block 0 at 0,0,0 scaled -2,1,0.5 turned 90, 3x1 by 10,20"},
-        // Splines are repaired so that they can be evaluated.
-        {"spline", curve + knots + "41=1 41=2 41=2 41=1 230=-1",
-         "spline of 3, knots 0 0 0 0 1 1 1 1, weights 1 2 2 1" + controls},
-        {"no knots", curve, clamped},
-        {"falling knots", curve + "40=0 40=0 40=0 40=0 40=1 40=0 40=1 40=1", clamped},
-        {"knots without a span", curve + "40=1 40=1 40=1 40=1 40=1 40=1 40=1 40=1", clamped},
-        {"negative weight", curve + knots + "41=1 41=-1 41=1", clamped},
-        {"weight of zero", curve + knots + "41=1 41=0 41=1 41=1", clamped},
-        {"too few weights", curve + knots + "41=1 41=2", clamped},
-        {"degree below zero", curve + knots + "71=-1", clamped},
-        {"degree beyond reason", curve + knots + "71=2000000", clamped},
-        {"too few points for the degree", curve + "71=5", clamped},
-        {"linear", curve + "71=1", "spline of 1, knots 0 0 1 2 3 3" + controls},
-        {"fit points instead", curve + "11=0 21=0 11=5 21=5", "spline of 3, through 0,0,0 5,5,0"},
-        // The count, too small and none at all; what the polyline before had does not come back.
-        {"the vertices that come", "0=LWPOLYLINE 90=1 70=1 10=1 20=1 10=2 20=2 0=LWPOLYLINE 10=3 20=3",
-         "closed polyline 1,1,0 2,2,0 + polyline 3,3,0"},
-        {"without size",
-         "0=CIRCLE 40=0 0=CIRCLE 40=-3 0=ARC 40=nan 51=90 0=ELLIPSE 40=1 0=LWPOLYLINE 90=0 0=HATCH 91=0", ""},
-        {"dimension", "0=DIMENSION 2=*D1 10=9 3=STYLE 70=33 230=-1",
-         "block 0 at 0,0,0 scaled 1,1,1 turned 0, 1x1 by 0,0"},
-        {"arc dimension", "0=ARC_DIMENSION 2=*D1 0=LARGE_RADIAL_DIMENSION 2=*D1",
-         "block 0 at 0,0,0 scaled 1,1,1 turned 0, 1x1 by 0,0 + block 0 at 0,0,0 scaled 1,1,1 turned 0, 1x1 by 0,0"},
-        {"widths, bulges and flags of a flat one", flatPolyline + " 10=3 20=4 40=1 41=3 10=5 20=6 40=-1 1000=x",
-         "closed unbroken polyline 1,2,7^0.5w2-2 3,4,7w1-3 5,6,7w0-2"},
-        {"an old one takes widths from its head", oldPolyline + vertex("5", "0", " 40=0 41=3") + " 0=SEQEND",
-         "closed polyline 0,0,4^1w1-2 5,0,4w0-3"},
-        {"a fitted curve leaves its frame out", fittedPolyline + vertex("2", "0") + " 0=SEQEND",
-         "polyline 1,0,0 2,0,0"},
-        {"a spatial one has neither", spatialPolyline + vertex("3", "4") + " 0=SEQEND", "spatial polyline 1,2,9 3,4,9"},
-        // Meshes become lines along both ways, or faces; the last two faces name vertices that are not there.
-        {"mesh", "0=POLYLINE 70=17 71=2 72=3" + mesh + " 0=SEQEND",
-         "spatial polyline 0,0,9 1,0,9 2,0,9 + spatial polyline 0,1,9 1,1,9 2,1,9 + closed spatial polyline 0,0,9 "
-         "0,1,9 + closed spatial polyline 1,0,9 1,1,9 + closed spatial polyline 2,0,9 2,1,9"},
-        {"mesh of too few", "0=POLYLINE 70=16 71=3 72=3" + mesh + " 0=SEQEND", ""},
-        {"faces",
-         polyface + " 0=VERTEX 70=128 71=1 72=-2 73=3 0=VERTEX 70=128 71=1 72=2 73=4 0=VERTEX 70=128 71=-2147483648 "
-                    "72=2 73=3 0=SEQEND",
-         "face 0,0,9 4,0,9 4,4,9 4,4,9 #.## + face 0,0,9 4,0,9 4,0,9 4,0,9 ####"},
-        {"polylines keep bulges and flags", head + "92=18" + loop + " 92=10" + loop + tail,
-         "solid normal hatch at 6 \nloop: 1,2,0^1 3,2,0 \ntext box: 1,2,0^1 3,2,0"},
-        // Clockwise angles are mirrored at the x axis.
-        {"lines and arcs follow one another",
-         head + "92=1 93=3 72=1 10=0 20=0 11=4 21=0" + hatchArc + " 73=1" + hatchArc + " 73=0" + tail,
-         "solid normal hatch at 6 \nloop: line 0,0 4,0 arc 5,1 r 2 from 10 to 100"
-         " arc 5,1 r 2 from 260 to 350 clockwise"},
-        // The point seen at 45 degrees from the centre of an ellipse half as high as wide has the tangent 2.
-        {"angles of ellipses become eccentric",
-         head + "92=1 93=2" + hatchEllipse + " 50=45 51=405 73=1" + hatchEllipse + " 50=0 51=90 73=0" + tail,
-         "solid normal hatch at 6 \nloop: ellipse 1,1 axis 4,0 ratio 0.5 from 63.4349488 to 423.434949"
-         " ellipse 1,1 axis 4,0 ratio 0.5 from 270 to 360 clockwise"},
-        {"a spline ends where the next edge begins",
-         head + "92=1 93=2" + hatchSpline + " 72=1 10=3 20=4 11=1 21=2" + tail,
-         "solid normal hatch at 6 \nloop: spline of 1, knots 0 0 1 1, weights 1 2, at 1,2,0 3,4,0 line 3,4 1,2"},
-        {"outer", head + "92=2" + loop + " 97=0 75=1", "solid outer hatch at 6 \nloop: 1,2,0^1 3,2,0"},
-        {"ignore", head + "92=2" + loop + " 97=0 75=2", "solid ignore hatch at 6 \nloop: 1,2,0^1 3,2,0"},
-        {"unknown style", head + "92=2" + loop + " 97=0 75=7", "solid normal hatch at 6 \nloop: 1,2,0^1 3,2,0"},
-        {"pattern, from below", "0=HATCH 230=-1 70=0 91=1 92=2" + loop + tail,
-         "pattern normal hatch at 0 \nloop: 1,2,0^1 3,2,0 extruded 0,0,-1"},
-    };
-    for (const EntityCase& row : rows) {
+    for (const EntityCase& row : entityCases) {
         expectEntities(row);
     }
     EXPECT_EQ(readGroups(drawingOf("0=DIMENSION 10=9")).dimensionsWithoutBlock, 1U);
