@@ -73,6 +73,7 @@ TEST(Style, EachSettingShowsInPenAndBrush) {
          "#ff0000 1 solid flat miter", "#ff0000 solid"},
         {"opacity after it", [](OpenRenderer& r) { r.SetColor(0x0000FF), r.SetAlpha(64); },
          "#40ff0000 1 solid flat miter", "#40ff0000 solid"},
+        {"solid fill", fill(0), "#112233 1 solid flat miter"},
         {"squares", fill(1), "#112233 1 solid flat miter", "texture 8x8"},
         {"cross", fill(2), "#112233 1 solid flat miter", "#112233 cross"},
         {"diagonal cross", fill(3), "#112233 1 solid flat miter", "#112233 diagonal-cross"},
