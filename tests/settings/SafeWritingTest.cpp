@@ -186,7 +186,9 @@ TEST(SafeWriting, KeepsWhatAFileIsBesidesItsText) {
         }
         const struct stat before = statusOf(path);
         for (const std::string& text : {std::string("a=longer than before\n"), std::string("b=\n"), std::string()}) {
+            const ino_t old = statusOf(path).st_ino;
             EXPECT_TRUE(writeFile(link, text));
+            EXPECT_EQ(statusOf(path).st_ino != old, !isHardLinked) << "another file in its place, at once";
             EXPECT_EQ(directory.read("s.ini"), text);
             const struct stat after = statusOf(path);
             EXPECT_EQ(after.st_mode, before.st_mode);
