@@ -33,6 +33,11 @@ bool isPng(const std::vector<uint8_t>& bytes) {
     return bytes.size() >= 24 && std::equal(std::begin(signature), std::end(signature), bytes.begin());
 }
 
+bool isGif(const std::vector<uint8_t>& bytes) {
+    constexpr uint8_t signature[] = {'G', 'I', 'F'};
+    return bytes.size() >= 10 && std::equal(std::begin(signature), std::end(signature), bytes.begin());
+}
+
 /// A PNG file states its size where it stands; asking a reader for it would have it read chunks of any stated length.
 QSize statedSize(const std::vector<uint8_t>& bytes) {
     QByteArray content(reinterpret_cast<const char*>(bytes.data()), static_cast<int>(bytes.size()));
@@ -41,7 +46,12 @@ QSize statedSize(const std::vector<uint8_t>& bytes) {
     }
     QBuffer buffer(&content);
     buffer.open(QIODevice::ReadOnly);
-    return QImageReader(&buffer).size();
+    const QSize size = QImageReader(&buffer).size();
+    if (isGif(bytes)) { // the picture spans the screen and the first frame; the reader tells the size of one of them
+        return size.expandedTo(
+            {qFromLittleEndian<quint16>(content.constData() + 6), qFromLittleEndian<quint16>(content.constData() + 8)});
+    }
+    return size;
 }
 
 bool statesTooManyPixels(const std::vector<uint8_t>& bytes) {
