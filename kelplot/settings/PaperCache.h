@@ -20,8 +20,8 @@ public:
     bool isCurrent() const;
     /// Its papers; none when it is damaged.
     std::vector<PaperSize> records() const;
-    /// Reads the text file by `read` and makes the cache of what it gives. There is none of a list without papers, which
-    /// would pass for a damaged one, of a name with characters that it has no room for, or when the file changes
+    /// Reads the text file by `read` and makes the cache of what it gives. There is none of a list without papers,
+    /// which would pass for a damaged one, of a name with characters that it has no room for, or when the file changes
     /// meanwhile. A cache that cannot be written is left out.
     std::vector<PaperSize> remake(const std::function<std::vector<PaperSize>()>& read) const;
 
