@@ -181,6 +181,34 @@ TEST(CombineRgn, AnEmptyRegionWithItselfStaysEmpty) {
     }
 }
 
+TEST(CombineRgn, RectanglesKeepTheirCoordinatesBitForBit) {
+    regionOracle::Generator generator(5);
+    for (int i = 0; i < 2000; ++i) {
+        const Points a = generator.region({HT_RGN_XOR}).front().points;
+        const double unit = std::fabs(a[0].x) + std::fabs(a[0].y);
+        double x[4];
+        double y[4];
+        std::generate(std::begin(x), std::end(x), [&] { return a[0].x + unit * generator.real(-1, 1); });
+        std::generate(std::begin(y), std::end(y), [&] { return a[0].y + unit * generator.real(-1, 1); });
+        const auto asPolygon = [](double x0, double y0, double x1, double y1) {
+            return polygon({{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}});
+        };
+        for (const int op : {opAnd, opOr, opXor, opDiff}) {
+            CVornRgn first = asPolygon(x[0], y[0], x[1], y[1]);
+            CVornRgn second = asPolygon(x[2], y[2], x[3], y[3]);
+            first.m_nType = 2; // takes the way through the clipper
+            CVornRgn result;
+            result.CombineRgn(&first, &second, op);
+            for (const HT_ClipRgn* node = result.m_pClipRgn; node; node = node->next) {
+                for (int k = 0; k < node->pointCount; ++k) {
+                    EXPECT_NE(std::find(std::begin(x), std::end(x), node->points[k].x), std::end(x));
+                    EXPECT_NE(std::find(std::begin(y), std::end(y), node->points[k].y), std::end(y));
+                }
+            }
+        }
+    }
+}
+
 TEST(CombineRgn, AnUnknownOperationChangesNothing) {
     CVornRgn rgn = rectangle(1, 2, 3, 4);
     CVornRgn other = polygon(triangle);
