@@ -16,7 +16,7 @@ sample=(
     kelplot/cli/Options.cpp
     kelplot/reader/entity/PolylineDecoder.cpp
     tests/geometry/MatrixTest.cpp
-    tests/render/PenTest.cpp
+    tests/render/StyleTest.cpp
     benchmarks/ClipLineBenchmark.cpp
     fuzz/IniFuzzer.cpp
 )
