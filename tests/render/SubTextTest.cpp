@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <cstdint>
 #include <cwchar>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -153,25 +152,6 @@ TEST_F(SubTextTest, RecordsKeepTheirStyle) {
     EXPECT_EQ(text.GetSubTexts()[2].font.lfCharSet, 200);
     EXPECT_EQ(text.GetRunText({2, 9, {}}), L"\u0378");
     EXPECT_EQ(text.GetRunText({-1, 1, {}}) + text.GetRunText({4, 1, {}}), L"");
-}
-
-// Fonts of one family lack different letters in each weight and slant; another font shows them then.
-TEST_F(SubTextTest, EachWeightAndSlantIsAFontOfItsOwn) {
-    constexpr uint letter = 0x1D5A0;
-    std::set<bool> answers;
-    for (const auto& [weight, italic] : {std::pair{400, 0}, {400, 1}, {700, 0}, {400, 0}}) {
-        QFont font(QString::fromWCharArray(sans), -1, weight == 400 ? QFont::Normal : QFont::Bold, italic != 0);
-        font.setStyleStrategy(QFont::NoFontMerging);
-        const bool isShown = QRawFont::fromFont(font).supportsCharacter(letter);
-        tagLOGFONTW request = fontOf(sans);
-        request.lfWeight = weight;
-        request.lfItalic = static_cast<uint8_t>(italic);
-        const std::wstring text(1, letter);
-        EXPECT_EQ(runsOf(HT_Text(text.c_str(), request, fonts)) == std::vector<Shown>({{text, sans}}), isShown)
-            << weight << ", " << italic;
-        answers.insert(isShown);
-    }
-    EXPECT_EQ(answers.size(), 2U) << "no letter that only some of them have";
 }
 
 TEST_F(SubTextTest, AnySizeIsShown) {
