@@ -16,7 +16,7 @@ sample=(
     kelplot/cli/Options.cpp
     kelplot/reader/entity/PolylineDecoder.cpp
     tests/geometry/MatrixTest.cpp
-    tests/render/StyleTest.cpp
+    tests/render/RendererStyleTest.cpp
     benchmarks/ClipLineBenchmark.cpp
     fuzz/IniFuzzer.cpp
 )

@@ -7,6 +7,7 @@
 #include <QTemporaryFile>
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <fcntl.h>
@@ -29,8 +30,10 @@ public:
         : m_folder(open(QFile::encodeName(folder).constData(), O_RDONLY | O_CLOEXEC)) {
         constexpr std::chrono::milliseconds pause(5);
         const auto end = std::chrono::steady_clock::now() + patience;
-        while (!(m_isHeld = flock(m_folder, LOCK_EX | LOCK_NB) == 0) && std::chrono::steady_clock::now() < end) {
+        m_isHeld = flock(m_folder, LOCK_EX | LOCK_NB) == 0;
+        while (!m_isHeld && errno == EWOULDBLOCK && std::chrono::steady_clock::now() < end) {
             std::this_thread::sleep_for(pause);
+            m_isHeld = flock(m_folder, LOCK_EX | LOCK_NB) == 0;
         }
     }
     FolderLock(const FolderLock&) = delete;
