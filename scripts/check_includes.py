@@ -14,8 +14,8 @@ import sys
 # them count as one room.
 TREES = {
     "src": ["port", "geometry", "region", "settings", "image", "paper", "render"],
-    "kelplot": ["base", "geometry", "drawing", "page", "settings", "reader", "plot/pen", "plot/shape",
-                "plot/picture", "plot/text", "plot", "device", "cli"],
+    "kelplot": ["base", "geometry", "drawing", "page", "device", "settings", "reader", "plot/pen", "plot/shape",
+                "plot/picture", "plot/text", "plot/entity", "plot", "cli"],
 }
 PUBLIC = ("keldriver/", "gpc.h", "imgo.h")
 

@@ -15,10 +15,10 @@
 
 #include "MemoryFile.h"
 #include "Require.h"
-#include "settings/FontFile.h"
+#include "settings/FontSection.h"
 #include "settings/PaperFile.h"
 #include "settings/PaperTable.h"
-#include "settings/PenFile.h"
+#include "settings/PenSection.h"
 #include "settings/SettingsFile.h"
 
 using namespace kelplot;

@@ -5,19 +5,38 @@
 #include <QFile>
 #include <algorithm>
 
-#include "settings/FontFile.h"
+#include "cli/OptionTable.h"
+#include "settings/FontSection.h"
 #include "settings/NearestNames.h"
-#include "settings/PenFile.h"
+#include "settings/PenSection.h"
 #include "settings/SettingsFile.h"
 
 namespace kelplot {
 namespace {
 
-QString unknownDefault(const QString& path, const QString& key, const std::vector<Preset>& presets) {
+/// The options that the settings may state.
+std::vector<const OptionRow*> presets() {
+    std::vector<const OptionRow*> found;
+    for (const OptionRow& row : optionRows()) {
+        if (row.preset == Default::inSettings) {
+            found.push_back(&row);
+        }
+    }
+    return found;
+}
+
+const OptionRow* presetNamed(const QString& name) {
+    const std::vector<const OptionRow*> rows = presets();
+    const auto found =
+        std::find_if(rows.begin(), rows.end(), [&](const OptionRow* row) { return QLatin1String(row->name) == name; });
+    return found == rows.end() ? nullptr : *found;
+}
+
+QString unknownDefault(const QString& path, const QString& key) {
     constexpr int mostNames = 2;
     QStringList known;
-    for (const Preset& preset : presets) {
-        known << preset.name;
+    for (const OptionRow* row : presets()) {
+        known << QString::fromLatin1(row->name);
     }
     const QStringList nearest =
         nearestNames(key, known, mostNames, [](const QString& name) { return name.toCaseFolded(); });
@@ -26,40 +45,39 @@ QString unknownDefault(const QString& path, const QString& key, const std::vecto
 }
 
 /// Keeps where a value was asked for, and has a path start from the folder of the file that names it.
-void keepOrigin(const QString& folder, const QString& origin, const Setting& setting, Options& options) {
+void keepOrigin(const QString& folder, const QString& origin, const Setting& setting, Request& request) {
     if (setting.key == QLatin1String("paper")) {
-        options.paperOrigin = origin;
+        request.paper.origin = origin;
     } else if (setting.key == QLatin1String("margins")) {
-        options.marginsOrigin = origin;
+        request.marginsOrigin = origin;
     } else if (setting.key == QLatin1String("pens")) {
-        options.pensFiles = QStringList(QDir(folder).filePath(setting.value));
+        request.pensFiles = QStringList(QDir(folder).filePath(setting.value));
     }
 }
 
 } // namespace
 
-void applyDefaults(const QString& folder, const std::vector<Preset>& presets, Options& options) {
+void applyDefaults(const QString& folder, Request& request) {
     const QString path = QDir(folder).filePath(QStringLiteral("kelplot.ini"));
     if (!QFile::exists(path)) {
         return;
     }
     if (holdsPens(path)) {
-        options.pensFiles << path;
+        request.pensFiles << path;
     }
-    addFonts(path, options.style.fonts);
+    addFonts(path, request.fonts);
     for (const Setting& setting : settingsFrom(path, "Defaults").value_or(std::vector<Setting>())) {
-        const auto preset =
-            std::find_if(presets.begin(), presets.end(), [&](const Preset& each) { return each.name == setting.key; });
-        if (preset == presets.end()) {
-            options.warnings << unknownDefault(path, setting.key, presets);
+        const OptionRow* const preset = presetNamed(setting.key);
+        if (preset == nullptr) {
+            request.warnings << unknownDefault(path, setting.key);
         } else if (!setting.value.isEmpty()) {
             const QString origin = path + QStringLiteral(": ") + setting.key;
             try {
-                preset->apply(options, setting.value);
+                preset->apply(request, setting.value);
             } catch (const UsageError& error) {
                 throw SettingsError(origin, QString::fromUtf8(error.what()));
             }
-            keepOrigin(folder, origin, setting, options);
+            keepOrigin(folder, origin, setting, request);
         }
     }
 }

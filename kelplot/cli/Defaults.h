@@ -2,20 +2,13 @@
 #pragma once
 
 #include <QString>
-#include <vector>
 
-#include "cli/Options.h"
+#include "cli/Request.h"
 
 namespace kelplot {
 
-/// An option of which a file of settings may state the value.
-struct Preset {
-    QString name;
-    void (*apply)(Options& options, const QString& value); ///< throws `UsageError`
-};
-
-/// Takes what the file kelplot.ini of a folder states, if there is one: options, pens and fonts. A default that is
-/// none of `presets` is left with a warning. Throws `SettingsError` for a file at fault.
-void applyDefaults(const QString& folder, const std::vector<Preset>& presets, Options& options);
+/// Takes what the file kelplot.ini of a folder states, if there is one: options, pens and fonts. A default that is no
+/// option, or one that the settings may not state, is left with a warning. Throws `SettingsError` for a file at fault.
+void applyDefaults(const QString& folder, Request& request);
 
 } // namespace kelplot

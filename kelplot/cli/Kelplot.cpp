@@ -14,13 +14,13 @@
 #include <new>
 #include <unistd.h>
 
+#include "cli/CommandLine.h"
 #include "cli/Console.h"
 #include "cli/ExitStatus.h"
-#include "cli/Options.h"
-#include "cli/OutputNames.h"
+#include "cli/ManualPage.h"
 #include "cli/PaperListing.h"
 #include "cli/PlotJob.h"
-#include "cli/SettingsChoice.h"
+#include "cli/PlotPlan.h"
 #include "device/OutputFile.h"
 #include "reader/DrawingReader.h"
 #include "settings/SettingsFile.h"
@@ -77,11 +77,11 @@ QStringList argumentsOf(int argc, char** argv) {
     return arguments;
 }
 
-Console::Progress progressMode(const Options& options) {
-    if (options.forceProgress) {
+Console::Progress progressMode(const Request& request) {
+    if (request.forceProgress) {
         return Console::Progress::always;
     }
-    return !options.quiet && isatty(STDERR_FILENO) ? Console::Progress::whenLong : Console::Progress::never;
+    return !request.quiet && isatty(STDERR_FILENO) ? Console::Progress::whenLong : Console::Progress::never;
 }
 
 /// Does one drawing's work and reports what goes wrong with it.
@@ -105,24 +105,23 @@ ExitStatus guarded(const QString& input, Console& console, const std::function<v
     return ExitStatus::outputFailed;
 }
 
-ExitStatus plotAll(const Options& options, Console& console) {
-    const QStringList outputs = outputPaths(options);
+ExitStatus plotAll(const PlotPlan& plan, Console& console) {
     ExitStatus worst = ExitStatus::done;
-    for (int i = 0; i < options.inputs.size(); ++i) {
-        const QString& input = options.inputs[i];
+    for (int i = 0; i < plan.inputs.size(); ++i) {
+        const QString& input = plan.inputs[i];
         const auto plot = [&] {
-            plotDrawing(input, outputs[i], options, console);
+            plotDrawing(input, plan.outputs[i], plan, console);
         };
         worst = std::max(worst, guarded(input, console, plot));
     }
     return worst;
 }
 
-ExitStatus listAll(const Options& options, Console& console) {
+ExitStatus listAll(const QStringList& inputs, Console& console) {
     ExitStatus worst = ExitStatus::done;
-    for (const QString& input : options.inputs) {
+    for (const QString& input : inputs) {
         const auto list = [&] {
-            if (options.inputs.size() > 1) {
+            if (inputs.size() > 1) {
                 std::cout << input.toStdString() << ":\n";
             }
             listLayers(input, std::cout, console);
@@ -132,18 +131,40 @@ ExitStatus listAll(const Options& options, Console& console) {
     return worst;
 }
 
-ExitStatus run(const Options& options) {
-    Console console(std::cerr, progressMode(options), !options.quiet);
-    for (const QString& warning : options.warnings) {
-        if (options.strict) {
+/// Passes warnings on. False where they are to be treated as failures, and there is one.
+bool passOn(const QStringList& warnings, bool strict, Console& console) {
+    for (const QString& warning : warnings) {
+        if (strict) {
             console.error(warning.toStdString());
-            return ExitStatus::notADrawing;
+            return false;
         }
         console.warning(warning.toStdString());
     }
-    switch (options.action) {
+    return true;
+}
+
+ExitStatus plot(const Request& request, Console& console) {
+    const PlotPlan plan = planFor(request);
+    if (!passOn(request.warnings + plan.warnings, plan.strict, console)) {
+        return ExitStatus::notADrawing;
+    }
+    if (plan.savedPaper) {
+        const QString told = savePaper(plan);
+        if (!request.quiet) {
+            std::cout << told.toStdString() << std::endl;
+        }
+    }
+    return plotAll(plan, console);
+}
+
+ExitStatus run(const Request& request) {
+    Console console(std::cerr, progressMode(request), !request.quiet);
+    switch (request.action) {
     case Action::showHelp:
         std::cout << helpText().toStdString();
+        return ExitStatus::done;
+    case Action::showManual:
+        std::cout << manualPage().toStdString();
         return ExitStatus::done;
     case Action::showVersion:
         std::cout << "kelplot " KELPLOT_VERSION "\n"
@@ -151,20 +172,14 @@ ExitStatus run(const Options& options) {
                   << std::endl;
         return ExitStatus::done;
     case Action::listLayers:
-        return listAll(options, console);
+        return listAll(request.inputs, console);
     case Action::listPapers:
-        return listPapers(options.json, std::cout, console);
+        return listPapers(request.json, std::cout, console);
     case Action::savePaper:
     case Action::plot:
         break;
     }
-    if (options.savedRecord) {
-        const QString told = savePaper(options, *options.savedRecord);
-        if (!options.quiet) {
-            std::cout << told.toStdString() << std::endl;
-        }
-    }
-    return plotAll(options, console);
+    return plot(request, console);
 }
 
 /// What a run ends with: text that did not reach standard output is a failure too.
@@ -190,7 +205,7 @@ int runKelplot(int argc, char** argv) {
     std::setlocale(LC_NUMERIC, "C");
     std::setlocale(LC_CTYPE, "C.UTF-8"); // the library widens paths and settings under it
     try {
-        return static_cast<int>(flushed(run(optionsFromArguments(argumentsOf(argc, argv)))));
+        return static_cast<int>(flushed(run(requestFromArguments(argumentsOf(argc, argv)))));
     } catch (const UsageError& error) {
         std::cerr << "kelplot: " << error.what() << "\nTry 'kelplot --help'." << std::endl;
         return static_cast<int>(ExitStatus::usage);

@@ -9,6 +9,7 @@
 
 #include "cli/LayerFilter.h"
 #include "cli/RenderSession.h"
+#include "plot/DrawingPlot.h"
 #include "reader/DxfReader.h"
 
 namespace kelplot {
@@ -74,8 +75,8 @@ QString pictureNames(const Drawing& drawing, const PictureFaults& faults) {
 /// One drawing on its way to paper.
 class PlotJob {
 public:
-    PlotJob(QString input, const Options& options, Console& console)
-        : m_input(std::move(input)), m_options(options), m_console(console) {}
+    PlotJob(QString input, const PlotPlan& plan, Console& console)
+        : m_input(std::move(input)), m_plan(plan), m_console(console) {}
 
     void run(const QString& output);
 
@@ -83,11 +84,12 @@ private:
     void warn(const QString& text) const;
     void applyLayers();
     void warnOfMissingParts(const WalkReport& report) const;
-    PageLayout layOut(const std::vector<Entity>& entities) const;
-    void draw(const std::vector<Entity>& entities, const PageLayout& layout, OutputDevice& device) const;
+    PageLayout layOut(const DrawingPlot& plot, const std::vector<Entity>& entities) const;
+    void draw(const DrawingPlot& plot, const std::vector<Entity>& entities, const PageLayout& layout,
+              OutputDevice& device) const;
 
     QString m_input;
-    const Options& m_options;
+    const PlotPlan& m_plan;
     Console& m_console;
     Drawing m_drawing;
 };
@@ -96,24 +98,25 @@ void PlotJob::run(const QString& output) {
     m_drawing = readDrawing(m_input, [&](double fraction) { m_console.showProgress(fraction / 2.0); });
     applyLayers();
     const auto& entities = m_drawing.modelSpace.empty() ? m_drawing.paperSpace : m_drawing.modelSpace;
-    const PageLayout layout = layOut(entities);
-    const OutputSetup setup{output, QFileInfo(m_input).completeBaseName(), layout.sheet, m_options.dotsPerInch,
+    const DrawingPlot plot(m_drawing, m_plan.style);
+    const PageLayout layout = layOut(plot, entities);
+    const OutputSetup setup{output, QFileInfo(m_input).completeBaseName(), layout.sheet, m_plan.dotsPerInch,
                             layout.visiblePart()};
-    const auto device = createOutputDevice(m_options.format, setup);
-    draw(entities, layout, *device);
+    const auto device = createOutputDevice(m_plan.format, setup);
+    draw(plot, entities, layout, *device);
     device->finish();
 }
 
 void PlotJob::warn(const QString& text) const {
     const std::string full = (m_input + QStringLiteral(": ") + text).toStdString();
-    if (m_options.strict) {
+    if (m_plan.strict) {
         throw StrictFailure(full);
     }
     m_console.warning(full);
 }
 
 void PlotJob::applyLayers() {
-    const QStringList unmatched = filterLayers(m_drawing, m_options.layers, m_options.excludedLayers);
+    const QStringList unmatched = filterLayers(m_drawing, m_plan.layers, m_plan.excludedLayers);
     for (const QString& pattern : unmatched) {
         warn(QStringLiteral("no layer is named \"%1\"").arg(pattern));
     }
@@ -134,12 +137,12 @@ void PlotJob::warnOfMissingParts(const WalkReport& report) const {
     }
 }
 
-PageLayout PlotJob::layOut(const std::vector<Entity>& entities) const {
+PageLayout PlotJob::layOut(const DrawingPlot& plot, const std::vector<Entity>& entities) const {
     WalkReport report;
-    const Box2 extents = visibleExtents(m_drawing, entities, &report, m_options.style.fonts);
+    const Box2 extents = plot.extents(entities, &report);
     warnOfMissingParts(report);
-    PageLayout layout = layOutPage(extents, m_drawing.millimetresPerUnit, m_options.page);
-    const auto& window = m_options.page.window;
+    PageLayout layout = layOutPage(extents, m_drawing.millimetresPerUnit, m_plan.page);
+    const auto& window = m_plan.page.window;
     if (extents.isEmpty()) {
         warn(QStringLiteral("nothing to plot"));
     } else if (window && !window->intersects(extents)) {
@@ -151,12 +154,12 @@ PageLayout PlotJob::layOut(const std::vector<Entity>& entities) const {
     return layout;
 }
 
-void PlotJob::draw(const std::vector<Entity>& entities, const PageLayout& layout, OutputDevice& device) const {
+void PlotJob::draw(const DrawingPlot& plot, const std::vector<Entity>& entities, const PageLayout& layout,
+                   OutputDevice& device) const {
     RenderSession session(device);
-    PlotTarget target = plotTargetFor(layout, device.grid());
-    target.painter = &device.painter();
-    const PlotReport report = plotEntities(m_drawing, entities, target, m_options.style, session.renderer(),
-                                           [&](double fraction) { m_console.showProgress(0.5 + fraction / 2.0); });
+    const PlotTarget target = plotTargetFor(layout, device.grid());
+    const PlotReport report = plot.draw(entities, target, session.surface(),
+                                        [&](double fraction) { m_console.showProgress(0.5 + fraction / 2.0); });
     if (!report.missingPictures.empty()) {
         warn(counted(report.missingPictures.size(), "picture", "pictures") + QStringLiteral(" left out: ") +
              pictureNames(m_drawing, report.missingPictures));
@@ -195,9 +198,9 @@ private:
 
 } // namespace
 
-void plotDrawing(const QString& input, const QString& output, const Options& options, Console& console) {
+void plotDrawing(const QString& input, const QString& output, const PlotPlan& plan, Console& console) {
     const WorkOn work(input, console);
-    PlotJob(input, options, console).run(output);
+    PlotJob(input, plan, console).run(output);
 }
 
 void listLayers(const QString& input, std::ostream& stream, Console& console) {

@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "cli/Console.h"
-#include "cli/Options.h"
+#include "cli/PlotPlan.h"
 
 namespace kelplot {
 
@@ -17,7 +17,7 @@ public:
 };
 
 /// Plots one drawing to one file. Throws `ReadError`, `OutputError` or `StrictFailure`; then there is no file.
-void plotDrawing(const QString& input, const QString& output, const Options& options, Console& console);
+void plotDrawing(const QString& input, const QString& output, const PlotPlan& plan, Console& console);
 
 /// Prints the layers of a drawing, a line each: the name, a tab and the state. Throws `ReadError`.
 void listLayers(const QString& input, std::ostream& stream, Console& console);

@@ -9,7 +9,8 @@ constexpr int painterRenderer = 4;
 } // namespace
 
 RenderSession::RenderSession(OutputDevice& device)
-    : m_renderer(HT_RendererFactory::CreateRenderer(painterRenderer, 0), HT_RendererFactory::DestroyRenderer) {
+    : m_renderer(HT_RendererFactory::CreateRenderer(painterRenderer, 0), HT_RendererFactory::DestroyRenderer),
+      m_direct(device.painter()) {
     QPainter& painter = device.painter();
     const QRect window = painter.window();
     m_renderer->AttachDriver(&painter, HT_Int_Size{window.width(), window.height()}, false);

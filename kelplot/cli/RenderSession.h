@@ -5,6 +5,7 @@
 
 #include "device/OutputDevice.h"
 #include "keldriver/Renderer.h"
+#include "plot/entity/PlotTools.h"
 
 namespace kelplot {
 
@@ -17,10 +18,12 @@ public:
     RenderSession(const RenderSession&) = delete;
     RenderSession& operator=(const RenderSession&) = delete;
 
-    HT_Renderer& renderer() { return *m_renderer; }
+    /// What a plot is drawn with, for as long as this lives.
+    PlotSurface surface() { return {*m_renderer, &m_direct}; }
 
 private:
     std::unique_ptr<HT_Renderer, void (*)(HT_Renderer*)> m_renderer;
+    DirectPainter m_direct;
 };
 
 } // namespace kelplot

@@ -6,8 +6,6 @@
 #include "geometry/Affine2.h"
 #include "geometry/Box2.h"
 
-class QPainter;
-
 namespace kelplot {
 
 /// Where a plot goes: the map from drawing units to device units, and the size of a millimetre there.
@@ -19,7 +17,6 @@ struct PlotTarget {
     double thinnestDashed = 0.0;  ///< device units; thinner lines would not get their dashes right
     Box2 pageBox;                 ///< the page in device units
     std::vector<Box2> limits;     ///< device units; only what lies in all of them shows
-    QPainter* painter = nullptr;  ///< what the renderer draws with, to turn pictures; borrowed; null: they are left out
 
     /// The part of the page that shows, as a box; empty when nothing does.
     Box2 visibleBox() const;

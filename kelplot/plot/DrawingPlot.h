@@ -6,28 +6,38 @@
 #include "base/Progress.h"
 #include "drawing/Drawing.h"
 #include "geometry/Box2.h"
-#include "keldriver/Renderer.h"
-#include "page/PlotTarget.h"
 #include "plot/EntityWalk.h"
-#include "plot/PlotOptions.h"
+#include "plot/entity/PlotTools.h"
 #include "plot/picture/PictureStore.h"
-#include "settings/FontTable.h"
+#include "plot/text/Typesetter.h"
 
 namespace kelplot {
-
-/// The extents of what `plotEntities` would draw, in drawing units; empty when that is nothing. `report`, if given,
-/// receives what is left out of them.
-Box2 visibleExtents(const Drawing& drawing, const std::vector<Entity>& entities, WalkReport* report = nullptr,
-                    const FontTable& fonts = {});
 
 /// What a plot leaves out.
 struct PlotReport : WalkReport {
     PictureFaults missingPictures;
 };
 
-/// Draws `entities` of `drawing` through `renderer`, which has started to render and is limited to the visible
-/// part of the page from then on. Returns what is left out.
-PlotReport plotEntities(const Drawing& drawing, const std::vector<Entity>& entities, const PlotTarget& target,
-                        const PlotStyleOptions& style, HT_Renderer& renderer, const Progress& progress);
+/// A drawing that is measured and plotted, its texts laid out once for both.
+class DrawingPlot {
+public:
+    /// Both are borrowed for the plot's life.
+    DrawingPlot(const Drawing& drawing, const PlotStyleOptions& style)
+        : m_drawing(drawing), m_style(style), m_texts(drawing, style.fonts) {}
+
+    /// The extents of what `draw` would draw, in drawing units; empty when that is nothing. `report`, if given,
+    /// receives what is left out of them.
+    Box2 extents(const std::vector<Entity>& entities, WalkReport* report = nullptr) const;
+
+    /// Draws `entities` of the drawing through the surface's renderer, which has started to render and is limited to
+    /// the visible part of the page from then on. Returns what is left out.
+    PlotReport draw(const std::vector<Entity>& entities, const PlotTarget& target, const PlotSurface& surface,
+                    const Progress& progress) const;
+
+private:
+    const Drawing& m_drawing;
+    const PlotStyleOptions& m_style;
+    Typesetter m_texts;
+};
 
 } // namespace kelplot

@@ -11,7 +11,7 @@
 #include "geometry/Box2.h"
 #include "geometry/PlanMap.h"
 #include "plot/CopyGrid.h"
-#include "plot/EntityStyle.h"
+#include "plot/entity/EntityStyle.h"
 
 namespace kelplot {
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plot/picture/PicturePlotter.h"
 
-#include <QPaintEngine>
 #include <QPainter>
 #include <QPainterPath>
 #include <algorithm>
@@ -48,27 +47,16 @@ HT_RasterImage_Record recordFor(HT_RasterImage& picture, const Box2& box, bool u
     return record;
 }
 
-/// Pixels of the device along the sides of a picture with these edges.
-Vec2 devicePixels(const QPainter& painter, Vec2 right, Vec2 down) {
-    const double scale = std::sqrt(std::abs(painter.combinedTransform().determinant()));
-    return {right.length() * scale, down.length() * scale};
-}
-
 /// A picture of fewer pixels, each a mean of many: left to itself the painter looks at a few of them only, and thin
 /// lines get lost. Null for a picture that has not many more than the device.
-HT_RasterImagePtr reduced(const HT_RasterImage& picture, Vec2 pixels) {
+HT_RasterImagePtr reduced(const HT_RasterImage& picture, Vec2 dots) {
     constexpr double many = 2.0;
-    const bool worthwhile = picture.pixelWidth() > many * pixels.x && std::abs(picture.pixelHeight()) > many * pixels.y;
+    const bool worthwhile = picture.pixelWidth() > many * dots.x && std::abs(picture.pixelHeight()) > many * dots.y;
     if (!worthwhile) {
         return {};
     }
-    const QSize size(static_cast<int>(std::ceil(pixels.x)), static_cast<int>(std::ceil(pixels.y)));
+    const QSize size(static_cast<int>(std::ceil(dots.x)), static_cast<int>(std::ceil(dots.y)));
     return pictureOf(pixelsOf(picture).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-}
-
-/// The generator of SVG draws everything whole.
-bool passesClipsOver(const QPainter& painter) {
-    return painter.paintEngine()->type() == QPaintEngine::SVG;
 }
 
 /// A picture that is see-through where its clip leaves nothing, with pixels small enough for a smooth edge.
@@ -136,18 +124,16 @@ bool PicturePlotter::draw(const Image& image, uint8_t opacity, const PlanMap& ma
 
 /// The picture with no more pixels than the device can show; null where that is the picture itself.
 HT_RasterImagePtr PicturePlotter::fittingDevice(const Place& place, const HT_RasterImage& picture) const {
-    QPainter* const painter = m_target.painter;
-    if (painter == nullptr) {
+    if (m_direct == nullptr) {
         return {};
     }
-    const Vec2 pixels = devicePixels(*painter, place.right, place.down);
-    // Where the device has fewer pixels it is to mix them; larger ones stay sharp.
-    painter->setRenderHint(QPainter::SmoothPixmapTransform, pixels.x < picture.pixelWidth());
-    return reduced(picture, pixels);
+    const Vec2 dots = {m_direct->dotsAlong(place.right), m_direct->dotsAlong(place.down)};
+    m_direct->mixPixels(dots.x < picture.pixelWidth()); // the pixels of a larger one stay sharp
+    return reduced(picture, dots);
 }
 
 void PicturePlotter::drawClipped(const Image& image, const PlanMap& map, const Place& place, HT_RasterImage& picture) {
-    if (m_target.painter != nullptr && passesClipsOver(*m_target.painter)) {
+    if (m_direct != nullptr && m_direct->passesClipsOver()) {
         if (const HT_RasterImagePtr cut = cutOut(picture, image)) {
             drawPixels(place, *cut);
         }
@@ -175,21 +161,18 @@ void PicturePlotter::drawPixels(const Place& place, HT_RasterImage& picture) {
     m_renderer.DrawImage(&record);
 }
 
-/// The renderer knows upright pictures only: it draws one of a unit a pixel, and the painter turns it.
+/// The renderer knows upright pictures only: it draws one of a unit a pixel, in coordinates that are turned.
 void PicturePlotter::drawTurned(const Place& place, HT_RasterImage& picture) {
-    QPainter* const painter = m_target.painter;
-    if (painter == nullptr) {
+    if (m_direct == nullptr) {
         return;
     }
     const double columns = picture.pixelWidth();
     const double rows = std::abs(picture.pixelHeight());
     const Vec2 right = place.right * (1.0 / columns);
     const Vec2 down = place.down * (1.0 / rows);
-    const QTransform before = painter->worldTransform();
-    painter->setWorldTransform({right.x, right.y, down.x, down.y, place.corner.x, place.corner.y}, true);
     HT_RasterImage_Record record = recordFor(picture, {{0.0, 0.0}, {columns, rows}}, false);
-    m_renderer.DrawImage(&record);
-    painter->setWorldTransform(before);
+    m_direct->drawPlaced({right.x, right.y, down.x, down.y, place.corner.x, place.corner.y},
+                         [&] { m_renderer.DrawImage(&record); });
 }
 
 } // namespace kelplot

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "device/DirectPainter.h"
 #include "geometry/PlanMap.h"
 #include "keldriver/Renderer.h"
 #include "page/PlotTarget.h"
@@ -14,9 +15,11 @@ class PicturePlotter {
 public:
     /// All but `grey` are borrowed for the plotter's life.
     ///
-    /// @param grey  colours come out as greys
-    PicturePlotter(const Drawing& drawing, const PlotTarget& target, bool grey, HT_Renderer& renderer)
-        : m_store(drawing), m_target(target), m_grey(grey), m_renderer(renderer) {}
+    /// @param grey    colours come out as greys
+    /// @param direct  what turns pictures; null: those that are turned are left out
+    PicturePlotter(const Drawing& drawing, const PlotTarget& target, bool grey, HT_Renderer& renderer,
+                   DirectPainter* direct)
+        : m_store(drawing), m_target(target), m_grey(grey), m_renderer(renderer), m_direct(direct) {}
 
     /// Draws a picture. False where its file cannot be had.
     bool draw(const Image& image, uint8_t opacity, const PlanMap& map);
@@ -44,6 +47,7 @@ private:
     const PlotTarget& m_target;
     bool m_grey;
     HT_Renderer& m_renderer;
+    DirectPainter* m_direct;
 };
 
 } // namespace kelplot

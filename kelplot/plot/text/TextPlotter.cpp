@@ -4,8 +4,6 @@
 #include "base/Angles.h"
 
 #include <QColor>
-#include <QPainter>
-#include <QTransform>
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -73,23 +71,18 @@ void TextPlotter::drawOutlines(const TextRun& run, const PlanMap& block) {
 }
 
 void TextPlotter::draw(const TextRun& run, const PlanMap& block, HT_Color ink, uint8_t opacity) {
-    if (!m_painter) {
+    if (m_direct == nullptr) {
         drawOutlines(run, block);
         return;
     }
     const EmSquare square = emSquareOf(run, block);
-    if (!square.hasArea()) {
-        return;
+    if (square.hasArea()) {
+        const Vec2 right = square.right * (1.0 / emUnits);
+        const Vec2 down = square.down * (1.0 / emUnits);
+        m_direct->drawText(run.text, m_texts.metric(run.face).font(),
+                           {right.x, right.y, down.x, down.y, square.corner.x, square.corner.y},
+                           QColor(ink & 0xFF, ink >> 8 & 0xFF, ink >> 16 & 0xFF, opacity));
     }
-    const Vec2 right = square.right * (1.0 / emUnits);
-    const Vec2 down = square.down * (1.0 / emUnits);
-    m_painter->save();
-    m_painter->setWorldTransform({right.x, right.y, down.x, down.y, square.corner.x, square.corner.y});
-    m_painter->setBackgroundMode(Qt::TransparentMode);
-    m_painter->setPen(QColor(ink & 0xFF, ink >> 8 & 0xFF, ink >> 16 & 0xFF, opacity));
-    m_painter->setFont(m_texts.metric(run.face).font());
-    m_painter->drawText(QPointF(0.0, 0.0), run.text);
-    m_painter->restore();
 }
 
 } // namespace kelplot

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include "device/DirectPainter.h"
 #include "keldriver/Renderer.h"
-#include "page/PlotTarget.h"
-#include "plot/text/TextMode.h"
 #include "plot/text/Typesetter.h"
 
 namespace kelplot {
@@ -24,13 +23,14 @@ struct TextCall {
 /// The call for a run whose block lies so in device units; nothing where the run has no area.
 std::optional<TextCall> textCallFor(const TextRun& run, const PlanMap& block);
 
-/// Draws runs in device units, as outlines through a renderer, or as texts of fonts with the painter that it draws
-/// with.
+/// Draws runs in device units, as outlines through a renderer, or directly as texts of fonts.
 class TextPlotter {
 public:
     /// All are borrowed for the plotter's life.
-    TextPlotter(const Typesetter& texts, const PlotTarget& target, TextMode mode, HT_Renderer& renderer)
-        : m_texts(texts), m_painter(mode == TextMode::fonts ? target.painter : nullptr), m_renderer(renderer) {}
+    ///
+    /// @param direct  what draws texts of fonts; null: texts are outlines
+    TextPlotter(const Typesetter& texts, HT_Renderer& renderer, DirectPainter* direct)
+        : m_texts(texts), m_renderer(renderer), m_direct(direct) {}
 
     /// Draws a run of a block that lies so. The renderer has got the ink already.
     void draw(const TextRun& run, const PlanMap& block, HT_Color ink, uint8_t opacity);
@@ -39,8 +39,8 @@ private:
     void drawOutlines(const TextRun& run, const PlanMap& block);
 
     const Typesetter& m_texts;
-    QPainter* m_painter; ///< null: texts are outlines
     HT_Renderer& m_renderer;
+    DirectPainter* m_direct;
 };
 
 } // namespace kelplot

@@ -7,9 +7,8 @@
 #include <QProcess>
 #include <sstream>
 
-#include "cli/OutputNames.h"
+#include "cli/CommandLine.h"
 #include "cli/PlotJob.h"
-#include "cli/SettingsChoice.h"
 #include "keldriver/Utility.h"
 
 namespace {
@@ -90,17 +89,17 @@ std::string plotHere(const TemporaryDirectory& directory, const QStringList& arg
     const RunsIn place(directory);
     std::ostringstream messages;
     try {
-        const Options options = optionsFromArguments(QStringList{"kelplot"} + arguments);
-        Console console(messages, Console::Progress::never, !options.quiet);
-        for (const QString& warning : options.warnings) {
+        const Request request = requestFromArguments(QStringList{"kelplot"} + arguments);
+        const PlotPlan plan = planFor(request);
+        Console console(messages, Console::Progress::never, !request.quiet);
+        for (const QString& warning : request.warnings + plan.warnings) {
             console.warning(warning.toStdString());
         }
-        if (options.savedRecord) {
-            savePaper(options, *options.savedRecord);
+        if (plan.savedPaper) {
+            savePaper(plan);
         }
-        const QStringList outputs = outputPaths(options);
-        for (int i = 0; i < outputs.size(); ++i) {
-            plotDrawing(options.inputs[i], outputs[i], options, console);
+        for (int i = 0; i < plan.inputs.size(); ++i) {
+            plotDrawing(plan.inputs[i], plan.outputs[i], plan, console);
         }
     } catch (const std::exception& error) {
         messages << "kelplot: " << error.what() << '\n';

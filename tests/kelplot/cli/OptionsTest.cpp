@@ -1,20 +1,24 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <gtest/gtest.h>
 
-#include "cli/Options.h"
-#include "cli/OutputNames.h"
+#include "cli/CommandLine.h"
+#include "cli/PlotPlan.h"
 #include "support/TemporaryDirectory.h"
 
 namespace kelplot {
 namespace {
 
-Options parse(const QStringList& arguments) {
-    return optionsFromArguments(QStringList{"kelplot"} + arguments);
+Request parse(const QStringList& arguments) {
+    return requestFromArguments(QStringList{"kelplot"} + arguments);
+}
+
+PlotPlan planOf(const QStringList& arguments) {
+    return planFor(parse(arguments));
 }
 
 TEST(Options, DefaultsFitAPdfOnA4) {
-    const Options options = parse({"plan.dxf"});
-    EXPECT_EQ(options.action, Action::plot);
+    EXPECT_EQ(parse({"plan.dxf"}).action, Action::plot);
+    const PlotPlan options = planOf({"plan.dxf"});
     EXPECT_EQ(options.inputs, QStringList{"plan.dxf"});
     EXPECT_EQ(options.format, OutputFormat::pdf);
     EXPECT_EQ(options.page.paper.size, (SheetSize{210.0, 297.0}));
@@ -27,7 +31,8 @@ TEST(Options, AllReachTheirPlace) {
     const QString line = "--paper a2 --landscape --margins=1,2,3,4 --scale 1:20 --center --window -10,-20,30,40 "
                          "--monochrome --lineweight-scale 0.7 --layers A,B* --layers C --exclude-layers D --dpi=300 "
                          "--progress --strict -t out a.dxf b.dxf";
-    const Options options = parse(line.split(' '));
+    const Request request = parse(line.split(' '));
+    const PlotPlan options = planFor(request);
     EXPECT_EQ(options.page.paper.size, (SheetSize{420.0, 594.0}));
     EXPECT_EQ(options.page.orientation, Orientation::landscape);
     EXPECT_DOUBLE_EQ(options.page.margins.left, 1.0);
@@ -42,9 +47,9 @@ TEST(Options, AllReachTheirPlace) {
     EXPECT_EQ(options.layers, (QStringList{"A", "B*", "C"}));
     EXPECT_EQ(options.excludedLayers, QStringList{"D"});
     EXPECT_EQ(options.dotsPerInch, 300);
-    EXPECT_TRUE(options.forceProgress);
+    EXPECT_TRUE(request.forceProgress);
     EXPECT_TRUE(options.strict);
-    EXPECT_EQ(options.outputDirectory, "out");
+    EXPECT_EQ(options.outputs, (QStringList{"out/a.pdf", "out/b.pdf"}));
     EXPECT_EQ(options.inputs, (QStringList{"a.dxf", "b.dxf"}));
 }
 
@@ -62,7 +67,7 @@ TEST(Options, TheFormatComesFromTheOptionOrTheEnding) {
         {{"-t", "dir.svg"}, OutputFormat::pdf},
     };
     for (const auto& [arguments, format] : rows) {
-        EXPECT_EQ(parse(arguments + QStringList{"plan.dxf"}).format, format) << arguments.join(' ').toStdString();
+        EXPECT_EQ(planOf(arguments + QStringList{"plan.dxf"}).format, format) << arguments.join(' ').toStdString();
     }
 }
 
@@ -105,7 +110,7 @@ TEST(Options, WrongUsageIsToldWithTheOptionAndWhatItAllows) {
     };
     for (const auto& [arguments, told] : rows) {
         try {
-            parse(arguments);
+            planOf(arguments);
             ADD_FAILURE() << arguments.join(' ').toStdString() << ": accepted";
         } catch (const UsageError& error) {
             for (const QString& part : told) {
@@ -116,24 +121,24 @@ TEST(Options, WrongUsageIsToldWithTheOptionAndWhatItAllows) {
 }
 
 TEST(OutputNames, FollowTheDrawings) {
-    EXPECT_EQ(outputPaths(parse({"/a/plan.v2.dxf", "b/PLAN.DXF"})), (QStringList{"plan.v2.pdf", "PLAN.pdf"}));
-    EXPECT_EQ(outputPaths(parse({"--format", "svg", "-t", "/out/", "a.dxf"})), QStringList{"/out/a.svg"});
-    EXPECT_EQ(outputPaths(parse({"-o", "x.png", "a.dxf"})), QStringList{"x.png"});
+    EXPECT_EQ(planOf({"/a/plan.v2.dxf", "b/PLAN.DXF"}).outputs, (QStringList{"plan.v2.pdf", "PLAN.pdf"}));
+    EXPECT_EQ(planOf({"--format", "svg", "-t", "/out/", "a.dxf"}).outputs, QStringList{"/out/a.svg"});
+    EXPECT_EQ(planOf({"-o", "x.png", "a.dxf"}).outputs, QStringList{"x.png"});
 }
 
 TEST(OutputNames, TwoDrawingsNeverShareOne) {
-    EXPECT_THROW(outputPaths(parse({"a/plan.dxf", "b/plan.dxf"})), UsageError);
-    EXPECT_THROW(outputPaths(parse({"a.dxf", "a.dxf"})), UsageError);
+    EXPECT_THROW(planOf({"a/plan.dxf", "b/plan.dxf"}), UsageError);
+    EXPECT_THROW(planOf({"a.dxf", "a.dxf"}), UsageError);
 }
 
 TEST(OutputNames, ADrawingIsNeverReplaced) {
     const TemporaryDirectory directory;
     const QString drawing = QString::fromStdString(directory.write("plan.dxf", "drawing"));
     const QString detour = QString::fromStdString(directory.path()) + "/./plan.dxf";
-    EXPECT_THROW(outputPaths(parse({"--format", "pdf", "-o", detour, drawing})), UsageError);
+    EXPECT_THROW(planOf({"--format", "pdf", "-o", detour, drawing}), UsageError);
 
     const QString misnamed = QString::fromStdString(directory.write("plan.pdf", "drawing"));
-    EXPECT_THROW(outputPaths(parse({"-t", QString::fromStdString(directory.path()), misnamed})), UsageError);
+    EXPECT_THROW(planOf({"-t", QString::fromStdString(directory.path()), misnamed}), UsageError);
 }
 
 } // namespace

@@ -36,13 +36,13 @@ bool hasInk(const QImage& image) {
 
 PlotResult plotSmall(const std::filesystem::path& path, const TemporaryDirectory& directory) {
     const QString output = QString::fromStdString(directory.path("plot.png"));
-    Options options;
-    options.format = OutputFormat::png;
-    options.dotsPerInch = 20;
+    PlotPlan plan;
+    plan.format = OutputFormat::png;
+    plan.dotsPerInch = 20;
     std::ostringstream warnings;
     Console console(warnings, Console::Progress::never, true);
     try {
-        plotDrawing(QString::fromStdString(path.string()), output, options, console);
+        plotDrawing(QString::fromStdString(path.string()), output, plan, console);
     } catch (const ReadError& error) {
         EXPECT_EQ(error.reason, ReadError::Reason::notADrawing);
         EXPECT_FALSE(directory.exists("plot.png"));

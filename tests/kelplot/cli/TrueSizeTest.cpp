@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <sstream>
 
+#include "cli/CommandLine.h"
 #include "cli/PlotJob.h"
 #include "support/TemporaryDirectory.h"
 
@@ -26,11 +27,11 @@ const std::string frameDrawing = "0\nSECTION\n2\nHEADER\n9\n$INSUNITS\n70\n4\n0\
 
 QString plotAtTrueSize(const QString& drawing, const TemporaryDirectory& directory) {
     QString pdf = QString::fromStdString(directory.path("plot.pdf"));
-    const Options options =
-        optionsFromArguments({"kelplot", "--paper", "420x297", "--scale", "1:1", "--center", "-o", pdf, drawing});
+    const PlotPlan plan = planFor(
+        requestFromArguments({"kelplot", "--paper", "420x297", "--scale", "1:1", "--center", "-o", pdf, drawing}));
     std::ostringstream messages;
     Console console(messages, Console::Progress::never, true);
-    plotDrawing(drawing, pdf, options, console);
+    plotDrawing(drawing, pdf, plan, console);
     return pdf;
 }
 

@@ -200,7 +200,7 @@ TEST_F(Pictures, HaveAFrameWhereTheyAreMissingOrItIsAskedFor) {
         image.shown = row.shown;
         drawing.modelSpace = {entityOf(image)};
         RecordingRenderer renderer;
-        const PlotReport result = plotEntities(drawing, drawing.modelSpace, target, {}, renderer, {});
+        const PlotReport result = plotEntities(drawing, drawing.modelSpace, target, {}, {renderer}, {});
         EXPECT_EQ(textOf(renderer.shapes), row.lines) << row.name;
         EXPECT_EQ(result.missingPictures.size(), row.missing) << row.name;
     }

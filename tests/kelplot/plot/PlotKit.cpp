@@ -125,9 +125,18 @@ PlotTarget tenfoldTarget() {
     return target;
 }
 
+Box2 visibleExtents(const Drawing& drawing, const std::vector<Entity>& entities, WalkReport* report) {
+    return DrawingPlot(drawing, {}).extents(entities, report);
+}
+
+PlotReport plotEntities(const Drawing& drawing, const std::vector<Entity>& entities, const PlotTarget& target,
+                        const PlotStyleOptions& style, const PlotSurface& surface, const Progress& progress) {
+    return DrawingPlot(drawing, style).draw(entities, target, surface, progress);
+}
+
 std::vector<Shape> shapesOf(const Drawing& drawing, const PlotTarget& target, const PlotStyleOptions& style) {
     RecordingRenderer renderer;
-    plotEntities(drawing, drawing.modelSpace, target, style, renderer, {});
+    plotEntities(drawing, drawing.modelSpace, target, style, {renderer}, {});
     return renderer.shapes;
 }
 
@@ -135,7 +144,8 @@ std::vector<Shape> shapesOf(const Entity& entity) {
     return shapesOf(drawingOf(entity));
 }
 
-QImage paintedPage(const Drawing& drawing, PlotTarget target, const PlotStyleOptions& style, PlotReport* report) {
+QImage paintedPage(const Drawing& drawing, const PlotTarget& target, const PlotStyleOptions& style,
+                   PlotReport* report) {
     QImage page(1000, 1000, QImage::Format_RGB32);
     page.fill(Qt::white);
     QPainter painter(&page);
@@ -143,9 +153,9 @@ QImage paintedPage(const Drawing& drawing, PlotTarget target, const PlotStyleOpt
     const std::unique_ptr<HT_Renderer, void (*)(HT_Renderer*)> renderer(HT_RendererFactory::CreateRenderer(4, 0),
                                                                         HT_RendererFactory::DestroyRenderer);
     renderer->AttachDriver(&painter, {1000, 1000}, false);
-    target.painter = &painter;
+    DirectPainter direct(painter);
     renderer->StartRender();
-    const PlotReport told = plotEntities(drawing, drawing.modelSpace, target, style, *renderer, {});
+    const PlotReport told = plotEntities(drawing, drawing.modelSpace, target, style, {*renderer, &direct}, {});
     if (report != nullptr) {
         *report = told;
     }

@@ -92,14 +92,19 @@ Hatch solidHatch(std::vector<HatchLoop> loops, HatchStyle style = HatchStyle::no
 /// A page of 1000 by 1000 device units for 100 by 100 drawing units, 10 device units a millimetre.
 PlotTarget tenfoldTarget();
 
+/// The extents of some entities, and what a plot of them leaves out.
+Box2 visibleExtents(const Drawing& drawing, const std::vector<Entity>& entities, WalkReport* report = nullptr);
+PlotReport plotEntities(const Drawing& drawing, const std::vector<Entity>& entities, const PlotTarget& target,
+                        const PlotStyleOptions& style, const PlotSurface& surface, const Progress& progress);
+
 /// What is drawn for the entities in model space.
 std::vector<RecordingRenderer::Shape> shapesOf(const Drawing& drawing, const PlotTarget& target = tenfoldTarget(),
                                                const PlotStyleOptions& style = {});
 std::vector<RecordingRenderer::Shape> shapesOf(const Entity& entity);
 
 /// The page of a target as a device paints it, a pixel for each of its units.
-QImage paintedPage(const Drawing& drawing, PlotTarget target = tenfoldTarget(), const PlotStyleOptions& style = {},
-                   PlotReport* report = nullptr);
+QImage paintedPage(const Drawing& drawing, const PlotTarget& target = tenfoldTarget(),
+                   const PlotStyleOptions& style = {}, PlotReport* report = nullptr);
 
 /// As text, one line a shape.
 std::string textOf(const std::vector<RecordingRenderer::Shape>& shapes);

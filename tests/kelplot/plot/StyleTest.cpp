@@ -195,10 +195,10 @@ TEST(Opacity, ComesFromEntityLayerOrReference) {
 TEST(Styles, AreSentOnlyWhenTheyChange) {
     Drawing drawing = drawingOf(lineOn(0));
     RecordingRenderer once;
-    plotEntities(drawing, drawing.modelSpace, tenfoldTarget(), {}, once, {});
+    plotEntities(drawing, drawing.modelSpace, tenfoldTarget(), {}, {once}, {});
     drawing.modelSpace.assign(100, lineOn(0));
     RecordingRenderer often;
-    plotEntities(drawing, drawing.modelSpace, tenfoldTarget(), {}, often, {});
+    plotEntities(drawing, drawing.modelSpace, tenfoldTarget(), {}, {often}, {});
     EXPECT_EQ(often.shapes.size(), 100U);
     EXPECT_EQ(often.styleCalls, once.styleCalls);
 }

@@ -196,7 +196,7 @@ TEST(Walk, LeavesOutCopiesOffThePage) {
         turned.position.y = rowSpacing > 0 ? -50000 : 50000;
         const Drawing drawing = nestedDrawing(1, turned);
         RecordingRenderer renderer;
-        const PlotReport report = plotEntities(drawing, drawing.modelSpace, tenfoldTarget(), {}, renderer, {});
+        const PlotReport report = plotEntities(drawing, drawing.modelSpace, tenfoldTarget(), {}, {renderer}, {});
         EXPECT_FALSE(report.tooManyCopies);
         // One copy for each 5 by 5 units of a page of 100 by 100, and some that cross its border.
         EXPECT_GE(renderer.shapes.size(), 360U);
@@ -219,7 +219,7 @@ TEST(Walk, ProgressRisesWithinOneReference) {
     for (const auto& [name, drawing] : cases) {
         std::vector<double> told;
         RecordingRenderer renderer;
-        plotEntities(drawing, drawing.modelSpace, tenfoldTarget(), {}, renderer,
+        plotEntities(drawing, drawing.modelSpace, tenfoldTarget(), {}, {renderer},
                      [&](double fraction) { told.push_back(fraction); });
         ASSERT_FALSE(told.empty()) << name;
         EXPECT_TRUE(std::is_sorted(told.begin(), told.end())) << name;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <gtest/gtest.h>
 
-#include "settings/FontFile.h"
-#include "settings/PenFile.h"
+#include "settings/FontSection.h"
+#include "settings/PenSection.h"
 #include "settings/SettingsFile.h"
 #include "support/TemporaryDirectory.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "settings/PenFile.h"
+#include "settings/PenSection.h"
 
 #include <map>
 

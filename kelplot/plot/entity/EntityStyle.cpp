@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "plot/EntityStyle.h"
+#include "plot/entity/EntityStyle.h"
 
 #include <algorithm>
 #include <cmath>

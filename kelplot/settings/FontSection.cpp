@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "settings/FontFile.h"
+#include "settings/FontSection.h"
 
 #include "settings/SettingsFile.h"
 

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "cli/Request.h"
+
+namespace kelplot {
+
+/// Reads a command line, the program's name first, over the defaults of the settings files. Throws `UsageError`, or
+/// `SettingsError` where the settings that the plot needs are at fault.
+Request requestFromArguments(const QStringList& arguments);
+
+/// The text for `--help`.
+QString helpText();
+
+} // namespace kelplot

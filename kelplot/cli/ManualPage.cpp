@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "cli/ManualPage.h"
+
+#include "cli/OptionTable.h"
+
+namespace kelplot {
+namespace {
+
+/// A text without the characters that mean something to the typesetter.
+QString escaped(const char* text) {
+    QString result = QString::fromLatin1(text);
+    return result.replace(QLatin1Char('\\'), QStringLiteral("\\e")).replace(QLatin1Char('-'), QStringLiteral("\\-"));
+}
+
+QString entryOf(const OptionRow& row) {
+    QString entry = QStringLiteral(".TP\n");
+    if (row.shortName) {
+        entry += QStringLiteral("\\fB\\-%1\\fR, ").arg(QLatin1String(row.shortName));
+    }
+    entry += QStringLiteral("\\fB\\-\\-%1\\fR").arg(escaped(row.name));
+    if (row.valueName) {
+        entry += QStringLiteral("=\\fI%1\\fR").arg(escaped(row.valueName));
+    }
+    return entry + QLatin1Char('\n') + escaped(row.description) + QLatin1Char('\n');
+}
+
+QString presetNames() {
+    QStringList names;
+    for (const OptionRow& row : optionRows()) {
+        if (row.preset == Default::inSettings) {
+            names << QStringLiteral("\\fB%1\\fR").arg(escaped(row.name));
+        }
+    }
+    return names.join(QStringLiteral(", "));
+}
+
+} // namespace
+
+QString manualPage() {
+    QString page = QStringLiteral(R"(.TH KELPLOT 1
+.SH NAME
+kelplot \- plot DXF drawings to PDF, PNG or SVG files
+.SH SYNOPSIS
+.B kelplot
+[\fIOPTION\fR]... \fIFILE\fR...
+.SH DESCRIPTION
+Plots each drawing to a file of its name in the current directory, fitted to an A4 sheet unless options say
+otherwise. A file that cannot be written whole is not written at all.
+.SH OPTIONS
+)");
+    for (const OptionRow& row : optionRows()) {
+        page += entryOf(row);
+    }
+    return page + QStringLiteral(R"(.SH FILES
+.TP
+.I Drivers/kelplot.ini
+Beside the program: defaults for options (section "Defaults", one option=value a line), pens and fonts.
+These options may stand there: %1.
+.TP
+.I $XDG_CONFIG_HOME/kelplot/kelplot.ini
+Your own, which goes before the other key by key. The papers that you save are in papers.ini beside it.
+.SH EXIT STATUS
+.TP
+0
+Done.
+.TP
+1
+Wrong usage.
+.TP
+2
+A drawing, or a file of papers, pens or defaults, cannot be read.
+.TP
+3
+A file is not a drawing or is truncated, or there were warnings under \-\-strict.
+.TP
+4
+The output failed.
+.PP
+Of several drawings, the highest counts.
+)")
+                      .arg(presetNames());
+}
+
+} // namespace kelplot

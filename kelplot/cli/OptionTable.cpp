@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "cli/OptionTable.h"
+
+#include "base/Numbers.h"
+#include "page/PageSetup.h"
+
+namespace kelplot {
+namespace {
+
+constexpr int smallestDpi = 10;
+constexpr int largestDpi = 2400;
+constexpr double largestWeightScale = 100.0;
+
+[[noreturn]] void refuse(const QString& value, const QString& allowed) {
+    throw UsageError(QStringLiteral("\"%1\" is not allowed; give %2").arg(value, allowed));
+}
+
+/// The value, where the reading function made one of it.
+template <typename Value>
+Value orRefuse(const std::optional<Value>& read, const QString& value, const QString& allowed) {
+    if (!read) {
+        refuse(value, allowed);
+    }
+    return *read;
+}
+
+QString orRefuseEmpty(const QString& value, const QString& allowed) {
+    if (value.isEmpty()) {
+        refuse(value, allowed);
+    }
+    return value;
+}
+
+void setOutputFile(Request& request, const QString& value) {
+    request.outputFile = orRefuseEmpty(value, QStringLiteral("a file name"));
+}
+
+void setOutputDirectory(Request& request, const QString& value) {
+    request.outputDirectory = orRefuseEmpty(value, QStringLiteral("a directory"));
+}
+
+void setFormat(Request& request, const QString& value) {
+    request.format = orRefuse(formatFromName(value), value, QStringLiteral("one of ") + formatNames());
+}
+
+void setPaper(Request& request, const QString& value) {
+    request.paper.text = orRefuseEmpty(value, QStringLiteral("a name or WIDTHxHEIGHT in millimetres"));
+}
+
+void setSavedPaper(Request& request, const QString& value) {
+    request.savedPaper = orRefuseEmpty(value, QStringLiteral("a name"));
+}
+
+void setPens(Request& request, const QString& value) {
+    request.pensFiles = QStringList(orRefuseEmpty(value, QStringLiteral("a file name")));
+}
+
+void setTexts(Request& request, const QString& value) {
+    const bool fonts = value == QLatin1String("fonts");
+    if (!fonts && value != QLatin1String("outlines")) {
+        refuse(value, QStringLiteral("outlines or fonts"));
+    }
+    request.texts = fonts ? TextMode::fonts : TextMode::outlines;
+}
+
+void setMargins(Request& request, const QString& value) {
+    request.margins = orRefuse(marginsFromText(value.toStdString()), value,
+                               QStringLiteral("one length or LEFT,TOP,RIGHT,BOTTOM in millimetres, none below 0"));
+}
+
+void setScale(Request& request, const QString& value) {
+    request.scale = orRefuse(scaleFromText(value.toStdString()), value,
+                             QStringLiteral("a ratio such as 1:50 or 2:1, or a factor above 0 such as 0.5"));
+}
+
+void setWindow(Request& request, const QString& value) {
+    request.window =
+        orRefuse(windowFromText(value.toStdString()), value,
+                 QStringLiteral("X1,Y1,X2,Y2 in drawing units, two opposite corners of an area that is not empty"));
+}
+
+void setWeightScale(Request& request, const QString& value) {
+    const auto factor = numberFromText(value.toStdString());
+    if (!factor || *factor < 0.0 || *factor > largestWeightScale) {
+        refuse(value, QStringLiteral("a factor from 0 to 100"));
+    }
+    request.lineWeightScale = *factor;
+}
+
+void setDpi(Request& request, const QString& value) {
+    bool isNumber = false;
+    const int dpi = value.toInt(&isNumber);
+    if (!isNumber || dpi < smallestDpi || dpi > largestDpi) {
+        refuse(value, QStringLiteral("a whole number from %1 to %2").arg(smallestDpi).arg(largestDpi));
+    }
+    request.dotsPerInch = dpi;
+}
+
+QStringList layerPatterns(const QString& value) {
+    QStringList patterns = value.split(QLatin1Char(','), Qt::SkipEmptyParts);
+    if (patterns.isEmpty()) {
+        refuse(value, QStringLiteral("layer names with commas between them; * stands for any text"));
+    }
+    return patterns;
+}
+
+void addLayers(Request& request, const QString& value) {
+    request.layers += layerPatterns(value);
+}
+
+void addExcludedLayers(Request& request, const QString& value) {
+    request.excludedLayers += layerPatterns(value);
+}
+
+template <bool Request::*Field>
+void choose(Request& request, const QString& /*value*/) {
+    request.*Field = true;
+}
+
+template <Orientation orientation>
+void turnPaper(Request& request, const QString& /*value*/) {
+    request.orientation = orientation;
+}
+
+void fit(Request& request, const QString& /*value*/) {
+    request.scale.reset();
+}
+
+template <Action action>
+void act(Request& request, const QString& /*value*/) {
+    request.action = action;
+}
+
+const std::vector<OptionRow> rows = {
+    {"o", "output", "FILE", "Write the plot to FILE.", setOutputFile},
+    {"t", "target-directory", "DIR", "Write the plots to DIR, each with the name of its drawing.", setOutputDirectory},
+    {nullptr, "format", "FORMAT", "pdf, png or svg; else the ending of -o FILE tells, else pdf.", setFormat,
+     Default::inSettings},
+    {nullptr, "paper", "PAPER", "A name such as A3 or Letter, or WIDTHxHEIGHT in millimetres. [A4]", setPaper,
+     Default::inSettings},
+    {nullptr, "save-paper", "NAME", "Keep the size given with --paper, and its margins, under NAME.", setSavedPaper},
+    {nullptr, "margins", "MM", "One margin for all edges, or LEFT,TOP,RIGHT,BOTTOM. [as the paper's]", setMargins,
+     Default::inSettings},
+    {nullptr, "scale", "SCALE", "Plot to scale: 1:50, 2:1 or 0.5.", setScale, Default::inSettings},
+    {nullptr, "window", "X1,Y1,X2,Y2", "Plot this part only; two opposite corners in drawing units.", setWindow},
+    {nullptr, "pens", "FILE", "Take widths, colours and screening by colour number from FILE.", setPens,
+     Default::inSettings},
+    {nullptr, "lineweight-scale", "FACTOR", "Multiply all line weights. [1]", setWeightScale, Default::inSettings},
+    {nullptr, "text", "MODE", "outlines, or fonts: texts of a PDF or SVG file can be searched. [outlines]", setTexts,
+     Default::inSettings},
+    {nullptr, "layers", "LIST", "Plot these layers only; names with commas between, * for any text.", addLayers},
+    {nullptr, "exclude-layers", "LIST", "Leave these layers out.", addExcludedLayers},
+    {nullptr, "dpi", "N", "Dots per inch of a PNG image. [200]", setDpi, Default::inSettings},
+    {nullptr, "portrait", nullptr, "Upright paper; else as suits the drawing.", turnPaper<Orientation::portrait>},
+    {nullptr, "landscape", nullptr, "Paper on its side; else as suits the drawing.", turnPaper<Orientation::landscape>},
+    {nullptr, "fit", nullptr, "Plot as large as the paper allows. [default]", fit},
+    {nullptr, "center", nullptr, "With --scale: in the middle, not at the lower left.", choose<&Request::centred>},
+    {nullptr, "monochrome", nullptr, "Black ink only.", choose<&Request::monochrome>},
+    {nullptr, "progress", nullptr, "Show the progress even where standard error is no terminal.",
+     choose<&Request::forceProgress>},
+    {nullptr, "quiet", nullptr, "No progress and no warnings.", choose<&Request::quiet>},
+    {nullptr, "strict", nullptr, "Treat warnings as failures: write nothing and exit with 3.",
+     choose<&Request::strict>},
+    {nullptr, "list-layers", nullptr, "Print the layers and their state; plot nothing.", act<Action::listLayers>},
+    {nullptr, "list-papers", nullptr, "Print the papers: name, size and margins in millimetres; plot nothing.",
+     act<Action::listPapers>},
+    {nullptr, "json", nullptr, "With --list-papers: as JSON.", choose<&Request::json>},
+    {nullptr, "manual", nullptr, "Print the manual page, for man.", act<Action::showManual>},
+    {nullptr, "version", nullptr, "Print the version.", act<Action::showVersion>},
+    {"h", "help", nullptr, "Print this help.", act<Action::showHelp>},
+};
+
+} // namespace
+
+const std::vector<OptionRow>& optionRows() {
+    return rows;
+}
+
+void applyOption(const OptionRow& row, const QString& value, Request& request) {
+    try {
+        row.apply(request, value);
+    } catch (const UsageError& error) {
+        throw UsageError(QStringLiteral("--%1: %2").arg(QLatin1String(row.name), QString::fromUtf8(error.what())));
+    }
+}
+
+} // namespace kelplot

@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "cli/PlotPlan.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QMap>
+
+#include "base/Numbers.h"
+#include "cli/PaperListing.h"
+#include "settings/PaperFile.h"
+#include "settings/PaperTable.h"
+#include "settings/PenSection.h"
+#include "settings/SettingsFile.h"
+
+namespace kelplot {
+namespace {
+
+const QLatin1String sizeRule("WIDTHxHEIGHT in millimetres, 5 to 20000 each");
+
+void useSize(const AskedPaper& asked, const SheetSize& size, PlotPlan& plan) {
+    if (!PaperFile(driverFolder()).takes(size)) {
+        throw UsageError(QStringLiteral("%1: \"%2\" is larger than the device takes").arg(asked.origin, asked.text));
+    }
+    plan.page.paper = {size, true};
+}
+
+/// Without the device's papers no name can be looked up. Only the paper that nobody asked for is still known.
+void useUnlistedPaper(const AskedPaper& asked, PlotPlan& plan) {
+    const QString missing = PaperFile(driverFolder()).path();
+    if (!asked.origin.isEmpty()) {
+        throw SettingsError(
+            missing, QStringLiteral("no such file, so \"%1\" cannot be looked up; give %2").arg(asked.text, sizeRule));
+    }
+    plan.warnings << QStringLiteral("%1: no such file; the paper is A4").arg(missing);
+}
+
+void useName(const AskedPaper& asked, PlotPlan& plan) {
+    const PaperTable table = PaperTable::load(plan.warnings);
+    const NamedPaper* const paper = table.find(asked.text);
+    if (paper) {
+        // A saved size lies as it was given; the device's sheets lie as suits the drawing.
+        plan.page.paper = {paper->size, paper->own};
+        plan.page.margins = paper->margins;
+        return;
+    }
+    if (!PaperFile(driverFolder()).exists()) {
+        useUnlistedPaper(asked, plan);
+        return;
+    }
+    throw UsageError(
+        QStringLiteral("%1: \"%2\" is no paper; the nearest are %3. Give one of --list-papers, or %4")
+            .arg(asked.origin, asked.text, table.nearest(asked.text).join(QStringLiteral(", ")), sizeRule));
+}
+
+void requireRoom(const Request& request, const PageOptions& page) {
+    if (leavesRoom(page)) {
+        return;
+    }
+    if (request.margins) {
+        throw UsageError(QStringLiteral("%1: they leave no room on the paper").arg(request.marginsOrigin));
+    }
+    throw UsageError(QStringLiteral("%1: \"%2\" has no room within the usual margins; give --margins")
+                         .arg(request.paper.origin, request.paper.text));
+}
+
+/// Turns the paper that was asked for into a sheet with margins, from the paper files where it is a name.
+void choosePaper(const Request& request, PlotPlan& plan) {
+    const AskedPaper& asked = request.paper;
+    const std::string text = asked.text.toStdString();
+    if (const auto size = sheetSizeFromText(text)) {
+        useSize(asked, *size, plan);
+    } else if (numberPairFromText(text, "xX")) {
+        throw UsageError(QStringLiteral("%1: \"%2\" is no sheet; give %3").arg(asked.origin, asked.text, sizeRule));
+    } else {
+        useName(asked, plan);
+    }
+    plan.page.margins = request.margins.value_or(plan.page.margins);
+    requireRoom(request, plan.page);
+}
+
+/// The record of the paper that is to be saved.
+PaperSize savableRecord(const Request& request, PlotPlan& plan) {
+    if (!sheetSizeFromText(request.paper.text.toStdString())) {
+        throw UsageError(QStringLiteral("--save-paper: needs a size, --paper WIDTHxHEIGHT"));
+    }
+    if (!isInTenths(plan.page.paper.size, plan.page.margins)) {
+        throw UsageError(QStringLiteral("--save-paper: lengths are kept in tenths of a millimetre, no finer"));
+    }
+    const bool isSize = sheetSizeFromText(request.savedPaper.toStdString()).has_value();
+    const auto record = recordFor(request.savedPaper, plan.page.paper.size, plan.page.margins);
+    if (isSize || !record) {
+        throw UsageError(QStringLiteral("--save-paper: \"%1\" is not allowed; give a name of up to 63 bytes without "
+                                        "quotes and number signs, that is no size")
+                             .arg(request.savedPaper));
+    }
+    const PaperTable table = PaperTable::load(plan.warnings);
+    if (const NamedPaper* const other = table.find(request.savedPaper)) {
+        throw UsageError(QStringLiteral("--save-paper: there is a paper \"%1\" already, %2; give another name")
+                             .arg(other->name, sizeText(other->size)));
+    }
+    return *record;
+}
+
+/// The format that the options state, or the ending of the output's name, or else the usual one.
+OutputFormat formatFor(const Request& request) {
+    const QString ending = QFileInfo(request.outputFile).suffix();
+    if (request.format || ending.isEmpty()) {
+        return request.format.value_or(request.usualFormat);
+    }
+    const auto format = formatFromName(ending);
+    if (!format) {
+        throw UsageError(QStringLiteral("--output: \"%1\" tells no format; end it in one of %2, or give --format")
+                             .arg(request.outputFile, formatNames()));
+    }
+    return *format;
+}
+
+QString outputPath(const QString& input, const Request& request, OutputFormat format) {
+    if (!request.outputFile.isEmpty()) {
+        return request.outputFile;
+    }
+    const QString name = QFileInfo(input).completeBaseName() + QLatin1Char('.') + suffixOf(format);
+    return request.outputDirectory.isEmpty() ? name : QDir(request.outputDirectory).filePath(name);
+}
+
+/// One text for one file, by whatever path it is named.
+QString identityOf(const QString& path) {
+    const QFileInfo info(path);
+    return info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
+}
+
+/// The output file of each input.
+QStringList outputPaths(const Request& request, OutputFormat format) {
+    QMap<QString, QString> takenBy;
+    for (const QString& input : request.inputs) {
+        takenBy.insert(identityOf(input), input);
+    }
+    QStringList paths;
+    for (const QString& input : request.inputs) {
+        const QString path = outputPath(input, request, format);
+        const QString identity = identityOf(path);
+        if (takenBy.contains(identity)) {
+            throw UsageError(QStringLiteral("%1: its plot would replace %2, which belongs to %3")
+                                 .arg(input, path, takenBy.value(identity)));
+        }
+        takenBy.insert(identity, input);
+        paths << path;
+    }
+    return paths;
+}
+
+} // namespace
+
+PlotPlan planFor(const Request& request) {
+    PlotPlan plan;
+    plan.inputs = request.inputs;
+    plan.format = formatFor(request);
+    plan.dotsPerInch = request.dotsPerInch;
+    plan.page.orientation = request.orientation;
+    plan.page.scale = request.scale;
+    plan.page.centred = request.centred;
+    plan.page.window = request.window;
+    choosePaper(request, plan);
+    if (!request.savedPaper.isEmpty()) {
+        plan.savedName = request.savedPaper;
+        plan.savedPaper = savableRecord(request, plan);
+    }
+    plan.style.monochrome = request.monochrome;
+    plan.style.lineWeightScale = request.lineWeightScale;
+    plan.style.pens = penTableFrom(request.pensFiles);
+    plan.style.fonts = request.fonts;
+    plan.style.texts = plan.format == OutputFormat::png ? TextMode::outlines : request.texts; // an image has no texts
+    plan.layers = request.layers;
+    plan.excludedLayers = request.excludedLayers;
+    plan.strict = request.strict;
+    plan.outputs = outputPaths(request, plan.format);
+    plan.warnings.removeDuplicates();
+    return plan;
+}
+
+QString savePaper(const PlotPlan& plan) {
+    const PaperFile file(ownFolder());
+    file.add(plan.savedPaper.value());
+    return QStringLiteral("%1: %2, saved as \"%3\"").arg(file.path(), sizeText(plan.page.paper.size), plan.savedName);
+}
+
+} // namespace kelplot

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+#include "cli/Request.h"
+#include "plot/entity/PlotOptions.h"
+#include "settings/PaperTable.h"
+
+namespace kelplot {
+
+/// What a request comes to, with papers, pens and file names looked up: all that plotting needs to know.
+struct PlotPlan {
+    QStringList inputs;
+    QStringList outputs;  ///< the file of each input, in their order
+    QStringList warnings; ///< about the papers
+    OutputFormat format = OutputFormat::pdf;
+    int dotsPerInch = 200;
+    PageOptions page;
+    PlotStyleOptions style;
+    QStringList layers;         ///< patterns; empty: all
+    QStringList excludedLayers; ///< patterns
+    bool strict = false;
+    QString savedName;                   ///< of the paper that is to be kept
+    std::optional<PaperSize> savedPaper; ///< none: no paper is to be kept
+};
+
+/// Works out what a request to plot, or to save a paper, comes to. Throws `UsageError` for what cannot be had, where
+/// two inputs would share an output, and where an output would replace an input; `SettingsError` for a file of papers
+/// or pens at fault.
+PlotPlan planFor(const Request& request);
+
+/// Keeps the plan's paper in the user's own paper file, and returns what to tell of it. Throws `SettingsError`.
+QString savePaper(const PlotPlan& plan);
+
+} // namespace kelplot

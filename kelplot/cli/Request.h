@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <optional>
+#include <stdexcept>
+
+#include "device/OutputDevice.h"
+#include "page/PageSetup.h"
+#include "plot/text/TextMode.h"
+#include "settings/FontTable.h"
+
+namespace kelplot {
+
+/// Why a command line cannot be carried out; the text names the option and what it allows.
+class UsageError : public std::runtime_error {
+public:
+    explicit UsageError(const QString& text) : std::runtime_error(text.toStdString()) {}
+};
+
+enum class Action { plot, savePaper, listLayers, listPapers, showHelp, showVersion, showManual };
+
+/// A paper as it was asked for.
+struct AskedPaper {
+    QString text = QStringLiteral("A4"); ///< a name or a size
+    QString origin;                      ///< where it was asked for, for messages; empty: nowhere
+};
+
+/// What the settings and the command line ask for: each value sound in itself, no file looked at but theirs.
+struct Request {
+    Action action = Action::plot;
+    QStringList inputs;
+    QStringList warnings;                         ///< about the settings
+    QString outputFile;                           ///< for the only input; empty: a name after the input's
+    QString outputDirectory;                      ///< empty: the current one
+    std::optional<OutputFormat> format;           ///< none: as the output file's ending says
+    OutputFormat usualFormat = OutputFormat::pdf; ///< where no ending says it
+    int dotsPerInch = 200;
+    AskedPaper paper;
+    std::optional<Margins> margins; ///< none: those of the paper
+    QString marginsOrigin;          ///< where they were asked for, for messages
+    Orientation orientation = Orientation::automatic;
+    std::optional<double> scale; ///< none: as large as the page allows
+    bool centred = false;
+    std::optional<Box2> window;
+    QString savedPaper;    ///< the name under which the paper's size is to be kept; empty: not at all
+    QStringList pensFiles; ///< the last to state a pen counts; empty: the drawing's pens
+    bool monochrome = false;
+    double lineWeightScale = 1.0;
+    TextMode texts = TextMode::outlines;
+    FontTable fonts;
+    QStringList layers;         ///< patterns; empty: all
+    QStringList excludedLayers; ///< patterns
+    bool json = false;          ///< lists are for programs
+    bool forceProgress = false;
+    bool quiet = false;
+    bool strict = false;
+};
+
+} // namespace kelplot

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "device/DirectPainter.h"
+
+#include <QPaintEngine>
+#include <QPainter>
+#include <QTransform>
+#include <cmath>
+
+namespace kelplot {
+namespace {
+
+QTransform transformOf(const Affine2& map) {
+    return {map.a, map.b, map.c, map.d, map.e, map.f};
+}
+
+} // namespace
+
+void DirectPainter::drawText(const QString& text, const QFont& font, const Affine2& place, const QColor& ink) {
+    m_painter.save();
+    m_painter.setWorldTransform(transformOf(place));
+    m_painter.setBackgroundMode(Qt::TransparentMode);
+    m_painter.setPen(ink);
+    m_painter.setFont(font);
+    m_painter.drawText(QPointF(0.0, 0.0), text);
+    m_painter.restore();
+}
+
+void DirectPainter::drawPlaced(const Affine2& place, const std::function<void()>& draw) {
+    const QTransform before = m_painter.worldTransform();
+    m_painter.setWorldTransform(transformOf(place), true);
+    draw();
+    m_painter.setWorldTransform(before);
+}
+
+double DirectPainter::dotsAlong(Vec2 vector) const {
+    return vector.length() * std::sqrt(std::abs(m_painter.combinedTransform().determinant()));
+}
+
+void DirectPainter::mixPixels(bool mix) {
+    m_painter.setRenderHint(QPainter::SmoothPixmapTransform, mix);
+}
+
+bool DirectPainter::passesClipsOver() const {
+    return m_painter.paintEngine()->type() == QPaintEngine::SVG;
+}
+
+} // namespace kelplot

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "drawing/Entity.h"
+#include "geometry/Box2.h"
+#include "geometry/PlanMap.h"
+#include "plot/entity/EntityStyle.h"
+#include "plot/text/Typesetter.h"
+
+namespace kelplot {
+
+class PlotTools;
+
+/// An entity where a plot meets it.
+struct PlacedEntity {
+    const Entity& entity;
+    const EntityStyle& style;
+    const PlanMap& map; ///< from the entity's own coordinates to device units
+};
+
+// How each kind is drawn. A kind whose record becomes part of `Geometry` needs its row here and below; the sources
+// of this folder hold one kind, or a few of a family, each.
+
+void draw(const PointEntity& point, const PlacedEntity& place, PlotTools& tools);
+void draw(const Line& line, const PlacedEntity& place, PlotTools& tools);
+void draw(const ConstructionLine& line, const PlacedEntity& place, PlotTools& tools);
+void draw(const Circle& circle, const PlacedEntity& place, PlotTools& tools);
+void draw(const Arc& arc, const PlacedEntity& place, PlotTools& tools);
+void draw(const Ellipse& ellipse, const PlacedEntity& place, PlotTools& tools);
+void draw(const Spline& spline, const PlacedEntity& place, PlotTools& tools);
+void draw(const Polyline& polyline, const PlacedEntity& place, PlotTools& tools);
+void draw(const Solid& solid, const PlacedEntity& place, PlotTools& tools);
+void draw(const Face3d& face, const PlacedEntity& place, PlotTools& tools);
+void draw(const Hatch& hatch, const PlacedEntity& place, PlotTools& tools);
+void draw(const Text& text, const PlacedEntity& place, PlotTools& tools);
+void draw(const MText& text, const PlacedEntity& place, PlotTools& tools);
+void draw(const Image& image, const PlacedEntity& place, PlotTools& tools);
+void draw(const Wipeout& wipeout, const PlacedEntity& place, PlotTools& tools);
+inline void draw(const Insert& /*reference*/, const PlacedEntity& /*place*/, PlotTools& /*tools*/) {
+} // walked into
+
+/// How exact the box of a free-form curve is.
+enum class CurveBox {
+    hull, ///< that of the points that shape the curve: quick, never too small
+    exact ///< that of the curve
+};
+
+/// An entity that is to be measured.
+struct MeasuredEntity {
+    const Entity& entity;
+    const PlanMap& map; ///< from the entity's own coordinates to those of the box
+    CurveBox curves;
+    const Typesetter& texts; ///< lays out those of the drawing
+};
+
+// What each kind covers, without the width that its line weight adds; empty when it has nothing that can be drawn.
+
+Box2 boxOf(const PointEntity& point, const MeasuredEntity& place);
+Box2 boxOf(const Line& line, const MeasuredEntity& place);
+Box2 boxOf(const ConstructionLine& line, const MeasuredEntity& place);
+Box2 boxOf(const Circle& circle, const MeasuredEntity& place);
+Box2 boxOf(const Arc& arc, const MeasuredEntity& place);
+Box2 boxOf(const Ellipse& ellipse, const MeasuredEntity& place);
+Box2 boxOf(const Spline& spline, const MeasuredEntity& place);
+Box2 boxOf(const Polyline& polyline, const MeasuredEntity& place);
+Box2 boxOf(const Solid& solid, const MeasuredEntity& place);
+Box2 boxOf(const Face3d& face, const MeasuredEntity& place);
+Box2 boxOf(const Hatch& hatch, const MeasuredEntity& place);
+Box2 boxOf(const Text& text, const MeasuredEntity& place);
+Box2 boxOf(const MText& text, const MeasuredEntity& place);
+Box2 boxOf(const Image& image, const MeasuredEntity& place);
+Box2 boxOf(const Wipeout& wipeout, const MeasuredEntity& place);
+inline Box2 boxOf(const Insert& /*reference*/, const MeasuredEntity& /*place*/) {
+    return {};
+}
+
+/// What an entity of any kind covers.
+inline Box2 boxOf(const MeasuredEntity& place) {
+    return std::visit([&](const auto& geometry) { return boxOf(geometry, place); }, place.entity.geometry);
+}
+
+} // namespace kelplot

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "plot/entity/PlotTools.h"
+
+#include <algorithm>
+
+namespace kelplot {
+
+namespace {
+
+double pointSizeOn(const PlotTarget& target, double stated, double unitSize) {
+    constexpr double usualPercentage = 5.0;
+    if (stated > 0.0) {
+        return stated * unitSize;
+    }
+    return target.pageBox.height() / 100.0 * (stated < 0.0 ? -stated : usualPercentage);
+}
+
+} // namespace
+
+PlotTools::PlotTools(const Drawing& plotted, const PlotTarget& plotTarget, const PlotStyleOptions& options,
+                     const Typesetter& layouts, const PlotSurface& surface)
+    : drawing(plotted), target(plotTarget), typesetter(layouts),
+      pens(surface.renderer, target.hairlineWidth, target.thinnestDashed), canvas(surface.renderer, target, pens),
+      pictures(drawing, target, options.monochrome, surface.renderer, surface.direct),
+      texts(layouts, surface.renderer, options.texts == TextMode::fonts ? surface.direct : nullptr), m_options(options),
+      m_unitSize(PlanMap(target.toDevice).meanScale()),
+      m_pointSize(pointSizeOn(target, drawing.pointSize, m_unitSize)) {
+}
+
+HT_Color PlotTools::inkOf(const EntityStyle& style, InkUse use) const {
+    return inkFor(style.colour, use, m_options.pens.ruleFor(style.colour), m_options.monochrome);
+}
+
+Pen PlotTools::linePen(const EntityStyle& style) const {
+    const PenRule& rule = m_options.pens.ruleFor(style.colour);
+    const double millimetres = rule.width.value_or(style.lineWeight / 100.0) * m_options.lineWeightScale;
+    Pen pen;
+    pen.ink = inkOf(style, InkUse::line);
+    pen.opacity = style.opacity;
+    pen.width = std::max(millimetres * target.deviceUnitsPerMillimetre, target.hairlineWidth);
+    if (style.lineType < drawing.lineTypes.size() && !drawing.lineTypes[style.lineType].pattern.empty()) {
+        pen.lineType = &drawing.lineTypes[style.lineType];
+        pen.patternScale = style.lineTypeScale * m_unitSize;
+    }
+    return pen;
+}
+
+} // namespace kelplot
