@@ -27,12 +27,12 @@ struct PlotPlan {
     std::optional<PaperSize> savedPaper; ///< none: no paper is to be kept
 };
 
-/// Works out what a request to plot, or to save a paper, comes to. Throws `UsageError` for what cannot be had, where
-/// two inputs would share an output, and where an output would replace an input; `SettingsError` for a file of papers
-/// or pens at fault.
+/// Works out what a request to plot, or to save a paper, comes to. Throws `UsageError` for papers that are unknown or
+/// leave no room, where two inputs would share an output, and where an output would replace an input; `SettingsError`
+/// for a file of papers or pens at fault.
 PlotPlan planFor(const Request& request);
 
-/// Keeps the plan's paper in the user's own paper file, and returns what to tell of it. Throws `SettingsError`.
+/// Keeps the plan's paper in the user's own paper file, and returns what to tell the user. Throws `SettingsError`.
 QString savePaper(const PlotPlan& plan);
 
 } // namespace kelplot

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plot/DrawingPlot.h"
 
-#include "plot/EntityPlotter.h"
 #include "plot/entity/EntityKinds.h"
 #include "plot/pen/ClipRegion.h"
 #include "plot/shape/PointMark.h"
@@ -26,6 +25,29 @@ private:
     const Typesetter& m_texts;
     bool m_pointsShow;
     Box2 m_extents;
+};
+
+/// Draws those of the entities that a walk meets that may show.
+class EntityPlotter : public EntityVisitor {
+public:
+    explicit EntityPlotter(PlotTools& tools) : m_tools(tools) {}
+
+    void visit(const Entity& entity, const EntityStyle& style, const PlanMap& map) override {
+        if (m_tools.canvas.mayShow(inkBox(entity, style, map), 0.0)) {
+            const PlacedEntity place{entity, style, map};
+            std::visit([&](const auto& geometry) { draw(geometry, place, m_tools); }, entity.geometry);
+        }
+    }
+
+    /// What the entity may cover, with the width of its lines, in device units.
+    Box2 inkBox(const Entity& entity, const EntityStyle& style, const PlanMap& map) const {
+        const bool isPoint = std::holds_alternative<PointEntity>(entity.geometry);
+        const double margin = m_tools.linePen(style).width + (isPoint ? m_tools.pointSize() : 0.0);
+        return boxOf(MeasuredEntity{entity, map, CurveBox::hull, m_tools.typesetter}).inflated(margin);
+    }
+
+private:
+    PlotTools& m_tools;
 };
 
 } // namespace

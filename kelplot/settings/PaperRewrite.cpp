@@ -56,9 +56,10 @@ void requireRewritable(const QString& path, size_t papers) {
     file.GetSections(sections);
     for (const std::string& section : sections) {
         if (!file.getSection(section)->rightComment.empty()) {
-            throw SettingsError(path, QStringLiteral("the note behind the header [%1] would swallow the line below it; "
-                                                     "give the note a line of its own")
-                                          .arg(QString::fromStdString(section)));
+            throw SettingsError(path,
+                                QStringLiteral("the comment after the header [%1] would swallow the line below it; "
+                                               "give the note a line of its own")
+                                    .arg(QString::fromStdString(section)));
         }
     }
     const QString next = paperSection(static_cast<int>(papers));

@@ -29,7 +29,7 @@ public:
     const tagLOGFONTW* find(const std::wstring& faceName) const;
 
     /// What the installed font of the record's face name can show in its weight and slant; null when none is
-    /// installed, or none can be told of without a `QGuiApplication`. Owned by the stock.
+    /// installed, and always without a `QGuiApplication`. Owned by the stock.
     FontCoverage* coverageOf(const tagLOGFONTW& record);
     /// Every family that is installed; none without a `QGuiApplication`.
     const QStringList& families();

@@ -21,7 +21,7 @@ public:
                    DirectPainter* direct)
         : m_store(drawing), m_target(target), m_grey(grey), m_renderer(renderer), m_direct(direct) {}
 
-    /// Draws a picture. False where its file cannot be had.
+    /// Draws a picture. False where its file cannot be loaded.
     bool draw(const Image& image, uint8_t opacity, const PlanMap& map);
 
     /// The pictures that could not be loaded.

@@ -78,9 +78,9 @@ TEST(PaperFile, IsLeftAloneWhereAnAdditionWouldLoseSomething) {
         const char* name;
         const char* more;
         const char* told;
-    } rows[] = {{"key below a note", "[Desk] # by the window\nheight=720\n", "the note behind the header [Desk]"},
+    } rows[] = {{"key below a note", "[Desk] # by the window\nheight=720\n", "the comment after the header [Desk]"},
                 {"one of two equal keys", "[Extra] # note\npen=1\npen=2\n", "[Extra]"},
-                {"header below a note", "[Empty] # note\n[Desk]\nheight=720\n", "the note behind the header [Empty]"},
+                {"header below a note", "[Empty] # note\n[Desk]\nheight=720\n", "the comment after the header [Empty]"},
                 {"paper that is not counted", "[Paper 1]\nName=Spare\nWidth=500\nLength=300\n", "[Paper 1]"}};
     for (const auto& row : rows) {
         const TemporaryDirectory directory;
