@@ -26,6 +26,12 @@ void Console::warning(const std::string& text) {
     }
 }
 
+void Console::note(const std::string& text) {
+    if (m_warnings) {
+        write("note: " + text);
+    }
+}
+
 void Console::startWork(const std::string& label) {
     m_label = label;
     m_nextUpdate = m_clock() + (m_progress == Progress::always ? std::chrono::milliseconds(0) : longWork);

@@ -26,6 +26,8 @@ public:
 
     void error(const std::string& text);
     void warning(const std::string& text);
+    /// Tells what the user may want to know though nothing is wrong.
+    void note(const std::string& text);
 
     /// Begins a piece of work that its label names.
     void startWork(const std::string& label);

@@ -55,6 +55,10 @@ void setPens(Request& request, const QString& value) {
     request.pensFiles = QStringList(orRefuseEmpty(value, QStringLiteral("a file name")));
 }
 
+void setPatterns(Request& request, const QString& value) {
+    request.patternFiles << orRefuseEmpty(value, QStringLiteral("a file name"));
+}
+
 void setTexts(Request& request, const QString& value) {
     const bool fonts = value == QLatin1String("fonts");
     if (!fonts && value != QLatin1String("outlines")) {
@@ -145,6 +149,7 @@ const std::vector<OptionRow> rows = {
     {nullptr, "window", "X1,Y1,X2,Y2", "Plot this part only; two opposite corners in drawing units.", setWindow},
     {nullptr, "pens", "FILE", "Take widths, colours and screening by colour number from FILE.", setPens,
      Default::inSettings},
+    {nullptr, "patterns", "FILE", "Take the lines of hatch patterns that a drawing only names from FILE.", setPatterns},
     {nullptr, "lineweight-scale", "FACTOR", "Multiply all line weights. [1]", setWeightScale, Default::inSettings},
     {nullptr, "text", "MODE", "outlines, or fonts: texts of a PDF or SVG file can be searched. [outlines]", setTexts,
      Default::inSettings},

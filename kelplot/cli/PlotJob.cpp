@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QMap>
 #include <ostream>
 #include <set>
 #include <utility>
@@ -47,6 +48,23 @@ QString undefinedNames(const Drawing& drawing, const WalkReport& report) {
     return firstOf(names);
 }
 
+QString externalPaths(const Drawing& drawing, const WalkReport& report) {
+    QStringList paths;
+    for (const uint32_t block : report.external) {
+        paths << QString::fromStdString(drawing.blocks[block].externalPath);
+    }
+    return firstOf(paths);
+}
+
+/// All kinds with their numbers: what is left out is to be named.
+QString unplottedKinds(const ExtentsReport& report) {
+    QStringList kinds;
+    for (const auto& [kind, entities] : report.unplotted) {
+        kinds << QString::number(entities.size()) + QLatin1Char(' ') + QString::fromStdString(kind);
+    }
+    return kinds.join(QStringLiteral(", "));
+}
+
 QString nameOf(PictureFault fault) {
     switch (fault) {
     case PictureFault::notFound:
@@ -83,7 +101,8 @@ public:
 private:
     void warn(const QString& text) const;
     void applyLayers();
-    void warnOfMissingParts(const WalkReport& report) const;
+    void tellOfFonts(const FontReport& fonts) const;
+    void warnOfMissingParts(const ExtentsReport& report) const;
     PageLayout layOut(const DrawingPlot& plot, const std::vector<Entity>& entities) const;
     void draw(const DrawingPlot& plot, const std::vector<Entity>& entities, const PageLayout& layout,
               OutputDevice& device) const;
@@ -104,6 +123,7 @@ void PlotJob::run(const QString& output) {
                             layout.visiblePart()};
     const auto device = createOutputDevice(m_plan.format, setup);
     draw(plot, entities, layout, *device);
+    tellOfFonts(plot.fonts());
     device->finish();
 }
 
@@ -122,14 +142,16 @@ void PlotJob::applyLayers() {
     }
 }
 
-void PlotJob::warnOfMissingParts(const WalkReport& report) const {
+void PlotJob::warnOfMissingParts(const ExtentsReport& report) const {
     if (!report.undefined.empty()) {
         warn(counted(report.undefined.size(), "reference to blocks", "references to blocks") +
              QStringLiteral(" that the drawing does not define: ") + undefinedNames(m_drawing, report));
     }
-    if (m_drawing.dimensionsWithoutBlock > 0) {
-        warn(counted(m_drawing.dimensionsWithoutBlock, "dimension without a block is left out",
-                     "dimensions without a block are left out"));
+    if (!report.external.empty()) {
+        warn(QStringLiteral("left out, external drawings: ") + externalPaths(m_drawing, report));
+    }
+    if (!report.unplotted.empty()) {
+        warn(QStringLiteral("left out: ") + unplottedKinds(report));
     }
     if (!m_drawing.unknownCodePage.empty()) {
         warn(QStringLiteral("texts may be wrong, their code page is unknown: ") +
@@ -137,8 +159,31 @@ void PlotJob::warnOfMissingParts(const WalkReport& report) const {
     }
 }
 
+void PlotJob::tellOfFonts(const FontReport& fonts) const {
+    QMap<QString, QStringList> standIns;
+    for (const auto& [font, family] : fonts.replaced) {
+        standIns[family] << font;
+    }
+    QStringList replaced;
+    for (auto standIn = standIns.cbegin(); standIn != standIns.cend(); ++standIn) {
+        replaced << QStringLiteral("%1 for %2").arg(standIn.key(), standIn->join(QStringLiteral(", ")));
+    }
+    if (!replaced.isEmpty()) {
+        const QString text = m_input + QStringLiteral(": fonts replaced: ") + replaced.join(QStringLiteral("; "));
+        m_console.note(text.toStdString());
+    }
+    QStringList missing;
+    for (const uint character : fonts.missing) {
+        missing << QStringLiteral("U+%1").arg(character, 4, 16, QLatin1Char('0')).toUpper();
+    }
+    if (!missing.isEmpty()) {
+        warn(counted(missing.size(), "character that no font has", "characters that no font has") +
+             QStringLiteral(": ") + firstOf(missing));
+    }
+}
+
 PageLayout PlotJob::layOut(const DrawingPlot& plot, const std::vector<Entity>& entities) const {
-    WalkReport report;
+    ExtentsReport report;
     const Box2 extents = plot.extents(entities, &report);
     warnOfMissingParts(report);
     PageLayout layout = layOutPage(extents, m_drawing.millimetresPerUnit, m_plan.page);
@@ -163,6 +208,10 @@ void PlotJob::draw(const DrawingPlot& plot, const std::vector<Entity>& entities,
     if (!report.missingPictures.empty()) {
         warn(counted(report.missingPictures.size(), "picture", "pictures") + QStringLiteral(" left out: ") +
              pictureNames(m_drawing, report.missingPictures));
+    }
+    if (report.tintedHatches > 0) {
+        warn(counted(report.tintedHatches, "hatch has", "hatches have") +
+             QStringLiteral(" too many lines; a tint stands for them"));
     }
     if (report.tooManyCopies) {
         warn(QStringLiteral("too many block copies; the plot is incomplete"));

@@ -2,6 +2,7 @@
 #include "cli/PlotPlan.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QMap>
 
@@ -101,6 +102,21 @@ PaperSize savableRecord(const Request& request, PlotPlan& plan) {
     return *record;
 }
 
+/// The patterns of the settings and of the files that were asked for.
+PatternTable patternsFor(const Request& request) {
+    PatternTable table;
+    for (const QString& folder : {driverFolder(), ownFolder()}) {
+        const QString path = QDir(folder).filePath(QStringLiteral("kelplot.pat"));
+        if (QFile::exists(path)) {
+            addPatterns(path, table);
+        }
+    }
+    for (const QString& path : request.patternFiles) {
+        addPatterns(path, table);
+    }
+    return table;
+}
+
 /// The format that the options state, or the ending of the output's name, or else the usual one.
 OutputFormat formatFor(const Request& request) {
     const QString ending = QFileInfo(request.outputFile).suffix();
@@ -169,6 +185,7 @@ PlotPlan planFor(const Request& request) {
     plan.style.lineWeightScale = request.lineWeightScale;
     plan.style.pens = penTableFrom(request.pensFiles);
     plan.style.fonts = request.fonts;
+    plan.style.patterns = patternsFor(request);
     plan.style.texts = plan.format == OutputFormat::png ? TextMode::outlines : request.texts; // an image has no texts
     plan.layers = request.layers;
     plan.excludedLayers = request.excludedLayers;

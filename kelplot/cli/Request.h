@@ -44,8 +44,9 @@ struct Request {
     std::optional<double> scale; ///< none: as large as the page allows
     bool centred = false;
     std::optional<Box2> window;
-    QString savedPaper;    ///< the name under which the paper's size is to be kept; empty: not at all
-    QStringList pensFiles; ///< the last to state a pen counts; empty: the drawing's pens
+    QString savedPaper;       ///< the name under which the paper's size is to be kept; empty: not at all
+    QStringList pensFiles;    ///< the last to state a pen counts; empty: the drawing's pens
+    QStringList patternFiles; ///< the last to state a pattern counts
     bool monochrome = false;
     double lineWeightScale = 1.0;
     TextMode texts = TextMode::outlines;

@@ -3,6 +3,7 @@
 
 #include <QPaintEngine>
 #include <QPainter>
+#include <QPainterPath>
 #include <QTransform>
 #include <cmath>
 
@@ -23,6 +24,13 @@ void DirectPainter::drawText(const QString& text, const QFont& font, const Affin
     m_painter.setFont(font);
     m_painter.drawText(QPointF(0.0, 0.0), text);
     m_painter.restore();
+}
+
+void DirectPainter::fill(const QPainterPath& area, const QBrush& brush, double opacity) {
+    const double before = m_painter.opacity();
+    m_painter.setOpacity(before * opacity);
+    m_painter.fillPath(area, brush);
+    m_painter.setOpacity(before);
 }
 
 void DirectPainter::drawPlaced(const Affine2& place, const std::function<void()>& draw) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <QBrush>
 #include <QColor>
 #include <QFont>
 #include <QString>
@@ -10,11 +11,12 @@
 #include "geometry/Vec.h"
 
 class QPainter;
+class QPainterPath;
 
 namespace kelplot {
 
 /// Draws on a device past the renderer, with the painter that the renderer draws with: texts that are to stay texts,
-/// and the transform for pictures that are turned. The renderer knows neither.
+/// gradients, and the transform for pictures that are turned. The renderer knows none of these.
 class DirectPainter {
 public:
     /// @param painter  borrowed; has no world transform but for the calls below
@@ -24,6 +26,9 @@ public:
     ///
     /// @param place  from the font's units, y downwards and the origin at the start of the base line, to device units
     void drawText(const QString& text, const QFont& font, const Affine2& place, const QColor& ink);
+
+    /// Fills an area with a brush, such as a gradient, without a border.
+    void fill(const QPainterPath& area, const QBrush& brush, double opacity);
 
     /// Has `draw` draw in coordinates that `place` takes to device units.
     void drawPlaced(const Affine2& place, const std::function<void()>& draw);

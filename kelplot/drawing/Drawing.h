@@ -28,7 +28,8 @@ struct Block {
     std::string name; ///< UTF-8
     Vec3 basePoint;
     std::vector<Entity> entities;
-    bool defined = true; ///< false: the drawing only refers to it
+    bool defined = true;      ///< false: the drawing only refers to it
+    std::string externalPath; ///< UTF-8; not empty: its content is that of another drawing
 };
 
 /// A drawing as plain records in drawing units. Entities refer to layers, line types and blocks by index.
@@ -40,12 +41,13 @@ struct Drawing {
     std::vector<Block> blocks;
     std::vector<Entity> modelSpace;
     std::vector<Entity> paperSpace;
-    size_t dimensionsWithoutBlock = 0; ///< dimensions that nothing tells how to draw; they are not in the spaces
-    std::string unknownCodePage;       ///< UTF-8, the name of the one its texts are in, where their bytes were guessed
-    std::string folder;                ///< UTF-8, where its file lies
+    std::vector<std::string> unplottedKinds; ///< what `Unplotted` entities are, for a message
+    std::string unknownCodePage; ///< UTF-8, the name of the one its texts are in, where their bytes were guessed
+    std::string folder;          ///< UTF-8, where its file lies
     bool imageFrames = true;
     bool wipeoutFrames = false;
     double lineTypeScale = 1.0;
+    bool metric = true;     ///< named hatch patterns are meant in millimetres; else in inches
     int pointMode = 0;      ///< how points look: 0 dot, 1 nothing, 2 plus, 3 cross, 4 tick; +32 circle, +64 square
     double pointSize = 0.0; ///< drawing units; negative: per cent of the page; 0: 5 per cent
     LineWeight defaultLineWeight = 25;

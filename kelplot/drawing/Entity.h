@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 #include <limits>
+#include <optional>
+#include <string>
 #include <variant>
 #include <vector>
 
@@ -154,11 +156,38 @@ struct HatchLoop {
 /// Which loops of a hatch count: all, those that lie in at most one other, or those that lie in no other.
 enum class HatchStyle : uint8_t { normal, outer, ignore };
 
+/// A family of parallel lines, all alike, in the plane of a hatch and its units.
+struct PatternLine {
+    double angle = 0.0;         ///< radians
+    Vec2 base;                  ///< where the dashes of one of the lines begin
+    Vec2 offset;                ///< from there to the same place on the next line
+    std::vector<double> dashes; ///< positive a dash, negative a gap, 0 a dot; empty: continuous
+};
+
+/// What a hatch is filled with where it is not solid.
+struct HatchPattern {
+    std::string name;               ///< UTF-8
+    std::vector<PatternLine> lines; ///< turned and scaled already; empty: those that the name stands for
+    double angle = 0.0;             ///< radians; of the hatch, where the name stands for the lines
+    double scale = 1.0;             ///< as the angle
+};
+
+/// Colours that run into one another across a hatch.
+struct HatchGradient {
+    std::string name;   ///< of its shape, such as "LINEAR"; in capitals
+    double angle = 0.0; ///< radians
+    double shift = 0.0; ///< 0: in the middle of the hatch, 1: moved to its upper left
+    Colour first;
+    Colour second;
+};
+
 struct Hatch {
     bool solid = false;
     HatchStyle style = HatchStyle::normal;
     std::vector<HatchLoop> loops;
-    double elevation = 0.0; ///< of all boundaries, above the plane that the extrusion names
+    double elevation = 0.0;                ///< of all boundaries, above the plane that the extrusion names
+    HatchPattern pattern;                  ///< of a hatch that is not solid
+    std::optional<HatchGradient> gradient; ///< goes before the rest
 };
 
 /// References to a block, in `rows` by `columns` copies. A dimension is a reference to its own block.
@@ -173,8 +202,13 @@ struct Insert {
     double rowSpacing = 0.0;
 };
 
+/// An entity that kelplot does not know how to plot, kept so that a plot can say so.
+struct Unplotted {
+    uint32_t kind = 0; ///< index into Drawing::unplottedKinds
+};
+
 using Geometry = std::variant<PointEntity, Line, Circle, Arc, Ellipse, Polyline, Spline, Solid, Face3d, Hatch, Text,
-                              MText, Image, Wipeout, ConstructionLine, Insert>;
+                              MText, Image, Wipeout, ConstructionLine, Unplotted, Insert>;
 
 /// One entity; unless its type says otherwise, coordinates belong to the plane that `extrusion` names.
 struct Entity {

@@ -11,18 +11,26 @@ namespace {
 
 class ExtentsFinder : public EntityVisitor {
 public:
-    ExtentsFinder(const Drawing& drawing, const Typesetter& texts)
-        : m_texts(texts), m_pointsShow(isPointVisible(drawing.pointMode)) {}
+    ExtentsFinder(const Drawing& drawing, const Typesetter& texts, const PatternTable& patterns)
+        : m_drawing(drawing), m_texts(texts), m_patterns(patterns), m_pointsShow(isPointVisible(drawing.pointMode)) {}
 
     void visit(const Entity& entity, const EntityStyle&, const PlanMap& map) override {
         if (m_pointsShow || !std::holds_alternative<PointEntity>(entity.geometry)) {
             m_extents.add(boxOf(MeasuredEntity{entity, map, CurveBox::exact, m_texts}));
         }
+        if (const std::string kind = unplottedPart(entity, m_drawing, m_patterns); !kind.empty()) {
+            m_unplotted[kind].insert(&entity);
+        }
     }
     const Box2& extents() const { return m_extents; }
+    /// What the entities that were met leave out of a plot.
+    std::map<std::string, std::set<const Entity*>>& unplotted() { return m_unplotted; }
 
 private:
+    const Drawing& m_drawing;
     const Typesetter& m_texts;
+    const PatternTable& m_patterns;
+    std::map<std::string, std::set<const Entity*>> m_unplotted;
     bool m_pointsShow;
     Box2 m_extents;
 };
@@ -52,13 +60,13 @@ private:
 
 } // namespace
 
-Box2 DrawingPlot::extents(const std::vector<Entity>& entities, WalkReport* report) const {
-    ExtentsFinder finder(m_drawing, m_texts);
+Box2 DrawingPlot::extents(const std::vector<Entity>& entities, ExtentsReport* report) const {
+    ExtentsFinder finder(m_drawing, m_texts, m_style.patterns);
     WalkRules rules;
     rules.copies = ArrayCopies::corners;
     WalkReport found = EntityWalk(m_drawing, rules, finder).run(entities, PlanMap(), {});
     if (report) {
-        *report = std::move(found);
+        *report = {std::move(found), std::move(finder.unplotted())};
     }
     return finder.extents();
 }
@@ -74,7 +82,7 @@ PlotReport DrawingPlot::draw(const std::vector<Entity>& entities, const PlotTarg
                         return plotter.inkBox(entity, entityStyle, map);
                     }};
     WalkReport walked = EntityWalk(m_drawing, rules, plotter).run(entities, PlanMap(target.toDevice), progress);
-    return {std::move(walked), tools.pictures.missing()};
+    return {std::move(walked), tools.pictures.missing(), tools.tintedHatches};
 }
 
 } // namespace kelplot

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <map>
+#include <set>
+#include <string>
 #include <vector>
 
 #include "base/Progress.h"
@@ -13,9 +16,15 @@
 
 namespace kelplot {
 
-/// What a plot leaves out.
+/// What the extents of a plot leave out, and the plot too.
+struct ExtentsReport : WalkReport {
+    std::map<std::string, std::set<const Entity*>> unplotted; ///< entities by what they are, for a message
+};
+
+/// What a plot leaves out besides.
 struct PlotReport : WalkReport {
     PictureFaults missingPictures;
+    size_t tintedHatches = 0; ///< that would take too many lines and are filled with a tint
 };
 
 /// A drawing that is measured and plotted, its texts laid out once for both.
@@ -27,12 +36,15 @@ public:
 
     /// The extents of what `draw` would draw, in drawing units; empty when that is nothing. `report`, if given,
     /// receives what is left out of them.
-    Box2 extents(const std::vector<Entity>& entities, WalkReport* report = nullptr) const;
+    Box2 extents(const std::vector<Entity>& entities, ExtentsReport* report = nullptr) const;
 
     /// Draws `entities` of the drawing through the surface's renderer, which has started to render and is limited to
     /// the visible part of the page from then on. Returns what is left out.
     PlotReport draw(const std::vector<Entity>& entities, const PlotTarget& target, const PlotSurface& surface,
                     const Progress& progress) const;
+
+    /// What became of the fonts and characters of the texts that were measured and drawn.
+    const FontReport& fonts() const { return m_texts.fonts(); }
 
 private:
     const Drawing& m_drawing;

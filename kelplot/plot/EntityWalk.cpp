@@ -117,6 +117,10 @@ void EntityWalk::visitReference(const Entity& entity, const EntityStyle& style, 
         return;
     }
     const Block& block = m_drawing.blocks[insert.block];
+    if (!block.externalPath.empty() && block.entities.empty()) {
+        m_report.external.insert(insert.block);
+        return;
+    }
     if (m_open[insert.block] || block.entities.empty()) {
         return;
     }

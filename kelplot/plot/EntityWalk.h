@@ -52,6 +52,7 @@ struct WalkReport {
     bool tooManyCopies = false;
     bool tooDeep = false;
     std::set<const Insert*> undefined; ///< references to blocks that the drawing does not define
+    std::set<uint32_t> external;       ///< blocks that stand for other drawings, which are not read
 };
 
 /// Goes through what shows on paper of the entities of a drawing, into the blocks that they refer to.

@@ -2,6 +2,7 @@
 #include "reader/DrawingBuilder.h"
 
 #include <QByteArray>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -106,7 +107,18 @@ uint32_t DrawingBuilder::image(std::string_view handle) {
     return found.index;
 }
 
-void DrawingBuilder::beginBlock(std::string_view name, const Vec3& basePoint) {
+uint32_t DrawingBuilder::unplottedKind(std::string_view name) {
+    constexpr size_t mostKinds = 100; // a damaged file may hold any number of names
+    std::vector<std::string>& kinds = m_drawing.unplottedKinds;
+    const std::string_view wanted = kinds.size() < mostKinds ? name : "other entities";
+    auto found = std::find(kinds.begin(), kinds.end(), wanted);
+    if (found == kinds.end()) {
+        found = kinds.emplace(kinds.end(), wanted);
+    }
+    return static_cast<uint32_t>(found - kinds.begin());
+}
+
+void DrawingBuilder::beginBlock(std::string_view name, const Vec3& basePoint, std::string_view externalPath) {
     // The dollar form is what programs wrote that had to avoid the asterisk.
     if (equalsIgnoringCase(name, "*MODEL_SPACE") || equalsIgnoringCase(name, "$MODEL_SPACE")) {
         m_destination = Destination::modelSpace;
@@ -121,6 +133,7 @@ void DrawingBuilder::beginBlock(std::string_view name, const Vec3& basePoint) {
     Block& defined = m_drawing.blocks[m_currentBlock];
     defined.basePoint = basePoint;
     defined.entities.clear();
+    defined.externalPath = m_decoder.decode(externalPath);
     defined.defined = true;
     m_destination = Destination::block;
 }

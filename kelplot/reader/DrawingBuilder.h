@@ -53,12 +53,16 @@ public:
     uint32_t textStyle(std::string_view name);
     /// Index of the block of this name.
     uint32_t block(std::string_view name);
+    /// Index of a kind of entities that are not plotted.
+    uint32_t unplottedKind(std::string_view name);
     /// Index of the picture whose definition has this handle.
     uint32_t image(std::string_view handle);
 
     /// From here on entities go where block `name` says: into the block, or into the model or paper
     /// space that it is the file's way to write.
-    void beginBlock(std::string_view name, const Vec3& basePoint);
+    ///
+    /// @param externalPath  as the file writes it; not empty where the block stands for another drawing
+    void beginBlock(std::string_view name, const Vec3& basePoint, std::string_view externalPath = {});
     /// As `beginBlock`, for a block without a name: nothing can refer to it, so its content is dropped.
     void beginNamelessBlock();
     void endBlock();

@@ -90,6 +90,7 @@ void HeaderVariables::setReal(std::string_view key, double value) {
 }
 
 void HeaderVariables::applyUnits() {
+    m_builder.drawing().metric = m_metric;
     m_builder.drawing().millimetresPerUnit = millimetresPerDrawingUnit(m_insertUnits, m_metric);
 }
 

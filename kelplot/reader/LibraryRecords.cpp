@@ -16,6 +16,7 @@ namespace kelplot {
 namespace {
 
 constexpr int frozenFlag = 1;
+constexpr int externalFlag = 4;
 constexpr int mostCopies = 32767;
 constexpr int lineWeightCode = 370;
 
@@ -36,6 +37,7 @@ LibraryRecords::LibraryRecords(DrawingBuilder& builder, std::function<void()> re
 void LibraryRecords::begin(std::string_view type) {
     m_header = RecordHeader();
     m_flags = 0;
+    m_path.clear();
     m_plotted = true;
     m_hasFourthCorner = false;
     m_statesOpacity = false;
@@ -48,6 +50,9 @@ void LibraryRecords::begin(std::string_view type) {
 
 void LibraryRecords::take(const Group& group) {
     switch (group.code) {
+    case 1:
+        m_path = trimmed(group.value);
+        break;
     case 13:
         m_hasFourthCorner = true;
         break;
@@ -122,7 +127,8 @@ void LibraryRecords::addLinetypeDash(double length) {
 }
 
 void LibraryRecords::addBlock(const DL_BlockData& data) {
-    m_builder.beginBlock(trimmed(data.name), point(data.bpx, data.bpy, data.bpz));
+    const bool isExternal = (m_flags & externalFlag) != 0;
+    m_builder.beginBlock(trimmed(data.name), point(data.bpx, data.bpy, data.bpz), isExternal ? m_path : std::string());
 }
 
 void LibraryRecords::endBlock() {

@@ -54,6 +54,7 @@ private:
 
     RecordHeader m_header;
     int m_flags = 0;                ///< code 70
+    std::string m_path;             ///< of the drawing that a block stands for
     bool m_plotted = true;          ///< code 290 of a layer
     bool m_hasFourthCorner = false; ///< of an area or a face
     bool m_statesOpacity = false;   ///< the attached data in hand is the one that does

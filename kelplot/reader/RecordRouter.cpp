@@ -177,6 +177,9 @@ void RecordRouter::chooseReader(std::string_view& readAs) {
     } else if (RecordDecoder* const decoder = m_decoders.find(place, m_type)) {
         m_reader = Reader::decoder;
         m_decoder = decoder;
+    } else if (m_section == Section::entities || m_section == Section::blocks) {
+        m_reader = Reader::decoder;
+        m_decoder = &m_decoders.unplotted();
     }
     // Small programs leave the sections out and write just entities.
     m_sawDrawing = m_sawDrawing || m_reader != Reader::nobody;

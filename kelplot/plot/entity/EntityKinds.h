@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "drawing/Entity.h"
+#include <string>
+
+#include "drawing/Drawing.h"
 #include "geometry/Box2.h"
 #include "geometry/PlanMap.h"
 #include "plot/entity/EntityStyle.h"
 #include "plot/text/Typesetter.h"
+#include "settings/PatternTable.h"
 
 namespace kelplot {
 
@@ -36,8 +39,13 @@ void draw(const Text& text, const PlacedEntity& place, PlotTools& tools);
 void draw(const MText& text, const PlacedEntity& place, PlotTools& tools);
 void draw(const Image& image, const PlacedEntity& place, PlotTools& tools);
 void draw(const Wipeout& wipeout, const PlacedEntity& place, PlotTools& tools);
+inline void draw(const Unplotted& /*entity*/, const PlacedEntity& /*place*/, PlotTools& /*tools*/) {
+}
 inline void draw(const Insert& /*reference*/, const PlacedEntity& /*place*/, PlotTools& /*tools*/) {
 } // walked into
+
+/// What of an entity a plot leaves out, for a message; empty where that is nothing.
+std::string unplottedPart(const Entity& entity, const Drawing& drawing, const PatternTable& patterns);
 
 /// How exact the box of a free-form curve is.
 enum class CurveBox {
@@ -70,6 +78,9 @@ Box2 boxOf(const Text& text, const MeasuredEntity& place);
 Box2 boxOf(const MText& text, const MeasuredEntity& place);
 Box2 boxOf(const Image& image, const MeasuredEntity& place);
 Box2 boxOf(const Wipeout& wipeout, const MeasuredEntity& place);
+inline Box2 boxOf(const Unplotted& /*entity*/, const MeasuredEntity& /*place*/) {
+    return {};
+}
 inline Box2 boxOf(const Insert& /*reference*/, const MeasuredEntity& /*place*/) {
     return {};
 }

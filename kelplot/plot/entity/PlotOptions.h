@@ -3,6 +3,7 @@
 
 #include "plot/text/TextMode.h"
 #include "settings/FontTable.h"
+#include "settings/PatternTable.h"
 #include "settings/PenTable.h"
 
 namespace kelplot {
@@ -13,6 +14,7 @@ struct PlotStyleOptions {
     double lineWeightScale = 1.0;
     PenTable pens{};
     FontTable fonts{};
+    PatternTable patterns{};             ///< for hatches that only name theirs
     TextMode texts = TextMode::outlines; ///< fonts need a painter beside the renderer
 };
 

@@ -17,23 +17,23 @@ double pointSizeOn(const PlotTarget& target, double stated, double unitSize) {
 
 } // namespace
 
-PlotTools::PlotTools(const Drawing& plotted, const PlotTarget& plotTarget, const PlotStyleOptions& options,
+PlotTools::PlotTools(const Drawing& plotted, const PlotTarget& plotTarget, const PlotStyleOptions& plotStyle,
                      const Typesetter& layouts, const PlotSurface& surface)
-    : drawing(plotted), target(plotTarget), typesetter(layouts),
+    : drawing(plotted), target(plotTarget), options(plotStyle), typesetter(layouts), direct(surface.direct),
       pens(surface.renderer, target.hairlineWidth, target.thinnestDashed), canvas(surface.renderer, target, pens),
       pictures(drawing, target, options.monochrome, surface.renderer, surface.direct),
-      texts(layouts, surface.renderer, options.texts == TextMode::fonts ? surface.direct : nullptr), m_options(options),
+      texts(layouts, surface.renderer, options.texts == TextMode::fonts ? surface.direct : nullptr),
       m_unitSize(PlanMap(target.toDevice).meanScale()),
       m_pointSize(pointSizeOn(target, drawing.pointSize, m_unitSize)) {
 }
 
 HT_Color PlotTools::inkOf(const EntityStyle& style, InkUse use) const {
-    return inkFor(style.colour, use, m_options.pens.ruleFor(style.colour), m_options.monochrome);
+    return inkFor(style.colour, use, options.pens.ruleFor(style.colour), options.monochrome);
 }
 
 Pen PlotTools::linePen(const EntityStyle& style) const {
-    const PenRule& rule = m_options.pens.ruleFor(style.colour);
-    const double millimetres = rule.width.value_or(style.lineWeight / 100.0) * m_options.lineWeightScale;
+    const PenRule& rule = options.pens.ruleFor(style.colour);
+    const double millimetres = rule.width.value_or(style.lineWeight / 100.0) * options.lineWeightScale;
     Pen pen;
     pen.ink = inkOf(style, InkUse::line);
     pen.opacity = style.opacity;

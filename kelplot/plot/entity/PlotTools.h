@@ -21,7 +21,7 @@ struct PlotSurface {
 class PlotTools {
 public:
     /// All are borrowed for the tools' life, also what the surface refers to.
-    PlotTools(const Drawing& plotted, const PlotTarget& plotTarget, const PlotStyleOptions& options,
+    PlotTools(const Drawing& plotted, const PlotTarget& plotTarget, const PlotStyleOptions& plotStyle,
               const Typesetter& layouts, const PlotSurface& surface);
 
     HT_Color inkOf(const EntityStyle& style, InkUse use) const;
@@ -34,14 +34,16 @@ public:
 
     const Drawing& drawing;
     const PlotTarget& target;
+    const PlotStyleOptions& options;
     const Typesetter& typesetter;
+    DirectPainter* direct; ///< may be null
     PenControl pens;
     Canvas canvas;
     PicturePlotter pictures;
     TextPlotter texts;
+    size_t tintedHatches = 0; ///< of which the pattern would take too many lines
 
 private:
-    const PlotStyleOptions& m_options;
     double m_unitSize; ///< device units in a drawing unit
     double m_pointSize;
 };

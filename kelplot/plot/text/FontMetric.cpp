@@ -31,7 +31,7 @@ double capHeightOf(const QFont& font) {
 } // namespace
 
 FontMetric::FontMetric(const FontFace& face)
-    : m_font(fontOf(face)), m_metrics(m_font), m_capHeight(capHeightOf(m_font)),
+    : m_font(fontOf(face)), m_metrics(m_font), m_raw(QRawFont::fromFont(m_font)), m_capHeight(capHeightOf(m_font)),
       m_depth(std::max(0.0, outlineBox(m_font, "gpqy").bottom() / emUnits)) {
 }
 

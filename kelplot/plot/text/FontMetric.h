@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QHash>
+#include <QRawFont>
 #include <QString>
 #include <unordered_map>
 
@@ -37,6 +38,8 @@ public:
     explicit FontMetric(const FontFace& face);
 
     const QFont& font() const { return m_font; } ///< with an em square of `emUnits` pixels
+    /// Tells whether the font has a glyph for a character.
+    bool has(uint character) const { return m_raw.supportsCharacter(character); }
     double capHeight() const { return m_capHeight; }
     double depth() const { return m_depth; } ///< of letters that reach below the base line
     /// The width of a text that the font shows by itself, on one line.
@@ -47,6 +50,7 @@ public:
 private:
     QFont m_font;
     QFontMetricsF m_metrics;
+    QRawFont m_raw;
     double m_capHeight;
     double m_depth;
     static constexpr size_t mostTexts = 20000;

@@ -9,6 +9,8 @@ namespace kelplot {
 
 namespace {
 
+constexpr size_t mostReported = 1000; ///< fonts or characters; no message is longer
+
 constexpr char16_t signs[] = {
     u'\u2220', // a: angularity
     u'\u22A5', // b: perpendicularity
@@ -117,6 +119,9 @@ FontChoice FontSet::find(const FontName& name, const std::string& bigFontFile) {
     choice.face.bold = name.bold || (rule && rule->bold);
     choice.face.italic = name.italic || (rule && rule->italic);
     choice.symbols = rule && rule->symbols;
+    if (!key.isEmpty() && choice.face.family.toLower() != key && m_report.replaced.size() < mostReported) {
+        m_report.replaced[QString::fromStdString(name.name)] = choice.face.family;
+    }
     if (!bigFontFile.empty()) {
         const QString bigKey = FontTable::keyOf({bigFontFile, true, false, false});
         const FontRule* const bigRule = m_table.find(bigKey);
@@ -149,11 +154,24 @@ std::vector<FontRun> FontSet::runsOf(const QString& text, const FontChoice& choi
     std::vector<FontRun> runs;
     for (const HT_SubText& run : subTexts.GetSubTexts()) {
         runs.push_back({QString::fromStdWString(subTexts.GetRunText(run)), faceOf(run.font)});
+        noteMissing(runs.back());
     }
     if (shown.isRightToLeft()) { // the renderer turns each run by itself
         std::reverse(runs.begin(), runs.end());
     }
     return runs;
+}
+
+/// Keeps the characters for which the run's font has no glyph; those that never show do not count.
+void FontSet::noteMissing(const FontRun& run) {
+    const FontMetric& font = metric(run.face);
+    for (const uint character : run.text.toUcs4()) {
+        const bool shows = QChar::isPrint(character) && !QChar::isSpace(character) &&
+                           QChar::category(character) != QChar::Other_Format;
+        if (shows && !font.has(character) && m_report.missing.size() < mostReported) {
+            m_report.missing.insert(character);
+        }
+    }
 }
 
 const FontMetric& FontSet::metric(const FontFace& face) {

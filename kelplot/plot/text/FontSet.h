@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <tuple>
 #include <unordered_map>
@@ -42,6 +43,12 @@ struct FontRun {
     FontFace face;
 };
 
+/// What texts look other than their drawing says.
+struct FontReport {
+    std::map<QString, QString> replaced; ///< fonts that are not installed, and the families that stand for them
+    std::set<uint> missing;              ///< characters that no font has
+};
+
 /// The installed fonts, as far as a plot uses them. Outlives no `QGuiApplication`, and needs one as soon as there is a
 /// text.
 class FontSet {
@@ -53,6 +60,9 @@ public:
     /// The parts of a text, each with a font that shows it where there is one. Valid until the next text.
     const std::vector<FontRun>& split(const QString& text, const FontChoice& choice);
     const FontMetric& metric(const FontFace& face);
+
+    /// What became of fonts and characters so far.
+    const FontReport& report() const { return m_report; }
 
 private:
     using FontRequest = std::tuple<std::string, bool, bool, bool, std::string>; ///< all that `choose` goes by
@@ -68,7 +78,10 @@ private:
     QString familyFor(const QString& key, const FontRule* rule);
     const HT_FontMap& fallbacks(const QString& bigFont);
 
+    void noteMissing(const FontRun& run);
+
     FontTable m_table;
+    FontReport m_report;
     QHash<QString, QString> m_installed; ///< names of families by their names in small letters
     std::map<QString, HT_FontMap> m_fallbacks;
     QHash<FontFace, std::shared_ptr<FontMetric>> m_metrics;

@@ -20,6 +20,9 @@ public:
     const PlacedText& place(const Text& text) const { return placed(text); }
     const PlacedText& place(const MText& text) const { return placed(text); }
 
+    /// What became of the fonts and characters of the texts placed so far.
+    const FontReport& fonts() const { return m_fonts.report(); }
+
     const FontMetric& metric(const FontFace& face) const { return m_fonts.metric(face); }
 
 private:

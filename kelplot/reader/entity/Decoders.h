@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "reader/RecordDecoder.h"
+#include "reader/entity/UnplottedDecoder.h"
 
 namespace kelplot {
 
@@ -19,9 +20,12 @@ public:
 
     /// The decoder for records of this type; null when there is none. It keeps what it learnt from those before.
     RecordDecoder* find(RecordPlace place, std::string_view type) const;
+    /// The decoder for entities of types that have none.
+    RecordDecoder& unplotted() { return m_unplotted; }
 
 private:
     std::vector<std::unique_ptr<RecordDecoder>> m_decoders; ///< one a row
+    UnplottedDecoder m_unplotted;
 };
 
 } // namespace kelplot

@@ -33,7 +33,7 @@ void DimensionDecoder::take(const Group& group) {
 
 void DimensionDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
     if (m_block.empty()) {
-        ++builder.drawing().dimensionsWithoutBlock;
+        builder.addInWorld(header, Unplotted{builder.unplottedKind("DIMENSION without a block")});
         return;
     }
     Insert insert;

@@ -3,6 +3,7 @@
 
 #include "base/Angles.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -25,6 +26,17 @@ double eccentricAngle(double angle, double ratio) {
 // Bits of a loop's code 92.
 constexpr int polylineLoop = 2;
 constexpr int textBoxLoop = 8;
+
+/// A colour mixed with black below a half, and with white above.
+Colour tinted(Colour colour, double tint) {
+    uint32_t mixed = 0;
+    for (int shift = 0; shift < 24; shift += 8) {
+        const double part = colour.value >> shift & 0xFF;
+        const double value = tint < 0.5 ? part * tint * 2.0 : part + (255.0 - part) * (tint * 2.0 - 1.0);
+        mixed |= static_cast<uint32_t>(std::lround(value)) << shift;
+    }
+    return {Colour::Kind::trueColour, mixed};
+}
 
 HatchStyle styleOf(int number) {
     switch (number) {
@@ -147,19 +159,71 @@ void HatchEdgeDecoder::finish(std::vector<HatchEdge>& edges) {
     }
 }
 
+void HatchGradientDecoder::take(const Group& group) {
+    switch (group.code) {
+    case 421: {
+        Colour& colour = m_colours == 0 ? m_gradient.first : m_gradient.second;
+        colour = {Colour::Kind::trueColour, static_cast<uint32_t>(toInteger(group.value)) & 0xFFFFFF};
+        ++m_colours;
+        break;
+    }
+    case 450:
+        m_isGradient = toInteger(group.value) == 1;
+        break;
+    case 452:
+        m_hasOneColour = toInteger(group.value) == 1;
+        break;
+    case 460:
+        m_gradient.angle = toReal(group.value);
+        break;
+    case 461:
+        m_gradient.shift = std::clamp(toReal(group.value), 0.0, 1.0);
+        break;
+    case 462:
+        m_tint = std::clamp(toReal(group.value), 0.0, 1.0);
+        break;
+    case 470:
+        m_gradient.name = trimmed(group.value);
+        break;
+    default:
+        break;
+    }
+}
+
+std::optional<HatchGradient> HatchGradientDecoder::finish() const {
+    if (!m_isGradient || m_colours == 0) {
+        return std::nullopt;
+    }
+    HatchGradient gradient = m_gradient;
+    if (m_hasOneColour && m_colours == 1) {
+        gradient.second = tinted(gradient.first, m_tint);
+    }
+    return gradient;
+}
+
 void HatchDecoder::begin(std::string_view type) {
     m_hatch = Hatch();
     m_loop = HatchLoop();
     m_stretch = Stretch::head;
     m_solidCode = type == "MPOLYGON" ? 71 : 70;
     m_inLoop = false;
+    m_isUserDefined = false;
+    m_isDoubled = false;
+    m_patternName.clear();
+    m_gradient = HatchGradientDecoder();
 }
 
 void HatchDecoder::take(const Group& group) {
+    if (group.code == 450 && m_stretch != Stretch::head) {
+        endLoop();
+        m_stretch = Stretch::gradient;
+    }
     switch (m_stretch) {
     case Stretch::head:
         if (group.code == m_solidCode) {
             m_hatch.solid = toInteger(group.value) != 0;
+        } else if (group.code == 2) {
+            m_patternName = trimmed(group.value);
         } else if (group.code == 30) {
             m_hatch.elevation = toReal(group.value);
         } else if (group.code == 91) {
@@ -170,6 +234,10 @@ void HatchDecoder::take(const Group& group) {
         takeOfBoundaries(group);
         break;
     case Stretch::pattern:
+        takeOfPattern(group);
+        break;
+    case Stretch::gradient:
+        m_gradient.take(group);
         break;
     }
 }
@@ -179,9 +247,10 @@ void HatchDecoder::takeOfBoundaries(const Group& group) {
     case 75:
         m_hatch.style = styleOf(toInteger(group.value));
         [[fallthrough]];
-    case 76: // the type of its pattern
+    case 76:
         endLoop();
         m_stretch = Stretch::pattern;
+        takeOfPattern(group);
         break;
     case 92:
         beginLoop(toInteger(group.value));
@@ -193,6 +262,66 @@ void HatchDecoder::takeOfBoundaries(const Group& group) {
             m_edge.take(group, m_loop.edges);
         }
         break;
+    }
+}
+
+void HatchDecoder::takeOfPattern(const Group& group) {
+    switch (group.code) {
+    case 41:
+        m_hatch.pattern.scale = toReal(group.value);
+        break;
+    case 52:
+        m_hatch.pattern.angle = radiansFromDegrees(toReal(group.value));
+        break;
+    case 53:
+        m_hatch.pattern.lines.emplace_back().angle = radiansFromDegrees(toReal(group.value));
+        break;
+    case 76:
+        m_isUserDefined = toInteger(group.value) == 0;
+        break;
+    case 77:
+        m_isDoubled = toInteger(group.value) != 0;
+        break;
+    default:
+        if (!m_hatch.pattern.lines.empty()) {
+            takeOfPatternLine(group);
+        }
+        break;
+    }
+}
+
+void HatchDecoder::takeOfPatternLine(const Group& group) {
+    PatternLine& line = m_hatch.pattern.lines.back();
+    switch (group.code) {
+    case 43:
+        line.base.x = toReal(group.value);
+        break;
+    case 44:
+        line.base.y = toReal(group.value);
+        break;
+    case 45:
+        line.offset.x = toReal(group.value);
+        break;
+    case 46:
+        line.offset.y = toReal(group.value);
+        break;
+    case 49:
+        line.dashes.push_back(toReal(group.value));
+        break;
+    default:
+        break;
+    }
+}
+
+/// Some programs state one of the two families of a doubled pattern only.
+void HatchDecoder::finishPattern(DrawingBuilder& builder) {
+    HatchPattern& pattern = m_hatch.pattern;
+    pattern.name = builder.decoder().decode(m_patternName);
+    if (m_isUserDefined && m_isDoubled && pattern.lines.size() == 1) {
+        PatternLine crossing = pattern.lines.front();
+        crossing.angle += turn / 4.0;
+        crossing.offset = leftNormal(crossing.offset);
+        pattern.lines.push_back(std::move(crossing));
     }
 }
 
@@ -232,6 +361,8 @@ void HatchDecoder::endLoop() {
 void HatchDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
     endLoop();
     if (!m_hatch.loops.empty()) {
+        finishPattern(builder);
+        m_hatch.gradient = m_gradient.finish();
         builder.add(header, std::move(m_hatch));
     }
 }

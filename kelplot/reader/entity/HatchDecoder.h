@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "drawing/Entity.h"
@@ -35,6 +37,23 @@ private:
     Spline m_spline;
 };
 
+/// Builds the gradient of a hatch from its groups.
+class HatchGradientDecoder {
+public:
+    /// Takes a group of the gradient, which the code 450 begins.
+    void take(const Group& group);
+
+    /// The gradient, unless the hatch has none.
+    std::optional<HatchGradient> finish() const;
+
+private:
+    bool m_isGradient = false;
+    bool m_hasOneColour = false;
+    double m_tint = 0.0; ///< of the second colour, where there is one only
+    size_t m_colours = 0;
+    HatchGradient m_gradient;
+};
+
 /// Hatches, and polygons that are stored like them.
 class HatchDecoder : public RecordDecoder {
 public:
@@ -44,10 +63,13 @@ public:
 
 private:
     /// The stretch of the record that is being read; codes mean other things in each.
-    enum class Stretch { head, boundaries, pattern };
+    enum class Stretch { head, boundaries, pattern, gradient };
 
     void takeOfBoundaries(const Group& group);
     void takeOfPolyline(const Group& group);
+    void takeOfPattern(const Group& group);
+    void takeOfPatternLine(const Group& group);
+    void finishPattern(DrawingBuilder& builder);
     void beginLoop(int flags);
     void endLoop();
 
@@ -56,6 +78,10 @@ private:
     HatchEdgeDecoder m_edge;
     Stretch m_stretch = Stretch::head;
     int m_solidCode = 0;
+    bool m_isUserDefined = false;
+    bool m_isDoubled = false;  ///< a pattern of the user's own is crossed by itself
+    std::string m_patternName; ///< as the file writes it
+    HatchGradientDecoder m_gradient;
     bool m_inLoop = false;
     bool m_loopIsPolyline = false;
 };

@@ -4,15 +4,18 @@
 
 namespace kelplot {
 
-void draw(const Line& line, const PlacedEntity& place, PlotTools& tools) {
-    tools.useLinePen(place.style);
-    tools.canvas.drawSegment(place.map.mapPoint(line.start), place.map.mapPoint(line.end));
+void draw(const Solid& solid, const PlacedEntity& place, PlotTools& tools) {
+    std::vector<Vec2> corners;
+    corners.reserve(solid.corners.size());
+    for (const Vec3& corner : solid.corners) {
+        corners.push_back(place.map.mapPoint(corner));
+    }
+    tools.useFill(place.style);
+    tools.canvas.fillPolygon(corners);
 }
 
-Box2 boxOf(const Line& line, const MeasuredEntity& place) {
-    const Vec3 ends[] = {line.start, line.end};
-    const bool finite = place.map.mapPoint(line.start).isFinite() && place.map.mapPoint(line.end).isFinite();
-    return boxOfPoints(ends, finite ? 2 : 0, place.map);
+Box2 boxOf(const Solid& solid, const MeasuredEntity& place) {
+    return boxOfPoints(solid.corners.data(), solid.corners.size(), place.map);
 }
 
 void draw(const Face3d& face, const PlacedEntity& place, PlotTools& tools) {

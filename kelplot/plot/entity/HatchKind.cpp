@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include <algorithm>
+#include <cmath>
+
+#include <QPainterPath>
+
+#include "geometry/EvenOddJoin.h"
+#include "geometry/LoopNesting.h"
+#include "plot/entity/KindBoxes.h"
+#include "plot/entity/PlotTools.h"
+#include "plot/shape/EntityCurves.h"
+#include "plot/shape/GradientBrush.h"
+#include "plot/shape/HatchLoops.h"
+#include "plot/shape/PatternLines.h"
+
+namespace kelplot {
+
+namespace {
+
+/// On the grid of the device, where the renderer puts the points anyway, it is certain which loops touch.
+void snapToGrid(std::vector<Vec2>& points) {
+    for (Vec2& point : points) {
+        point = {std::round(point.x), std::round(point.y)};
+    }
+    points.erase(std::unique(points.begin(), points.end()), points.end());
+}
+
+Box2 boxOfEdge(const HatchEdge& edge, const PlanMap& map, CurveBox curves) {
+    if (const auto* arc = std::get_if<HatchArc>(&edge)) {
+        return boxOfArc(arcOf(*arc, map));
+    }
+    if (const auto* ellipse = std::get_if<HatchEllipse>(&edge)) {
+        return boxOfArc(arcOf(*ellipse, map));
+    }
+    if (const auto* spline = std::get_if<HatchSpline>(&edge)) {
+        return boxOfCurve(curveOf(spline->curve, map), curves);
+    }
+    const auto& line = std::get<HatchLine>(edge);
+    const Vec3 ends[] = {{line.start.x, line.start.y, 0.0}, {line.end.x, line.end.y, 0.0}};
+    return boxOfPoints(ends, 2, map);
+}
+
+/// The loops of a hatch that count, on the page.
+std::vector<AreaLoop> visibleLoops(const Hatch& hatch, const PlanMap& map, const Canvas& canvas) {
+    std::vector<AreaLoop> loops;
+    for (const HatchLoop& loop : hatch.loops) {
+        std::vector<Vec2> points = canvas.visiblePart(loopPoints(loop, map, canvas.flattening()));
+        snapToGrid(points);
+        if (points.size() > 2) {
+            loops.push_back({std::move(points), loop.textBox});
+        }
+    }
+    if (hatch.style != HatchStyle::normal) {
+        dropNested(loops, hatch.style == HatchStyle::outer ? 1 : 0);
+    }
+    return loops;
+}
+
+/// Fills areas with the pen's ink in force.
+void fill(const std::vector<AreaLoop>& loops, Canvas& canvas) {
+    for (const std::vector<Vec2>& polygon : joinEvenOdd(loops)) {
+        canvas.fillPolygon(polygon);
+    }
+}
+
+/// The lines of a named pattern as a hatch turns and scales them.
+std::vector<PatternLine> placedLines(const std::vector<PatternLine>& lines, const HatchPattern& pattern, bool metric) {
+    constexpr double millimetresPerInch = 25.4;
+    const double scale = pattern.scale / (metric ? 1.0 : millimetresPerInch);
+    const Vec2 x = Vec2{std::cos(pattern.angle), std::sin(pattern.angle)} * scale;
+    const auto placed = [&](Vec2 v) {
+        return x * v.x + leftNormal(x) * v.y;
+    };
+    std::vector<PatternLine> result = lines;
+    for (PatternLine& line : result) {
+        line.angle += pattern.angle;
+        line.base = placed(line.base);
+        line.offset = placed(line.offset);
+        std::transform(line.dashes.begin(), line.dashes.end(), line.dashes.begin(),
+                       [&](double dash) { return dash * scale; });
+    }
+    return result;
+}
+
+std::vector<PatternLine> linesOf(const Hatch& hatch, const PlotTools& tools) {
+    const std::vector<PatternLine>* const named =
+        tools.options.patterns.find(QString::fromStdString(hatch.pattern.name));
+    return named && hatch.pattern.lines.empty() ? placedLines(*named, hatch.pattern, tools.drawing.metric)
+                                                : hatch.pattern.lines;
+}
+
+uint8_t partOf(uint8_t opacity, double part) {
+    return static_cast<uint8_t>(std::lround(opacity * std::clamp(part, 0.0, 1.0)));
+}
+
+/// Draws one family of lines over the loops. Lines or dashes that are finer than the device shows become their mean
+/// tint, and so does what would take too many.
+void drawFamily(const LineFamily& family, const std::vector<AreaLoop>& loops, const EntityStyle& style,
+                PlotTools& tools) {
+    constexpr size_t mostLines = 100'000;
+    constexpr double mostDashes = 1e6;
+    const double finest = 1.5 * tools.target.hairlineWidth;
+    Pen pen = tools.linePen(style);
+    pen.lineType = nullptr;
+    pen.cornered = true; // lines end at the border
+    const double density = family.density(pen.width);
+    LineFamily drawn = family;
+    if (family.period > 0.0 && family.period < finest) {
+        pen.opacity = partOf(pen.opacity, density);
+        drawn.period = 0.0;
+    }
+    const auto stretches = family.spacing < finest ? std::nullopt : stretchesIn(loops, drawn, mostLines);
+    if (stretches && dashCount(*stretches, drawn) <= mostDashes) {
+        tools.pens.setPen(pen);
+        forEachDash(*stretches, drawn, [&](Vec2 from, Vec2 to) {
+            from == to ? tools.canvas.drawDot(from) : tools.canvas.drawSegment(from, to);
+        });
+        return;
+    }
+    tools.tintedHatches += family.spacing < finest ? 0 : 1;
+    tools.pens.setFill(pen.ink, partOf(style.opacity, density * pen.width / family.spacing));
+    fill(loops, tools.canvas);
+}
+
+QColor colourOf(HT_Color ink) {
+    return {static_cast<int>(ink & 0xFF), static_cast<int>(ink >> 8 & 0xFF), static_cast<int>(ink >> 16 & 0xFF)};
+}
+
+/// The ink for a colour of a gradient; white is meant as it stands.
+HT_Color gradientInk(const Colour& colour, const EntityStyle& style, const PlotTools& tools) {
+    EntityStyle coloured = style;
+    coloured.colour = colour;
+    return tools.inkOf(coloured, InkUse::fill);
+}
+
+/// Without a painter that knows gradients, the first colour stands for all.
+void drawGradient(const HatchGradient& gradient, const std::vector<AreaLoop>& loops, const PlacedEntity& place,
+                  PlotTools& tools) {
+    const HT_Color first = gradientInk(gradient.first, place.style, tools);
+    if (tools.direct == nullptr) {
+        tools.pens.setFill(first, place.style.opacity);
+        fill(loops, tools.canvas);
+        return;
+    }
+    QPainterPath area;
+    Box2 box;
+    for (const std::vector<Vec2>& polygon : joinEvenOdd(loops)) {
+        QPolygonF points;
+        for (const Vec2 point : polygon) {
+            points << QPointF(point.x, point.y);
+            box.add(point);
+        }
+        area.addPolygon(points);
+        area.closeSubpath();
+    }
+    const double turned = std::atan2(place.map.x.y, place.map.x.x);
+    const HT_Color second = gradientInk(gradient.second, place.style, tools);
+    tools.direct->fill(area, gradientBrush(gradient, box, turned, colourOf(first), colourOf(second)),
+                       place.style.opacity / 255.0);
+}
+
+} // namespace
+
+void draw(const Hatch& hatch, const PlacedEntity& place, PlotTools& tools) {
+    const PlanMap map = place.map.raised(hatch.elevation);
+    const std::vector<AreaLoop> loops = visibleLoops(hatch, map, tools.canvas);
+    if (loops.empty()) {
+        return;
+    }
+    if (hatch.gradient) {
+        drawGradient(*hatch.gradient, loops, place, tools);
+    } else if (hatch.solid) {
+        tools.useFill(place.style);
+        fill(loops, tools.canvas);
+    } else {
+        for (const PatternLine& line : linesOf(hatch, tools)) {
+            if (const auto family = familyOf(line, map)) {
+                drawFamily(*family, loops, place.style, tools);
+            }
+        }
+    }
+}
+
+Box2 boxOf(const Hatch& hatch, const MeasuredEntity& place) {
+    Box2 box;
+    const PlanMap map = place.map.raised(hatch.elevation);
+    for (const HatchLoop& loop : hatch.loops) {
+        for (const HatchEdge& edge : loop.edges) {
+            box.add(boxOfEdge(edge, map, place.curves));
+        }
+        if (loop.edges.empty()) {
+            box.add(boxOfSegments(segmentsOf(loop.polyline, true), map));
+        }
+    }
+    return box;
+}
+
+} // namespace kelplot

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "reader/entity/UnplottedDecoder.h"
+
+#include <algorithm>
+
+namespace kelplot {
+
+namespace {
+
+/// What a message can show of a type that may be damaged.
+std::string namedType(std::string_view type) {
+    constexpr size_t longest = 40;
+    const auto isOfName = [](char c) {
+        return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '-';
+    };
+    const bool sound = std::all_of(type.begin(), type.end(), isOfName) && type.front() != '-';
+    return sound && type.size() <= longest ? std::string(type) : "entity of a damaged type";
+}
+
+} // namespace
+
+void UnplottedDecoder::begin(std::string_view type) {
+    m_type = namedType(type);
+    m_isSheet = false;
+}
+
+void UnplottedDecoder::take(const Group& group) {
+    constexpr int viewportNumberCode = 69;
+    m_isSheet = m_isSheet || (m_type == "VIEWPORT" && group.code == viewportNumberCode && toInteger(group.value) == 1);
+}
+
+void UnplottedDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
+    if (!m_isSheet) {
+        builder.add(header, Unplotted{builder.unplottedKind(m_type)});
+    }
+}
+
+} // namespace kelplot
