@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "drawing/Entity.h"
+#include "geometry/Box2.h"
 
 namespace kelplot {
 
@@ -32,6 +33,31 @@ struct Block {
     std::string externalPath; ///< UTF-8; not empty: its content is that of another drawing
 };
 
+/// How the sheet of a layout is to be plotted. Lengths are millimetres.
+struct PlotSettings {
+    enum class Area { sheet, extents, window };
+
+    double paperWidth = 0.0; ///< before it is turned; 0: none stated
+    double paperHeight = 0.0;
+    int quarterTurns = 0; ///< by which the paper is turned to the left
+    double leftMargin = 0.0, bottomMargin = 0.0, rightMargin = 0.0, topMargin = 0.0; ///< before it is turned
+    Vec2 origin;                     ///< of the plot, from the lower left corner of what the margins leave
+    double millimetresPerUnit = 1.0; ///< of the sheet's coordinates
+    bool fitted = false;             ///< as large as the paper allows, at no stated scale
+    bool centred = false;
+    Area area = Area::sheet;
+    Box2 window;            ///< in the sheet's coordinates, where the area is one
+    std::string styleTable; ///< UTF-8, the name of its file of plot styles; may be empty
+};
+
+/// A sheet of paper with what is drawn on it.
+struct Layout {
+    std::string name;         ///< UTF-8
+    int order = 0;            ///< among the layouts
+    uint32_t block = noBlock; ///< the block with its entities; none: Drawing::paperSpace
+    PlotSettings settings;
+};
+
 /// A drawing as plain records in drawing units. Entities refer to layers, line types and blocks by index.
 struct Drawing {
     std::vector<Layer> layers;         ///< entry 0 is layer "0"
@@ -40,7 +66,10 @@ struct Drawing {
     std::vector<ImageDefinition> images;
     std::vector<Block> blocks;
     std::vector<Entity> modelSpace;
-    std::vector<Entity> paperSpace;
+    std::vector<Entity> paperSpace; ///< of the layout that was looked at last
+    std::vector<Layout> layouts;    ///< in their order; none where the drawing does not name them
+    bool paperIsActive = false;     ///< the drawing was saved with a layout before its user's eyes
+    bool paperLineTypes = true;     ///< dashes have their lengths on the sheet, whatever the scale of a viewport
     std::vector<std::string> unplottedKinds; ///< what `Unplotted` entities are, for a message
     std::string unknownCodePage; ///< UTF-8, the name of the one its texts are in, where their bytes were guessed
     std::string folder;          ///< UTF-8, where its file lies

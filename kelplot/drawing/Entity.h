@@ -202,13 +202,29 @@ struct Insert {
     double rowSpacing = 0.0;
 };
 
+/// A window from a sheet into model space. Its place is in the sheet's coordinates.
+struct Viewport {
+    Vec3 center;
+    double width = 0.0;
+    double height = 0.0;
+    bool on = true;
+    bool perspective = false;
+    Vec3 viewTarget;                    ///< the point that is looked at, in the world
+    Vec3 viewDirection{0, 0, 1};        ///< from there to the eye
+    Vec2 viewCenter;                    ///< of what shows, in the plane of the view, from the target
+    double viewHeight = 0.0;            ///< of what shows
+    double twist = 0.0;                 ///< radians by which the view is turned to the left
+    std::vector<uint32_t> frozenLayers; ///< that do not show here; indices into Drawing::layers
+    std::optional<HatchLoop> clip;      ///< its border in the sheet's coordinates; none: the rectangle
+};
+
 /// An entity that kelplot does not know how to plot, kept so that a plot can say so.
 struct Unplotted {
     uint32_t kind = 0; ///< index into Drawing::unplottedKinds
 };
 
 using Geometry = std::variant<PointEntity, Line, Circle, Arc, Ellipse, Polyline, Spline, Solid, Face3d, Hatch, Text,
-                              MText, Image, Wipeout, ConstructionLine, Unplotted, Insert>;
+                              MText, Image, Wipeout, ConstructionLine, Viewport, Unplotted, Insert>;
 
 /// One entity; unless its type says otherwise, coordinates belong to the plane that `extrusion` names.
 struct Entity {

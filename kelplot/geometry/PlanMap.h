@@ -50,6 +50,16 @@ struct PlanMap {
         return map;
     }
 
+    /// This map, and then another one of the plane.
+    PlanMap then(const PlanMap& next) const {
+        PlanMap map;
+        map.x = next.mapDirection(x);
+        map.y = next.mapDirection(y);
+        map.z = next.mapDirection(z);
+        map.origin = next.mapPoint(origin);
+        return map;
+    }
+
     /// The map of what lies `height` above the xy plane but is given as if it lay in it.
     PlanMap raised(double height) const {
         PlanMap map = *this;

@@ -2,6 +2,8 @@
 #include "plot/DrawingPlot.h"
 
 #include "plot/entity/EntityKinds.h"
+#include "plot/entity/KindBoxes.h"
+#include "plot/entity/ViewportKind.h"
 #include "plot/pen/ClipRegion.h"
 #include "plot/shape/PointMark.h"
 
@@ -9,29 +11,50 @@ namespace kelplot {
 
 namespace {
 
-class ExtentsFinder : public EntityVisitor {
+/// Collects what the entities that a walk meets leave out of a plot.
+class UnplottedFinder : public EntityVisitor {
 public:
-    ExtentsFinder(const Drawing& drawing, const Typesetter& texts, const PatternTable& patterns)
-        : m_drawing(drawing), m_texts(texts), m_patterns(patterns), m_pointsShow(isPointVisible(drawing.pointMode)) {}
+    UnplottedFinder(const Drawing& drawing, const PatternTable& patterns) : m_drawing(drawing), m_patterns(patterns) {}
 
-    void visit(const Entity& entity, const EntityStyle&, const PlanMap& map) override {
-        if (m_pointsShow || !std::holds_alternative<PointEntity>(entity.geometry)) {
-            m_extents.add(boxOf(MeasuredEntity{entity, map, CurveBox::exact, m_texts}));
-        }
+    void visit(const Entity& entity, const EntityStyle&, const PlanMap&) override {
         if (const std::string kind = unplottedPart(entity, m_drawing, m_patterns); !kind.empty()) {
-            m_unplotted[kind].insert(&entity);
+            m_kinds[kind].insert(&entity);
         }
     }
-    const Box2& extents() const { return m_extents; }
-    /// What the entities that were met leave out of a plot.
-    std::map<std::string, std::set<const Entity*>>& unplotted() { return m_unplotted; }
+    UnplottedKinds& kinds() { return m_kinds; }
 
 private:
     const Drawing& m_drawing;
-    const Typesetter& m_texts;
     const PatternTable& m_patterns;
-    std::map<std::string, std::set<const Entity*>> m_unplotted;
+    UnplottedKinds m_kinds;
+};
+
+class ExtentsFinder : public EntityVisitor {
+public:
+    ExtentsFinder(const Drawing& drawing, const Typesetter& texts, UnplottedFinder& unplotted)
+        : m_texts(texts), m_unplotted(unplotted), m_pointsShow(isPointVisible(drawing.pointMode)) {}
+
+    void visit(const Entity& entity, const EntityStyle& style, const PlanMap& map) override {
+        if (m_pointsShow || !std::holds_alternative<PointEntity>(entity.geometry)) {
+            m_extents.add(boxOf(MeasuredEntity{entity, map, CurveBox::exact, m_texts}));
+        }
+        m_unplotted.visit(entity, style, map);
+        m_seesModel = m_seesModel || showsModel(entity);
+    }
+    const Box2& extents() const { return m_extents; }
+    /// Whether the model shows through a viewport.
+    bool seesModel() const { return m_seesModel; }
+
+    static bool showsModel(const Entity& entity) {
+        const auto* const viewport = std::get_if<Viewport>(&entity.geometry);
+        return viewport != nullptr && viewport->on && !viewport->perspective;
+    }
+
+private:
+    const Typesetter& m_texts;
+    UnplottedFinder& m_unplotted;
     bool m_pointsShow;
+    bool m_seesModel = false;
     Box2 m_extents;
 };
 
@@ -41,12 +64,33 @@ public:
     explicit EntityPlotter(PlotTools& tools) : m_tools(tools) {}
 
     void visit(const Entity& entity, const EntityStyle& style, const PlanMap& map) override {
-        if (m_tools.canvas.mayShow(inkBox(entity, style, map), 0.0)) {
-            const PlacedEntity place{entity, style, map};
-            std::visit([&](const auto& geometry) { draw(geometry, place, m_tools); }, entity.geometry);
+        if (!m_tools.canvas.mayShow(inkBox(entity, style, map), 0.0)) {
+            return;
         }
+        if (ExtentsFinder::showsModel(entity)) {
+            drawModel(std::get<Viewport>(entity.geometry), map);
+        }
+        const PlacedEntity place{entity, style, map};
+        std::visit([&](const auto& geometry) { draw(geometry, place, m_tools); }, entity.geometry);
     }
 
+    /// Draws entities, carried on by `map`.
+    void run(const std::vector<Entity>& entities, const PlanMap& map, std::vector<uint32_t> frozenLayers,
+             const Progress& progress) {
+        WalkRules rules;
+        rules.frozenLayers = std::move(frozenLayers);
+        rules.visible = VisiblePart{m_tools.target.visibleBox(),
+                                    [this](const auto& entity, const auto& style, const auto& entityMap) {
+                                        return inkBox(entity, style, entityMap);
+                                    }};
+        report.add(EntityWalk(m_tools.drawing, std::move(rules), *this).run(entities, map, progress));
+        report.missingPictures.insert(m_tools.pictures.missing().begin(), m_tools.pictures.missing().end());
+        report.tintedHatches += m_tools.tintedHatches;
+    }
+
+    PlotReport report;
+
+private:
     /// What the entity may cover, with the width of its lines, in device units.
     Box2 inkBox(const Entity& entity, const EntityStyle& style, const PlanMap& map) const {
         const bool isPoint = std::holds_alternative<PointEntity>(entity.geometry);
@@ -54,19 +98,52 @@ public:
         return boxOf(MeasuredEntity{entity, map, CurveBox::hull, m_tools.typesetter}).inflated(margin);
     }
 
-private:
+    /// Draws model space as a viewport shows it, cut off at its border.
+    void drawModel(const Viewport& viewport, const PlanMap& sheetMap) {
+        const PlanMap view = viewOf(viewport).then(sheetMap);
+        const std::vector<Vec2> border = borderOf(viewport, sheetMap, m_tools.canvas.flattening());
+        if (!(view.meanScale() > 0.0) || border.size() < 3) {
+            return;
+        }
+        PlotTarget target = m_tools.target;
+        target.toDevice = {view.x.x, view.x.y, view.y.x, view.y.y, view.origin.x, view.origin.y};
+        target.limits.push_back(boxOfPoints(border));
+        HT_Renderer& renderer = m_tools.surface.renderer;
+        renderer.SetClipRgn(
+            combined(commonRegion(target.pageBox, target.limits), polygonRegion(border), HT_RGN_AND).get());
+        const auto lineTypeUnits =
+            m_tools.drawing.paperLineTypes ? std::optional<double>(m_tools.lineTypeUnits()) : std::nullopt;
+        PlotTools tools(m_tools.drawing, target, m_tools.options, m_tools.typesetter, m_tools.surface, lineTypeUnits);
+        EntityPlotter plotter(tools);
+        plotter.run(m_tools.drawing.modelSpace, view, viewport.frozenLayers, {});
+        report.add(plotter.report);
+        renderer.SetClipRgn(commonRegion(m_tools.target.pageBox, m_tools.target.limits).get());
+        m_tools.pens.forget();
+    }
+
     PlotTools& m_tools;
 };
 
 } // namespace
 
+void PlotReport::add(const PlotReport& other) {
+    WalkReport::add(other);
+    missingPictures.insert(other.missingPictures.begin(), other.missingPictures.end());
+    tintedHatches += other.tintedHatches;
+    viewports += 1 + other.viewports;
+}
+
 Box2 DrawingPlot::extents(const std::vector<Entity>& entities, ExtentsReport* report) const {
-    ExtentsFinder finder(m_drawing, m_texts, m_style.patterns);
+    UnplottedFinder unplotted(m_drawing, m_style.patterns);
+    ExtentsFinder finder(m_drawing, m_texts, unplotted);
     WalkRules rules;
     rules.copies = ArrayCopies::corners;
     WalkReport found = EntityWalk(m_drawing, rules, finder).run(entities, PlanMap(), {});
+    if (finder.seesModel()) {
+        found.add(EntityWalk(m_drawing, rules, unplotted).run(m_drawing.modelSpace, PlanMap(), {}));
+    }
     if (report) {
-        *report = {std::move(found), std::move(finder.unplotted())};
+        *report = {std::move(found), std::move(unplotted.kinds())};
     }
     return finder.extents();
 }
@@ -76,13 +153,8 @@ PlotReport DrawingPlot::draw(const std::vector<Entity>& entities, const PlotTarg
     surface.renderer.SetClipRgn(commonRegion(target.pageBox, target.limits).get());
     PlotTools tools(m_drawing, target, m_style, m_texts, surface);
     EntityPlotter plotter(tools);
-    WalkRules rules;
-    rules.visible =
-        VisiblePart{target.visibleBox(), [&plotter](const auto& entity, const auto& entityStyle, const auto& map) {
-                        return plotter.inkBox(entity, entityStyle, map);
-                    }};
-    WalkReport walked = EntityWalk(m_drawing, rules, plotter).run(entities, PlanMap(target.toDevice), progress);
-    return {std::move(walked), tools.pictures.missing(), tools.tintedHatches};
+    plotter.run(entities, PlanMap(target.toDevice), {}, progress);
+    return std::move(plotter.report);
 }
 
 } // namespace kelplot

@@ -16,15 +16,23 @@
 
 namespace kelplot {
 
+/// Entities that a plot leaves out, or of which it leaves a part out, by what that is, for a message.
+using UnplottedKinds = std::map<std::string, std::set<const Entity*>>;
+
 /// What the extents of a plot leave out, and the plot too.
 struct ExtentsReport : WalkReport {
-    std::map<std::string, std::set<const Entity*>> unplotted; ///< entities by what they are, for a message
+    UnplottedKinds unplotted;
 };
 
 /// What a plot leaves out besides.
 struct PlotReport : WalkReport {
     PictureFaults missingPictures;
     size_t tintedHatches = 0; ///< that would take too many lines and are filled with a tint
+    size_t viewports = 0;     ///< through which the model was drawn
+
+    /// Adds what a viewport leaves out.
+    void add(const PlotReport& other);
+    using WalkReport::add;
 };
 
 /// A drawing that is measured and plotted, its texts laid out once for both.

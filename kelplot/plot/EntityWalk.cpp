@@ -17,6 +17,7 @@ struct LiesInWorld {
     bool operator()(const Face3d&) const { return true; }
     bool operator()(const Image&) const { return true; }
     bool operator()(const Wipeout&) const { return true; }
+    bool operator()(const Viewport&) const { return true; }
     bool operator()(const Polyline& polyline) const { return polyline.spatial; }
     template <typename Planar>
     bool operator()(const Planar&) const {
@@ -54,8 +55,15 @@ private:
 
 } // namespace
 
+void WalkReport::add(const WalkReport& other) {
+    tooManyCopies = tooManyCopies || other.tooManyCopies;
+    tooDeep = tooDeep || other.tooDeep;
+    undefined.insert(other.undefined.begin(), other.undefined.end());
+    external.insert(other.external.begin(), other.external.end());
+}
+
 EntityWalk::EntityWalk(const Drawing& drawing, WalkRules rules, EntityVisitor& visitor)
-    : m_drawing(drawing), m_styles(drawing), m_rules(std::move(rules)), m_visitor(&visitor),
+    : m_drawing(drawing), m_styles(drawing, rules.frozenLayers), m_rules(std::move(rules)), m_visitor(&visitor),
       m_open(drawing.blocks.size(), 0) {
 }
 

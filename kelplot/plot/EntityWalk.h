@@ -45,6 +45,7 @@ struct WalkRules {
     ArrayCopies copies = ArrayCopies::all;
     std::optional<VisiblePart> visible = std::nullopt; ///< none: all shows
     WalkLimits limits = {};
+    std::vector<uint32_t> frozenLayers = {}; ///< besides those that the drawing says
 };
 
 /// What a walk did not visit.
@@ -53,6 +54,8 @@ struct WalkReport {
     bool tooDeep = false;
     std::set<const Insert*> undefined; ///< references to blocks that the drawing does not define
     std::set<uint32_t> external;       ///< blocks that stand for other drawings, which are not read
+
+    void add(const WalkReport& other);
 };
 
 /// Goes through what shows on paper of the entities of a drawing, into the blocks that they refer to.

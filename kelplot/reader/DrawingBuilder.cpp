@@ -6,6 +6,7 @@
 #include <cmath>
 #include <utility>
 
+#include "base/Angles.h"
 #include "reader/RecordHeader.h"
 
 namespace kelplot {
@@ -25,6 +26,28 @@ Vec3 usableExtrusion(const Vec3& direction) {
     constexpr double shortest = 1e-12;
     const double length = std::hypot(direction.x, direction.y, direction.z);
     return length > shortest ? direction : Vec3{0.0, 0.0, 1.0};
+}
+
+/// The border that a closed curve makes; nothing for entities that are none.
+std::optional<HatchLoop> closedLoopOf(const Geometry& geometry) {
+    HatchLoop loop;
+    if (const auto* const polyline = std::get_if<Polyline>(&geometry)) {
+        loop.polyline = polyline->vertices;
+    } else if (const auto* const circle = std::get_if<Circle>(&geometry)) {
+        loop.edges.emplace_back(HatchArc{{circle->center.x, circle->center.y}, circle->radius, 0.0, turn, true});
+    } else if (const auto* const ellipse = std::get_if<Ellipse>(&geometry)) {
+        loop.edges.emplace_back(HatchEllipse{{ellipse->center.x, ellipse->center.y},
+                                             {ellipse->majorAxis.x, ellipse->majorAxis.y},
+                                             ellipse->ratio,
+                                             ellipse->startParam,
+                                             ellipse->endParam,
+                                             true});
+    } else if (const auto* const spline = std::get_if<Spline>(&geometry)) {
+        loop.edges.emplace_back(HatchSpline{*spline});
+    } else {
+        return std::nullopt;
+    }
+    return loop;
 }
 
 } // namespace
@@ -118,16 +141,32 @@ uint32_t DrawingBuilder::unplottedKind(std::string_view name) {
     return static_cast<uint32_t>(found - kinds.begin());
 }
 
+// The dollar form is what programs wrote that had to avoid the asterisk.
+
+bool DrawingBuilder::isModelSpace(std::string_view block) {
+    return equalsIgnoringCase(block, "*MODEL_SPACE") || equalsIgnoringCase(block, "$MODEL_SPACE");
+}
+
+bool DrawingBuilder::isPaperSpace(std::string_view block) {
+    return equalsIgnoringCase(block, "*PAPER_SPACE") || equalsIgnoringCase(block, "$PAPER_SPACE");
+}
+
+std::optional<uint32_t> DrawingBuilder::layerOf(uint64_t handle) const {
+    const auto found = m_layerHandles.constFind(handle);
+    return found == m_layerHandles.constEnd() ? std::nullopt : std::optional<uint32_t>(*found);
+}
+
 void DrawingBuilder::beginBlock(std::string_view name, const Vec3& basePoint, std::string_view externalPath) {
-    // The dollar form is what programs wrote that had to avoid the asterisk.
-    if (equalsIgnoringCase(name, "*MODEL_SPACE") || equalsIgnoringCase(name, "$MODEL_SPACE")) {
+    if (isModelSpace(name)) {
         m_destination = Destination::modelSpace;
         return;
     }
-    if (equalsIgnoringCase(name, "*PAPER_SPACE") || equalsIgnoringCase(name, "$PAPER_SPACE")) {
+    if (isPaperSpace(name)) {
         m_destination = Destination::paperSpace;
         return;
     }
+    constexpr std::string_view sheetBlocks = "*PAPER_SPACE";
+    m_inSheetBlock = equalsIgnoringCase(name.substr(0, sheetBlocks.size()), sheetBlocks.data());
     m_currentBlock = block(name);
     // A block that is defined twice is what its last definition says.
     Block& defined = m_drawing.blocks[m_currentBlock];
@@ -177,6 +216,9 @@ Entity* DrawingBuilder::append(const RecordHeader& header, Geometry&& geometry) 
     if (entities == nullptr) {
         return nullptr;
     }
+    if (const auto place = nextOnSheet(header.inPaperSpace); place && header.handle != 0) {
+        m_sheetEntities.insert(header.handle, *place);
+    }
     Entity& entity = entities->emplace_back();
     entity.attributes = header.attributes;
     entity.attributes.colour = header.colour();
@@ -184,7 +226,45 @@ Entity* DrawingBuilder::append(const RecordHeader& header, Geometry&& geometry) 
     return &entity;
 }
 
+/// Where the next entity goes, if that is on a sheet.
+std::optional<DrawingBuilder::SheetEntity> DrawingBuilder::nextOnSheet(bool inPaperSpace) {
+    const bool inSpace = m_destination == Destination::space && inPaperSpace;
+    if (inSpace || m_destination == Destination::paperSpace) {
+        return SheetEntity{noBlock, m_drawing.paperSpace.size()};
+    }
+    if (m_destination == Destination::block && m_inSheetBlock) {
+        return SheetEntity{m_currentBlock, m_drawing.blocks[m_currentBlock].entities.size()};
+    }
+    return std::nullopt;
+}
+
+Entity& DrawingBuilder::entityAt(const SheetEntity& place) {
+    return place.block == noBlock ? m_drawing.paperSpace[place.index]
+                                  : m_drawing.blocks[place.block].entities[place.index];
+}
+
+void DrawingBuilder::addViewport(const RecordHeader& header, Viewport&& viewport, uint64_t clipHandle) {
+    const auto place = nextOnSheet(header.inPaperSpace);
+    if (place && clipHandle != 0) {
+        m_pendingClips.push_back({*place, clipHandle});
+    }
+    addInWorld(header, std::move(viewport));
+}
+
+/// The borders of viewports may follow them in the file.
+void DrawingBuilder::resolveClips() {
+    for (const PendingClip& pending : m_pendingClips) {
+        const auto border = m_sheetEntities.constFind(pending.border);
+        if (border != m_sheetEntities.constEnd()) {
+            std::get<Viewport>(entityAt(pending.viewport).geometry).clip = closedLoopOf(entityAt(*border).geometry);
+        }
+    }
+}
+
 Drawing DrawingBuilder::take() {
+    resolveClips();
+    std::stable_sort(m_drawing.layouts.begin(), m_drawing.layouts.end(),
+                     [](const Layout& a, const Layout& b) { return a.order < b.order; });
     m_drawing.unknownCodePage = m_decoder.unknownCodePage();
     return std::move(m_drawing);
 }

@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QString>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,6 +56,13 @@ public:
     uint32_t block(std::string_view name);
     /// Index of a kind of entities that are not plotted.
     uint32_t unplottedKind(std::string_view name);
+    /// Keeps the handle of a layer.
+    void nameLayer(uint64_t handle, uint32_t layer) { m_layerHandles.insert(handle, layer); }
+    /// The layer that has this handle.
+    std::optional<uint32_t> layerOf(uint64_t handle) const;
+    /// Tells what a block's name, as the file writes it, means.
+    static bool isModelSpace(std::string_view block);
+    static bool isPaperSpace(std::string_view block);
     /// Index of the picture whose definition has this handle.
     uint32_t image(std::string_view handle);
 
@@ -82,13 +90,29 @@ public:
     /// Adds an entity whose coordinates are the world's, whatever extrusion the file gives it.
     void addInWorld(const RecordHeader& header, Geometry&& geometry);
 
+    /// Adds a viewport, its border being the entity of a handle; 0: its rectangle.
+    void addViewport(const RecordHeader& header, Viewport&& viewport, uint64_t clipHandle);
+
     /// Hands over the finished drawing.
     Drawing take();
 
 private:
     enum class Destination { space, block, modelSpace, paperSpace, nowhere };
 
+    /// An entity on a sheet.
+    struct SheetEntity {
+        uint32_t block; ///< none: of the paper space
+        size_t index;
+    };
+    struct PendingClip {
+        SheetEntity viewport;
+        uint64_t border;
+    };
+
     std::vector<Entity>* destinationFor(bool inPaperSpace);
+    std::optional<SheetEntity> nextOnSheet(bool inPaperSpace);
+    Entity& entityAt(const SheetEntity& place);
+    void resolveClips();
     Entity* append(const RecordHeader& header, Geometry&& geometry);
 
     Drawing m_drawing;
@@ -101,6 +125,10 @@ private:
     ShownAttributes m_shownAttributes = ShownAttributes::visible;
     Destination m_destination = Destination::space;
     uint32_t m_currentBlock = noBlock;
+    bool m_inSheetBlock = false; ///< the block is a layout's
+    QHash<uint64_t, uint32_t> m_layerHandles;
+    QHash<uint64_t, SheetEntity> m_sheetEntities; ///< by their handles
+    std::vector<PendingClip> m_pendingClips;
 };
 
 } // namespace kelplot

@@ -65,4 +65,11 @@ double saneReal(double value) {
     return std::abs(value) <= largestReal ? value : 0.0;
 }
 
+std::uint64_t toHandle(std::string_view text) {
+    text = trimmed(text);
+    std::uint64_t handle = 0;
+    std::from_chars(text.data(), text.data() + text.size(), handle, 16);
+    return handle;
+}
+
 } // namespace kelplot

@@ -69,6 +69,10 @@ void HeaderVariables::setInteger(std::string_view key, int value) {
     } else if (key == "$MEASUREMENT") {
         m_metric = value != 0;
         applyUnits();
+    } else if (key == "$TILEMODE") {
+        m_builder.drawing().paperIsActive = value == 0;
+    } else if (key == "$PSLTSCALE") {
+        m_builder.drawing().paperLineTypes = value != 0;
     } else if (key == "$PDMODE") {
         m_builder.drawing().pointMode = value;
     } else if (key == "$IMAGEFRAME") {

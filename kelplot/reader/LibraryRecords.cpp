@@ -98,7 +98,9 @@ void LibraryRecords::setVariableDouble(const std::string& key, double value, int
 }
 
 void LibraryRecords::addLayer(const DL_LayerData& data) {
-    Layer& layer = m_builder.drawing().layers[m_builder.layer(trimmed(data.name))];
+    const uint32_t index = m_builder.layer(trimmed(data.name));
+    m_builder.nameLayer(m_header.handle, index);
+    Layer& layer = m_builder.drawing().layers[index];
     const Colour colour = m_header.colour();
     const bool coloured = colour.kind == Colour::Kind::index || colour.kind == Colour::Kind::trueColour;
     layer.colour = coloured ? colour : Layer().colour;

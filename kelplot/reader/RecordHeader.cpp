@@ -43,6 +43,9 @@ LineWeight lineWeightOf(int number) {
 
 void RecordHeader::take(const Group& group, DrawingBuilder& builder) {
     switch (group.code) {
+    case 5:
+        handle = toHandle(group.value);
+        break;
     case 6:
         attributes.lineType = builder.lineType(trimmed(group.value));
         break;

@@ -24,6 +24,7 @@ struct RecordHeader {
     int colourNumber = colourByLayer; ///< as the file has it; negative for a layer that is off
     int trueColour = noTrueColour;
     bool inPaperSpace = false;
+    uint64_t handle = 0; ///< 0: none
 
     /// Takes `group` in if it is one of the common ones.
     void take(const Group& group, DrawingBuilder& builder);

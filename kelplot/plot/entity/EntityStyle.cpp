@@ -17,10 +17,14 @@ double orOne(double scale) {
 
 } // namespace
 
-StyleResolver::StyleResolver(const Drawing& drawing) : m_drawing(drawing) {
-    m_plotted.reserve(drawing.layers.size());
+StyleResolver::StyleResolver(const Drawing& drawing, const std::vector<uint32_t>& frozenLayers) : m_drawing(drawing) {
     for (const Layer& layer : drawing.layers) {
         m_plotted.push_back(layer.on && !layer.frozen && layer.plotted);
+        m_frozen.push_back(layer.frozen);
+    }
+    for (const uint32_t layer : frozenLayers) {
+        m_plotted[layer] = 0;
+        m_frozen[layer] = 1;
     }
     m_outside.lineWeight = weightOf(lineWeightDefault);
 }

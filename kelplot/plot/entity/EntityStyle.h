@@ -20,7 +20,8 @@ struct EntityStyle {
 /// Works out the styles of the entities of a drawing, which outlives this.
 class StyleResolver {
 public:
-    explicit StyleResolver(const Drawing& drawing);
+    /// @param frozenLayers  that are frozen besides those that the drawing says
+    explicit StyleResolver(const Drawing& drawing, const std::vector<uint32_t>& frozenLayers = {});
 
     /// The style of an entity that stands in the drawing itself.
     EntityStyle resolve(const Attributes& attributes) const { return resolve(attributes, m_outside); }
@@ -30,7 +31,7 @@ public:
     /// Tells whether entities on a layer get on paper.
     bool isPlotted(uint32_t layer) const { return m_plotted[layer] != 0; }
     /// Tells whether a layer hides even what a block on it holds on other layers.
-    bool isFrozen(uint32_t layer) const { return m_drawing.layers[layer].frozen; }
+    bool isFrozen(uint32_t layer) const { return m_frozen[layer] != 0; }
 
 private:
     LineWeight weightOf(LineWeight stated) const;
@@ -38,6 +39,7 @@ private:
     const Drawing& m_drawing;
     EntityStyle m_outside; ///< what "by block" means where there is no block
     std::vector<char> m_plotted;
+    std::vector<char> m_frozen;
 };
 
 } // namespace kelplot

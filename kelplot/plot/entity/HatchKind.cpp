@@ -137,7 +137,7 @@ HT_Color gradientInk(const Colour& colour, const EntityStyle& style, const PlotT
 void drawGradient(const HatchGradient& gradient, const std::vector<AreaLoop>& loops, const PlacedEntity& place,
                   PlotTools& tools) {
     const HT_Color first = gradientInk(gradient.first, place.style, tools);
-    if (tools.direct == nullptr) {
+    if (tools.surface.direct == nullptr) {
         tools.pens.setFill(first, place.style.opacity);
         fill(loops, tools.canvas);
         return;
@@ -155,8 +155,8 @@ void drawGradient(const HatchGradient& gradient, const std::vector<AreaLoop>& lo
     }
     const double turned = std::atan2(place.map.x.y, place.map.x.x);
     const HT_Color second = gradientInk(gradient.second, place.style, tools);
-    tools.direct->fill(area, gradientBrush(gradient, box, turned, colourOf(first), colourOf(second)),
-                       place.style.opacity / 255.0);
+    tools.surface.direct->fill(area, gradientBrush(gradient, box, turned, colourOf(first), colourOf(second)),
+                               place.style.opacity / 255.0);
 }
 
 } // namespace

@@ -18,13 +18,13 @@ double pointSizeOn(const PlotTarget& target, double stated, double unitSize) {
 } // namespace
 
 PlotTools::PlotTools(const Drawing& plotted, const PlotTarget& plotTarget, const PlotStyleOptions& plotStyle,
-                     const Typesetter& layouts, const PlotSurface& surface)
-    : drawing(plotted), target(plotTarget), options(plotStyle), typesetter(layouts), direct(surface.direct),
+                     const Typesetter& layouts, const PlotSurface& plotSurface, std::optional<double> lineTypeUnits)
+    : drawing(plotted), target(plotTarget), options(plotStyle), typesetter(layouts), surface(plotSurface),
       pens(surface.renderer, target.hairlineWidth, target.thinnestDashed), canvas(surface.renderer, target, pens),
       pictures(drawing, target, options.monochrome, surface.renderer, surface.direct),
       texts(layouts, surface.renderer, options.texts == TextMode::fonts ? surface.direct : nullptr),
-      m_unitSize(PlanMap(target.toDevice).meanScale()),
-      m_pointSize(pointSizeOn(target, drawing.pointSize, m_unitSize)) {
+      m_lineTypeUnits(lineTypeUnits.value_or(PlanMap(target.toDevice).meanScale())),
+      m_pointSize(pointSizeOn(target, drawing.pointSize, PlanMap(target.toDevice).meanScale())) {
 }
 
 HT_Color PlotTools::inkOf(const EntityStyle& style, InkUse use) const {
@@ -40,7 +40,7 @@ Pen PlotTools::linePen(const EntityStyle& style) const {
     pen.width = std::max(millimetres * target.deviceUnitsPerMillimetre, target.hairlineWidth);
     if (style.lineType < drawing.lineTypes.size() && !drawing.lineTypes[style.lineType].pattern.empty()) {
         pen.lineType = &drawing.lineTypes[style.lineType];
-        pen.patternScale = style.lineTypeScale * m_unitSize;
+        pen.patternScale = style.lineTypeScale * m_lineTypeUnits;
     }
     return pen;
 }

@@ -21,14 +21,18 @@ struct PlotSurface {
 class PlotTools {
 public:
     /// All are borrowed for the tools' life, also what the surface refers to.
+    ///
+    /// @param lineTypeUnits  device units in a unit of line types; none: those in a drawing unit
     PlotTools(const Drawing& plotted, const PlotTarget& plotTarget, const PlotStyleOptions& plotStyle,
-              const Typesetter& layouts, const PlotSurface& surface);
+              const Typesetter& layouts, const PlotSurface& surface,
+              std::optional<double> lineTypeUnits = std::nullopt);
 
     HT_Color inkOf(const EntityStyle& style, InkUse use) const;
     /// The pen for the lines of an entity.
     Pen linePen(const EntityStyle& style) const;
     void useLinePen(const EntityStyle& style) { pens.setPen(linePen(style)); }
     void useFill(const EntityStyle& style) { pens.setFill(inkOf(style, InkUse::fill), style.opacity); }
+    double lineTypeUnits() const { return m_lineTypeUnits; }
     /// How large the mark of a point is, in device units.
     double pointSize() const { return m_pointSize; }
 
@@ -36,7 +40,7 @@ public:
     const PlotTarget& target;
     const PlotStyleOptions& options;
     const Typesetter& typesetter;
-    DirectPainter* direct; ///< may be null
+    const PlotSurface surface;
     PenControl pens;
     Canvas canvas;
     PicturePlotter pictures;
@@ -44,7 +48,7 @@ public:
     size_t tintedHatches = 0; ///< of which the pattern would take too many lines
 
 private:
-    double m_unitSize; ///< device units in a drawing unit
+    double m_lineTypeUnits;
     double m_pointSize;
 };
 

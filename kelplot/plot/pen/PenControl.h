@@ -27,6 +27,9 @@ public:
     /// Prepares filling. A polygon too small for an area is drawn with the pen, so that becomes a hairline.
     void setFill(HT_Color ink, uint8_t opacity) { setPen({ink, opacity, m_hairlineWidth, nullptr, 1.0, false}); }
 
+    /// Sends everything anew: somebody else has set styles of the renderer.
+    void forget() { m_width = 0, m_ends = -1, m_joins = -1; }
+
     /// Tells whether the pen in force draws dashes.
     bool isDashed() const { return m_dashed; }
 

@@ -5,17 +5,20 @@
 #include <array>
 #include <iterator>
 
+#include "reader/entity/BlockRecords.h"
 #include "reader/entity/ConstructionLineDecoder.h"
 #include "reader/entity/DimensionDecoder.h"
 #include "reader/entity/DimensionStyles.h"
 #include "reader/entity/HatchDecoder.h"
 #include "reader/entity/ImageDecoder.h"
+#include "reader/entity/LayoutDecoder.h"
 #include "reader/entity/LeaderDecoder.h"
 #include "reader/entity/LwPolylineDecoder.h"
 #include "reader/entity/PolylineDecoder.h"
 #include "reader/entity/SplineDecoder.h"
 #include "reader/entity/TextDecoder.h"
 #include "reader/entity/TextStyleDecoder.h"
+#include "reader/entity/ViewportDecoder.h"
 #include "reader/mtext/MTextDecoder.h"
 
 namespace kelplot {
@@ -32,7 +35,15 @@ Decoder make(const Decoders&) {
 /// Leaders look as the dimension styles say.
 Decoder makeForLeaders(const Decoders& above) {
     const RecordDecoder* const styles = above.find(RecordPlace::tables, "DIMSTYLE");
-    return std::make_unique<LeaderDecoder>(static_cast<const DimensionStyles&>(*styles));
+    const RecordDecoder* const blocks = above.find(RecordPlace::tables, "BLOCK_RECORD");
+    return std::make_unique<LeaderDecoder>(static_cast<const DimensionStyles&>(*styles),
+                                           static_cast<const BlockRecords&>(*blocks));
+}
+
+/// The entities of a layout are those of a block.
+Decoder makeForLayouts(const Decoders& above) {
+    const RecordDecoder* const blocks = above.find(RecordPlace::tables, "BLOCK_RECORD");
+    return std::make_unique<LayoutDecoder>(static_cast<const BlockRecords&>(*blocks));
 }
 
 struct Row {
@@ -43,7 +54,8 @@ struct Row {
 
 constexpr Row rows[] = {
     {RecordPlace::tables, {"STYLE"}, make<TextStyleDecoder>},
-    {RecordPlace::tables, {"DIMSTYLE", "BLOCK_RECORD"}, make<DimensionStyles>},
+    {RecordPlace::tables, {"DIMSTYLE"}, make<DimensionStyles>},
+    {RecordPlace::tables, {"BLOCK_RECORD"}, make<BlockRecords>},
     {RecordPlace::entities, {"LWPOLYLINE"}, make<LwPolylineDecoder>},
     {RecordPlace::entities, {"VERTEX", "POLYLINE", "SEQEND"}, make<PolylineDecoder>},
     {RecordPlace::entities, {"HATCH", "MPOLYGON"}, make<HatchDecoder>},
@@ -54,6 +66,8 @@ constexpr Row rows[] = {
     {RecordPlace::entities, {"LEADER"}, makeForLeaders},
     {RecordPlace::entities, {"RAY", "XLINE"}, make<ConstructionLineDecoder>},
     {RecordPlace::entities, {"IMAGE", "WIPEOUT"}, make<ImageDecoder>},
+    {RecordPlace::entities, {"VIEWPORT"}, make<ViewportDecoder>},
+    {RecordPlace::objects, {"LAYOUT"}, makeForLayouts},
     {RecordPlace::objects, {"IMAGEDEF", "RASTERVARIABLES", "WIPEOUTVARIABLES"}, make<ImageObjects>},
 };
 

@@ -2,20 +2,12 @@
 #include "reader/entity/DimensionStyles.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "reader/GroupValue.h"
 
 namespace kelplot {
 
 namespace {
-
-uint64_t toHandle(std::string_view text) {
-    text = trimmed(text);
-    uint64_t handle = 0;
-    std::from_chars(text.data(), text.data() + text.size(), handle, 16);
-    return handle;
-}
 
 QString keyOf(std::string_view name, const TextEncoding& decoder) {
     return QString::fromStdString(decoder.decode(name)).toCaseFolded();
@@ -42,29 +34,21 @@ void LeaderStyle::take(const Group& group) {
     }
 }
 
-void DimensionStyles::begin(std::string_view type) {
-    m_isBlock = type == "BLOCK_RECORD";
+void DimensionStyles::begin(std::string_view) {
     m_name.clear();
-    m_handle = 0;
     m_style = LeaderStyle();
 }
 
 void DimensionStyles::take(const Group& group) {
     if (group.code == 2) {
         m_name = trimmed(group.value);
-    } else if (m_isBlock && group.code == 5) {
-        m_handle = toHandle(group.value);
-    } else if (!m_isBlock) {
+    } else {
         m_style.take(group);
     }
 }
 
 void DimensionStyles::end(const RecordHeader&, DrawingBuilder& builder) {
-    if (m_isBlock) {
-        m_blocks.insert(m_handle, m_name);
-    } else {
-        m_styles.insert(keyOf(m_name, builder.decoder()), m_style);
-    }
+    m_styles.insert(keyOf(m_name, builder.decoder()), m_style);
 }
 
 LeaderStyle DimensionStyles::styleOf(std::string_view name, const TextEncoding& decoder) const {

@@ -24,7 +24,7 @@ struct LeaderStyle {
     double scaledArrowSize() const { return arrowSize * (scale > 0.0 ? scale : 1.0); }
 };
 
-/// Dimension styles, and the names of the blocks that they refer to by handle.
+/// Dimension styles.
 class DimensionStyles : public RecordDecoder {
 public:
     void begin(std::string_view type) override;
@@ -33,16 +33,11 @@ public:
 
     /// The style of this name, as the file writes it.
     LeaderStyle styleOf(std::string_view name, const TextEncoding& decoder) const;
-    /// The name of a block, as the file writes it; empty where there is none.
-    std::string blockOf(uint64_t handle) const { return m_blocks.value(handle); }
 
 private:
-    bool m_isBlock = false;
     std::string m_name;
-    uint64_t m_handle = 0;
     LeaderStyle m_style;
     QHash<QString, LeaderStyle> m_styles; ///< by name without case
-    QHash<uint64_t, std::string> m_blocks;
 };
 
 } // namespace kelplot

@@ -120,7 +120,7 @@ void LeaderDecoder::addArrow(const LeaderStyle& style, const RecordHeader& heade
     }
     const Vec3 tip = toPlane(m_record.vertices[0], header.extrusion);
     const Vec3 back = toPlane(first, header.extrusion) * (size / first.length());
-    const std::string block = m_styles.blockOf(style.arrowBlock);
+    const std::string block = m_blocks.nameOf(style.arrowBlock);
     if (block.empty()) {
         const Vec3 across = Vec3{-back.y, back.x, 0.0} * arrowSlope;
         const Vec3 base = tip + back;

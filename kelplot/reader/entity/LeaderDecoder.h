@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "reader/RecordDecoder.h"
+#include "reader/entity/BlockRecords.h"
 #include "reader/entity/DimensionStyles.h"
 
 namespace kelplot {
@@ -13,7 +14,7 @@ namespace kelplot {
 /// Leaders: a line from an arrow head to a note. The note is a record of its own.
 class LeaderDecoder : public RecordDecoder {
 public:
-    explicit LeaderDecoder(const DimensionStyles& styles) : m_styles(styles) {}
+    LeaderDecoder(const DimensionStyles& styles, const BlockRecords& blocks) : m_styles(styles), m_blocks(blocks) {}
 
     void begin(std::string_view type) override;
     void take(const Group& group) override;
@@ -42,6 +43,7 @@ private:
     void addPath(const RecordHeader& header, DrawingBuilder& builder);
 
     const DimensionStyles& m_styles;
+    const BlockRecords& m_blocks;
     Record m_record;
     std::vector<Change> m_changes;
     bool m_inChanges = false;

@@ -21,18 +21,10 @@ std::string namedType(std::string_view type) {
 
 void UnplottedDecoder::begin(std::string_view type) {
     m_type = namedType(type);
-    m_isSheet = false;
-}
-
-void UnplottedDecoder::take(const Group& group) {
-    constexpr int viewportNumberCode = 69;
-    m_isSheet = m_isSheet || (m_type == "VIEWPORT" && group.code == viewportNumberCode && toInteger(group.value) == 1);
 }
 
 void UnplottedDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
-    if (!m_isSheet) {
-        builder.add(header, Unplotted{builder.unplottedKind(m_type)});
-    }
+    builder.add(header, Unplotted{builder.unplottedKind(m_type)});
 }
 
 } // namespace kelplot

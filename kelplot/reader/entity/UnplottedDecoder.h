@@ -11,12 +11,11 @@ namespace kelplot {
 class UnplottedDecoder : public RecordDecoder {
 public:
     void begin(std::string_view type) override;
-    void take(const Group& group) override;
+    void take(const Group&) override {}
     void end(const RecordHeader& header, DrawingBuilder& builder) override;
 
 private:
     std::string m_type;
-    bool m_isSheet = false; ///< the viewport that stands for the sheet itself
 };
 
 } // namespace kelplot
