@@ -21,7 +21,7 @@ bool equalsIgnoringCase(std::string_view left, const char* right) {
     return qstrnicmp(left.data(), static_cast<qsizetype>(left.size()), right) == 0;
 }
 
-/// `direction` when it is one, else the plain one.
+/// `direction` if it has a length, else straight up.
 Vec3 usableExtrusion(const Vec3& direction) {
     constexpr double shortest = 1e-12;
     const double length = std::hypot(direction.x, direction.y, direction.z);

@@ -66,8 +66,8 @@ public:
     /// Index of the picture whose definition has this handle.
     uint32_t image(std::string_view handle);
 
-    /// From here on entities go where block `name` says: into the block, or into the model or paper
-    /// space that it is the file's way to write.
+    /// From here on entities go where block `name` says: into the block, or into the model or paper space, which files
+    /// write as blocks too.
     ///
     /// @param externalPath  as the file writes it; not empty where the block stands for another drawing
     void beginBlock(std::string_view name, const Vec3& basePoint, std::string_view externalPath = {});

@@ -15,7 +15,7 @@ struct PlotStyleOptions {
     PenTable pens{};
     FontTable fonts{};
     PatternTable patterns{};             ///< for hatches that only name theirs
-    TextMode texts = TextMode::outlines; ///< fonts need a painter beside the renderer
+    TextMode texts = TextMode::outlines; ///< fonts need a `DirectPainter`
 };
 
 } // namespace kelplot
