@@ -44,7 +44,7 @@ struct KELDRIVER_API HT_Contour {
     uint8_t closed;          ///< 1 for a contour that takes no further piece; 0 for one that `EndData` finished
     uint8_t mode;            ///< what `AddPoints` was told about a contour finished at once; else 0
 
-    /// Replaces the contour's vertices by a copy of `n` points; it does not append, whatever its name says.
+    /// Replaces the contour's vertices by a copy of `n` points; despite its name, it does not append.
     ///
     /// @param pts  may be the contour's own vertices; null leaves it without any
     /// @param n    kept in `count` as it is, also where there are no vertices because `pts` is null or `HT_Malloc`
@@ -83,7 +83,7 @@ struct KELDRIVER_API HT_Region {
     /// Moves the open contour, if there is one, to the finished ones as it is.
     void EndData();
 
-    /// Releases the finished contours and ends the use of the builder; call `EndData` before.
+    /// Releases the finished contours and ends the use of the builder; call `EndData` first.
     ///
     /// The vertices of a contour that is still open are not released, and `current` keeps its stale value.
     void Clear();
@@ -107,7 +107,7 @@ KELDRIVER_API HT_ClipRgn* HT_CloneRgnData(const HT_ClipRgn* rgn);
 /// The same as `HT_CloneRgnData`.
 KELDRIVER_API HT_ClipRgn* HT_CreateRgnFromData(const HT_ClipRgn* rgn);
 
-/// Its argument: region and region data are one thing here.
+/// Returns its argument: a region and its data are the same thing here.
 KELDRIVER_API HT_ClipRgn* HT_GetClipRgnData(HT_ClipRgn* rgn);
 
 /// Releases a whole list; null is allowed.
@@ -128,7 +128,7 @@ KELDRIVER_API HT_ClipRgn* HT_CreateRectRgnData(const HT_Double_Point& a, const H
 /// @return 1, or 0 without any points, and then `rect` is unchanged
 KELDRIVER_API int HT_GetPointsRect(const HT_Double_Point* pts, int n, HT_Double_Rectangle* rect);
 
-/// Tells whether four points pass for the corners, one after another, of an axis-parallel rectangle: the first and
+/// Tells whether four points count as the corners, in order, of an axis-parallel rectangle: the first and
 /// third are opposite corners of the points' box, within 1e-10, and so are the second and fourth. One without width or
 /// height passes, and so does a slanted stroke there and back.
 ///

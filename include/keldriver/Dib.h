@@ -19,14 +19,14 @@ KELDRIVER_API uint32_t HT_GetPaletteColors(int32_t index);
 ///               is not read
 KELDRIVER_API int HT_GetNearestIndex(unsigned int color);
 
-/// The number of bytes of a DIB's pixels: the header's image size, or what its rows take where that is 0. A size
-/// of more than 32 bits is cut off to its low 32.
+/// The number of bytes of a DIB's pixels: the header's image size, or what its rows take where that is 0. A size of
+/// more than 32 bits is truncated to its low 32 bits.
 KELDRIVER_API uint32_t HT_GetDIBPixelSize(const tagBITMAPINFOHEADER& header);
 
 /// The number of colour entries between a DIB's header and its pixels, bit-field masks included.
 KELDRIVER_API int HT_GetDIBColorCount(const tagBITMAPINFOHEADER& header);
 
-/// Reads one pixel of a DIB with 32 bits a pixel.
+/// Reads one pixel of a DIB with 32 bits per pixel.
 ///
 /// @param pixels  rows of |biWidth| pixels (blue, green, red, alpha), |biHeight| of them; borrowed
 /// @param x       column, from 0 to the width; the width itself reads as Qt's out-of-range pixel

@@ -67,7 +67,7 @@ public:
     int Save();
     /// Replaces the content of a file, or creates it. The old content stands until the new one is complete: a kill,
     /// or a full device, leaves one or the other. The file keeps owner, mode and links, but is a new inode. A file is
-    /// written over in its place, which a kill can cut short, when it has several names, an access list or extended
+    /// overwritten in place, which a kill can cut short, when it has several names, an access list or extended
     /// attributes, an owner that this process cannot give it again, or a folder that takes no new file.
     ///
     /// What others have written since `Load` is replaced, too. Only a file that is there and that `Load` could not
@@ -93,8 +93,8 @@ public:
     int GetStringValueOrDefault(const std::string& section, const std::string& key, std::string& value,
                                 const std::string& defaultValue);
 
-    /// Stores the number that the value begins with; 0 when there is none or no such key. Numbers are decimal; one
-    /// too large for a `long` becomes the nearest `long`, of which the low 32 bits are stored.
+    /// Stores the number that the value begins with; 0 when there is none or no such key. Numbers are decimal; one too
+    /// large for a `long` becomes the nearest `long`, and its low 32 bits are stored.
     int GetIntValue(const std::string& section, const std::string& key, int& value);
     /// As `GetIntValue`, with the default when there is no such key; a value that is no number still gives 0.
     int GetIntValueOrDefault(const std::string& section, const std::string& key, int& value, int defaultValue);
@@ -173,14 +173,14 @@ public:
     static void trimleft(std::string& text, char c);
     /// Removes the trailing run of `c`.
     static void trimright(std::string& text, char c);
-    /// Parts a text at the first separator, and trims both parts.
+    /// Splits a text at the first separator, and trims both parts.
     ///
     /// One byte is skipped after the left part, whatever the separator's length: the rest of a longer one stays
     /// at the head of the right part.
     ///
     /// @return whether the separator was found; if not, `left` takes the whole text and `right` is empty
     static bool split(const std::string& text, const std::string& separator, std::string& left, std::string& right);
-    /// Parts a line at its first equals sign, as `split` does.
+    /// Splits a line at its first equals sign, as `split` does.
     static bool parse(const std::string& line, std::string& key, std::string& value);
     /// Whether the line begins with the comment delimiter.
     bool IsCommentLine(const std::string& line) const;

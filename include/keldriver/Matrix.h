@@ -106,8 +106,8 @@ public:
     /// The transposed matrix, as a copy.
     CPrintDriverMatrix GetTransposed() const;
 
-    /// A copy of the block of `rows` x `cols` elements from (row, col) on. A block that reaches the last row or
-    /// column is refused like one that leaves the matrix: both make it throw.
+    /// A copy of the block of `rows` x `cols` elements from (row, col) on. A block that reaches the last row or column
+    /// is refused just like one that exceeds the matrix: both make it throw.
     CPrintDriverMatrix ExtractSubMatrix(int row, int col, int rows, int cols) const;
     /// Writes `other` over the elements from (row, col) on; it must fit, which is not checked.
     void SetSubMatrix(int row, int col, const CPrintDriverMatrix& other);
@@ -131,8 +131,8 @@ public:
     /// @param values  one for each row; borrowed
     void AddRow(const double* values);
 
-    /// Makes the matrix square by leaving out rows or columns: of each group of as many as the smaller size goes
-    /// into the larger one, the first stays.
+    /// Makes the matrix square by leaving out rows or columns: it keeps the first of every n, where n is how many times
+    /// the smaller size goes into the larger one.
     void MakeSquare();
     /// What `MakeSquare` would make of this matrix, as a new one.
     CPrintDriverMatrix GetSquareMatrix() const;
@@ -163,18 +163,17 @@ public:
     /// The largest element of a column; 0 when there are none.
     double GetColumnMax(int col) const;
 
-    /// A copy without one column and one row, which count from 1. The last one goes where there is none of that
-    /// number.
+    /// A copy without one column and one row, which count from 1. A number that does not exist removes the last one.
     CPrintDriverMatrix resid(int col, int row) const;
     /// The determinant up to 2x2. From three columns on it is not the determinant: the elements of the first column
-    /// times their minors are all added, without alternating signs, which is part of the interface. What a narrow or
-    /// low matrix lacks counts as zero.
+    /// times their minors are all added, without alternating signs, which is part of the interface. Elements that a
+    /// matrix is too small to have count as zero.
     double calculate() const;
     /// `calculate` of the minor `resid(i, j)`, its sign changed when i + j is even, in single precision.
     double residue(int i, int j) const;
 
-    /// Inverts a square matrix in place. A matrix found to be singular (no pivot of 0.0001 left) stays as far as the
-    /// elimination got, and nothing tells so. A matrix that is not square stays as it is.
+    /// Inverts a square matrix in place. A matrix found to be singular (no pivot of 0.0001 left) is left half
+    /// eliminated, and the caller is not told. A matrix that is not square stays as it is.
     void Invert();
     /// What `Invert` makes of a copy; throws unless the matrix is square.
     CPrintDriverMatrix GetInverted() const;

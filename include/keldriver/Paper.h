@@ -40,14 +40,14 @@ static_assert(offsetof(PaperSize, Width) == 260 && offsetof(PaperSize, Units) ==
 /// | 20      | once: largest width and length, 32 bits (INI file only)    | 0           |
 /// | 65      | `LeftEdge`, `UpEdge`, `RightEdge`, `DownEdge`, 32 bits     | paper count |
 ///
-/// A binary file written by this library answers codes 19 and 13, and to the others with a buffer answers 0: they read
-/// a binary file of whole 288-byte `PaperSize` records, which is never written here. Ask the INI file for those.
+/// A binary file written by this library answers codes 19 and 13. To the others, with a buffer, it answers 0: they read
+/// a binary file of whole 288-byte `PaperSize` records, which this library never writes. Ask the INI file for those.
 ///
 /// @param code    other codes answer 0 and write nothing
-/// Reading takes no turn with writers: between asking for the count and asking for the papers another program can add
-/// one. Hold an exclusive `flock` on the file's folder over both queries, as this library does while it writes, or
-/// query a copy of the file. A query that makes the binary file takes its turn itself: up to two seconds, and none
-/// while the caller holds that lock.
+/// Reading does not take turns with writers: another program can add a paper between the query for the count and the
+/// one for the papers. Hold an exclusive `flock` on the file's folder over both queries, as this library does while it
+/// writes, or query a copy of the file. A query that makes the binary file waits for its turn itself, up to two
+/// seconds; while the caller holds that lock it gets none, and leaves the file to a later query.
 ///
 /// @param output  receives the answer, with room for as many entries as the file states when it is read; null asks for
 ///                the count only. It needs no alignment.
@@ -72,7 +72,7 @@ KELDRIVER_API int HT_DefaultDeviceCapabilities(unsigned short code, char* output
 /// In an INI file a name ends at a "#", loses quotes and blanks at its ends, and reads back empty when it takes more
 /// than 63 bytes of UTF-8. A line break in one makes the file malformed.
 ///
-/// Throws `std::out_of_range` for a path of less than three characters, and `std::range_error` when the path or a name
+/// Throws `std::out_of_range` for a path of fewer than three characters, and `std::range_error` when the path or a name
 /// for an INI file has no UTF-8 form; what comes before such a name is written.
 ///
 /// @param papers  `count` records; borrowed; names are taken up to 64 characters. Null with a `count` above 0 answers 0
@@ -82,8 +82,8 @@ KELDRIVER_API int HT_WritePaperFile(const wchar_t* path, const PaperSize* papers
 /// Stores a paper in a driver's paper file: in place of the first one of the same number, else as a new last one.
 ///
 /// A malformed INI file, and a binary file without the header of a paper file, count as empty lists; the binary one is
-/// replaced. A file that cannot be read (nor, where there is no binary file, the INI file beside it), or that states
-/// more than 4096 papers and cannot hold them, is left as it is.
+/// replaced. A file that cannot be read (if there is no binary file, the INI file beside it), or that states more than
+/// 4096 papers and cannot hold them, is left as it is.
 ///
 /// Throws what `HT_WritePaperFile` throws, and `std::bad_array_new_length` when the file states less than -1 papers.
 ///

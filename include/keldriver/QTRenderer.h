@@ -90,14 +90,14 @@ public:
     /// precision draw nothing.
     void DrawText(wchar_t* text, int length, const HT_Font& font, const HT_Double_Point& position, double obliqueAngle,
                   double widthFactor, double* charWidths) override;
-    /// Draws an image's memory, read as 32 bits a pixel whatever its depth, into a rectangle on the device grid.
+    /// Draws an image's memory, read as 32 bits per pixel whatever its depth, into a rectangle on the device grid.
     ///
     /// The size of the image is that of its bitmap header; the rectangle is as high as one row more than the
     /// image has. A negative height factor turns the image upside down and lets it grow upward from `y`. Memory
     /// is wrapped, not copied, unless `SetAlpha` has given an opacity below 255, which multiplies that of each
     /// pixel, the image is turned, or its memory is not aligned to 4 bytes. Images of this library that have fewer
-    /// bytes than 32 bits a pixel take are copied and completed with transparent black; other implementations must have
-    /// them all. Nothing is drawn without a header, with a width of 0 or less or a height of 0 in it, or without
+    /// bytes than 32 bits per pixel take are copied and completed with transparent black; other implementations must
+    /// have them all. Nothing is drawn without a header, with a width of 0 or less or a height of 0 in it, or without
     /// pixels.
     void DrawImage(HT_RasterImage_Record* record) override;
 
@@ -135,13 +135,13 @@ public:
     /// and height are those of the scaled rectangle, rounded up, and 2 more. So it reaches half a pixel to one and a
     /// half beyond the rectangle on the left and at the top, and half a pixel to two and a half on the right and at the
     /// bottom. A smallest coordinate that saturates at the low end of 32 bits wraps to the high end, off the page. A
-    /// rectangle wider than 2147483647 device units, which Qt takes for an empty one, gives way on the left as far as
-    /// -1 and then on the right, and in the same way in its height.
+    /// rectangle wider than 2147483647 device units, which Qt would take for an empty one, is shortened on the left, to
+    /// -1 at most, and then on the right; its height is treated alike.
     ///
     /// Other contours are snapped to the device grid and joined, in the order of the list, by Qt's path operations; the
     /// operation of the first one is not read, and an unknown one means `HT_RGN_AND`. With null, or a first contour of
     /// fewer than two vertices, the clip is an empty path; later contours of that kind are skipped. What shows under an
-    /// empty path is Qt's matter.
+    /// empty path is up to Qt.
     void SetClipRgn(const HT_ClipRgn* region) override;
     /// Stores the factor from plot units to device units; not checked. It applies to coordinates and custom
     /// dash patterns that come after it, not to the line weight.

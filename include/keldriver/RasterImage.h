@@ -16,14 +16,14 @@ class Image;
 
 /// A raster image as drivers hand it to the renderer.
 ///
-/// Every query has an answer for an image that is absent, because it could not be read for example; it stands
-/// with the query. Pointers that are answered belong to the image and last until it is changed or released. An
-/// image is used by one thread at a time. There is no virtual destructor: the handle that
-/// `RasterImageFactory` gives out knows how to release its image. On a driver's own implementation the renderer
-/// calls `pixelWidth`, `pixelHeight`, `scanLinesBase` and `getBitmapInfo`, and needs no type information of it.
+/// Every query also answers for an absent image, one that could not be read for example; the answer is given with the
+/// query. Returned pointers belong to the image and last until it is changed or released. An image is used by one
+/// thread at a time. There is no virtual destructor: the handle that `RasterImageFactory` gives out knows how to
+/// release its image. On a driver's own implementation the renderer calls `pixelWidth`, `pixelHeight`, `scanLinesBase`
+/// and `getBitmapInfo`, and needs no type information of it.
 class KELDRIVER_API HT_RasterImage {
 public:
-    /// Where an image comes from; the drivers' matter, so there are no names here.
+    /// Where an image comes from. The drivers define the values, so they have no names here.
     enum SourceType : int32_t {};
 
     HT_RasterImage() = default;
@@ -44,7 +44,7 @@ public:
     virtual bool hasPalette() const = 0;
     /// True when pixels have an opacity of their own; absent: false.
     virtual bool hasAlpha() const = 0;
-    /// The colour that is to be seen through; 4294967295 for none.
+    /// The colour that counts as transparent; 4294967295 for none.
     virtual uint32_t transparentColor() const = 0;
     /// 1 when a pixel is not opaque, else 0; absent: 0 or -1, as the implementation says.
     virtual int32_t getTransparency() const = 0;
@@ -81,8 +81,8 @@ public:
     ///
     /// @param data     receives the address of the encoded bytes, which belong to the image until `freeConvert`
     /// @param size     receives their number
-    /// @param quality  0 to 100, or -1 for the format's own; taken as a signed 32-bit value, of which those below -1
-    ///                 count as -1 and those above 100 as 100
+    /// @param quality  0 to 100, or -1 for the format's own; taken as a signed 32-bit value; below -1 it counts as -1,
+    ///                 above 100 as 100
     /// @return not 0 on success; else 0, and the outputs and the bytes of the last success are unchanged. Null
     ///         arguments give 0
     virtual uint32_t convertTo(const wchar_t* format, void** data, unsigned long* size, unsigned long quality) = 0;
@@ -109,7 +109,7 @@ struct HT_RasterImage_Record {
     double x;            ///< left edge, plot units
     double y;            ///< top edge, plot units
     double widthFactor;  ///< plot units per column
-    double reserved[2];  ///< the drivers' matter
+    double reserved[2];  ///< for the drivers' own use
     double heightFactor; ///< plot units per row; negative: upside down, growing upward from `y`
 };
 
@@ -118,7 +118,7 @@ static_assert(sizeof(HT_RasterImage_Record) == 56 && offsetof(HT_RasterImage_Rec
                   offsetof(HT_RasterImage_Record, heightFactor) == 48,
               "record shared with drivers");
 
-/// An image of the application's image library, told by the DIB description that the library gives.
+/// An image of the application's image library, seen through the DIB description that the library gives.
 ///
 /// The image is absent without a library image and where that has no description. Resolutions are pixels per
 /// centimetre.
@@ -136,7 +136,7 @@ public:
     double resolutionWidth() const override;
     double resolutionHeight() const override;
     bool hasPalette() const override;
-    bool hasAlpha() const override; ///< 32 bits a pixel
+    bool hasAlpha() const override; ///< 32 bits per pixel
     uint32_t transparentColor() const override;
     int32_t getTransparency() const override;        ///< what the library answers; absent: -1
     SourceType imageSource() const override;         ///< -1
@@ -156,7 +156,7 @@ public:
     bool isMapViewOfFile() const override; ///< false
     void destroy() override;               ///< releases the library image and this object, which must come from `new`
     void flip() override;                  ///< does nothing
-    void addAlpha(int alpha) override;     ///< the library's matter
+    void addAlpha(int alpha) override;     ///< left to the image library
 
     int ConvertImageInLockMem(const tagBITMAPINFO* info, const void* bits, const wchar_t* format, void** data,
                               unsigned long* size, unsigned int quality); ///< does nothing and answers 0
@@ -197,7 +197,7 @@ public:
     const tagBITMAPINFO* getBitmapInfo() const override;
     void bltDraw(void* target, double* origin, double* u, double* v) const override; ///< does nothing
     uint32_t saveAs(const wchar_t* path) override;                                   ///< 1 on success, else 0
-    /// Encodes a copy with 32 bits a pixel, so decoding a PNG again gives an image that `DrawImage` shows right.
+    /// Encodes a copy with 32 bits per pixel, so decoding a PNG again gives an image that `DrawImage` shows right.
     uint32_t convertTo(const wchar_t* format, void** data, unsigned long* size, unsigned long quality) override;
     void freeConvert() override;
     bool isMapViewOfFile() const override; ///< false

@@ -49,9 +49,9 @@ public:
 
     /// Lends the renderer what it draws on.
     ///
-    /// @param target  what it points to is the renderer's matter; it must outlive the renderer
+    /// @param target  its type depends on the renderer; what it points to must outlive the renderer
     /// @param size    of the target in device units
-    /// @param flag    the renderer's matter
+    /// @param flag    its meaning depends on the renderer
     virtual void AttachDriver(void* target, const HT_Int_Size& size, bool flag) = 0;
     /// Ends what `AttachDriver` began. Nothing is drawn after it, but the target may still be needed until the
     /// renderer is destroyed.
@@ -114,8 +114,7 @@ public:
     virtual void SetFillMode(HT_PlotStyle::FillMode mode) = 0;
     /// Sets how new ink goes with what is drawn already.
     virtual void SetMergeControlType(HT_PlotStyle::MergeControlType type) = 0;
-    /// Limits what is drawn after it to a region in plot units, and to that alone: the region before it no longer
-    /// counts.
+    /// Limits what is drawn from now on to a region in plot units, which replaces any region set before.
     virtual void SetClipRgn(const HT_ClipRgn* region) = 0;
     /// Sets the factor from plot units to device units. Does nothing here: for renderers that scale.
     virtual void setScale(double scale);

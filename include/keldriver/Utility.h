@@ -36,9 +36,9 @@ KELDRIVER_API const wchar_t* VornGetAppDataPathWithBackslash();
 
 /// The section names of a settings file, as `GetPrivateProfileSectionNamesEx` writes them.
 ///
-/// With a size of 0 it measures, over a list cut off at 256 wide characters: only where the names that fit use exactly
-/// 254 does it measure again with twice the room, and so on. A list that fits is measured whole; of a longer one the
-/// answer is short.
+/// With a size of 0 it measures a list cut off at 256 wide characters. Only if the names that fit use exactly 254 does
+/// it measure again with twice the room, and so on. A list that fits is measured in full; for a longer one the answer
+/// is too small.
 ///
 /// @param buffer  room for `size` wide characters; untouched, and may be null, when `size` is 0 or less
 /// @param size    in wide characters; 0 measures
@@ -47,10 +47,10 @@ KELDRIVER_API const wchar_t* VornGetAppDataPathWithBackslash();
 ///         negative size
 KELDRIVER_API int HT_ListCloseDriver(wchar_t* buffer, int size, const wchar_t* file);
 
-/// Whether smooth drawing is there for drivers to use: always 1.
+/// Whether drivers can use smooth drawing: always 1.
 KELDRIVER_API int HT_IsSupportGDIPlus();
 
-/// The base for a driver's port monitor; destroyed through this class. It asks nothing of its derived classes.
+/// The base for a driver's port monitor; destroyed through this class. It requires nothing of its derived classes.
 class KELDRIVER_API PortMonitor {
 public:
     /// A monitor without anything in it.

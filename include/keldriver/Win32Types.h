@@ -48,11 +48,11 @@ struct tagBITMAPINFOHEADER {
     int32_t biWidth;         ///< pixels
     int32_t biHeight;        ///< pixels; negative: the top row comes first
     uint16_t biPlanes;       ///< 1
-    uint16_t biBitCount;     ///< bits a pixel
+    uint16_t biBitCount;     ///< bits per pixel
     uint32_t biCompression;  ///< 0 for none, 3 for pixels laid out by three colour masks
     uint32_t biSizeImage;    ///< of the pixels in bytes; 0: what the rows take
-    int32_t biXPelsPerMeter; ///< horizontal resolution, pixels a metre
-    int32_t biYPelsPerMeter; ///< vertical resolution, pixels a metre
+    int32_t biXPelsPerMeter; ///< horizontal resolution, pixels per metre
+    int32_t biYPelsPerMeter; ///< vertical resolution, pixels per metre
     uint32_t biClrUsed;      ///< palette entries in use; 0: all that up to 8 bits can number, none beyond
     uint32_t biClrImportant; ///< palette entries that a device must show; 0: all
 };

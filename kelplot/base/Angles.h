@@ -3,9 +3,9 @@
 
 namespace kelplot {
 
-constexpr double turn = 6.283185307179586; ///< a whole one, in radians
+constexpr double turn = 6.283185307179586; ///< a full turn, in radians
 
-/// Drawings state angles in degrees, and so do the library's fonts; everything between counts in radians.
+/// Drawings state angles in degrees, and so do the library's fonts; everything in between uses radians.
 constexpr double radiansFromDegrees(double degrees) {
     return degrees * (turn / 360.0);
 }

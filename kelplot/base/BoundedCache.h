@@ -5,8 +5,8 @@
 
 namespace kelplot {
 
-/// Remembers what was made for a key, in a table such as `std::map`. Once it holds `most` it forgets all and starts
-/// again: what is asked for again and again is soon back.
+/// Remembers what was made for a key, in a table such as `std::map`. Once it holds `most` entries it is emptied;
+/// whatever is asked for often is soon back.
 template <typename Table, std::size_t most>
 class BoundedCache {
 public:

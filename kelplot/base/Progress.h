@@ -5,8 +5,8 @@
 
 namespace kelplot {
 
-/// Told how far a long piece of work has come, from 0 to 1. Reading and plotting report it alike; empty where nobody
-/// looks.
+/// Receives the progress of a long piece of work, from 0 to 1. Reading and plotting both report it; empty when nobody
+/// is watching.
 using Progress = std::function<void(double fraction)>;
 
 } // namespace kelplot

@@ -43,7 +43,7 @@ void applyOptions(const QCommandLineParser& parser, Request& request) {
     }
 }
 
-/// What a command line asks for, from all that it says.
+/// The action that the options of a command line amount to.
 Action actionOf(const QCommandLineParser& parser) {
     Request switches;
     for (const OptionRow& row : optionRows()) {
@@ -68,7 +68,7 @@ void checkTogether(const QCommandLineParser& parser, const Request& request) {
     refuseExclusivePairs(parser);
     const bool listsPapers = request.action == Action::listPapers;
     if (request.json && !listsPapers) {
-        throw UsageError(QStringLiteral("--json: goes with --list-papers"));
+        throw UsageError(QStringLiteral("--json: allowed only with --list-papers"));
     }
     if (listsPapers) {
         return;
@@ -96,7 +96,7 @@ Request requestFromArguments(const QStringList& arguments) {
         applyDefaults(driverFolder(), request);
         applyDefaults(ownFolder(), request);
         request.usualFormat = request.format.value_or(request.usualFormat);
-        request.format.reset(); // the ending of the output's name counts for more than a default
+        request.format.reset(); // the ending of the output's name takes precedence over a default
     }
     if (parser.isSet(QStringLiteral("paper"))) {
         request.paper.origin = QStringLiteral("--paper");

@@ -6,7 +6,7 @@
 namespace kelplot {
 
 /// Reads a command line, the program's name first, over the defaults of the settings files. Throws `UsageError`, or
-/// `SettingsError` where the settings that the plot needs are at fault.
+/// `SettingsError` when the settings that the plot needs are faulty.
 Request requestFromArguments(const QStringList& arguments);
 
 /// The text for `--help`.

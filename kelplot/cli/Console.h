@@ -13,7 +13,7 @@ class Console {
 public:
     enum class Progress {
         never,
-        whenLong, ///< only for work that takes its time
+        whenLong, ///< only for work that takes a while
         always,
     };
     using Time = std::chrono::steady_clock::time_point;
@@ -29,9 +29,9 @@ public:
 
     /// Begins a piece of work that its label names.
     void startWork(const std::string& label);
-    /// Shows how far the work has come, from 0 to 1, if it is time to.
+    /// Shows the progress of the work, from 0 to 1, if an update is due.
     void showProgress(double fraction);
-    /// Takes the line of progress away.
+    /// Removes the progress line.
     void endWork();
 
 private:

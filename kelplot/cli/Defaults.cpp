@@ -44,7 +44,7 @@ QString unknownDefault(const QString& path, const QString& key) {
         .arg(path, key, nearest.join(QStringLiteral(", ")));
 }
 
-/// Keeps where a value was asked for, and has a path start from the folder of the file that names it.
+/// Records where a value was stated, and resolves a path from the folder of the file that states it.
 void keepOrigin(const QString& folder, const QString& origin, const Setting& setting, Request& request) {
     if (setting.key == QLatin1String("paper")) {
         request.paper.origin = origin;

@@ -7,8 +7,8 @@
 
 namespace kelplot {
 
-/// Takes what the file kelplot.ini of a folder states, if there is one: options, pens and fonts. A default that is no
-/// option, or one that the settings may not state, is left with a warning. Throws `SettingsError` for a file at fault.
+/// Applies the file kelplot.ini of a folder, if there is one: options, pens and fonts. A key that is not an option, or
+/// is one that the settings may not state, is skipped with a warning. Throws `SettingsError` for a faulty file.
 void applyDefaults(const QString& folder, Request& request);
 
 } // namespace kelplot

@@ -54,13 +54,13 @@ void keepQtQuiet(QtMsgType type, const QMessageLogContext& /*context*/, const QS
             throw;
         } catch (const std::bad_alloc&) {
             endWithoutMemory();
-        } catch (...) { // a fault of the program's own: it leaves its trace
+        } catch (...) { // a bug in the program: let it abort and leave its trace
         }
     }
     std::abort();
 }
 
-/// Makes ready what Qt wants to know before its application object exists.
+/// Sets up what Qt needs to know before its application object exists.
 void prepareQt() {
     qInstallMessageHandler(keepQtQuiet);
     // No window is ever shown, so no display is needed.
@@ -131,7 +131,7 @@ ExitStatus listAll(const QStringList& inputs, Console& console) {
     return worst;
 }
 
-/// Passes warnings on. False where they are to be treated as failures, and there is one.
+/// Prints the warnings. Where warnings count as failures, prints the first one as an error and returns false.
 bool passOn(const QStringList& warnings, bool strict, Console& console) {
     for (const QString& warning : warnings) {
         if (strict) {
@@ -182,7 +182,7 @@ ExitStatus run(const Request& request) {
     return plot(request, console);
 }
 
-/// What a run ends with: text that did not reach standard output is a failure too.
+/// The final status of a run: text that did not reach standard output is a failure too.
 ExitStatus flushed(ExitStatus status) {
     if (std::cout.flush()) {
         return status;

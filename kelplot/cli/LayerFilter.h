@@ -7,7 +7,7 @@
 
 namespace kelplot {
 
-/// Tells whether a layer's name is what `pattern` means: letters in any case, `*` for any text.
+/// Tells whether a layer's name matches `pattern`, ignoring case; `*` stands for any text.
 bool matchesLayer(const QString& pattern, const QString& name);
 
 /// Keeps all layers off paper that are not among `wanted` or are among `unwanted`; an empty `wanted` means

@@ -6,7 +6,7 @@
 namespace kelplot {
 namespace {
 
-/// A text without the characters that mean something to the typesetter.
+/// A text with the characters escaped that mean something to the typesetter.
 QString escaped(const char* text) {
     QString result = QString::fromLatin1(text);
     return result.replace(QLatin1Char('\\'), QStringLiteral("\\e")).replace(QLatin1Char('-'), QStringLiteral("\\-"));
@@ -54,11 +54,11 @@ otherwise. A file that cannot be written whole is not written at all.
     return page + QStringLiteral(R"(.SH FILES
 .TP
 .I Drivers/kelplot.ini
-Beside the program: defaults for options (section "Defaults", one option=value a line), pens and fonts.
-These options may stand there: %1.
+Beside the program: defaults for options (section "Defaults", one option=value per line), pens and fonts.
+It may set these options: %1.
 .TP
 .I $XDG_CONFIG_HOME/kelplot/kelplot.ini
-Your own, which goes before the other key by key. The papers that you save are in papers.ini beside it.
+Your own defaults, which take precedence key by key. The papers that you save are in papers.ini beside it.
 .SH EXIT STATUS
 .TP
 0
@@ -76,7 +76,7 @@ A file is not a drawing or is truncated, or there were warnings under \-\-strict
 4
 The output failed.
 .PP
-Of several drawings, the highest counts.
+With several drawings, the highest status counts.
 )")
                       .arg(presetNames());
 }

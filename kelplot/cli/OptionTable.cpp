@@ -15,7 +15,7 @@ constexpr double largestWeightScale = 100.0;
     throw UsageError(QStringLiteral("\"%1\" is not allowed; give %2").arg(value, allowed));
 }
 
-/// The value, where the reading function made one of it.
+/// The value that was read; refuses the text when there is none.
 template <typename Value>
 Value orRefuse(const std::optional<Value>& read, const QString& value, const QString& allowed) {
     if (!read) {
@@ -99,7 +99,7 @@ void setDpi(Request& request, const QString& value) {
 QStringList layerPatterns(const QString& value) {
     QStringList patterns = value.split(QLatin1Char(','), Qt::SkipEmptyParts);
     if (patterns.isEmpty()) {
-        refuse(value, QStringLiteral("layer names with commas between them; * stands for any text"));
+        refuse(value, QStringLiteral("layer names separated by commas; * stands for any text"));
     }
     return patterns;
 }
@@ -134,7 +134,7 @@ void act(Request& request, const QString& /*value*/) {
 const std::vector<OptionRow> rows = {
     {"o", "output", "FILE", "Write the plot to FILE.", setOutputFile},
     {"t", "target-directory", "DIR", "Write the plots to DIR, each with the name of its drawing.", setOutputDirectory},
-    {nullptr, "format", "FORMAT", "pdf, png or svg; else the ending of -o FILE tells, else pdf.", setFormat,
+    {nullptr, "format", "FORMAT", "pdf, png or svg; by default as the ending of -o FILE says, or else pdf.", setFormat,
      Default::inSettings},
     {nullptr, "paper", "PAPER", "A name such as A3 or Letter, or WIDTHxHEIGHT in millimetres. [A4]", setPaper,
      Default::inSettings},
@@ -142,21 +142,22 @@ const std::vector<OptionRow> rows = {
     {nullptr, "margins", "MM", "One margin for all edges, or LEFT,TOP,RIGHT,BOTTOM. [as the paper's]", setMargins,
      Default::inSettings},
     {nullptr, "scale", "SCALE", "Plot to scale: 1:50, 2:1 or 0.5.", setScale, Default::inSettings},
-    {nullptr, "window", "X1,Y1,X2,Y2", "Plot this part only; two opposite corners in drawing units.", setWindow},
+    {nullptr, "window", "X1,Y1,X2,Y2", "Plot only this part: two opposite corners in drawing units.", setWindow},
     {nullptr, "pens", "FILE", "Take widths, colours and screening by colour number from FILE.", setPens,
      Default::inSettings},
     {nullptr, "lineweight-scale", "FACTOR", "Multiply all line weights. [1]", setWeightScale, Default::inSettings},
-    {nullptr, "text", "MODE", "outlines, or fonts: texts of a PDF or SVG file can be searched. [outlines]", setTexts,
-     Default::inSettings},
-    {nullptr, "layers", "LIST", "Plot these layers only; names with commas between, * for any text.", addLayers},
+    {nullptr, "text", "MODE", "outlines, or fonts for texts that can be searched in PDF and SVG files. [outlines]",
+     setTexts, Default::inSettings},
+    {nullptr, "layers", "LIST", "Plot only these layers: names separated by commas, * for any text.", addLayers},
     {nullptr, "exclude-layers", "LIST", "Leave these layers out.", addExcludedLayers},
     {nullptr, "dpi", "N", "Dots per inch of a PNG image. [200]", setDpi, Default::inSettings},
-    {nullptr, "portrait", nullptr, "Upright paper; else as suits the drawing.", turnPaper<Orientation::portrait>},
-    {nullptr, "landscape", nullptr, "Paper on its side; else as suits the drawing.", turnPaper<Orientation::landscape>},
+    {nullptr, "portrait", nullptr, "Upright paper; by default as suits the drawing.", turnPaper<Orientation::portrait>},
+    {nullptr, "landscape", nullptr, "Paper on its side; by default as suits the drawing.",
+     turnPaper<Orientation::landscape>},
     {nullptr, "fit", nullptr, "Plot as large as the paper allows. [default]", fit},
     {nullptr, "center", nullptr, "With --scale: in the middle, not at the lower left.", choose<&Request::centred>},
     {nullptr, "monochrome", nullptr, "Black ink only.", choose<&Request::monochrome>},
-    {nullptr, "progress", nullptr, "Show the progress even where standard error is no terminal.",
+    {nullptr, "progress", nullptr, "Show progress even if standard error is not a terminal.",
      choose<&Request::forceProgress>},
     {nullptr, "quiet", nullptr, "No progress and no warnings.", choose<&Request::quiet>},
     {nullptr, "strict", nullptr, "Treat warnings as failures: write nothing and exit with 3.",

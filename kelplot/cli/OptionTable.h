@@ -10,7 +10,7 @@ namespace kelplot {
 /// Whether the settings may state an option's value.
 enum class Default { none, inSettings };
 
-/// An option. It is read, taken from the settings, and documented by what stands here.
+/// An option: everything needed to parse it, to take it from the settings and to document it.
 struct OptionRow {
     const char* shortName; ///< may be null
     const char* name;
@@ -20,10 +20,10 @@ struct OptionRow {
     Default preset = Default::none;
 };
 
-/// All options. Those that come later win over those before.
+/// All options, in the order in which they are applied: a later one overrides an earlier one.
 const std::vector<OptionRow>& optionRows();
 
-/// Puts a value where it belongs. Throws `UsageError` with the option's name.
+/// Applies an option to a request. Throws `UsageError` with the option's name.
 void applyOption(const OptionRow& row, const QString& value, Request& request);
 
 } // namespace kelplot

@@ -13,8 +13,8 @@ namespace kelplot {
 /// A size as the option --paper reads it.
 QString sizeText(const SheetSize& size);
 
-/// Prints a paper a line: the name, the size, the margins, and whether it is the user's own, with tabs between. Sizes
-/// and margins are in the form that the options take.
+/// Prints one paper per line: the name, the size, the margins, and whether it is the user's own, separated by tabs.
+/// Sizes and margins are in the form that the options take.
 void printPapers(const PaperTable& table, std::ostream& stream);
 
 /// Prints the papers as a JSON array of objects; lengths are millimetres.

@@ -24,7 +24,7 @@ void useSize(const AskedPaper& asked, const SheetSize& size, PlotPlan& plan) {
     plan.page.paper = {size, true};
 }
 
-/// Without the device's papers no name can be looked up. Only the paper that nobody asked for is still known.
+/// Without the device's papers no name can be looked up. Only the built-in default is still known.
 void useUnlistedPaper(const AskedPaper& asked, PlotPlan& plan) {
     const QString missing = PaperFile(driverFolder()).path();
     if (!asked.origin.isEmpty()) {
@@ -38,7 +38,7 @@ void useName(const AskedPaper& asked, PlotPlan& plan) {
     const PaperTable table = PaperTable::load(plan.warnings);
     const NamedPaper* const paper = table.find(asked.text);
     if (paper) {
-        // A saved size lies as it was given; the device's sheets lie as suits the drawing.
+        // A saved size keeps its orientation; the device's sheets are turned to suit the drawing.
         plan.page.paper = {paper->size, paper->own};
         plan.page.margins = paper->margins;
         return;
@@ -48,7 +48,7 @@ void useName(const AskedPaper& asked, PlotPlan& plan) {
         return;
     }
     throw UsageError(
-        QStringLiteral("%1: \"%2\" is no paper; the nearest are %3. Give one of --list-papers, or %4")
+        QStringLiteral("%1: \"%2\" is not a paper; the nearest are %3. Give one of --list-papers, or %4")
             .arg(asked.origin, asked.text, table.nearest(asked.text).join(QStringLiteral(", ")), sizeRule));
 }
 
@@ -57,20 +57,21 @@ void requireRoom(const Request& request, const PageOptions& page) {
         return;
     }
     if (request.margins) {
-        throw UsageError(QStringLiteral("%1: they leave no room on the paper").arg(request.marginsOrigin));
+        throw UsageError(QStringLiteral("%1: the margins leave no room on the paper").arg(request.marginsOrigin));
     }
     throw UsageError(QStringLiteral("%1: \"%2\" has no room within the usual margins; give --margins")
                          .arg(request.paper.origin, request.paper.text));
 }
 
-/// Turns the paper that was asked for into a sheet with margins, from the paper files where it is a name.
+/// Finds the sheet and margins of the paper that was asked for; a name is looked up in the paper files.
 void choosePaper(const Request& request, PlotPlan& plan) {
     const AskedPaper& asked = request.paper;
     const std::string text = asked.text.toStdString();
     if (const auto size = sheetSizeFromText(text)) {
         useSize(asked, *size, plan);
     } else if (numberPairFromText(text, "xX")) {
-        throw UsageError(QStringLiteral("%1: \"%2\" is no sheet; give %3").arg(asked.origin, asked.text, sizeRule));
+        throw UsageError(
+            QStringLiteral("%1: \"%2\" is not a sheet size; give %3").arg(asked.origin, asked.text, sizeRule));
     } else {
         useName(asked, plan);
     }
@@ -90,7 +91,7 @@ PaperSize savableRecord(const Request& request, PlotPlan& plan) {
     const auto record = recordFor(request.savedPaper, plan.page.paper.size, plan.page.margins);
     if (isSize || !record) {
         throw UsageError(QStringLiteral("--save-paper: \"%1\" is not allowed; give a name of up to 63 bytes without "
-                                        "quotes and number signs, that is no size")
+                                        "quotes and number signs that is not a size")
                              .arg(request.savedPaper));
     }
     const PaperTable table = PaperTable::load(plan.warnings);
@@ -109,7 +110,7 @@ OutputFormat formatFor(const Request& request) {
     }
     const auto format = formatFromName(ending);
     if (!format) {
-        throw UsageError(QStringLiteral("--output: \"%1\" tells no format; end it in one of %2, or give --format")
+        throw UsageError(QStringLiteral("--output: \"%1\" has an unknown ending; use one of %2, or give --format")
                              .arg(request.outputFile, formatNames()));
     }
     return *format;
@@ -123,7 +124,7 @@ QString outputPath(const QString& input, const Request& request, OutputFormat fo
     return request.outputDirectory.isEmpty() ? name : QDir(request.outputDirectory).filePath(name);
 }
 
-/// One text for one file, by whatever path it is named.
+/// The same text for the same file, whatever path names it.
 QString identityOf(const QString& path) {
     const QFileInfo info(path);
     return info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();

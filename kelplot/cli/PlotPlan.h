@@ -23,16 +23,16 @@ struct PlotPlan {
     QStringList layers;         ///< patterns; empty: all
     QStringList excludedLayers; ///< patterns
     bool strict = false;
-    QString savedName;                   ///< of the paper that is to be kept
-    std::optional<PaperSize> savedPaper; ///< none: no paper is to be kept
+    QString savedName;                   ///< of the paper to save
+    std::optional<PaperSize> savedPaper; ///< none: no paper is saved
 };
 
 /// Works out what a request to plot, or to save a paper, comes to. Throws `UsageError` for papers that are unknown or
 /// leave no room, where two inputs would share an output, and where an output would replace an input; `SettingsError`
-/// for a file of papers or pens at fault.
+/// for a faulty file of papers or pens.
 PlotPlan planFor(const Request& request);
 
-/// Keeps the plan's paper in the user's own paper file, and returns what to tell the user. Throws `SettingsError`.
+/// Saves the plan's paper to the user's own paper file, and returns what to tell the user. Throws `SettingsError`.
 QString savePaper(const PlotPlan& plan);
 
 } // namespace kelplot

@@ -10,7 +10,7 @@
 namespace kelplot {
 
 /// A renderer that draws on a device from construction to destruction. The device's painter must outlive it:
-/// the renderer gives the painter's state back when it goes.
+/// the renderer restores the painter's state when it is destroyed.
 class RenderSession {
 public:
     explicit RenderSession(OutputDevice& device);

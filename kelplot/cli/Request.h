@@ -24,15 +24,15 @@ enum class Action { plot, savePaper, listLayers, listPapers, showHelp, showVersi
 /// A paper as it was asked for.
 struct AskedPaper {
     QString text = QStringLiteral("A4"); ///< a name or a size
-    QString origin;                      ///< where it was asked for, for messages; empty: nowhere
+    QString origin;                      ///< where it was asked for, for messages; empty: the default
 };
 
-/// What the settings and the command line ask for: each value sound in itself, no file looked at but theirs.
+/// What the settings and the command line ask for: each value is valid by itself, and no file but theirs is read.
 struct Request {
     Action action = Action::plot;
     QStringList inputs;
     QStringList warnings;                         ///< about the settings
-    QString outputFile;                           ///< for the only input; empty: a name after the input's
+    QString outputFile;                           ///< for a single input; empty: named after the input
     QString outputDirectory;                      ///< empty: the current one
     std::optional<OutputFormat> format;           ///< none: as the output file's ending says
     OutputFormat usualFormat = OutputFormat::pdf; ///< where no ending says it
@@ -44,15 +44,15 @@ struct Request {
     std::optional<double> scale; ///< none: as large as the page allows
     bool centred = false;
     std::optional<Box2> window;
-    QString savedPaper;    ///< the name under which the paper's size is to be kept; empty: not at all
-    QStringList pensFiles; ///< the last to state a pen counts; empty: the drawing's pens
+    QString savedPaper;    ///< the name to save the paper's size under; empty: not saved
+    QStringList pensFiles; ///< the last to list a pen counts; empty: the drawing's pens
     bool monochrome = false;
     double lineWeightScale = 1.0;
     TextMode texts = TextMode::outlines;
     FontTable fonts;
     QStringList layers;         ///< patterns; empty: all
     QStringList excludedLayers; ///< patterns
-    bool json = false;          ///< lists are for programs
+    bool json = false;          ///< lists are printed as JSON
     bool forceProgress = false;
     bool quiet = false;
     bool strict = false;

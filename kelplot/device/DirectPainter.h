@@ -13,26 +13,27 @@ class QPainter;
 
 namespace kelplot {
 
-/// Draws on a device past the renderer, with the painter that the renderer draws with: texts that are to stay texts,
-/// and the transform for pictures that are turned. The renderer knows neither.
+/// Draws with the renderer's own painter what the renderer cannot draw: texts that stay texts, and pictures that are
+/// turned.
 class DirectPainter {
 public:
-    /// @param painter  borrowed; has no world transform but for the calls below
+    /// @param painter  borrowed; has no world transform except during the calls below
     explicit DirectPainter(QPainter& painter) : m_painter(painter) {}
 
-    /// Draws a text as one of its font.
+    /// Draws a text as characters of its font, not as outlines.
     ///
     /// @param place  from the font's units, y downwards and the origin at the start of the base line, to device units
     void drawText(const QString& text, const QFont& font, const Affine2& place, const QColor& ink);
 
-    /// Has `draw` draw in coordinates that `place` takes to device units.
+    /// Calls `draw` while the painter maps coordinates to device units by `place`.
     void drawPlaced(const Affine2& place, const std::function<void()>& draw);
 
-    /// How many dots the device has along a vector of device units.
+    /// The length of a vector of device units, in dots of the device.
     double dotsAlong(Vec2 vector) const;
-    /// Whether pictures with more pixels than the device has dots are mixed; else a few of the pixels stand for all.
+    /// Sets whether pixels are averaged where a picture has more of them than the device has dots; else some are
+    /// skipped.
     void mixPixels(bool mix);
-    /// Tells whether the device draws everything whole, whatever the clip. The generator of SVG does.
+    /// Tells whether the device ignores the clip, as Qt's SVG generator does.
     bool passesClipsOver() const;
 
 private:

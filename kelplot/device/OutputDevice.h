@@ -20,7 +20,7 @@ public:
     OutputDevice& operator=(const OutputDevice&) = delete;
 
     /// The units in which the painter takes coordinates. The painter's world transform is free for drawing:
-    /// what maps these units to the device lies beneath it.
+    /// the map from these units to the device is set below it.
     virtual DeviceGrid grid() const = 0;
 
     /// The painter, begun and ready; lent until `finish`.
@@ -33,7 +33,7 @@ protected:
     OutputDevice() = default;
 };
 
-/// What a device makes.
+/// What a device is to make.
 struct OutputSetup {
     QString path;
     QString title;   ///< for formats that carry one

@@ -14,7 +14,7 @@ namespace {
 /// The file that is being written, as `abandonUnfinished` needs it.
 struct Unfinished {
     QByteArray path;
-    QByteArray temporary; ///< where it lies until it is complete; of no use where that place has no name
+    QByteArray temporary; ///< its path until it is complete; useless while the file has no name
 };
 
 Unfinished unfinished; // one plot is written at a time
@@ -25,8 +25,8 @@ bool takesBytesOnly(const QString& path) {
     return info.exists() && !info.isFile() && !info.isDir();
 }
 
-/// Has a file's bytes put on the disk: some file systems find out only then that there is no room for them.
-/// @return the reason why it failed; empty when it did not, or when the file system knows no such request
+/// Flushes a file's bytes to the disk: some file systems notice only then that they have no room for them.
+/// @return why it failed; empty when it did not, or when the file system does not support it
 QString syncFailure(const QFileDevice& file) {
     if (fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOSYS) {
         return {};

@@ -13,14 +13,14 @@
 
 namespace kelplot {
 
-/// Why a plot could not be put out; the text names the file and the reason.
+/// Why a plot could not be written; the text names the file and the reason.
 class OutputError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// A file that appears under its name only when it is complete, and not at all when anything fails before.
-/// What the name stood for until then stays untouched. Devices and pipes are written to as they are.
+/// A file that appears under its name only when it is complete, and not at all if anything fails first. Until then
+/// whatever had the name stays untouched. Devices and pipes are written to as they are.
 class OutputFile {
 public:
     /// Opens a new file beside the named one, or throws `OutputError`.
@@ -29,7 +29,7 @@ public:
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
-    /// Where to write; owned by this object. It need not be asked for failures: `commit` does.
+    /// Where to write; owned by this object. There is no need to check it for failures: `commit` does.
     QIODevice& device() { return *m_stream; }
 
     /// Writes all of `bytes`, or throws `OutputError`.

@@ -8,8 +8,8 @@
 namespace kelplot {
 
 PdfDevice::PdfDevice(const OutputSetup& setup) : m_path(setup.path), m_file(setup.path), m_writer(&m_file.device()) {
-    // The writer states the page in whole points, so its lower edge may be a sixth of a millimetre off. The plot
-    // hangs on the upper edge and keeps its size.
+    // The writer states the page in whole points, so its lower edge may be a sixth of a millimetre off. The plot is
+    // placed from the upper edge and keeps its size.
     const QPageSize page(QSizeF(setup.sheet.width, setup.sheet.height), QPageSize::Millimeter, QString(),
                          QPageSize::ExactMatch);
     m_writer.setPageLayout(QPageLayout(page, QPageLayout::Portrait, QMarginsF(0.0, 0.0, 0.0, 0.0)));

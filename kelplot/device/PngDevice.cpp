@@ -11,14 +11,14 @@ namespace {
 
 constexpr double millimetresPerInch = 25.4;
 
-/// Plot units a pixel: edges fall between pixels and are smoothed there, as the renderer knows whole units only.
+/// Plot units per pixel. The renderer draws in whole units; with these, edges fall between pixels and are smoothed.
 constexpr int unitsPerPixel = 16;
 
-/// Lines up to a pixel wide are drawn in a quick way that counts dashes in pixels along the steeper axis, so that they
-/// come out too long on slopes and curves.
+/// Qt draws lines up to a pixel wide by a shortcut that counts dashes in pixels along the steeper axis, which makes
+/// them too long on slopes and curves.
 constexpr int thinnestDashed = unitsPerPixel + 1;
 
-/// The painter's coordinates end there.
+/// The largest coordinate that the painter can draw.
 constexpr int longestSide = 32767;
 /// Room for an A0 sheet at 400 dots per inch, one gibibyte of pixels.
 constexpr qint64 mostPixels = qint64(1) << 28;

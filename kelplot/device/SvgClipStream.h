@@ -8,8 +8,8 @@
 
 namespace kelplot {
 
-/// Passes an SVG document of Qt's generator on and puts a clip into it, for the generator leaves out whatever
-/// clip its painter has.
+/// Passes on an SVG document from Qt's generator and puts a clip into it, because the generator ignores its painter's
+/// clip.
 class SvgClipStream final : public QIODevice {
 public:
     /// @param target  open for writing; outlives this

@@ -6,8 +6,8 @@
 
 namespace kelplot {
 
-/// Passes on to its target all of what is written, or keeps the reason why it cannot. Qt's writers of documents take
-/// a part for the whole and write on after a failure: whoever has them write asks here whether all of it arrived.
+/// Passes on everything written to its target, or keeps the reason why it cannot. Qt's document writers take a partial
+/// write for a complete one and carry on after a failure, so their callers ask here whether everything arrived.
 class WholeStream final : public QIODevice {
 public:
     /// @param target  open for writing and without a buffer, which would hide a failure; outlives this

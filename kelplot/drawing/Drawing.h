@@ -40,8 +40,8 @@ struct Drawing {
     std::vector<Block> blocks;
     std::vector<Entity> modelSpace;
     std::vector<Entity> paperSpace;
-    size_t dimensionsWithoutBlock = 0; ///< dimensions that nothing tells how to draw; they are not in the spaces
-    std::string unknownCodePage;       ///< UTF-8, the name of the one its texts are in, where their bytes were guessed
+    size_t dimensionsWithoutBlock = 0; ///< dimensions left out, because no block shows how to draw them
+    std::string unknownCodePage;       ///< UTF-8; the code page that it names, if it cannot be decoded
     std::string folder;                ///< UTF-8, where its file lies
     bool imageFrames = true;
     bool wipeoutFrames = false;

@@ -31,7 +31,7 @@ constexpr uint32_t lineTypeByLayer = std::numeric_limits<uint32_t>::max();
 constexpr uint32_t lineTypeByBlock = lineTypeByLayer - 1;
 constexpr uint32_t noBlock = std::numeric_limits<uint32_t>::max();
 
-/// What every entity has beside its geometry.
+/// What every entity has besides its geometry.
 struct Attributes {
     uint32_t layer = 0;                  ///< index into Drawing::layers
     uint32_t lineType = lineTypeByLayer; ///< index into Drawing::lineTypes, or a mark
@@ -109,7 +109,7 @@ struct Spline {
     std::vector<Vec3> fitPoints;
 };
 
-/// A filled area of three or four corners, in the order in which they go about the area.
+/// A filled area of three or four corners, in order around the area.
 struct Solid {
     std::array<Vec3, 4> corners;
 };

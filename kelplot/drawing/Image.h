@@ -31,11 +31,11 @@ struct Image {
     bool clipInverted = false; ///< what is inside is left out
     std::vector<Vec2> clip;    ///< pixels from the upper left corner of the picture, y downward
 
-    /// Where a point of the picture lies, which is given as those of `clip` are.
+    /// Where a point of the picture lies, given in the coordinates of `clip`.
     Vec3 pointAt(Vec2 pixel) const { return position + u * pixel.x + v * (size.y - pixel.y); }
-    /// The corners, from the upper left one on about the picture.
+    /// The corners, in order around the picture from the upper left one.
     std::vector<Vec2> corners() const { return {{0.0, 0.0}, {size.x, 0.0}, size, {0.0, size.y}}; }
-    /// What the picture shows within, as far as one line bounds that.
+    /// The outer border of what the picture shows.
     std::vector<Vec2> outline() const { return clipped && !clipInverted ? clip : corners(); }
 };
 

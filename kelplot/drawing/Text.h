@@ -105,7 +105,7 @@ using TextPiece = std::variant<TextSpan, TextStack, TextTab>;
 struct Paragraph {
     enum class Alignment : uint8_t { byText, left, center, right, justified, distributed };
     std::vector<TextPiece> pieces;
-    CharacterFormat format; ///< at its end: what an empty line is as high as
+    CharacterFormat format; ///< at its end; an empty line takes its height from it
     Alignment alignment = Alignment::byText;
     double firstIndent = 0.0; ///< of the first line from the left indent, drawing units
     double leftIndent = 0.0;
@@ -119,7 +119,7 @@ struct TextColumns {
     int count = 1;
     double width = 0.0;
     double gutter = 0.0;
-    std::vector<double> heights; ///< one a column where they differ (0: as it comes), one for all, or none
+    std::vector<double> heights; ///< one per column where they differ (0: unlimited), one for all, or none
     bool reversed = false;       ///< from right to left
 };
 

@@ -43,8 +43,8 @@ struct Side {
     }
 };
 
-/// Appends a point. Of a run of points on the side only the ends are kept: an outline that leaves the box again
-/// and again would else draw every one of its ways along the border.
+/// Appends a point. Only the ends of a run of points on the side are kept: otherwise an outline that leaves the box
+/// again and again would draw each of its paths along the border.
 void append(Vec2 point, const Side& side, std::vector<Vec2>& points) {
     const size_t count = points.size();
     if (count >= 2 && side.isOn(point) && side.isOn(points[count - 1]) && side.isOn(points[count - 2])) {
@@ -71,7 +71,7 @@ std::vector<Vec2> clipToSide(const std::vector<Vec2>& points, const Side& side) 
     return result;
 }
 
-/// Tells whether an outline that lies in `box` leaves the border anywhere, as far as its own box can tell.
+/// Tells, judging by its bounding box, whether an outline that lies in `box` leaves the border anywhere.
 bool entersInside(const std::vector<Vec2>& points, const Box2& box) {
     Box2 own;
     for (const Vec2 point : points) {

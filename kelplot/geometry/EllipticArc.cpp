@@ -32,7 +32,7 @@ Box2 boxOfPart(const EllipticArc& arc, double from, double to) {
     return box;
 }
 
-/// Appends points for the part after `from`, halving it until a piece is short or beyond interest. The
+/// Appends points for the part after `from`, halving it until a piece is short or outside the box of interest. The
 /// chord of a piece lies in the piece's box, so that what is left out does not reach the box of interest.
 void flattenPart(const EllipticArc& arc, double from, double to, double step, const Box2& interest,
                  std::vector<Vec2>& out) {

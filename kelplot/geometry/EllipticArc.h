@@ -47,8 +47,8 @@ struct PageArc {
 /// `arc`, whose coordinates are those of a page with y downwards, by its principal axes.
 PageArc pageArcOf(const EllipticArc& arc);
 
-/// The end of an arc that starts at `start`, brought within one turn after it. Ends that are equal, and those that
-/// are all but equal save for whole turns, give a whole turn.
+/// The end of an arc that starts at `start`, brought within one turn after it. Ends that are equal, or nearly so apart
+/// from whole turns, give a whole turn.
 double endWithinTurn(double start, double end);
 
 /// The arc of a polyline from `from` to `to`, which differ; `bulge` is the tangent of a quarter of its

@@ -25,7 +25,7 @@ Frame3 frameOfPlane(const Vec3& normal);
 /// A point or direction of the world in the plane that `extrusion` names; z is the height above it.
 Vec3 toPlane(const Vec3& world, const Vec3& extrusion);
 
-/// The view from above of a space, carried on by an affine map of the plane.
+/// The view of a space from above, followed by an affine map of the plane.
 struct PlanMap {
     Vec2 x{1.0, 0.0};
     Vec2 y{0.0, 1.0};

@@ -13,9 +13,9 @@ struct DeviceGrid {
     double thinnestDashed = 0.0;  ///< units; thinner lines would not get their dashes right
 };
 
-/// The plot grid of the devices without pixels: a hundredth of a millimetre. It takes every whole metric and
-/// every inch size without a remainder, so that plots to scale are exact, and still keeps the numbers short that
-/// these devices write out in digits.
+/// The plot grid of the devices without pixels: a hundredth of a millimetre. It divides every whole metric size and
+/// every inch size without a remainder, so that plots to scale are exact, and keeps the numbers short, which these
+/// devices write out in digits.
 constexpr int fineDotsPerInch = 2540;
 constexpr double fineUnitsPerMillimetre = 100.0;
 

@@ -76,8 +76,8 @@ SheetSize upright(const SheetSize& size) {
     return size.width <= size.height ? size : size.turned();
 }
 
-/// The position in which the drawing comes out larger; it is also the one that holds a drawing to scale
-/// where only one does.
+/// The orientation in which the drawing comes out larger. If only one orientation holds a drawing to scale, it is this
+/// one.
 SheetSize roomierPosition(const SheetSize& size, const Box2& extents, const Margins& margins) {
     constexpr double noRoom = -1.0;
     const auto factorIn = [&](const SheetSize& sheet) {
@@ -100,7 +100,7 @@ SheetSize positionedSheet(const Box2& extents, const PageOptions& options) {
     return options.paper.keepsPosition ? size : roomierPosition(size, extents, options.margins);
 }
 
-/// What is laid out: the window, or else the extents, or the origin where they tell nothing.
+/// What is laid out: the window, or else the extents, or the origin if those are empty.
 Box2 subjectOf(const Box2& extents, const PageOptions& options) {
     if (options.window) {
         return *options.window;

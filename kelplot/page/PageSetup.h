@@ -31,11 +31,11 @@ struct PageLayout {
     Affine2 toSheet;         ///< from drawing units to millimetres from the sheet's upper left corner, y downwards
     double scale = 1.0;      ///< paper millimetres a drawing millimetre
     bool drawingFits = true; ///< false: the scaled drawing is larger than the margins leave
-    /// Millimetres from the sheet's upper left corner; what does not lie in all of them does not show. A drawing
+    /// Millimetres from the sheet's upper left corner; only what lies in all of them shows. A drawing
     /// that fits may use the margins: its outermost lines reach half their width beyond its extents.
     std::vector<Box2> limits;
 
-    /// What the limits leave of the sheet; nothing when that is the whole of it.
+    /// The part of the sheet within the limits; no value when that is the whole sheet.
     std::optional<Box2> visiblePart() const;
 };
 

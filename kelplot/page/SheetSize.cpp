@@ -6,7 +6,7 @@
 namespace kelplot {
 namespace {
 
-// The largest side is that of the widest plotter's longest roll; beyond it a size is a slip of the finger.
+// The largest side is that of the widest plotter's longest roll; a size beyond it is a typing error.
 constexpr double smallestSide = 5.0;
 constexpr double largestSide = 20000.0;
 

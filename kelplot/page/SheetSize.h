@@ -27,7 +27,7 @@ struct Margins {
 
 /// A paper that was asked for by name or by size.
 struct Paper {
-    SheetSize size;             ///< a paper of the device stands upright; a size of one's own is as it was given
+    SheetSize size;             ///< upright for a paper of the device; as it was given for a size of the user's
     bool keepsPosition = false; ///< the caller gave width and height, so it is not turned unasked
 };
 

@@ -19,8 +19,8 @@ struct Interval {
     double high;
 };
 
-/// Narrows `indices` to those for which `ink`, moved by `step` an index, meets `visible`. Bounds that are no numbers
-/// narrow nothing.
+/// Narrows `indices` to those for which `ink`, moved by `step` an index, meets `visible`. Bounds that are NaN have no
+/// effect.
 void narrow(Interval ink, double step, Interval visible, Interval& indices) {
     if (step == 0.0) {
         if (ink.low > visible.high || ink.high < visible.low) {

@@ -18,7 +18,7 @@ struct PlotReport : WalkReport {
     PictureFaults missingPictures;
 };
 
-/// A drawing that is measured and plotted, its texts laid out once for both.
+/// Measures a drawing and plots it. The plot reuses the text layouts of the measurement that are still cached.
 class DrawingPlot {
 public:
     /// Both are borrowed for the plot's life.

@@ -159,7 +159,7 @@ void EntityWalk::visitCopy(const Block& block, const EntityStyle& reference, con
     }
 }
 
-/// What the first of many copies covers, from a walk of its own; nothing where finding out would not pay.
+/// What the first of many copies covers, from a walk of its own; nothing where finding out is not worth the effort.
 std::optional<Box2> EntityWalk::inkOfFirst(const Block& block, const EntityStyle& reference, const CopyGrid& grid,
                                            const Stretch& stretch) {
     constexpr int64_t worthwhileCopies = 16;

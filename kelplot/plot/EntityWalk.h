@@ -15,7 +15,7 @@
 
 namespace kelplot {
 
-/// Meets the entities of a walk; never a reference to a block.
+/// Receives the entities of a walk, but never a reference to a block.
 class EntityVisitor {
 public:
     virtual ~EntityVisitor() = default;
@@ -26,12 +26,12 @@ public:
 /// Which copies of a block in rows and columns a walk visits. The corner ones bound all.
 enum class ArrayCopies { all, corners };
 
-/// Blocks in blocks, and copies of copies, multiply: a file of a few lines can ask for more than any machine
-/// draws. Real drawings stay far below these numbers.
+/// Blocks in blocks, and copies of copies, multiply: a file of a few lines can ask for more than any machine could
+/// draw. Real drawings stay far below these numbers.
 struct WalkLimits {
     size_t nesting = 100;
     size_t visitsInBlocks = 2'000'000; ///< of entities and rows of copies
-    size_t moreForEachEntity = 100;    ///< a large drawing may hold more, but in keeping with its size
+    size_t moreForEachEntity = 100;    ///< a large drawing may hold more, in proportion to its size
 };
 
 /// The part of the page that shows, in the coordinates of a walk, and what an entity covers at most. Copies in rows
@@ -54,7 +54,7 @@ struct WalkReport {
     std::set<const Insert*> undefined; ///< references to blocks that the drawing does not define
 };
 
-/// Goes through what shows on paper of the entities of a drawing, into the blocks that they refer to.
+/// Goes through the entities of a drawing that show on paper, and into the blocks that they refer to.
 class EntityWalk {
 public:
     EntityWalk(const Drawing& drawing, WalkRules rules, EntityVisitor& visitor);

@@ -9,7 +9,7 @@
 namespace kelplot {
 
 /// Throws `DrawingFault` where `group`, in a record of `type`, announces more items than the
-/// `remaining` bytes of the file can hold. A count less wrong than that does no harm: records are
+/// `remaining` bytes of the file can hold. A count that is wrong by less does no harm: records are
 /// built from the items that come.
 void checkCount(std::string_view type, const Group& group, std::uintmax_t remaining);
 

@@ -19,7 +19,7 @@ bool equalsIgnoringCase(std::string_view left, const char* right) {
     return qstrnicmp(left.data(), static_cast<qsizetype>(left.size()), right) == 0;
 }
 
-/// `direction` when it is one, else the plain one.
+/// `direction` if it has a length, else straight up.
 Vec3 usableExtrusion(const Vec3& direction) {
     constexpr double shortest = 1e-12;
     const double length = std::hypot(direction.x, direction.y, direction.z);
@@ -107,7 +107,7 @@ uint32_t DrawingBuilder::image(std::string_view handle) {
 }
 
 void DrawingBuilder::beginBlock(std::string_view name, const Vec3& basePoint) {
-    // The dollar form is what programs wrote that had to avoid the asterisk.
+    // Programs that had to avoid the asterisk wrote a dollar sign instead.
     if (equalsIgnoringCase(name, "*MODEL_SPACE") || equalsIgnoringCase(name, "$MODEL_SPACE")) {
         m_destination = Destination::modelSpace;
         return;

@@ -56,8 +56,8 @@ public:
     /// Index of the picture whose definition has this handle.
     uint32_t image(std::string_view handle);
 
-    /// From here on entities go where block `name` says: into the block, or into the model or paper
-    /// space that it is the file's way to write.
+    /// From here on entities go where block `name` says: into the block, or into the model or paper space, which files
+    /// write as blocks too.
     void beginBlock(std::string_view name, const Vec3& basePoint);
     /// As `beginBlock`, for a block without a name: nothing can refer to it, so its content is dropped.
     void beginNamelessBlock();

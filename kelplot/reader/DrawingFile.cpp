@@ -15,7 +15,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// Binary drawings start with a sentence: this stretch of it, at this offset.
+/// Binary drawings start with a sentence that has this part at this offset.
 constexpr std::string_view binaryMark = " Binary DXF\r\n\x1A\0"sv;
 constexpr std::size_t binaryMarkOffset = 7;
 

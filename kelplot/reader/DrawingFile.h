@@ -7,7 +7,7 @@
 
 namespace kelplot {
 
-/// A drawing file that is open for reading and worth it.
+/// A drawing file that is open and looks readable.
 struct DrawingFile {
     std::ifstream stream; ///< at the first byte
     std::uintmax_t size = 0;

@@ -8,7 +8,7 @@ namespace kelplot {
 
 namespace {
 
-/// The library stops for ever at a line that its buffer of 1024 bytes cannot hold.
+/// The library hangs on a line that does not fit its buffer of 1024 bytes.
 constexpr std::size_t longestValue = 1000;
 
 } // namespace

@@ -16,7 +16,7 @@ class GroupFilter : public std::streambuf {
 public:
     GroupFilter(GroupReader& groups, RecordRouter& router) : m_groups(groups), m_router(router) {}
 
-    /// Throws what went wrong while the library read; it only saw the input end.
+    /// Throws what went wrong while the library was reading; all it saw was the end of its input.
     void rethrowFailure() const;
 
 protected:

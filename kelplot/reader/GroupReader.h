@@ -45,7 +45,7 @@ private:
     std::vector<char> m_buffer;
     std::size_t m_begin = 0; ///< the unread bytes in the buffer
     std::size_t m_end = 0;
-    std::size_t m_keepFrom = 0; ///< bytes before this are needed no more
+    std::size_t m_keepFrom = 0; ///< bytes before this are no longer needed
     std::uintmax_t m_consumed = 0;
     std::size_t m_line = 0;
 };

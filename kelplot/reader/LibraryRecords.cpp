@@ -112,7 +112,7 @@ void LibraryRecords::addLinetype(const DL_LinetypeData& data) {
     if (index >= m_builder.drawing().lineTypes.size()) {
         return;
     }
-    // A pattern without length would never get along a line.
+    // A pattern without length would never advance along a line.
     const bool advances = std::any_of(m_dashes.begin(), m_dashes.end(), [](double dash) { return dash != 0.0; });
     m_builder.drawing().lineTypes[index].pattern = advances ? m_dashes : std::vector<double>();
 }

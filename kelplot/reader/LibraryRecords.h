@@ -56,7 +56,7 @@ private:
     int m_flags = 0;                ///< code 70
     bool m_plotted = true;          ///< code 290 of a layer
     bool m_hasFourthCorner = false; ///< of an area or a face
-    bool m_statesOpacity = false;   ///< the attached data in hand is the one that does
+    bool m_statesOpacity = false;   ///< the attached data being read states it
     std::vector<double> m_dashes;
 };
 

@@ -49,7 +49,7 @@ std::string convert(std::string_view bytes, QTextCodec* codec) {
     return used != nullptr ? used->toUnicode(viewOf(bytes)).toStdString() : std::string(bytes);
 }
 
-/// Control characters show nothing, and a null would end the text for those who draw it.
+/// Control characters show nothing, and a null would end the text for whoever draws it.
 QString withoutControls(QString text) {
     auto* const end = std::remove_if(text.begin(), text.end(),
                                      [](QChar character) { return character.category() == QChar::Other_Control; });

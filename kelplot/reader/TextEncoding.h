@@ -10,7 +10,7 @@ namespace kelplot {
 
 /// How the bytes of texts stand for characters.
 struct CodePage {
-    QTextCodec* codec = nullptr; ///< null: nobody knows
+    QTextCodec* codec = nullptr; ///< null: unknown
     bool multiByte = false;      ///< some characters take two bytes
 };
 
@@ -20,10 +20,10 @@ CodePage codePageOfDrawing(std::string_view name);
 /// The code page of an escape \\M+NXXXX by its digit N.
 CodePage codePageOfEscape(char digit);
 
-/// Whether `bytes` are sound UTF-8.
+/// Whether `bytes` are valid UTF-8.
 bool isUtf8(std::string_view bytes);
 
-/// Whether sound UTF-8 can hardly be a text of `page` that only looks like it.
+/// Whether valid UTF-8 is unlikely to be a text of `page` that merely looks like UTF-8.
 bool outweighs(std::string_view utf8, const CodePage& page);
 
 /// Turns the bytes of a drawing's names and texts into UTF-8, by the drawing's version and code page.
@@ -41,7 +41,7 @@ public:
     /// `bytes` as UTF-8, with the escapes \\U+XXXX and \\M+NXXXX replaced by what they stand for.
     std::string decode(std::string_view bytes) const;
 
-    /// As `decode`, for texts in which a double backslash is one that begins no escape; it stays double.
+    /// As `decode`, for texts in which a double backslash stands for one that begins no escape; it is left doubled.
     std::string decodeMarkup(std::string_view bytes) const;
 
     /// The character that a single byte of the drawing's code page stands for; empty for control characters.

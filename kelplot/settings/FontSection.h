@@ -8,8 +8,8 @@
 namespace kelplot {
 
 /// Adds the section "Fonts" of a file of settings, if it has one, to a table: "NAME=FAMILY,FAMILY..." with the words
-/// bold, italic and symbols among the families; "other" is for the fonts that are not listed. What the table lists
-/// already is replaced. Throws `SettingsError` for a file at fault.
+/// bold, italic and symbols among the families; "other" is for the fonts that are not listed. Entries that the table
+/// has already are replaced. Throws `SettingsError` for a faulty file.
 void addFonts(const QString& path, FontTable& table);
 
 } // namespace kelplot

@@ -9,7 +9,7 @@
 
 namespace kelplot {
 
-/// What stands for a font that drawings name.
+/// What takes the place of a font that drawings name.
 struct FontRule {
     QStringList families; ///< of installed fonts, the best first
     bool bold = false;

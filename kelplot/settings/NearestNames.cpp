@@ -9,7 +9,7 @@
 namespace kelplot {
 namespace {
 
-/// How many letters must be added, dropped or changed to make `b` of `a`.
+/// How many letters must be added, dropped or changed to turn `a` into `b`.
 int differencesBetween(const QString& a, const QString& b) {
     std::vector<int> row(static_cast<size_t>(b.size()) + 1);
     std::iota(row.begin(), row.end(), 0);

@@ -5,7 +5,7 @@
 
 namespace kelplot {
 
-/// The few of `names` most like `wanted`, the best first. What `plain` takes away from a name does not count.
+/// The few of `names` most like `wanted`, the best first. Names are compared in the form that `plain` gives them.
 QStringList nearestNames(const QString& wanted, const QStringList& names, int most, QString (*plain)(const QString&));
 
 } // namespace kelplot

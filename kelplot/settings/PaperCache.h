@@ -16,13 +16,13 @@ public:
 
     const QString& path() const { return m_cache; }
     bool exists() const;
-    /// Whether it was made after the text file was last edited, moved or installed; that has the last word.
+    /// Whether it was made after the text file was last edited, moved or installed; the text file takes precedence.
     bool isCurrent() const;
     /// Its papers; none when it is damaged.
     std::vector<PaperSize> records() const;
-    /// Reads the text file by `read` and makes the cache of what it gives. There is none of a list without papers,
-    /// which would pass for a damaged one, of a name with characters that it has no room for, or when the file changes
-    /// meanwhile. A cache that cannot be written is left out.
+    /// Reads the text file with `read` and makes the cache from the result. No cache is made for a list without papers,
+    /// which would look damaged, for a name with characters that it has no room for, or when the file changes
+    /// meanwhile. If the cache cannot be written, there is none.
     std::vector<PaperSize> remake(const std::function<std::vector<PaperSize>()>& read) const;
 
 private:

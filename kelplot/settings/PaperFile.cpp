@@ -36,8 +36,8 @@ std::vector<PaperSize> PaperFile::read(QStringList& warnings) const {
     };
     if (hasCache && cached.empty()) {
         cached = readText();
-        warnings << QStringLiteral("%1: damaged, or without papers; reading %2 in its place. Remove it to have "
-                                   "it made anew")
+        warnings << QStringLiteral("%1: damaged, or without papers; reading %2 instead. Remove it to have "
+                                   "it made again")
                         .arg(m_cache.path(), QFileInfo(m_text).fileName());
         return cached;
     }
@@ -49,8 +49,7 @@ int PaperFile::add(const PaperSize& paper) const {
         throw SettingsError(m_folder, QStringLiteral("the folder cannot be created"));
     }
     if (!QFile::exists(m_text) && m_cache.exists()) {
-        throw SettingsError(m_cache.path(),
-                            QStringLiteral("has no text file beside it to which a paper could be added"));
+        throw SettingsError(m_cache.path(), QStringLiteral("there is no text file beside it to add a paper to"));
     }
     return addToPaperFile(m_text, paper);
 }

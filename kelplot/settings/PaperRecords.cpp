@@ -43,7 +43,7 @@ void requireSections(const QString& path) {
     file.Load(path.toStdString());
     int count = 0;
     if (file.GetIntValue("General", "PaperCount", count) != 0 || count < 0) {
-        throw SettingsError(path, QStringLiteral("section [General] states no PaperCount of 0 or more"));
+        throw SettingsError(path, QStringLiteral("section [General] has no PaperCount, or one below 0"));
     }
     for (int i = 0; i < count; ++i) {
         if (!file.HasSection(paperSection(i).toStdString())) {

@@ -11,8 +11,8 @@ namespace kelplot {
 /// The number of papers that a file states, as the library reads it.
 int paperCount(const QString& path);
 
-/// The papers of a file that is there, as the library reads them. They are asked of a copy: between the count and the
-/// papers another program may add one to the file itself. Throws `SettingsError`.
+/// The papers of a file that is there, as the library reads them. They are read from a copy, because another program
+/// may add one to the file itself between the count and the papers. Throws `SettingsError`.
 std::vector<PaperSize> paperRecords(const QString& path);
 
 /// The name of a paper's section in a text file, by its place from 0.

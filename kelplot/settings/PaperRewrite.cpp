@@ -23,7 +23,7 @@ namespace kelplot {
 
 namespace {
 
-/// The turn that every writer of a file takes, this library's functions among them: a lock on its folder.
+/// The lock on a file's folder that all its writers take in turn, the library's functions among them.
 class FolderLock {
 public:
     FolderLock(const QString& folder, std::chrono::milliseconds patience)

@@ -7,8 +7,9 @@
 
 namespace kelplot {
 
-/// Adds a paper to a text file of papers, or makes the file of it, under a number of its own, which it returns. What
-/// the file was before stays beside it with "~" after its name. All comments stay but those above the keys of papers.
+/// Adds a paper to a text file of papers, which is created if it is missing, and returns the new number that the paper
+/// gets. The previous file stays beside it with "~" after its name. All comments are kept except those above the keys
+/// of papers.
 ///
 /// The file is rewritten as a copy, which takes its place only when it holds everything that the file held; writers of
 /// the file take turns with this, the library's functions among them. Throws `SettingsError`, and then the file is as

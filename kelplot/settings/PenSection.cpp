@@ -15,7 +15,7 @@ constexpr double widestPen = 100.0; // millimetres
 const QLatin1String others("other");
 const QLatin1String fromDrawing("drawing");
 
-/// Why a part of a pen means nothing.
+/// Why a part of a pen is not valid.
 struct PenFault {
     QString reason;
 };
@@ -26,7 +26,7 @@ std::optional<double> widthFrom(const QString& text) {
     }
     const auto width = numberFromText(text.toStdString());
     if (!width || *width < 0.0 || *width > widestPen) {
-        throw PenFault{QStringLiteral("\"%1\" is no width; give millimetres from 0 to 100, or drawing").arg(text)};
+        throw PenFault{QStringLiteral("\"%1\" is not a width; give millimetres from 0 to 100, or drawing").arg(text)};
     }
     return width;
 }
@@ -42,7 +42,7 @@ std::optional<HT_Color> inkFrom(const QString& text) {
     bool isNumber = false;
     const uint rgb = text.toUInt(&isNumber, 16);
     if (!isNumber || text.size() != digits || !text[0].isLetterOrNumber()) {
-        throw PenFault{QStringLiteral("\"%1\" is no colour; give RRGGBB, black or drawing").arg(text)};
+        throw PenFault{QStringLiteral("\"%1\" is not a colour; give RRGGBB, black or drawing").arg(text)};
     }
     return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16;
 }
@@ -54,7 +54,7 @@ int screeningFrom(const QString& text) {
     bool isNumber = false;
     const int screening = text.toInt(&isNumber);
     if (!isNumber || screening < 0 || screening > fullInk) {
-        throw PenFault{QStringLiteral("\"%1\" is no screening; give per cent from 0 to 100").arg(text)};
+        throw PenFault{QStringLiteral("\"%1\" is not a screening; give a percentage from 0 to 100").arg(text)};
     }
     return screening;
 }
@@ -105,8 +105,8 @@ PenTable penTableFrom(const QStringList& paths) {
     for (const QString& path : paths) {
         const auto pens = settingsFrom(path, penSection);
         if (!pens) {
-            throw SettingsError(path,
-                                QStringLiteral("no pen table: it has no section [%1]").arg(QLatin1String(penSection)));
+            throw SettingsError(
+                path, QStringLiteral("not a pen table: it has no section [%1]").arg(QLatin1String(penSection)));
         }
         for (const Setting& pen : *pens) {
             rules[numberAt(path, pen.key)] = ruleAt(path, pen);

@@ -11,7 +11,7 @@ namespace kelplot {
 
 constexpr int fullInk = 100;
 
-/// What a pen table makes of the entities of one colour number.
+/// How a pen table plots the entities of one colour number.
 struct PenRule {
     std::optional<double> width; ///< millimetres; none: the drawing's line weight
     std::optional<HT_Color> ink; ///< none: the drawing's colour

@@ -55,7 +55,7 @@ void load(const QString& path, inifile::IniFile& file) {
 QString driverFolder() {
     QString folder = QString::fromWCharArray(VornGetAppDataPath());
     if (folder.isEmpty()) {
-        throw SettingsError(QStringLiteral("Drivers"), QStringLiteral("the program's folder cannot be told"));
+        throw SettingsError(QStringLiteral("Drivers"), QStringLiteral("the program's folder cannot be found"));
     }
     return folder;
 }

@@ -15,7 +15,8 @@ public:
         : std::runtime_error((path + QStringLiteral(": ") + reason).toStdString()) {}
 };
 
-/// The folder with the settings that belong to the program. Throws `SettingsError` when the system does not tell it.
+/// The folder with the settings that belong to the program. Throws `SettingsError` when the system cannot say where it
+/// is.
 QString driverFolder();
 
 /// The folder with the user's own settings. It need not exist.

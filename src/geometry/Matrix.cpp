@@ -22,7 +22,7 @@ int joinedSize(int first, int second) {
     return sum > INT32_MAX ? -1 : static_cast<int>(sum);
 }
 
-/// Strictly: that a part which reaches the end is refused is part of the interface.
+/// Strictly less: refusing a part that reaches the end is part of the interface.
 bool isInside(int first, int count, int size) {
     return first >= 0 && static_cast<int64_t>(first) + count < size;
 }

@@ -30,8 +30,8 @@ inline int32_t truncateToInt32(double value) {
 /// Rounds to the nearest integer, halves away from zero, saturating at the ends of the range; NaN gives 0.
 ///
 /// Every rounding of a double to a device integer in this library goes through here, so that lines, polygons
-/// and points at the same place meet on the same pixel. An arc rounds its centre and its radii apart from one
-/// another, so it may pass such a place a pixel beside it.
+/// and points at the same place meet on the same pixel. An arc rounds its centre and its radii separately, so it may
+/// miss such a place by a pixel.
 inline int32_t roundToInt32(double value) {
     return truncateToInt32(value + std::copysign(0.5, value));
 }

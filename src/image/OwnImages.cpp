@@ -9,7 +9,7 @@ namespace KelDriver::Internal::OwnImages {
 namespace {
 
 struct Registry {
-    std::mutex mutex; // an image belongs to one thread, the list of them to none
+    std::mutex mutex; // an image belongs to one thread, the list to all of them
     std::unordered_set<const HT_RasterImage*> images;
 };
 

@@ -23,7 +23,7 @@ constexpr int depthOffset = 24; // in the file: in the first chunk, after width 
 constexpr int colorTypeOffset = 25;
 constexpr int trueColor = 2;
 
-/// The one colour of a picture that is to be seen through.
+/// The one colour of a picture that is transparent.
 struct KeyColor {
     uint16_t red;
     uint16_t green;

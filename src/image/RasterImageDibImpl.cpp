@@ -34,7 +34,7 @@ QByteArray encoded(const QImage& image, const wchar_t* format, unsigned long qua
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     const QByteArray formatName = QString::fromWCharArray(format).toUtf8();
-    // What lies outside the range that Qt takes means what Qt makes of it, which it would complain about.
+    // Values outside Qt's range are clamped here as Qt would clamp them, which spares its warning.
     const int knownQuality = std::clamp(static_cast<int>(quality), -1, 100);
     const bool isSaved =
         image.convertToFormat(QImage::Format_ARGB32).save(&buffer, formatName.constData(), knownQuality);

@@ -75,8 +75,8 @@ int answerFromBinary(unsigned short code, char* output, const std::wstring& path
     return file->count();
 }
 
-// The query of whole records: once read, they become the binary file. Who has to wait for another writer too long
-// leaves the file to a later query.
+// The query of whole records: once read, they become the binary file. A query that waits too long for another writer
+// leaves the file to a later one.
 int answerAndMakeBinary(char* output, const std::wstring& path) {
     const WriterLock turn(toUtf8(path));
     if (pathExists(path)) { // another program made it meanwhile, and has perhaps edited it

@@ -17,7 +17,7 @@ namespace {
 constexpr int32_t newPaper = -1;
 constexpr int32_t firstOwnNumber = 257;
 
-// Of as many numbers and one more, one must be free.
+// There is one more number than there are papers, so one must be free.
 int32_t lowestFreeNumber(const std::vector<PaperSize>& papers) {
     std::vector<bool> isTaken(papers.size() + 1);
     for (const PaperSize& paper : papers) {
@@ -77,7 +77,7 @@ int HT_DefaultCreatePaper(_devicemodeW*, const PaperSize& paper, const wchar_t* 
     }
     if (place != papers.end()) {
         *place = stored;
-    } else if (list->count >= 0) { // a list of one less than none has no place for it, and becomes an empty one
+    } else if (list->count >= 0) { // a list of -1 papers has no place for it, and becomes an empty one
         papers.push_back(stored);
     }
     return writePapers(path, papers) ? stored.Paper : -1;

@@ -53,7 +53,7 @@ void writeName(ProfileSession& session, const std::string& section, const PaperS
     try {
         session.writeString(section, nameKey, nameOf(paper));
     } catch (const std::range_error&) {
-        if (session.isWritable()) { // a file that takes nothing does not mind what it is not given
+        if (session.isWritable()) { // no name reaches a file that cannot be written
             throw;
         }
     }

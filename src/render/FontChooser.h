@@ -16,11 +16,11 @@ namespace KelDriver::Internal {
 class FontCoverage;
 class FontStock;
 
-/// `font` as a text shows it that asks for `request`: in the size, weight, slant and lines of the latter.
+/// `font` as it appears in a text that asks for `request`: in the size, weight, slant and lines of the latter.
 tagLOGFONTW inStyleOf(const tagLOGFONTW& request, tagLOGFONTW font);
 
 /// Chooses the fonts of texts that make the same request: the requested one, then those of the map, then the
-/// system's. Fonts are told by numbers that stay the same as long as the chooser is there; 0 is the requested one.
+/// system's. Fonts are identified by numbers that stay the same for the chooser's life; 0 is the requested one.
 class FontChooser {
 public:
     FontChooser(FontStock& fonts, const std::wstring& faceName);

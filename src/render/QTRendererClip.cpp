@@ -29,9 +29,9 @@ struct Pixels {
     int32_t last;
 };
 
-// The pixels of a stretch of device units: one before its rounded start, and its rounded up length and two pixels in
-// all. Where the range ends, they do. Qt takes a rectangle for empty when its width is no `int`, so of a longer stretch
-// the start gives way as far as the page's corner, and then the end.
+// The pixels of a stretch of device units: they start one before its rounded start and number its length, rounded up,
+// and two more. They end where the range ends. Qt takes a rectangle for empty when its width does not fit an `int`, so
+// a longer stretch is shortened at its start, as far as the page's corner, and then at its end.
 Pixels widened(double low, double high, double scale) {
     constexpr int64_t longest = INT32_MAX;
     const int32_t before = pixelBefore(low * scale);
@@ -59,7 +59,7 @@ void addVertex(QPainterPath& path, const QPointF& vertex) {
     }
 }
 
-// Goes from the vertices straight into the path: no contour, however long, costs a buffer beside it.
+// Goes from the vertices straight into the path, so that even a long contour needs no buffer of its own.
 QPainterPath contourPath(const HT_ClipRgn& contour, double scale) {
     QPainterPath path;
     const int count = vertexCount(contour);

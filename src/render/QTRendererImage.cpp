@@ -52,7 +52,7 @@ uint64_t knownSize(const HT_RasterImage& image) {
     return image.scanLineSize() * rows;
 }
 
-// The image's memory read as 32 bits a pixel, whatever depth it has; null when there is nothing to draw.
+// The image's memory read as 32 bits per pixel, whatever depth it has; null when there is nothing to draw.
 QImage pixelsOf(const HT_RasterImage& image, const tagBITMAPINFOHEADER& header) {
     const int64_t height = std::abs(int64_t{header.biHeight});
     const unsigned char* first = image.scanLinesBase();

@@ -22,7 +22,7 @@ struct FontRun {
     size_t font;
 };
 
-/// As much of a cluster as one font shows: all of it, or else what is before its first joiner, with that.
+/// As much of a cluster as one font shows: all of it, or else everything up to its first joiner, that included.
 std::wstring_view shownTogether(std::wstring_view cluster, FontChooser& chooser) {
     const size_t joiner = cluster.find(zeroWidthJoiner);
     return joiner == std::wstring_view::npos || chooser.hasFontForAll(cluster) ? cluster

@@ -34,7 +34,7 @@ constexpr CodeRange invisible[] = {
     {0xFE00, 0xFE0F}, {0xFEFF, 0xFEFF}, {0xFFA0, 0xFFA0}, {0x1BCA0, 0x1BCA3}, {0x1D173, 0x1D17A}, {0xE0000, 0xE0FFF},
 };
 
-// What follows its base beside the marks that Unicode's categories tell.
+// Characters that follow their base, besides the marks that Unicode's categories identify.
 constexpr CodeRange followers[] = {
     {0x200C, 0x200D},   // joiners
     {0xFF9E, 0xFF9F},   // sound marks of narrow syllables

@@ -6,7 +6,7 @@
 
 namespace KelDriver::Internal {
 
-/// Makes one sign of the characters on both its sides, where a font has it.
+/// Joins the characters on both its sides into one sign, where a font has it.
 constexpr wchar_t zeroWidthJoiner = 0x200D;
 
 /// True for characters that leave the paper blank: spaces, controls, joiners, variation selectors, direction marks.

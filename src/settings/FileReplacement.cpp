@@ -26,7 +26,7 @@ enum class Outcome {
     Unreplaceable ///< the file has to be written over
 };
 
-/// Whether the file is better left alone than written over in its place, which meets the same want.
+/// Whether overwriting the file in place would meet the same shortage, so that it is better left alone.
 bool isOutOfResources() {
     return errno == ENOSPC || errno == EDQUOT || errno == EIO || errno == EMFILE || errno == ENFILE || errno == ENOMEM;
 }
@@ -80,7 +80,7 @@ Outcome replace(const std::string& path, const struct stat* old, std::string_vie
     return Outcome::Done;
 }
 
-/// Takes the room that is missing before it touches what is there.
+/// Allocates the room that is missing before it touches what is there.
 bool overwrite(int file, std::string_view bytes, off_t oldSize) {
     const size_t kept = std::min(bytes.size(), static_cast<size_t>(oldSize));
     if (lseek(file, oldSize, SEEK_SET) < 0 || !writeAll(file, bytes.substr(kept))) {

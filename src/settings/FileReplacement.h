@@ -17,7 +17,7 @@ namespace KelDriver::Internal {
 /// last, so that a full device leaves the old content; only a kill in the middle can leave a mixture. Devices and pipes
 /// are just written to.
 ///
-/// The data are left to the system to put on the disk: against a kill, not against a loss of power.
+/// The system decides when the data reach the disk: this protects against a kill, not against a loss of power.
 ///
 /// @return false when the file does not hold the bytes. It is as it was then, unless a device failed while a file was
 ///         written over in its place, or it is a device itself

@@ -18,7 +18,7 @@ namespace inifile {
 
 namespace {
 
-/// One of the two texts that a section and an item have beside what they say.
+/// One of the two comment texts that a section and an item have besides their content.
 struct CommentPlace {
     std::string IniSection::*ofSection;
     std::string IniItem::*ofItem;

@@ -12,7 +12,7 @@
 
 namespace KelDriver::Internal {
 
-/// What came of an operation on settings, and the message that goes with a failure.
+/// The outcome of an operation on settings, and the message that goes with a failure.
 struct IniResult {
     enum Code : int {
         success = 0,

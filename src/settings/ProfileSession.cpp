@@ -114,7 +114,7 @@ void ProfileSession::read() {
     examine();
 }
 
-/// A header with a note is all that reading admits and does not read back the same once it is saved.
+/// Of all that can be read, only a header with a note does not read back the same once it is saved.
 void ProfileSession::examine() {
     readsBackEqual = std::all_of(sections.list().begin(), sections.list().end(),
                                  [](const auto& section) { return section->rightComment.empty(); });

@@ -31,7 +31,7 @@ public:
     bool isRead() const { return state != State::Unreadable; }
     /// Whether the file could be read and has no malformed line. This and the getters write what was set before.
     bool isReadable();
-    /// Creates the file, empty, when it does not exist. Tells whether `writeString` would be heeded.
+    /// Creates the file, empty, when it does not exist. Tells whether `writeString` would have an effect.
     bool isWritable();
 
     /// As `GetPrivateProfileStringEx`, into a buffer that the caller has zeroed; a null one needs the size 0.
@@ -59,7 +59,7 @@ private:
     std::string path;
     IniSections sections;
     State state = State::Unreadable;
-    /// Whether saving and reading the model would give it again, but for the item that is not settled.
+    /// Whether saving and reading the model back would reproduce it, apart from the item that is not settled.
     bool readsBackEqual = false;
     /// The section and place of the item set last, which has not been read back yet.
     inifile::IniSection* unsettledSection = nullptr;

@@ -18,14 +18,14 @@ namespace Imgo {
 /// An image as a DIB: the bottom row first, every row filled up to a multiple of four bytes.
 struct DibInfo {
     const tagBITMAPINFO* info;   ///< the header, with its `paletteCount` colour entries after it
-    uint32_t paletteCount;       ///< 0 for images with more than 8 bits a pixel
+    uint32_t paletteCount;       ///< 0 for images with more than 8 bits per pixel
     const unsigned char* pixels; ///< the bottom row
-    uint32_t scanLineSize;       ///< bytes a row
+    uint32_t scanLineSize;       ///< bytes per row
     int32_t bitCount;            ///< bits per pixel: 1, 8, 24 or 32
 };
 
-/// A picture that was read from a file or from its bytes: PNG, JPEG, BMP, GIF, TIFF and what else Qt finds plugins
-/// for. The format is told by the content.
+/// A picture that was read from a file or from its bytes: PNG, JPEG, BMP, GIF, TIFF and whatever else Qt has plugins
+/// for. The format is recognised from the content.
 class IMGO_API Image {
 public:
     /// Reads the first picture of a file.
@@ -42,7 +42,7 @@ public:
     Image(const Image&) = delete;
     Image& operator=(const Image&) = delete;
 
-    /// The image as a DIB, which is made once and lasts until `AddAlphaOnCvtBmp` or the end of the image.
+    /// The image as a DIB, which is made once and stays valid until `AddAlphaOnCvtBmp` or the end of the image.
     ///
     /// @param make  false: only when there is a DIB already
     /// @return null when there is none or memory runs out
@@ -50,7 +50,7 @@ public:
     /// 1 when a pixel of the picture is not opaque, else 0; -1 where `GetDibInfo` has no answer.
     int GetDibTransparency(bool make);
     /// Multiplies the opacity of every pixel by `alpha` / 255, kept within 0 to 255, and makes the image one with
-    /// 32 bits a pixel. With 255 this is the way to a DIB that a renderer takes.
+    /// 32 bits per pixel. Call it with 255 to get a DIB that a renderer takes.
     void AddAlphaOnCvtBmp(int alpha);
 
 private:

@@ -15,7 +15,7 @@
 
 namespace {
 
-// The layout of a DIB that holds a picture without loss of what can be seen, and nothing more.
+// The smallest DIB layout that holds a picture without visible loss.
 QImage::Format dibFormat(const QImage& picture) {
     if (picture.hasAlphaChannel()) {
         return QImage::Format_ARGB32;
@@ -34,7 +34,7 @@ QImage::Format dibFormat(const QImage& picture) {
 }
 
 QImage dibRows(QImage picture) {
-    if (picture.format() == QImage::Format_Grayscale16) { // has no way to a palette of its own
+    if (picture.format() == QImage::Format_Grayscale16) { // cannot be given a palette directly
         picture = std::move(picture).convertToFormat(QImage::Format_Grayscale8);
     }
     const QImage::Format format = dibFormat(picture);

@@ -49,15 +49,15 @@ typedef struct gpc_polygon {
 
 /// Stores `subject_polygon` op `clip_polygon` in `result_polygon`.
 ///
-/// Coordinates of operands that survive come back bit for bit (negative zero as zero), each axis on its own;
-/// crossings are rounded to a grid of about 2^-50 of the operands' common extent. Of several values that fall on one
-/// line of the grid, all become the smallest.
+/// Operand coordinates that survive come back bit for bit (negative zero as zero), each axis independently;
+/// crossings are rounded to a grid of about 2^-50 of the operands' common extent. Values that fall on the same grid
+/// line all become the smallest of them.
 ///
 /// The larger contours of the result come before the smaller ones and outer contours before the holes in them, so that
-/// uniting the outer contours and subtracting the holes in their order gives the same area as the even-odd rule. Only
-/// where many edges of the operands run along one another, closer than the grid tells apart, can the order fail. No
-/// other order is promised: neither that of contours of one size nor with which vertex a contour starts or which way
-/// it turns. A contour passes no vertex twice, except where rounding leaves no other way.
+/// uniting the outer contours and subtracting the holes in their order gives the same area as the even-odd rule. The
+/// order can fail only where many edges of the operands run along one another, closer than the grid resolves. Nothing
+/// else about the order is promised: not that of contours of equal size, nor the vertex with which a contour starts,
+/// nor the way it turns. No contour passes a vertex twice, except where rounding makes it unavoidable.
 ///
 /// A contour of an operand counts as absent when it has fewer than three vertices, no array, or a vertex that
 /// is not finite; a null operand has no contours.

@@ -21,9 +21,9 @@ bool isLeftOf(const IntPoint& a, const IntPoint& b) {
     return a.X < b.X;
 }
 
-/// How far along an edge a point lies that the edge passes within its rounding; 0 when it does not.
+/// How far along an edge a point lies, if the edge passes it within rounding error; otherwise 0.
 double distanceAlong(const IntPoint& from, const IntPoint& to, const IntPoint& point) {
-    constexpr double rounding = 1.5; // grid steps: what an edge can be off after its ends were rounded
+    constexpr double rounding = 1.5; // grid steps: how far off an edge can be once its ends are rounded
     const Int128 dx = to.X - from.X;
     const Int128 dy = to.Y - from.Y;
     const Int128 px = point.X - from.X;
@@ -42,7 +42,7 @@ void appendLoop(const Path& points, Paths& loops) {
 
 } // namespace
 
-/// A point to be set into the edge that starts at a vertex.
+/// A point to insert into the edge that starts at a vertex.
 struct Chains::Split {
     VertexIndex vertex;
     double along;
@@ -127,7 +127,7 @@ bool Chains::splitEdgesAt(Path points) {
             }
         }
     }
-    // The farthest of an edge first: each is inserted right after the edge's start.
+    // The farthest along an edge first, because each is inserted right after the edge's start.
     std::sort(splits.begin(), splits.end(), [](const Split& a, const Split& b) {
         return std::tuple(a.vertex, -a.along) < std::tuple(b.vertex, -b.along);
     });

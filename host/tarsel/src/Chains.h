@@ -13,8 +13,9 @@ namespace tarsel {
 
 /// The vertices of all contours of a result, each linked to the one before and the one after it.
 ///
-/// What a result holds lies to the left of every link. Contours that only touch, themselves or one another, may
-/// swap their ways at a common vertex; so a chain can be relinked there without changing the area.
+/// The inside of a result lies to the left of every link. Where contours merely touch, themselves or one another, they
+/// may swap the edges by which they leave the common vertex, so a chain can be relinked there without changing the
+/// area.
 class Chains {
 public:
     explicit Chains(const ClipperLib::Paths& paths);
@@ -23,7 +24,8 @@ public:
 
     /// Links the chains at common vertices so that none crosses another or itself there.
     ///
-    /// @return the points at which ways in and out do not take turns: an edge passes there without a vertex
+    /// @return the points around which incoming and outgoing edges do not alternate: an edge passes there without a
+    /// vertex
     ClipperLib::Path uncross(const std::vector<SharedPoint>& shared);
 
     /// Gives edges a vertex wherever they pass one of the points.

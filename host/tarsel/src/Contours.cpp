@@ -30,7 +30,7 @@ Int128 doubleArea(const Path& path) {
 
 /// Cuts contours apart where they touch.
 ///
-/// @param resolved  receives whether that left contours of which each is an outer one or a hole as a whole
+/// @param resolved  receives whether each of the resulting contours is wholly an outer one or wholly a hole
 Paths cutApart(Paths&& paths, bool& resolved) {
     Chains chains(paths);
     std::vector<SharedPoint> shared = findSharedPoints(chains.points());
@@ -115,7 +115,7 @@ GridBox boxOf(const Path& path) {
     return box;
 }
 
-/// The boxes of outer contours, asked for one that holds a hole's.
+/// The boxes of outer contours, searched for one that holds a hole's.
 class OuterBoxes {
 public:
     void add(const GridBox& box) { m_boxes.push_back(box); }

@@ -17,7 +17,7 @@ struct Contour {
 /// Turns the clipper's raw result into contours that each pass a vertex once, the larger ones first and holes after
 /// the outer ones around them.
 ///
-/// The clipper may leave a contour that touches itself, of which no part can be told to be a hole. It is cut
+/// The clipper may leave a contour that touches itself, where no part can be identified as a hole. It is cut
 /// apart there.
 std::vector<Contour> toContours(ClipperLib::Paths&& paths);
 

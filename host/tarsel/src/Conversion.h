@@ -14,7 +14,7 @@ namespace tarsel {
 /// The contours of an operand that enclose something.
 using Outlines = std::vector<const gpc_vertex_list*>;
 
-/// The way of coordinates onto the grid, and back to the very values that they had.
+/// Maps coordinates onto the grid, and back to exactly the values that they had.
 class Conversion {
 public:
     Conversion(const Box& box, size_t vertices) : m_grid(box), m_columns(vertices), m_rows(vertices) {}

@@ -24,7 +24,7 @@ Grid::Power::Power(int exponent)
 Grid::Grid(const Box& box) {
     const auto [lowX, lowY] = box.low();
     const auto [highX, highY] = box.high();
-    // Halved before they are added: the sum of two large coordinates may be no double.
+    // Halved before they are added: the sum of two large coordinates may overflow.
     m_centre = {lowX / 2 + highX / 2, lowY / 2 + highY / 2};
     const double halfExtent = std::max(highX / 2 - lowX / 2, highY / 2 - lowY / 2);
     if (halfExtent > 0) {

@@ -25,7 +25,7 @@ private:
 /// A centred integer grid over a box, fine enough for any drawing and coarse enough for exact arithmetic.
 ///
 /// The larger half-extent of the box takes 50 bits. More bits make crossings of near-coincident edges come out
-/// wrong; far fewer lose small shapes beside large ones. The step is a power of two, so that scaling is exact.
+/// wrong; far fewer lose small shapes next to large ones. The step is a power of two, so that scaling is exact.
 class Grid {
 public:
     /// @param box  finite, with at least one point
@@ -37,7 +37,7 @@ public:
     double yOf(int64_t row) const { return valueOf(row, m_centre.y); }
 
 private:
-    /// A power of two as a product: the scale of a very small or very large box is itself no double.
+    /// A power of two as a product: the scale of a very small or very large box does not fit into one double.
     struct Power {
         explicit Power(int exponent);
         double times(double value) const { return value * first * second; }

@@ -41,7 +41,7 @@ bool Junction::isBefore(const End& a, const End& b) {
     return Int128{a.direction.X} * b.direction.Y > Int128{a.direction.Y} * b.direction.X;
 }
 
-/// Pairs neighbours of one direction and opposite ways; what is left over stays in order.
+/// Pairs neighbours of the same direction, one leading in and one out; the rest keep their order.
 void Junction::takeTurnsBack() {
     auto left = m_ends.begin();
     for (const End& end : m_ends) {

@@ -24,11 +24,12 @@ public:
         VertexIndex out;
     };
 
-    /// How the ways through the point have to go on so that none crosses another.
+    /// How the edges through the point must continue so that no path crosses another.
     ///
-    /// A way in turns back into a way out of the same direction; with nothing between them neither bounds
-    /// anything. Any other turns into its neighbour beyond what the result holds, to the left of both.
-    /// @return null when ways in and ways out do not take turns around the point
+    /// An incoming edge turns back into an outgoing one of the same direction; with nothing between them, neither
+    /// bounds anything. Any other continues with the next outgoing edge around the point, keeping the inside of the
+    /// result to its left.
+    /// @return null when incoming and outgoing edges do not alternate around the point
     const std::vector<Turn>* turns();
 
 private:

@@ -11,8 +11,8 @@ namespace tarsel {
 
 /// Whether the clipper, which goes through its operands along y, meets far fewer edges at a time along x.
 ///
-/// Its time grows with the number of edges that lie beside one another: a long row of teeth along x takes the square of
-/// its length, and one along y little more than its length.
+/// Its time grows with the number of edges that lie side by side: for a long row of teeth along x it is quadratic in
+/// the length, for one along y little more than linear.
 bool isQuickerAlongX(const ClipperLib::Paths& subject, const ClipperLib::Paths& clip);
 
 /// Exchanges x and y.

@@ -63,7 +63,7 @@ void gpc_polygon_clip(gpc_op op, gpc_polygon* subject_polygon, gpc_polygon* clip
             result = toPolygon(*combination);
         }
     } catch (const std::exception&) {
-        result = emptyPolygon; // out of memory: the boundary knows no other answer
+        result = emptyPolygon; // out of memory: the interface has no other answer for it
     }
     *result_polygon = result;
 }

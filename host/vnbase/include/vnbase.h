@@ -14,19 +14,18 @@ extern "C" {
 ///
 /// The region: each contour holds what the even-odd rule gives it, and the contours are joined in list order by
 /// their operations: 0 and, 2 difference, 3 or, 4 exclusive or, 1 replaces what came before; a contour with any
-/// other code is left out. The first contour starts the region, whatever its code; where it is a hole (code 2) it
-/// changes places with the first one that is not. A contour with fewer than three vertices, without an array or
-/// with a vertex that is not finite holds nothing.
+/// other code is left out. The first contour starts the region, whatever its code; if it is a hole (code 2) it changes
+/// places with the first one that is not. A contour with fewer than three vertices, without an array or with a vertex
+/// that is not finite holds nothing.
 ///
 /// A stretch along an edge counts as inside when one side of it is. A polyline that only touches the region in a
 /// point gives no piece there.
 ///
-/// The pieces come in order along the polyline; a piece that leaves the region ends there, also where the next one
-/// starts on the same pixel. A piece has two vertices at least, and keeps those that fall on one pixel; only an
-/// exact repetition of the vertex before is left out. A polyline whose vertices all coincide inside the region is a
-/// piece of two equal vertices. A vertex that is not finite breaks the polyline: the segments on both sides of it
-/// are left out. Coordinates are rounded to the nearest integer, halves away from zero, and saturate at the ends of
-/// the range.
+/// The pieces come in order along the polyline; a piece that leaves the region ends there, even if the next one starts
+/// on the same pixel. A piece has two vertices at least, and keeps those that fall on one pixel; only an exact
+/// repetition of the vertex before is left out. A polyline whose vertices all coincide inside the region is a piece of
+/// two equal vertices. A vertex that is not finite breaks the polyline: the segments on both sides of it are left out.
+/// Coordinates are rounded to the nearest integer, halves away from zero, and saturate at the ends of the range.
 ///
 /// @param points       `pointCount` vertices; borrowed. Null, or a count below two: no pieces
 /// @param region       the list of contours; borrowed. Null: no pieces

@@ -20,7 +20,8 @@ public:
         bool isEmpty() const { return first == last; }
     };
 
-    /// @param deal  is called twice with a function that puts (bucket, item) away, and must do the same both times
+    /// @param deal  is called twice with a function that stores a (bucket, item) pair, and must make the same calls
+    /// both times
     template <typename Deal>
     Buckets(size_t count, const Deal& deal) : m_starts(count + 2) {
         deal([this](size_t bucket, uint32_t) { ++m_starts[bucket + 2]; });
@@ -29,7 +30,7 @@ public:
         deal([this](size_t bucket, uint32_t item) { m_items[m_starts[bucket + 1]++] = item; });
     }
 
-    /// The items of a bucket, in the order in which they were put away.
+    /// The items of a bucket, in the order in which they were stored.
     Items operator[](size_t bucket) const {
         return {m_items.data() + m_starts[bucket], m_items.data() + m_starts[bucket + 1]};
     }

@@ -14,7 +14,7 @@ public:
     Cells(const Box& box, size_t columns, size_t rows, double pad);
 
     size_t count() const { return m_columns.count * m_rows.count; }
-    /// The cell of a point; of the nearest cell for a point outside.
+    /// The cell of a point; for a point outside, the nearest cell.
     size_t cellOf(const Vec& p) const { return m_rows.indexOf(p.y) * m_columns.count + m_columns.indexOf(p.x); }
 
     /// Calls `visit` with the number of each cell that a segment comes close to.
@@ -62,7 +62,7 @@ private:
     };
 
     static Axis axis(double low, double high, size_t count);
-    /// From where to where a segment runs in x while it is close to a row.
+    /// The range of x in which a segment is close to a row.
     Span inRow(size_t row, const Vec& from, const Vec& to) const;
 
     Axis m_columns;

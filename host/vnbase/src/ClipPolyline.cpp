@@ -50,7 +50,7 @@ int clipPolylineByPolygons(const HT_Double_Point* points, int pointCount, const 
         *coordinates = vertices.release();
         return static_cast<int>(pieces.counts.size());
     } catch (const std::exception&) {
-        return 0; // out of memory: the boundary knows no other answer
+        return 0; // out of memory: the interface has no other answer for it
     }
 }
 

@@ -9,18 +9,18 @@ namespace vnbase {
 /// Coordinates in which a region reaches from about -1 to 1 both ways, whatever its place, size and proportions.
 ///
 /// What clipping asks (crossings, sides, parities) does not change under such a map. Each axis is shifted to the
-/// region's middle and scaled by a power of two, so that nothing is lost beyond the shift.
+/// region's middle and scaled by a power of two, so that only the shift can lose precision.
 class Frame {
 public:
     /// @param reach      where the region is; not empty
-    /// @param magnitude  the largest absolute coordinate that takes part, vertices of the polyline included
+    /// @param magnitude  the largest absolute coordinate in use, vertices of the polyline included
     Frame(const Box& reach, double magnitude);
 
     /// @param p  finite; a point too far to be told from infinity moves closer
     Vec toFrame(const HT_Double_Point& p) const { return {m_x.toFrame(p.x), m_y.toFrame(p.y)}; }
     /// Where the region is, in the frame.
     const Box& reach() const { return m_reach; }
-    /// Points closer than this are not told apart: a few units in the last place of what came in.
+    /// Points closer than this count as the same: a few units in the last place of the input.
     double tolerance() const { return m_tolerance; }
 
 private:

@@ -31,9 +31,9 @@ public:
     bool holds(const Vec& p) const;
 
 private:
-    /// A point where strips lie one above another, which takes an exchange of x and y when they do not.
+    /// A point in coordinates where the strips lie one above another; x and y are exchanged when they do not.
     Vec turned(const Vec& p) const { return m_exchanged ? Vec{p.y, p.x} : p; }
-    /// The state before `contour`, when those from `next` on before it do not hold the point.
+    /// The state before `contour`, if no contour from `next` up to it holds the point.
     bool withoutContours(bool state, size_t next, size_t contour) const;
 
     const std::vector<Edge>& m_edges;
@@ -42,7 +42,7 @@ private:
     Cells m_rows;
     Buckets m_rowEdges;
     std::vector<Join> m_joins;
-    std::vector<size_t> m_clearedAfter; ///< 1 + the last contour before this one that leaves no point out of it; or 0
+    std::vector<size_t> m_clearedAfter; ///< 1 + the last contour before this one that clears points outside it; or 0
 };
 
 } // namespace vnbase

@@ -61,7 +61,7 @@ double blend(double a, double b, double t) {
     return std::isfinite(way) ? a + t * way : a * (1.0 - t) + b * t;
 }
 
-/// Where a segment is cut. An edge along an axis lends its exact coordinate, so that the cut rounds as the edge.
+/// Where a segment is cut. An axis-parallel edge gives its exact coordinate, so that the cut rounds as the edge does.
 HT_Double_Point pointAt(const Cut& cut, const HT_Double_Point& from, const HT_Double_Point& to) {
     if (cut.edge == nullptr && (cut.t == 0.0 || cut.t == 1.0)) {
         return cut.t == 0.0 ? from : to;

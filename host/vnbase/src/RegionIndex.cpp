@@ -8,7 +8,7 @@ namespace vnbase {
 
 namespace {
 
-/// How many equal parts of `range` give edges that cover `covered` of it in all a few parts each.
+/// How many equal parts to divide `range` into, so that edges covering `covered` of it in total touch a few parts each.
 size_t partsFor(double range, double covered, size_t edgeCount, size_t limit) {
     const double parts = 4.0 * static_cast<double>(edgeCount) * range / std::max(covered, range);
     return static_cast<size_t>(std::clamp(parts, 1.0, static_cast<double>(limit)));
@@ -64,7 +64,7 @@ private:
     std::vector<Cut>& m_cuts;
 };
 
-constexpr double cellPad = 8.0;      // tolerances: an empty cell is clear of edges by more than ever matters
+constexpr double cellPad = 8.0;      // tolerances: an empty cell keeps away from edges by more than can matter
 constexpr double besideOffset = 4.0; // tolerances: from an edge to a point clearly on one side of it
 
 } // namespace

@@ -13,7 +13,7 @@ namespace kelplot {
 
 namespace {
 
-/// On the grid of the device, where the renderer puts the points anyway, it is certain which loops touch.
+/// Rounds points to the device's grid, as the renderer would anyway, so that it is certain which loops touch.
 void snapToGrid(std::vector<Vec2>& points) {
     for (Vec2& point : points) {
         point = {std::round(point.x), std::round(point.y)};

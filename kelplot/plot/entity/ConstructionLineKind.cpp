@@ -5,7 +5,7 @@
 
 namespace kelplot {
 
-/// Only what crosses the visible part of the page, its pen's width included.
+/// Draws the part that crosses the visible part of the page, the pen's width included.
 void draw(const ConstructionLine& line, const PlacedEntity& place, PlotTools& tools) {
     const Vec2 start = place.map.mapPoint(line.start);
     const Vec2 direction = place.map.mapDirection(line.direction);
@@ -23,7 +23,7 @@ void draw(const ConstructionLine& line, const PlacedEntity& place, PlotTools& to
     }
 }
 
-/// What it may cover of a page, which is all of it, but nothing that a drawing is fitted to.
+/// It may cover all of a page, but a drawing is not fitted to it.
 Box2 boxOf(const ConstructionLine& line, const MeasuredEntity& place) {
     constexpr double longestOnPage = 1e12; // device units; no page is so large
     const Vec2 start = place.map.mapPoint(line.start);

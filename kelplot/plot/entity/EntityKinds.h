@@ -11,7 +11,7 @@ namespace kelplot {
 
 class PlotTools;
 
-/// An entity where a plot meets it.
+/// An entity in its place on a plot.
 struct PlacedEntity {
     const Entity& entity;
     const EntityStyle& style;

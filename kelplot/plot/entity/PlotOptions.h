@@ -13,7 +13,7 @@ struct PlotStyleOptions {
     double lineWeightScale = 1.0;
     PenTable pens{};
     FontTable fonts{};
-    TextMode texts = TextMode::outlines; ///< fonts need a painter beside the renderer
+    TextMode texts = TextMode::outlines; ///< fonts need a `DirectPainter`
 };
 
 } // namespace kelplot

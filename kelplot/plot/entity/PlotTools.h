@@ -20,7 +20,7 @@ struct PlotSurface {
 /// What the entities of a drawing are drawn with on one plot, in device coordinates.
 class PlotTools {
 public:
-    /// All are borrowed for the tools' life, also what the surface refers to.
+    /// All are borrowed for the tools' life, including what the surface refers to.
     PlotTools(const Drawing& plotted, const PlotTarget& plotTarget, const PlotStyleOptions& options,
               const Typesetter& layouts, const PlotSurface& surface);
 

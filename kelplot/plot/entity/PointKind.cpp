@@ -28,7 +28,7 @@ void draw(const PointEntity& point, const PlacedEntity& place, PlotTools& tools)
     }
 }
 
-/// Of the point alone: how large its mark is depends on the page.
+/// The box of the point alone: the size of its mark depends on the page.
 Box2 boxOf(const PointEntity& point, const MeasuredEntity& place) {
     return boxOfPoints(&point.position, 1, place.map);
 }

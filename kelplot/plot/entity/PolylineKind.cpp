@@ -9,7 +9,7 @@ namespace kelplot {
 
 namespace {
 
-/// Of a polyline's lines: that of its entity, or one that the polyline states.
+/// Where the width of a polyline's lines comes from: the entity's weight, or the polyline itself.
 enum class LineWidth { ofEntity, own };
 
 /// Strokes with the pen in force. Dashes start again at each vertex unless the polyline says that they run on.
@@ -38,7 +38,7 @@ void strokeSegments(const Polyline& polyline, const std::vector<PolylineSegment>
 void drawVaryingWidth(const std::vector<PolylineSegment>& segments, bool closed, const PlacedEntity& place,
                       PlotTools& tools) {
     const Flattening rules{tools.canvas.flattening().tolerance, {}};
-    const double overlap = 1.5 * tools.target.hairlineWidth; // covers a seam askew through the dots of the device
+    const double overlap = 1.5 * tools.target.hairlineWidth; // covers a seam that runs askew to the dots of the device
     const auto outlines = wideOutlines(segments, closed, place.map, rules, overlap);
     if (!outlines.empty()) {
         tools.pens.setFill(tools.inkOf(place.style, InkUse::line), place.style.opacity);

@@ -6,7 +6,7 @@ namespace kelplot {
 
 namespace {
 
-/// The corners of a stroke in the order about it.
+/// The corners of a stroke, in order around it.
 std::vector<Vec2> cornersOf(const TextStroke& stroke, const PlanMap& map) {
     const Vec2 along = stroke.to - stroke.from;
     const double length = along.length();

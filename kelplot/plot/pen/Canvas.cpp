@@ -13,13 +13,13 @@ namespace {
 
 constexpr double sixteenthOfDegree = turn / 5760.0;
 
-/// What shows with margins so wide that the ends of what is cut off there, and their line widths, do not.
+/// The visible box with margins wide enough to hide the ends of what is cut off there, and their line widths.
 Box2 surroundingsOf(const Box2& visible) {
     constexpr double leastMargin = 1000.0;
     return visible.inflated(std::max({leastMargin, visible.width(), visible.height()}));
 }
 
-/// What shows with room for the edge of an area that is cut off there: for rounding, the unit or two by which
+/// The visible box with room for the edge of an area that is cut off there: for rounding, the unit or two by which
 /// the renderer widens its clip, and the hairline that stands for an area of no size.
 Box2 areaBoxFor(const PlotTarget& target, const Box2& visible) {
     constexpr double slack = 4.0;
@@ -111,7 +111,7 @@ void Canvas::drawPolyline(const std::vector<Vec2>& points) {
 
 /// A dashed line stays whole: its dashes would start again at every cut.
 void Canvas::drawNearPolyline(const std::vector<Vec2>& points, const Box2& box) {
-    constexpr size_t fewPoints = 32; // a line of so few is quicker drawn than cut
+    constexpr size_t fewPoints = 32; // a line of so few is quicker to draw than to cut
     send(points);
     const bool worthCutting = points.size() > fewPoints && !m_pens.isDashed() && !m_visible.contains(box);
     if (!worthCutting || !drawPieces()) {
@@ -119,7 +119,7 @@ void Canvas::drawNearPolyline(const std::vector<Vec2>& points, const Box2& box) 
     }
 }
 
-/// Draws what shows of the line to be sent; false when it cannot be cut.
+/// Draws the visible pieces of the line in `m_sent`; false when it cannot be cut.
 bool Canvas::drawPieces() {
     LinePieces pieces;
     if (!m_cutter.isAvailable() || !m_cutter.cut(m_sent, m_pens.reach(), pieces)) {
@@ -138,7 +138,7 @@ bool Canvas::drawPieces() {
 void Canvas::drawArc(const EllipticArc& arc) {
     constexpr double leastRadius = 1.0; // device units; the renderer rounds radii, and a flat arc vanishes
     const PageArc page = pageArcOf(arc);
-    // Dashes run from the start to the end; clockwise is what turns so on a page with y downwards.
+    // Dashes run from the start to the end; clockwise means as seen on a page with y downwards.
     const bool runsOtherWay = m_pens.isDashed() && cross(arc.u, arc.v) > 0.0;
     if (!runsOtherWay && page.minorRadius >= leastRadius && m_flattening.interest.contains(arc.box())) {
         if (arc.isWhole()) {

@@ -13,12 +13,12 @@ namespace kelplot {
 
 /// Draws shapes in device coordinates, of any size and anywhere, through a renderer, with the pen in force.
 ///
-/// What lies far off the visible part of the page is cut away before the renderer sees it, for it knows whole
-/// numbers of 32 bits only. Areas and long lines are cut closely, which keeps plots of a window small. Shapes
-/// that are not finite are left out.
+/// What lies far off the visible part of the page is cut away before the renderer sees it, because that works in 32-bit
+/// integers. Areas and long lines are cut closely, which keeps plots of a window small. Shapes that are not finite are
+/// left out.
 class Canvas {
 public:
-    /// @param pens  hands its pens to the same renderer; outlives this
+    /// @param pens  sets its pens on the same renderer; outlives this
     Canvas(HT_Renderer& renderer, const PlotTarget& target, const PenControl& pens);
 
     void drawDot(Vec2 at);
@@ -27,7 +27,7 @@ public:
     void drawArc(const EllipticArc& arc);
     /// Fills by the even-odd rule.
     void fillPolygon(const std::vector<Vec2>& points);
-    /// What shows of a polygon, and a little about it; empty if it is not finite.
+    /// The visible part of a polygon and a little around it; empty if it is not finite.
     std::vector<Vec2> visiblePart(const std::vector<Vec2>& polygon) const;
 
     const Flattening& flattening() const { return m_flattening; }
@@ -43,7 +43,7 @@ private:
     const PenControl& m_pens;
     Box2 m_visible;
     Box2 m_areas;            ///< what areas are cut to
-    Flattening m_flattening; ///< its box of interest is the visible part of the page with a margin all about
+    Flattening m_flattening; ///< its box of interest is the visible part of the page with a margin all round
     LineCutter m_cutter;
     std::vector<HT_Double_Point> m_sent;
     std::vector<Vec2> m_flattened;

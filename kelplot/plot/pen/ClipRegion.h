@@ -13,13 +13,13 @@ struct RegionDeleter {
     void operator()(HT_ClipRgn* region) const { KelDriver::HT_DeleteRgn(region); }
 };
 
-/// A region of the library and the duty to release it.
+/// Owns a region of the library and releases it.
 using ClipRegion = std::unique_ptr<HT_ClipRgn, RegionDeleter>;
 
 ClipRegion regionOf(const Box2& box);
 ClipRegion polygonRegion(const std::vector<Vec2>& polygon);
 
-/// What `operation` makes of two regions; without an area where that is nothing.
+/// Two regions combined by `operation`; without an area where nothing is left.
 ClipRegion combined(const ClipRegion& a, const ClipRegion& b, HT_RgnOp operation);
 
 /// What `box` and all `limits` have in common. Where that is nothing, a region without an area.

@@ -42,7 +42,7 @@ std::vector<Stroke> strokesOf(const std::vector<double>& pattern, double scale) 
     return strokes;
 }
 
-/// A dot is drawn as long as the pen is wide; the gaps beside it make room for it.
+/// A dot is drawn as long as the pen is wide; the gaps on both sides make room for it.
 std::vector<Stroke> withDots(const std::vector<Stroke>& strokes, double dotLength) {
     std::vector<Stroke> result = strokes;
     for (size_t i = 0; i < strokes.size(); ++i) {

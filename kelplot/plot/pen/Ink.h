@@ -13,7 +13,7 @@ enum class InkUse { line, fill };
 ///
 /// White lines would not show and come out black. Areas of explicit white stay white: drawings use them to
 /// cover what lies below, on a monochrome plot and with any pen too. Colour number 7 means "the opposite of the
-/// ground", so it is black even for areas. Any other ink of the pen table is meant as it stands.
+/// ground", so it is black even for areas. Any other ink of the pen table is used as it is.
 HT_Color inkFor(const Colour& colour, InkUse use, const PenRule& rule, bool monochrome);
 
 } // namespace kelplot

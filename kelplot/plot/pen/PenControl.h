@@ -24,13 +24,14 @@ public:
     PenControl(HT_Renderer& renderer, double hairlineWidth, double thinnestDashed);
 
     void setPen(const Pen& pen);
-    /// Prepares filling. A polygon too small for an area is drawn with the pen, so that becomes a hairline.
+    /// Prepares for filling. A polygon too small to be an area is drawn with the pen, which therefore becomes a
+    /// hairline.
     void setFill(HT_Color ink, uint8_t opacity) { setPen({ink, opacity, m_hairlineWidth, nullptr, 1.0, false}); }
 
     /// Tells whether the pen in force draws dashes.
     bool isDashed() const { return m_dashed; }
 
-    /// How far the ink of the pen in force reaches from the line it draws, in device units.
+    /// How far the current pen's ink reaches from the line it draws, in device units.
     double reach() const;
 
 private:

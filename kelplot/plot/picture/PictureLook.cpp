@@ -18,7 +18,7 @@ ToneCurve toneCurveFor(const PictureLook& look) {
     constexpr double neutral = 50.0;
     constexpr double full = 100.0;
     constexpr double middle = brightest / 2.0;
-    // Without contrast all is of a middle grey; with all of it only the darkest and the brightest are left.
+    // At no contrast everything is mid-grey; at full contrast only the darkest and the brightest are left.
     const double steepness =
         look.contrast <= neutral ? look.contrast / neutral : neutral / std::max(full - look.contrast, 1.0 / brightest);
     const double shift = (look.brightness - neutral) / neutral * brightest;

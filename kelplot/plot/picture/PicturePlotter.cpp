@@ -47,8 +47,8 @@ HT_RasterImage_Record recordFor(HT_RasterImage& picture, const Box2& box, bool u
     return record;
 }
 
-/// A picture of fewer pixels, each a mean of many: left to itself the painter looks at a few of them only, and thin
-/// lines get lost. Null for a picture that has not many more than the device.
+/// The picture with fewer pixels, each the mean of many: the painter by itself samples only a few of them, and thin
+/// lines get lost. Null for a picture with not many more pixels than the device.
 HT_RasterImagePtr reduced(const HT_RasterImage& picture, Vec2 dots) {
     constexpr double many = 2.0;
     const bool worthwhile = picture.pixelWidth() > many * dots.x && std::abs(picture.pixelHeight()) > many * dots.y;
@@ -88,7 +88,7 @@ HT_RasterImagePtr cutOut(const HT_RasterImage& picture, const Image& image) {
 
 } // namespace
 
-/// Along the edges of the page as nearly as the device can tell, and within the numbers that a renderer knows.
+/// Parallel to the edges of the page as nearly as the device can tell, and within the renderer's range of numbers.
 bool PicturePlotter::Place::isStraight() const {
     constexpr double leastTurn = 0.5;
     constexpr double farthest = 1e8;
@@ -161,7 +161,7 @@ void PicturePlotter::drawPixels(const Place& place, HT_RasterImage& picture) {
     m_renderer.DrawImage(&record);
 }
 
-/// The renderer knows upright pictures only: it draws one of a unit a pixel, in coordinates that are turned.
+/// The renderer draws only upright pictures: it gets one with a unit per pixel, in coordinates that are turned.
 void PicturePlotter::drawTurned(const Place& place, HT_RasterImage& picture) {
     if (m_direct == nullptr) {
         return;

@@ -28,7 +28,7 @@ public:
     const PictureFaults& missing() const { return m_store.missing(); }
 
 private:
-    /// Where a picture comes to lie, in device units.
+    /// Where a picture lies, in device units.
     struct Place {
         Vec2 corner; ///< the upper left one of the picture
         Vec2 right;  ///< along its upper edge

@@ -18,14 +18,14 @@ namespace {
 
 constexpr int drawnDepth = 32;
 
-/// Opens the file of a picture and tells what speaks against reading all of it, if anything does.
+/// Opens the file of a picture and returns the reason not to read it, if there is one.
 std::optional<PictureFault> faultOf(QFile& file) {
     constexpr qint64 mostBytes = qint64{1} << 29;
     constexpr int64_t mostPixels = int64_t{1} << 28;
     if (file.fileName().isEmpty()) {
         return PictureFault::notFound;
     }
-    // The system's own files seem empty, and some keep their reader waiting: they are not even opened.
+    // The system's own files look empty, and some block their reader, so they are not even opened.
     if (file.size() == 0) {
         return PictureFault::notPicture;
     }
@@ -48,7 +48,7 @@ QByteArray contentOf(QFile& file) {
     return file.seek(0) ? file.read(file.size()) : QByteArray();
 }
 
-/// Encoded again, any picture comes out with as many bits as the renderer reads.
+/// Encoding any picture again gives it as many bits as the renderer reads.
 HT_RasterImagePtr deepened(HT_RasterImagePtr picture) {
     void* data = nullptr;
     unsigned long size = 0;
@@ -68,7 +68,7 @@ HT_RasterImagePtr decoded(const QByteArray& bytes) {
         return {};
     }
     constexpr int sameOpacity = 255;
-    image->AddAlphaOnCvtBmp(sameOpacity); // for 32 bits a pixel
+    image->AddAlphaOnCvtBmp(sameOpacity); // for 32 bits per pixel
     HT_RasterImagePtr picture = RasterImageFactory::CreateFromGiRasterImage(image.release());
     return picture->colorDepth() == drawnDepth ? std::move(picture) : HT_RasterImagePtr();
 }
@@ -96,7 +96,7 @@ QString pictureFile(const std::string& stated, const QString& folder) {
         return {};
     }
     const QDir directory(folder);
-    // Only regular files: a device or a pipe would keep its reader waiting.
+    // Only regular files: a device or a pipe could block its reader.
     QString direct = directory.filePath(path);
     if (QFileInfo(direct).isFile()) {
         return direct;

@@ -36,7 +36,7 @@ public:
     /// @param drawing  borrowed for the store's life
     explicit PictureStore(const Drawing& drawing) : m_drawing(drawing) {}
 
-    /// A picture as the renderer takes it, with 32 bits a pixel; valid until the next call. Null where its file
+    /// A picture as the renderer takes it, with 32 bits per pixel; valid until the next call. Null where its file
     /// is missing or holds no picture.
     HT_RasterImage* find(uint32_t definition, const PictureLook& look);
 

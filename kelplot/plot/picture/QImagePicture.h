@@ -54,7 +54,7 @@ HT_RasterImagePtr pictureOf(const QImage& image);
 /// The picture in the bytes of a PNG file; null where they hold none.
 HT_RasterImagePtr pictureOfPng(const void* data, size_t size);
 
-/// A copy of the pixels of a picture with 32 bits a pixel, in `Format_ARGB32`.
+/// A copy of the pixels of a picture with 32 bits per pixel, in `Format_ARGB32`.
 QImage pixelsOf(const HT_RasterImage& picture);
 
 } // namespace kelplot

@@ -10,8 +10,8 @@
 
 namespace kelplot {
 
-// The curves of the drawing's records as they look through a map. A curve that cannot be drawn, for its
-// numbers are not finite or its radius is not positive, gives nothing.
+// The curves of the drawing's records as they look through a map. A curve that cannot be drawn, because its numbers are
+// not finite or its radius is not positive, gives nothing.
 
 std::optional<EllipticArc> arcOf(const Circle& circle, const PlanMap& map);
 std::optional<EllipticArc> arcOf(const Arc& arc, const PlanMap& map);

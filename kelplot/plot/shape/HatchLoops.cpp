@@ -37,7 +37,7 @@ double gapTo(Vec2 p, const std::vector<Vec2>& edge) {
 }
 
 /// Appends an edge to those before it. Some programs write edges against the direction of the boundary;
-/// such an edge is nearer with its end, and is turned round.
+/// the end of such an edge is nearer than its start, and it is reversed.
 void append(std::vector<Vec2>& path, std::vector<Vec2>& edge, bool second) {
     if (second && gapTo(path.front(), edge) < gapTo(path.back(), edge)) {
         std::reverse(path.begin(), path.end());

@@ -24,8 +24,8 @@ struct PolylineSegment {
 /// The pieces of a polyline. Vertices that are not finite, and pieces of no length, are left out.
 std::vector<PolylineSegment> segmentsOf(const std::vector<PolylineVertex>& vertices, bool closed);
 
-/// Appends the points of a piece as seen through `map`, without its first one unless `out` is empty. The rules hold
-/// for the outer border of a piece that is as wide all along as at its start.
+/// Appends the points of a piece as seen through `map`, without its first one unless `out` is empty. The tolerance
+/// applies to the outer border of the piece, as if it were as wide throughout as at its start.
 void flattenSegment(const PolylineSegment& segment, const PlanMap& map, const Flattening& rules,
                     std::vector<Vec2>& out);
 

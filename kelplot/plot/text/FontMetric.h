@@ -27,8 +27,8 @@ inline uint qHash(const FontFace& face, uint seed = 0) {
     return qHash(face.family, seed) ^ (face.bold ? 1U : 0U) ^ (face.italic ? 2U : 0U);
 }
 
-/// The size of the em square at which all texts are measured and drawn; their true size comes from scaling. It is
-/// large, since fonts keep whole units of it.
+/// The size of the em square at which all texts are measured and drawn; their true size comes from scaling. It is large
+/// because fonts round lengths to whole units of it.
 constexpr int emUnits = 1024;
 
 /// How large the letters of a font are. Lengths are parts of its em square, y upwards from the base line.

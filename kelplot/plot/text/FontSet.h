@@ -18,7 +18,7 @@
 
 namespace kelplot {
 
-/// The signs of geometric tolerances that stand in the place of letters in the fonts for them.
+/// The geometric tolerance signs that the fonts for them have in place of letters.
 QString toleranceSignsFor(const QString& letters);
 
 /// The font that was chosen for a text.

@@ -56,7 +56,7 @@ private:
     const MText& m_text;
     std::vector<ColumnLine> m_lines;
     int m_column = 0;
-    bool m_begun = false; ///< the column in hand has a line
+    bool m_begun = false; ///< the current column has a line
     double m_next = 0.0;  ///< upper edge of the next line, or its base line where distances are exact
     double m_depth = 0.0;
 };

@@ -19,7 +19,8 @@ struct PlacedPiece {
     double x; ///< from the left edge of the text
 };
 
-/// Whether there are letters of such a script; those beyond the first 65536 characters are not looked at closely.
+/// Whether there may be letters of such a script; characters beyond the first 65536 count as such without a closer
+/// look.
 bool mayRunRightToLeft(const QString& text) {
     return std::any_of(text.begin(), text.end(), [](QChar character) {
         return character.direction() == QChar::DirR || character.direction() == QChar::DirAL || character.isSurrogate();
@@ -94,7 +95,7 @@ size_t LineFiller::wordEnd(size_t begin) const {
     return end + 1;
 }
 
-/// Puts a word on the line, or finishes that and puts it on the next one. Returns where it ends.
+/// Puts a word on the line, or ends the line and puts the word on the next one. Returns where it ends.
 double LineFiller::placeWord(size_t begin, size_t end, double x) {
     double right = x;
     for (size_t i = begin; i < end; ++i) {

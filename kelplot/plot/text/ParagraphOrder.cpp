@@ -15,7 +15,7 @@ struct DirectedItem {
     Direction direction;
 };
 
-/// The direction of the first character that has one. Numbers go along with what stands before them.
+/// The direction of the first character that has one. Numbers take the direction of what precedes them.
 Direction directionOf(const QString& text, Direction before) {
     bool hasDigits = false;
     for (const uint character : text.toUcs4()) {
@@ -50,7 +50,7 @@ std::vector<DirectedItem> directed(std::vector<LineItem> items, Direction base) 
     return result;
 }
 
-/// Gives what has no direction that of its neighbours, where they agree, else that of the paragraph.
+/// Gives items without a direction that of their neighbours where these agree, else that of the paragraph.
 void settle(std::vector<DirectedItem>& items, Direction base) {
     Direction before = base;
     for (auto item = items.begin(); item != items.end(); ++item) {

@@ -9,7 +9,7 @@ namespace kelplot {
 
 namespace {
 
-/// The characters of a piece, as far as they tell where lines may end. A stack is like a number, which stays with
+/// The characters of a piece that decide where lines may end. A stack is like a number, which stays with
 /// what it is written next to.
 QString charactersOf(const TextPiece& piece) {
     if (const auto* span = std::get_if<TextSpan>(&piece)) {

@@ -24,7 +24,7 @@ struct LinePiece {
 /// The look of a stretch in a text of this frame.
 TextLook lookOf(const CharacterFormat& format, const ParagraphFrame& frame);
 
-/// The characters of a paragraph, as far as they tell where lines may end and which way it runs.
+/// The characters of a paragraph that decide where lines may end and which way it runs.
 QString charactersOf(const Paragraph& paragraph);
 
 QString withoutBlanksAtEnd(const QString& text);

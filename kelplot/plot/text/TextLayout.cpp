@@ -88,7 +88,7 @@ Vec2 startOf(const Text& text, const TextLook& look, const TextLine& line, FontS
     return {x, baseLineOf(text.row, look.height, look.height * metric.depth() / metric.capHeight())};
 }
 
-/// The same for letters one below the other, which run on downwards: they start, stand in the middle or end there.
+/// The same for letters one below the other, which run downwards: they start, are centred or end there.
 Vec2 columnStartOf(TextColumn column, const TextLine& line) {
     const Box2& ink = line.block.ink;
     return {0.0, ink.isEmpty() ? 0.0 : -startOf(column, -ink.min.y)};

@@ -47,7 +47,7 @@ double widthOf(const FontRun& part, const TextLook& look, const FontMetric& metr
     return metric.advanceOf(part.text) * (look.height / metric.capHeight()) * look.widthFactor * look.tracking;
 }
 
-/// Adds a run at the end and moves that on.
+/// Adds a run at the end and advances the end.
 void addRun(const FontRun& part, const TextLook& look, FontSet& fonts, TextLine& line) {
     const FontMetric& metric = fonts.metric(part.face);
     const Box2 ink = metric.inkOf(part.text);
@@ -60,7 +60,7 @@ void addRun(const FontRun& part, const TextLook& look, FontSet& fonts, TextLine&
     run.obliqueAngle = look.obliqueAngle;
     run.colour = look.colour;
     line.width += widthOf(part, look, metric);
-    if (!ink.isEmpty()) { // blanks only move on
+    if (!ink.isEmpty()) { // blanks only advance
         line.block.ink.add(inkOf(run, ink));
         line.block.runs.push_back(std::move(run));
     }
@@ -83,7 +83,7 @@ void addLines(const TextLook& look, TextLine& line) {
     }
 }
 
-/// Looks without meaning would make a text that is nowhere.
+/// Meaningless values would put the text nowhere.
 TextLook checked(const TextLook& look) {
     constexpr double steepest = 1.5; // radians
     TextLook result = look;
@@ -94,7 +94,7 @@ TextLook checked(const TextLook& look) {
     return result;
 }
 
-/// Calls `use` for every part of a text that is set by itself: letters, where the look moves them apart.
+/// Calls `use` for every part of a text that is set separately: for single letters where the look spaces them out.
 template <typename Use>
 void forEachPart(const QString& text, const TextLook& look, FontSet& fonts, Use use) {
     if (!(look.height > 0.0) || look.widthFactor == 0.0) {

@@ -23,7 +23,7 @@ struct TextLine {
     TextBlock block;
     double width = 0.0;
 
-    /// Adds what goes on where this ends.
+    /// Appends what continues where this line ends.
     void append(const TextLine& next);
 };
 

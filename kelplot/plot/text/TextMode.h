@@ -3,7 +3,7 @@
 
 namespace kelplot {
 
-// Apart from the plotter of texts, for those who choose and do not plot.
+// In a header of its own, for code that chooses the mode without plotting.
 
 /// What texts are on paper: their outlines, or texts of fonts, which can be searched.
 enum class TextMode { outlines, fonts };

@@ -9,7 +9,7 @@ namespace kelplot {
 
 /// A call that makes a renderer draw a run in its place.
 ///
-/// A renderer does not know mirrored text, but every map of the plane that has an inverse is the product of a turn,
+/// A renderer cannot mirror text, but every map of the plane that has an inverse is the product of a turn,
 /// a lean and a stretch along the base line, which is negative for a mirrored text: its base line is turned by half a
 /// circle, and its letters grow backwards along it.
 struct TextCall {
@@ -20,7 +20,7 @@ struct TextCall {
     double widthFactor = 1.0;
 };
 
-/// The call for a run whose block lies so in device units; nothing where the run has no area.
+/// The call for a run of a block that `block` maps to device units; nothing where the run has no area.
 std::optional<TextCall> textCallFor(const TextRun& run, const PlanMap& block);
 
 /// Draws runs in device units, as outlines through a renderer, or directly as texts of fonts.
@@ -32,7 +32,7 @@ public:
     TextPlotter(const Typesetter& texts, HT_Renderer& renderer, DirectPainter* direct)
         : m_texts(texts), m_renderer(renderer), m_direct(direct) {}
 
-    /// Draws a run of a block that lies so. The renderer has got the ink already.
+    /// Draws a run of a block that `block` maps to device units. The renderer has the ink already.
     void draw(const TextRun& run, const PlanMap& block, HT_Color ink, uint8_t opacity);
 
 private:

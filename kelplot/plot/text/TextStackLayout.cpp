@@ -36,7 +36,7 @@ SetStack setStack(const TextStack& stack, const TextLook& look, FontSet& fonts) 
     const bool barred = stack.divider == TextStack::Divider::bar;
     const double bearing = sideBearing * look.height;
     const double widest = std::max(upper.width, lower.width);
-    // Numbers of a fraction stand in the middle; tolerances start together, so that their signs do.
+    // The numbers of a fraction are centred; tolerances are aligned on the left, so that their signs line up.
     const auto startOf = [&](const TextLine& line) {
         return bearing + (barred ? (widest - line.width) / 2.0 : 0.0);
     };

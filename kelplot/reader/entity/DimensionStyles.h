@@ -10,7 +10,7 @@
 
 namespace kelplot {
 
-/// What a dimension style says about leaders. Values that a drawing leaves out are these.
+/// What a dimension style says about leaders. These are the defaults for values that a drawing leaves out.
 struct LeaderStyle {
     double scale = 1.0;
     double arrowSize = 0.18;

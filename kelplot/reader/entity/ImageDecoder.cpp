@@ -95,8 +95,8 @@ void ImageDecoder::takeSetting(const Group& group) {
     }
 }
 
-/// The vertices from the corner of the picture, of a rectangle where two are its corners; empty where they bound
-/// nothing.
+/// The vertices relative to the picture's corner; two vertices are opposite corners of a rectangle. Empty where they
+/// bound nothing.
 std::vector<Vec2> ImageDecoder::boundary() const {
     constexpr Vec2 cornerToMiddle{0.5, 0.5};
     std::vector<Vec2> vertices = m_vertices;

@@ -31,7 +31,7 @@ private:
 /// Frames are shown on screen and on paper; other numbers but 0 mean on screen alone.
 constexpr int framesPlotted = 1;
 
-/// The objects that tell of pictures: their files, and whether frames are drawn about them.
+/// The objects that describe pictures: their files, and whether frames are drawn around them.
 class ImageObjects : public RecordDecoder {
 public:
     void begin(std::string_view type) override;

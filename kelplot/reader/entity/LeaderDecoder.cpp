@@ -19,7 +19,7 @@ namespace {
 /// Many more values than a style has.
 constexpr std::size_t mostChanges = 256;
 
-/// An arrow head takes at most this share of the leader's first stretch, or it is left away.
+/// An arrow head that takes more than this share of the leader's first stretch is left out.
 constexpr double largestArrowShare = 0.5;
 /// Of the usual arrow head: half its width to its length.
 constexpr double arrowSlope = 1.0 / 6.0;

@@ -188,7 +188,7 @@ void PolylineDecoder::addMesh(DrawingBuilder& builder) const {
     const std::size_t smooth = (m_head.flags & splineFit) != 0 ? 2 : 0;
     const auto rows = static_cast<std::size_t>(std::max(0, m_head.counts[smooth]));
     const auto columns = static_cast<std::size_t>(std::max(0, m_head.counts[smooth + 1]));
-    // The grid must be the vertices, no more and no less, or nobody knows how they join.
+    // The grid must have exactly as many places as there are vertices, or it is unknown how they join.
     if (rows == 0 || columns == 0 || m_vertices.size() / rows != columns || m_vertices.size() % rows != 0) {
         return;
     }

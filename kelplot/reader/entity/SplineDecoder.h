@@ -8,7 +8,7 @@ namespace kelplot {
 
 /// Makes `spline` one that can be evaluated, whatever the file says: afterwards it has fit points only,
 /// or control points with one positive weight each or none, and as many rising knots as its degree asks
-/// for. Where the knots do not serve, the curve gets evenly spaced ones and passes through its end points.
+/// for. Where the knots are unusable, the curve gets evenly spaced ones and passes through its end points.
 /// False where nothing is left to draw.
 bool completeSpline(Spline& spline);
 

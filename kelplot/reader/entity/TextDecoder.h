@@ -8,8 +8,8 @@
 
 namespace kelplot {
 
-/// Single lines of text: texts, the attributes of block references, and what attributes are made after. Attributes
-/// may hold paragraphs instead.
+/// Single lines of text: texts, the attributes of block references, and the definitions that attributes are made from.
+/// Attributes may hold paragraphs instead.
 class TextDecoder : public RecordDecoder {
 public:
     void begin(std::string_view type) override;

@@ -22,7 +22,7 @@ private:
     std::string m_bigFontFile;
     std::string m_family;
     int m_fontFlags = 0;
-    bool m_tellsFont = false; ///< the attached data in hand is the one that does
+    bool m_tellsFont = false; ///< the attached data being read names the font
     bool m_isShapes = false;  ///< a file of shapes for line types, not a style
 };
 

@@ -15,7 +15,7 @@ namespace kelplot {
 
 namespace {
 
-/// Far above what programs write; what follows is left out.
+/// Far more than programs write; anything beyond it is left out.
 constexpr std::size_t longestMarkup = std::size_t{1} << 20;
 
 constexpr int lastAttachment = 9;

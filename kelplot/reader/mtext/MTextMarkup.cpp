@@ -67,7 +67,7 @@ private:
     void finishParagraph(bool columnBreak);
 
     std::string_view m_rest;
-    /// No stack that begins with more than this left has an end: it was looked for, and is not to be again and again.
+    /// No stack that begins with more than this left has an end: one search has shown it, and need not be repeated.
     std::size_t m_leftWithoutStacks = std::numeric_limits<std::size_t>::max();
     const TextEncoding& m_decoder;
     const double m_height; ///< of the whole text, the measure of indents

@@ -19,7 +19,7 @@ std::optional<std::string> takeCharacterCode(std::string_view& text, const TextE
 /// itself. Nothing where they mean what they show.
 std::optional<char> takeCaretCode(std::string_view& text);
 
-/// The stretches of a single-line text in UTF-8, its codes resolved. Codes that are none stay as they are.
+/// The stretches of a single-line text in UTF-8, its codes resolved. Unknown codes stay as they are.
 std::vector<TextStretch> textStretches(std::string_view text, const TextEncoding& decoder);
 
 } // namespace kelplot

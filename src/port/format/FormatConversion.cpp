@@ -35,7 +35,7 @@ bool takeFlag(const wchar_t*& position, FormatConversion& conversion, FormatArgu
     return true;
 }
 
-/// 0 without digits; what no int can hold is the greatest int.
+/// 0 without digits; the largest int where an int cannot hold the number.
 int takeDigits(const wchar_t*& position) {
     int64_t value = 0;
     for (; *position >= L'0' && *position <= L'9'; ++position) {
