@@ -43,12 +43,12 @@ static_assert(offsetof(PaperSize, Width) == 260 && offsetof(PaperSize, Units) ==
 /// A binary file written by this library answers codes 19 and 13. To the others, with a buffer, it answers 0: they read
 /// a binary file of whole 288-byte `PaperSize` records, which this library never writes. Ask the INI file for those.
 ///
-/// @param code    other codes answer 0 and write nothing
 /// Reading does not take turns with writers: another program can add a paper between the query for the count and the
 /// one for the papers. Hold an exclusive `flock` on the file's folder over both queries, as this library does while it
 /// writes, or query a copy of the file. A query that makes the binary file waits for its turn itself, up to two
 /// seconds; while the caller holds that lock it gets none, and leaves the file to a later query.
 ///
+/// @param code    other codes answer 0 and write nothing
 /// @param output  receives the answer, with room for as many entries as the file states when it is read; null asks for
 ///                the count only. It needs no alignment.
 /// @param device  ignored

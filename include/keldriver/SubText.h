@@ -9,7 +9,7 @@
 #include "keldriver/Win32Types.h"
 
 namespace KelDriver::Internal {
-class FontStock;
+class FontChoosers;
 }
 
 /// The fonts of a driver: a `tagLOGFONTW` for each face name that drawings use, in the driver's order of preference.
@@ -40,7 +40,7 @@ public:
 
 private:
     friend class HT_Text;
-    std::unique_ptr<KelDriver::Internal::FontStock> stock; ///< null when another map has taken it
+    std::unique_ptr<KelDriver::Internal::FontChoosers> choosers; ///< null when another map has taken it
 };
 
 /// A run of characters of an `HT_Text` that are shown with one font.

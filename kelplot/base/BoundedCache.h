@@ -7,7 +7,7 @@ namespace kelplot {
 
 /// Remembers what was made for a key, in a table such as `std::map`. Once it holds `most` entries it is emptied;
 /// whatever is asked for often is soon back.
-template <typename Table, std::size_t most>
+template <typename Table, size_t most>
 class BoundedCache {
 public:
     using Key = typename Table::key_type;

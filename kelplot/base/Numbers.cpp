@@ -18,7 +18,7 @@ std::optional<double> numberFromText(std::string_view text) {
 }
 
 std::optional<std::pair<double, double>> numberPairFromText(std::string_view text, std::string_view separators) {
-    const std::size_t at = text.find_first_of(separators);
+    const size_t at = text.find_first_of(separators);
     if (at == std::string_view::npos) {
         return std::nullopt;
     }
@@ -33,7 +33,7 @@ std::optional<std::pair<double, double>> numberPairFromText(std::string_view tex
 std::optional<std::vector<double>> numberListFromText(std::string_view text) {
     std::vector<double> numbers;
     for (;;) {
-        const std::size_t comma = text.find(',');
+        const size_t comma = text.find(',');
         const auto number = numberFromText(text.substr(0, comma));
         if (!number) {
             return std::nullopt;

@@ -2,6 +2,7 @@
 #include "cli/CommandLine.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 
 #include "cli/Defaults.h"
 #include "cli/OptionTable.h"
@@ -64,7 +65,21 @@ void refuseExclusivePairs(const QCommandLineParser& parser) {
     }
 }
 
-void checkTogether(const QCommandLineParser& parser, const Request& request) {
+/// Takes the format from the ending of the output's name; a name without an ending leaves it as it is.
+void deriveFormat(Request& request) {
+    const QString ending = QFileInfo(request.outputFile).suffix();
+    if (ending.isEmpty()) {
+        return;
+    }
+    const auto format = formatFromName(ending);
+    if (!format) {
+        throw UsageError(QStringLiteral("--output: \"%1\" tells no format; end it in one of %2, or give --format")
+                             .arg(request.outputFile, formatNames()));
+    }
+    request.format = *format;
+}
+
+void checkTogether(const QCommandLineParser& parser, Request& request) {
     refuseExclusivePairs(parser);
     const bool listsPapers = request.action == Action::listPapers;
     if (request.json && !listsPapers) {
@@ -78,6 +93,9 @@ void checkTogether(const QCommandLineParser& parser, const Request& request) {
     }
     if (!request.outputFile.isEmpty() && request.inputs.size() > 1) {
         throw UsageError(QStringLiteral("--output: takes one drawing only; give --target-directory for several"));
+    }
+    if (!parser.isSet(QStringLiteral("format"))) {
+        deriveFormat(request);
     }
 }
 
@@ -95,8 +113,6 @@ Request requestFromArguments(const QStringList& arguments) {
     if (lays) {
         applyDefaults(driverFolder(), request);
         applyDefaults(ownFolder(), request);
-        request.usualFormat = request.format.value_or(request.usualFormat);
-        request.format.reset(); // the ending of the output's name takes precedence over a default
     }
     if (parser.isSet(QStringLiteral("paper"))) {
         request.paper.origin = QStringLiteral("--paper");

@@ -45,7 +45,7 @@ private:
     Clock m_clock;
     std::string m_label;
     Time m_nextUpdate;
-    std::size_t m_shownWidth = 0;
+    size_t m_shownWidth = 0;
 };
 
 } // namespace kelplot

@@ -9,7 +9,10 @@ namespace {
 /// A text with the characters escaped that mean something to the typesetter.
 QString escaped(const char* text) {
     QString result = QString::fromLatin1(text);
-    return result.replace(QLatin1Char('\\'), QStringLiteral("\\e")).replace(QLatin1Char('-'), QStringLiteral("\\-"));
+    result.replace(QLatin1Char('\\'), QStringLiteral("\\e")).replace(QLatin1Char('-'), QStringLiteral("\\-"));
+    // At the start of a line these would begin a macro.
+    const bool looksLikeMacro = result.startsWith(QLatin1Char('.')) || result.startsWith(QLatin1Char('\''));
+    return looksLikeMacro ? QStringLiteral("\\&") + result : result;
 }
 
 QString entryOf(const OptionRow& row) {

@@ -173,7 +173,7 @@ const std::vector<OptionRow> rows = {
     {nullptr, "json", nullptr, "With --list-papers: as JSON.", choose<&Request::json>},
     {nullptr, "manual", nullptr, "Print the manual page, for man.", act<Action::showManual>},
     {nullptr, "version", nullptr, "Print the version.", act<Action::showVersion>},
-    {"h", "help", nullptr, "Print this help.", act<Action::showHelp>},
+    {"h", "help", nullptr, "Print a list of the options.", act<Action::showHelp>},
 };
 
 } // namespace

@@ -118,25 +118,11 @@ PatternTable patternsFor(const Request& request) {
     return table;
 }
 
-/// The format that the options state, or the ending of the output's name, or else the usual one.
-OutputFormat formatFor(const Request& request) {
-    const QString ending = QFileInfo(request.outputFile).suffix();
-    if (request.format || ending.isEmpty()) {
-        return request.format.value_or(request.usualFormat);
-    }
-    const auto format = formatFromName(ending);
-    if (!format) {
-        throw UsageError(QStringLiteral("--output: \"%1\" has an unknown ending; use one of %2, or give --format")
-                             .arg(request.outputFile, formatNames()));
-    }
-    return *format;
-}
-
-QString outputPath(const QString& input, const Request& request, OutputFormat format) {
+QString outputPath(const QString& input, const Request& request) {
     if (!request.outputFile.isEmpty()) {
         return request.outputFile;
     }
-    const QString name = QFileInfo(input).completeBaseName() + QLatin1Char('.') + suffixOf(format);
+    const QString name = QFileInfo(input).completeBaseName() + QLatin1Char('.') + suffixOf(request.format);
     return request.outputDirectory.isEmpty() ? name : QDir(request.outputDirectory).filePath(name);
 }
 
@@ -147,14 +133,14 @@ QString identityOf(const QString& path) {
 }
 
 /// The output file of each input.
-QStringList outputPaths(const Request& request, OutputFormat format) {
+QStringList outputPaths(const Request& request) {
     QMap<QString, QString> takenBy;
     for (const QString& input : request.inputs) {
         takenBy.insert(identityOf(input), input);
     }
     QStringList paths;
     for (const QString& input : request.inputs) {
-        const QString path = outputPath(input, request, format);
+        const QString path = outputPath(input, request);
         const QString identity = identityOf(path);
         if (takenBy.contains(identity)) {
             throw UsageError(QStringLiteral("%1: its plot would replace %2, which belongs to %3")
@@ -171,7 +157,7 @@ QStringList outputPaths(const Request& request, OutputFormat format) {
 PlotPlan planFor(const Request& request) {
     PlotPlan plan;
     plan.inputs = request.inputs;
-    plan.format = formatFor(request);
+    plan.format = request.format;
     plan.dotsPerInch = request.dotsPerInch;
     plan.page.orientation = request.orientation;
     plan.page.scale = request.scale;
@@ -191,8 +177,7 @@ PlotPlan planFor(const Request& request) {
     plan.layers = request.layers;
     plan.excludedLayers = request.excludedLayers;
     plan.strict = request.strict;
-    plan.outputs = outputPaths(request, plan.format);
-    plan.warnings.removeDuplicates();
+    plan.outputs = outputPaths(request);
     return plan;
 }
 

@@ -31,11 +31,10 @@ struct AskedPaper {
 struct Request {
     Action action = Action::plot;
     QStringList inputs;
-    QStringList warnings;                         ///< about the settings
-    QString outputFile;                           ///< for a single input; empty: named after the input
-    QString outputDirectory;                      ///< empty: the current one
-    std::optional<OutputFormat> format;           ///< none: as the output file's ending says
-    OutputFormat usualFormat = OutputFormat::pdf; ///< where no ending says it
+    QStringList warnings;    ///< about the settings
+    QString outputFile;      ///< for a single input; empty: named after the input
+    QString outputDirectory; ///< empty: the current one
+    OutputFormat format = OutputFormat::pdf;
     int dotsPerInch = 200;
     AskedPaper paper;
     std::optional<Margins> margins; ///< none: those of the paper

@@ -14,16 +14,27 @@ QTransform transformOf(const Affine2& map) {
     return {map.a, map.b, map.c, map.d, map.e, map.f};
 }
 
+/// Gives a painter's state back at the end of its life.
+class PainterState {
+public:
+    explicit PainterState(QPainter& painter) : m_painter(painter) { m_painter.save(); }
+    ~PainterState() { m_painter.restore(); }
+    PainterState(const PainterState&) = delete;
+    PainterState& operator=(const PainterState&) = delete;
+
+private:
+    QPainter& m_painter;
+};
+
 } // namespace
 
 void DirectPainter::drawText(const QString& text, const QFont& font, const Affine2& place, const QColor& ink) {
-    m_painter.save();
-    m_painter.setWorldTransform(transformOf(place));
+    const PainterState state(m_painter);
+    m_painter.setWorldTransform(transformOf(place), true);
     m_painter.setBackgroundMode(Qt::TransparentMode);
     m_painter.setPen(ink);
     m_painter.setFont(font);
     m_painter.drawText(QPointF(0.0, 0.0), text);
-    m_painter.restore();
 }
 
 void DirectPainter::fill(const QPainterPath& area, const QBrush& brush, double opacity) {
@@ -34,10 +45,9 @@ void DirectPainter::fill(const QPainterPath& area, const QBrush& brush, double o
 }
 
 void DirectPainter::drawPlaced(const Affine2& place, const std::function<void()>& draw) {
-    const QTransform before = m_painter.worldTransform();
+    const PainterState state(m_painter);
     m_painter.setWorldTransform(transformOf(place), true);
     draw();
-    m_painter.setWorldTransform(before);
 }
 
 double DirectPainter::dotsAlong(Vec2 vector) const {

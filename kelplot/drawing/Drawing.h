@@ -71,8 +71,8 @@ struct Drawing {
     bool paperIsActive = false;     ///< the drawing was saved with a layout before its user's eyes
     bool paperLineTypes = true;     ///< dashes have their lengths on the sheet, whatever the scale of a viewport
     std::vector<std::string> unplottedKinds; ///< what `Unplotted` entities are, for a message
-    std::string unknownCodePage; ///< UTF-8, the name of the one its texts are in, where their bytes were guessed
-    std::string folder;          ///< UTF-8, where its file lies
+    std::string unknownCodePage;             ///< UTF-8; the code page that it names, if it cannot be decoded
+    std::string folder;                      ///< UTF-8, where its file lies
     bool imageFrames = true;
     bool wipeoutFrames = false;
     double lineTypeScale = 1.0;

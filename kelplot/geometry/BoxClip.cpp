@@ -1,29 +1,18 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "geometry/BoxClip.h"
 
+#include "geometry/Interval.h"
+
 namespace kelplot {
 
 namespace {
 
-/// A part of a segment, as fractions of its length.
-struct Part {
-    double from = 0.0;
-    double to = 1.0;
-};
-
-/// Narrows `part` to where `start` + t·`delta` lies between `low` and `high`; false when nowhere.
-bool narrow(double start, double delta, double low, double high, Part& part) {
-    if (delta == 0.0) {
-        return low <= start && start <= high;
-    }
-    const double a = (low - start) / delta;
-    const double b = (high - start) / delta;
-    part = {std::max(part.from, std::min(a, b)), std::min(part.to, std::max(a, b))};
-    return part.from <= part.to;
-}
-
-bool partInside(Vec2 a, Vec2 b, const Box2& box, Part& part) {
-    return narrow(a.x, b.x - a.x, box.min.x, box.max.x, part) && narrow(a.y, b.y - a.y, box.min.y, box.max.y, part);
+/// The part of a segment that lies inside, as fractions of its length.
+Interval partInside(Vec2 a, Vec2 b, const Box2& box) {
+    Interval part{0.0, 1.0};
+    narrowToSlab(a.x, b.x - a.x, {box.min.x, box.max.x}, part);
+    narrowToSlab(a.y, b.y - a.y, {box.min.y, box.max.y}, part);
+    return part;
 }
 
 /// One side of a box.
@@ -88,16 +77,16 @@ std::vector<std::vector<Vec2>> clipPolyline(const std::vector<Vec2>& points, con
     for (size_t i = 0; i + 1 < points.size(); ++i) {
         const Vec2 from = points[i];
         const Vec2 delta = points[i + 1] - from;
-        Part part;
-        if (!partInside(from, points[i + 1], box, part)) {
+        const Interval part = partInside(from, points[i + 1], box);
+        if (part.isEmpty()) {
             running = false;
             continue;
         }
-        if (!running || part.from > 0.0) {
-            pieces.push_back({from + delta * part.from});
+        if (!running || part.low > 0.0) {
+            pieces.push_back({from + delta * part.low});
         }
-        running = part.to >= 1.0;
-        pieces.back().push_back(running ? points[i + 1] : from + delta * part.to);
+        running = part.high >= 1.0;
+        pieces.back().push_back(running ? points[i + 1] : from + delta * part.high);
     }
     return pieces;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plot/CopyGrid.h"
 
+#include "geometry/Interval.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -13,25 +15,9 @@ int countOf(int stated, double spacing) {
     return spacing == 0.0 ? 1 : std::max(stated, 1);
 }
 
-/// A stretch of numbers; empty where `low` is above `high`.
-struct Interval {
-    double low;
-    double high;
-};
-
-/// Narrows `indices` to those for which `ink`, moved by `step` an index, meets `visible`. Bounds that are NaN have no
-/// effect.
-void narrow(Interval ink, double step, Interval visible, Interval& indices) {
-    if (step == 0.0) {
-        if (ink.low > visible.high || ink.high < visible.low) {
-            indices = {1.0, 0.0};
-        }
-        return;
-    }
-    const double one = (visible.low - ink.high) / step;
-    const double other = (visible.high - ink.low) / step;
-    indices.low = std::max(indices.low, std::min(one, other));
-    indices.high = std::min(indices.high, std::max(one, other));
+/// Narrows `indices` to those for which `ink`, moved by `step` an index, meets `visible`.
+void narrowToVisible(const Interval& ink, double step, const Interval& visible, Interval& indices) {
+    narrowToSlab(0.0, step, {visible.low - ink.high, visible.high - ink.low}, indices);
 }
 
 } // namespace
@@ -66,8 +52,8 @@ CopyGrid::Range CopyGrid::columnsThatMeet(const Box2& visible, const Box2& ink, 
     const Vec2 min = ink.min + rowStep * row;
     const Vec2 max = ink.max + rowStep * row;
     Interval indices{0.0, columns - 1.0};
-    narrow({min.x, max.x}, columnStep.x, {visible.min.x, visible.max.x}, indices);
-    narrow({min.y, max.y}, columnStep.y, {visible.min.y, visible.max.y}, indices);
+    narrowToVisible({min.x, max.x}, columnStep.x, {visible.min.x, visible.max.x}, indices);
+    narrowToVisible({min.y, max.y}, columnStep.y, {visible.min.y, visible.max.y}, indices);
     if (!(indices.low <= indices.high)) {
         return {};
     }

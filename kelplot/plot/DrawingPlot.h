@@ -38,9 +38,9 @@ struct PlotReport : WalkReport {
 /// Measures a drawing and plots it. The plot reuses the text layouts of the measurement that are still cached.
 class DrawingPlot {
 public:
-    /// Both are borrowed for the plot's life.
-    DrawingPlot(const Drawing& drawing, const PlotStyleOptions& style)
-        : m_drawing(drawing), m_style(style), m_texts(drawing, style.fonts) {}
+    /// @param drawing  borrowed for the plot's life
+    DrawingPlot(const Drawing& drawing, PlotStyleOptions style)
+        : m_drawing(drawing), m_style(std::move(style)), m_texts(drawing, m_style.fonts) {}
 
     /// The extents of what `draw` would draw, in drawing units; empty when that is nothing. `report`, if given,
     /// receives what is left out of them.
@@ -56,7 +56,7 @@ public:
 
 private:
     const Drawing& m_drawing;
-    const PlotStyleOptions& m_style;
+    PlotStyleOptions m_style;
     Typesetter m_texts;
 };
 

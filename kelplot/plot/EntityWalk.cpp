@@ -8,26 +8,11 @@ namespace kelplot {
 
 namespace {
 
-/// Tells whether an entity of this kind has world coordinates, whatever plane it is said to lie in.
-struct LiesInWorld {
-    bool operator()(const PointEntity&) const { return true; }
-    bool operator()(const Line&) const { return true; }
-    bool operator()(const Ellipse&) const { return true; }
-    bool operator()(const Spline&) const { return true; }
-    bool operator()(const Face3d&) const { return true; }
-    bool operator()(const Image&) const { return true; }
-    bool operator()(const Wipeout&) const { return true; }
-    bool operator()(const Viewport&) const { return true; }
-    bool operator()(const Polyline& polyline) const { return polyline.spatial; }
-    template <typename Planar>
-    bool operator()(const Planar&) const {
-        return false;
-    }
-};
-
+/// From an entity's own coordinates. An ellipse alone has an extrusion about which it runs, and world coordinates.
 PlanMap mapOf(const Entity& entity, const PlanMap& map) {
     const bool levelPlane = entity.extrusion == Vec3{0.0, 0.0, 1.0};
-    return levelPlane || std::visit(LiesInWorld{}, entity.geometry) ? map : map.after(frameOfPlane(entity.extrusion));
+    return levelPlane || std::holds_alternative<Ellipse>(entity.geometry) ? map
+                                                                          : map.after(frameOfPlane(entity.extrusion));
 }
 
 size_t entitiesInBlocks(const Drawing& drawing) {

@@ -141,7 +141,7 @@ uint32_t DrawingBuilder::unplottedKind(std::string_view name) {
     return static_cast<uint32_t>(found - kinds.begin());
 }
 
-// The dollar form is what programs wrote that had to avoid the asterisk.
+// Programs that had to avoid the asterisk wrote a dollar sign instead.
 
 bool DrawingBuilder::isModelSpace(std::string_view block) {
     return equalsIgnoringCase(block, "*MODEL_SPACE") || equalsIgnoringCase(block, "$MODEL_SPACE");

@@ -17,7 +17,7 @@ using namespace std::string_view_literals;
 
 /// Binary drawings start with a sentence that has this part at this offset.
 constexpr std::string_view binaryMark = " Binary DXF\r\n\x1A\0"sv;
-constexpr std::size_t binaryMarkOffset = 7;
+constexpr size_t binaryMarkOffset = 7;
 
 [[noreturn]] void refuse(ReadError::Reason reason, const std::string& path, const std::string& text) {
     throw ReadError(reason, path + ": " + text);
@@ -26,7 +26,7 @@ constexpr std::size_t binaryMarkOffset = 7;
 bool isBinaryDrawing(std::istream& stream) {
     std::array<char, binaryMarkOffset + binaryMark.size()> start{};
     stream.read(start.data(), start.size());
-    const std::string_view read(start.data(), static_cast<std::size_t>(stream.gcount()));
+    const std::string_view read(start.data(), static_cast<size_t>(stream.gcount()));
     stream.clear();
     stream.seekg(0);
     return read.size() == start.size() && read.substr(binaryMarkOffset) == binaryMark;

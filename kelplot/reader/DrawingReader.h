@@ -33,7 +33,7 @@ public:
 class DrawingFault : public std::runtime_error {
 public:
     explicit DrawingFault(const std::string& text) : std::runtime_error(text) {}
-    DrawingFault(std::size_t line, const std::string& text)
+    DrawingFault(size_t line, const std::string& text)
         : std::runtime_error("line " + std::to_string(line) + ": " + text) {}
 };
 

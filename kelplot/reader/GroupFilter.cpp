@@ -9,7 +9,7 @@ namespace kelplot {
 namespace {
 
 /// The library hangs on a line that does not fit its buffer of 1024 bytes.
-constexpr std::size_t longestValue = 1000;
+constexpr size_t longestValue = 1000;
 
 } // namespace
 

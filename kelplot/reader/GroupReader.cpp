@@ -15,12 +15,12 @@ namespace kelplot {
 namespace {
 
 /// A line must fit; far above anything that programs write.
-constexpr std::size_t bufferSize = std::size_t{1} << 18;
+constexpr size_t bufferSize = size_t{1} << 18;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 /// `text` fit for a message: short, and printable.
 std::string quoted(std::string_view text) {
-    constexpr std::size_t longest = 24;
+    constexpr size_t longest = 24;
     std::string result = "'";
     for (const char c : text.substr(0, longest)) {
         result += c >= ' ' && c < '\x7F' ? c : '?';
@@ -56,10 +56,10 @@ bool GroupReader::next(Group& group) {
 }
 
 bool GroupReader::nextLine(std::string_view& line) {
-    std::size_t searched = m_begin;
+    size_t searched = m_begin;
     const void* newline = nullptr;
     while ((newline = std::memchr(m_buffer.data() + searched, '\n', m_end - searched)) == nullptr) {
-        const std::size_t unread = m_end - m_begin;
+        const size_t unread = m_end - m_begin;
         if (!refill()) {
             break;
         }
@@ -68,9 +68,9 @@ bool GroupReader::nextLine(std::string_view& line) {
     if (newline == nullptr && m_begin == m_end) {
         return false;
     }
-    const std::size_t lineEnd =
-        newline == nullptr ? m_end : static_cast<std::size_t>(static_cast<const char*>(newline) - m_buffer.data());
-    const std::size_t nextBegin = newline == nullptr ? m_end : lineEnd + 1;
+    const size_t lineEnd =
+        newline == nullptr ? m_end : static_cast<size_t>(static_cast<const char*>(newline) - m_buffer.data());
+    const size_t nextBegin = newline == nullptr ? m_end : lineEnd + 1;
     line = std::string_view(m_buffer.data() + m_begin, lineEnd - m_begin);
     if (!line.empty() && line.back() == '\r') {
         line.remove_suffix(1);
@@ -94,7 +94,7 @@ bool GroupReader::refill() {
     // A file that grows while it is read stays within the size it had.
     const auto wanted = std::min<std::uintmax_t>(m_buffer.size() - m_end, remaining() - (m_end - m_begin));
     m_input.read(m_buffer.data() + m_end, static_cast<std::streamsize>(wanted));
-    const auto got = static_cast<std::size_t>(m_input.gcount());
+    const auto got = static_cast<size_t>(m_input.gcount());
     m_end += got;
     if (m_progress && got > 0) {
         m_progress(static_cast<double>(m_consumed) / static_cast<double>(m_size));

@@ -15,7 +15,7 @@ namespace kelplot {
 struct Group {
     int code = 0;
     std::string_view value; ///< without the line's end; valid until the next group is read
-    std::size_t line = 0;   ///< number of the line with the code, from 1
+    size_t line = 0;        ///< number of the line with the code, from 1
 };
 
 /// Splits a drawing into groups, holding only a stretch of it in memory.
@@ -43,11 +43,11 @@ private:
     const std::uintmax_t m_size;
     const Progress& m_progress;
     std::vector<char> m_buffer;
-    std::size_t m_begin = 0; ///< the unread bytes in the buffer
-    std::size_t m_end = 0;
-    std::size_t m_keepFrom = 0; ///< bytes before this are no longer needed
+    size_t m_begin = 0; ///< the unread bytes in the buffer
+    size_t m_end = 0;
+    size_t m_keepFrom = 0; ///< bytes before this are no longer needed
     std::uintmax_t m_consumed = 0;
-    std::size_t m_line = 0;
+    size_t m_line = 0;
 };
 
 } // namespace kelplot

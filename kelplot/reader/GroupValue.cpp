@@ -32,7 +32,7 @@ double parseReal(std::string_view text) {
 } // namespace
 
 std::string_view trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(blanks);
+    const size_t first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos) {
         return {};
     }

@@ -47,7 +47,7 @@ constexpr std::array<double, 25> millimetres = {
 } // namespace
 
 double millimetresPerDrawingUnit(int insertUnits, bool metric) {
-    const auto unit = static_cast<std::size_t>(insertUnits);
+    const auto unit = static_cast<size_t>(insertUnits);
     if (insertUnits > 0 && unit < millimetres.size()) {
         return millimetres[unit];
     }

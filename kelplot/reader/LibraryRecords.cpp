@@ -186,7 +186,7 @@ void LibraryRecords::addInsert(const DL_InsertData& data) {
 
 std::array<Vec3, 4> LibraryRecords::cornersOf(const DL_TraceData& data) const {
     std::array<Vec3, 4> corners;
-    for (std::size_t i = 0; i < corners.size(); ++i) {
+    for (size_t i = 0; i < corners.size(); ++i) {
         corners[i] = point(data.x[i], data.y[i], data.z[i]);
     }
     if (!m_hasFourthCorner) {
@@ -209,7 +209,7 @@ void LibraryRecords::addSolid(const DL_SolidData& data) {
 void LibraryRecords::add3dFace(const DL_3dFaceData& data) {
     Face3d face;
     face.corners = cornersOf(data);
-    for (std::size_t i = 0; i < face.edgeVisible.size(); ++i) {
+    for (size_t i = 0; i < face.edgeVisible.size(); ++i) {
         face.edgeVisible[i] = (m_flags & (1 << i)) == 0;
     }
     m_builder.addInWorld(m_header, face);

@@ -34,7 +34,7 @@ constexpr std::string_view firstUnicodeVersion = "AC1021";
 constexpr std::string_view unicodeEscape = "\\U+";
 constexpr std::string_view multiByteEscape = "\\M+";
 constexpr std::string_view doubleBackslash = "\\\\";
-constexpr std::size_t escapeDigits = 4;
+constexpr size_t escapeDigits = 4;
 
 bool isPlain(std::string_view bytes) {
     return std::all_of(bytes.begin(), bytes.end(), [](char c) { return c != '\\' && (c & 0x80) == 0; });
@@ -57,7 +57,7 @@ QString withoutControls(QString text) {
     return text;
 }
 
-std::optional<unsigned> hexAt(std::string_view text, std::size_t offset) {
+std::optional<unsigned> hexAt(std::string_view text, size_t offset) {
     const std::string_view digits = text.substr(std::min(offset, text.size()), escapeDigits);
     unsigned value = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
@@ -76,7 +76,7 @@ std::optional<QString> takeEscape(std::string_view& text) {
             return withoutControls(QChar(static_cast<ushort>(*unit)));
         }
     }
-    const std::size_t pageAt = multiByteEscape.size();
+    const size_t pageAt = multiByteEscape.size();
     if (text.substr(0, pageAt) != multiByteEscape || text.size() <= pageAt) {
         return std::nullopt;
     }
@@ -94,14 +94,14 @@ std::optional<QString> takeEscape(std::string_view& text) {
 std::string replaceEscapes(std::string_view utf8, bool keepsDouble) {
     QString result;
     while (!utf8.empty()) {
-        const std::size_t plain = std::min(utf8.find('\\'), utf8.size());
+        const size_t plain = std::min(utf8.find('\\'), utf8.size());
         result += QString::fromUtf8(viewOf(utf8.substr(0, plain)));
         utf8.remove_prefix(plain);
         if (const auto characters = takeEscape(utf8)) {
             result += *characters;
         } else if (!utf8.empty()) {
             const bool twice = keepsDouble && utf8.substr(0, 2) == doubleBackslash;
-            const std::size_t count = twice ? 2 : 1;
+            const size_t count = twice ? 2 : 1;
             result += QString(static_cast<int>(count), QLatin1Char('\\'));
             utf8.remove_prefix(count);
         }
@@ -112,7 +112,7 @@ std::string replaceEscapes(std::string_view utf8, bool keepsDouble) {
 } // namespace
 
 CodePage codePageOfDrawing(std::string_view name) {
-    const std::size_t digits = name.find_first_of("0123456789");
+    const size_t digits = name.find_first_of("0123456789");
     const std::string_view number = digits == std::string_view::npos ? std::string_view() : name.substr(digits);
     const auto* const page = std::find_if(std::begin(knownPages), std::end(knownPages),
                                           [&](const KnownPage& candidate) { return candidate.number == number; });

@@ -44,7 +44,7 @@ std::optional<HT_Color> inkFrom(const QString& text) {
     if (!isNumber || text.size() != digits || !text[0].isLetterOrNumber()) {
         throw PenFault{QStringLiteral("\"%1\" is not a colour; give RRGGBB, black or drawing").arg(text)};
     }
-    return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16;
+    return redBlueExchanged(rgb);
 }
 
 int screeningFrom(const QString& text) {

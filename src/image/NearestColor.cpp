@@ -63,7 +63,7 @@ class CandidateCells {
 public:
     CandidateCells() {
         for (int index = 0; index < entryCount; ++index) {
-            colors[static_cast<size_t>(index)] = paletteColor(index);
+            m_colors[static_cast<size_t>(index)] = paletteColor(index);
         }
         for (int red = 0; red < 256; red += cellSide) {
             for (int green = 0; green < 256; green += cellSide) {
@@ -77,12 +77,12 @@ public:
     /// The nearest entry; ties go to the lower index, for candidates come in the order of the palette.
     int nearest(const Color& color) const {
         const size_t cell = cellOf(color);
-        int best = candidates[starts[cell]];
+        int best = m_candidates[m_starts[cell]];
         int bestDistance = INT32_MAX;
-        for (size_t i = starts[cell]; i < starts[cell + 1]; ++i) {
-            const int candidateDistance = distance(color, colors[candidates[i]]);
+        for (size_t i = m_starts[cell]; i < m_starts[cell + 1]; ++i) {
+            const int candidateDistance = distance(color, m_colors[m_candidates[i]]);
             if (candidateDistance < bestDistance) {
-                best = candidates[i];
+                best = m_candidates[i];
                 bestDistance = candidateDistance;
             }
         }
@@ -95,21 +95,21 @@ private:
         std::array<int, entryCount> nearestDistances{};
         int limit = INT32_MAX;
         for (size_t i = 0; i < entryCount; ++i) {
-            const Reach reach = reachOfCell(first, colors[i]);
+            const Reach reach = reachOfCell(first, m_colors[i]);
             nearestDistances[i] = reach.nearest;
             limit = std::min(limit, reach.farthest);
         }
         for (size_t i = 0; i < entryCount; ++i) {
             if (nearestDistances[i] <= limit) {
-                candidates.push_back(static_cast<uint8_t>(i));
+                m_candidates.push_back(static_cast<uint8_t>(i));
             }
         }
-        starts[cellOf(first) + 1] = candidates.size();
+        m_starts[cellOf(first) + 1] = m_candidates.size();
     }
 
-    std::array<Color, entryCount> colors{};
-    std::vector<uint8_t> candidates;            ///< palette indices, cell after cell
-    std::array<size_t, cellCount + 1> starts{}; ///< of each cell's candidates, and their end
+    std::array<Color, entryCount> m_colors{};
+    std::vector<uint8_t> m_candidates;            ///< palette indices, cell after cell
+    std::array<size_t, cellCount + 1> m_starts{}; ///< of each cell's candidates, and their end
 };
 
 } // namespace

@@ -26,27 +26,27 @@ public:
     /// Makes room for the pixels of `count` points.
     explicit DevicePoints(int count) {
         if (count > inCallPoints) {
-            heap = std::make_unique<QPointF[]>(static_cast<size_t>(std::max(count, 2 * inCallPoints)));
-            first = heap.get();
+            m_heap = std::make_unique<QPointF[]>(static_cast<size_t>(std::max(count, 2 * inCallPoints)));
+            m_first = m_heap.get();
         }
     }
     DevicePoints(const DevicePoints&) = delete;
     DevicePoints& operator=(const DevicePoints&) = delete;
 
-    int size() const { return used; }
-    const QPointF* data() const { return first; }
+    int size() const { return m_used; }
+    const QPointF* data() const { return m_first; }
 
     /// Takes the pixels of all points.
     void snapAll(const HT_Double_Point* source, int count, double scale) {
-        for (used = 0; used < count; ++used) {
-            new (first + used) QPointF(snapToDevice(source[used], scale));
+        for (m_used = 0; m_used < count; ++m_used) {
+            new (m_first + m_used) QPointF(snapToDevice(source[m_used], scale));
         }
     }
 
     /// Takes the pixels of `count` points, at least one, but those on the same pixel as the one before.
     void snapDistinct(const HT_Double_Point* source, int count, double scale) {
         QPoint last = snapToDevice(source[0], scale);
-        QPointF* end = first;
+        QPointF* end = m_first;
         new (end++) QPointF(last);
         for (int i = 1; i < count; ++i) {
             const QPoint pixel = snapToDevice(source[i], scale);
@@ -55,14 +55,14 @@ public:
                 last = pixel;
             }
         }
-        used = static_cast<int>(end - first);
+        m_used = static_cast<int>(end - m_first);
     }
 
 private:
-    alignas(QPointF) std::byte inCall[sizeof(QPointF) * inCallPoints]; // not initialised: that would cost time
-    std::unique_ptr<QPointF[]> heap;
-    QPointF* first = static_cast<QPointF*>(static_cast<void*>(inCall));
-    int used = 0;
+    alignas(QPointF) std::byte m_inCall[sizeof(QPointF) * inCallPoints]; // not initialised: that would cost time
+    std::unique_ptr<QPointF[]> m_heap;
+    QPointF* m_first = static_cast<QPointF*>(static_cast<void*>(m_inCall));
+    int m_used = 0;
 };
 
 using PolylinePoints = DevicePoints<2048>;

@@ -48,8 +48,8 @@ tagLOGFONTW inStyleOf(const tagLOGFONTW& request, tagLOGFONTW font) {
     return font;
 }
 
-FontChooser::FontChooser(FontStock& fonts, const std::wstring& faceName) : stock(fonts) {
-    if (const tagLOGFONTW* known = stock.find(faceName)) {
+FontChooser::FontChooser(FontStock& fonts, const std::wstring& faceName) : m_stock(fonts) {
+    if (const tagLOGFONTW* known = m_stock.find(faceName)) {
         addCandidate(*known);
     } else {
         tagLOGFONTW request{};
@@ -57,30 +57,30 @@ FontChooser::FontChooser(FontStock& fonts, const std::wstring& faceName) : stock
         setFaceName(request, faceName);
         addCandidate(request);
     }
-    for (const FontStock::MappedFont& font : stock.mappedFonts()) {
+    for (const FontStock::MappedFont& font : m_stock.mappedFonts()) {
         addCandidate(font.record);
     }
-    listed = candidates.size();
+    m_listed = m_candidates.size();
 }
 
-FontChooser::FontChooser(FontStock& fonts, const tagLOGFONTW& request) : stock(fonts) {
+FontChooser::FontChooser(FontStock& fonts, const tagLOGFONTW& request) : m_stock(fonts) {
     addCandidate(request);
-    if (const tagLOGFONTW* known = stock.find(faceNameOf(request))) {
+    if (const tagLOGFONTW* known = m_stock.find(faceNameOf(request))) {
         addCandidate(inStyleOf(request, *known));
     }
-    for (const FontStock::MappedFont& font : stock.mappedFonts()) {
+    for (const FontStock::MappedFont& font : m_stock.mappedFonts()) {
         addCandidate(inStyleOf(request, font.record));
     }
-    listed = candidates.size();
+    m_listed = m_candidates.size();
 }
 
 void FontChooser::addCandidate(const tagLOGFONTW& record) {
-    candidates.push_back({record, stock.coverageOf(record)});
+    m_candidates.push_back({record, m_stock.coverageOf(record)});
 }
 
 std::optional<size_t> FontChooser::listedFont(std::wstring_view cluster) const {
-    for (size_t font = 0; font < listed; ++font) {
-        FontCoverage* coverage = candidates[font].coverage;
+    for (size_t font = 0; font < m_listed; ++font) {
+        FontCoverage* coverage = m_candidates[font].coverage;
         if (coverage != nullptr && coverage->showsAll(cluster)) {
             return font;
         }
@@ -97,26 +97,26 @@ std::optional<size_t> FontChooser::familyFont(const QString& family, std::wstrin
         return std::nullopt; // no record can name it
     }
     setFaceName(font, faceName);
-    const tagLOGFONTW record = inStyleOf(candidates.front().record, font);
-    FontCoverage* coverage = stock.coverageOf(record);
+    const tagLOGFONTW record = inStyleOf(m_candidates.front().record, font);
+    FontCoverage* coverage = m_stock.coverageOf(record);
     if (coverage == nullptr || !coverage->showsAll(cluster)) {
         return std::nullopt;
     }
-    for (size_t known = listed; known < candidates.size(); ++known) {
-        if (candidates[known].coverage == coverage) {
+    for (size_t known = m_listed; known < m_candidates.size(); ++known) {
+        if (m_candidates[known].coverage == coverage) {
             return known;
         }
     }
-    candidates.push_back({record, coverage});
-    return candidates.size() - 1;
+    m_candidates.push_back({record, coverage});
+    return m_candidates.size() - 1;
 }
 
 std::optional<size_t> FontChooser::systemFont(std::wstring_view cluster) {
-    if (stock.families().isEmpty()) {
+    if (m_stock.families().isEmpty()) {
         return std::nullopt;
     }
-    QStringList families = systemChoice(candidates.front().record, cluster);
-    families << stock.defaultFamily() << stock.families();
+    QStringList families = systemChoice(m_candidates.front().record, cluster);
+    families << m_stock.defaultFamily() << m_stock.families();
     for (const QString& family : families) {
         if (const std::optional<size_t> font = familyFont(family, cluster)) {
             return font;
@@ -130,12 +130,12 @@ std::optional<size_t> FontChooser::fontForAll(std::wstring_view cluster) {
         return font;
     }
     const std::wstring characters(cluster);
-    const auto known = beyond.find(characters);
-    if (known != beyond.end()) {
+    const auto known = m_beyond.find(characters);
+    if (known != m_beyond.end()) {
         return known->second;
     }
     const std::optional<size_t> font = systemFont(cluster);
-    beyond.emplace(characters, font);
+    m_beyond.emplace(characters, font);
     return font;
 }
 

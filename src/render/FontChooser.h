@@ -30,7 +30,7 @@ public:
     size_t choose(std::wstring_view cluster);
     /// Whether a single font can show all of a cluster.
     bool hasFontForAll(std::wstring_view cluster) { return fontForAll(cluster).has_value(); }
-    const tagLOGFONTW& record(size_t font) const { return candidates[font].record; }
+    const tagLOGFONTW& record(size_t font) const { return m_candidates[font].record; }
 
 private:
     struct Candidate {
@@ -44,11 +44,11 @@ private:
     std::optional<size_t> familyFont(const QString& family, std::wstring_view cluster);
     std::optional<size_t> fontForAll(std::wstring_view cluster);
 
-    FontStock& stock;
-    std::vector<Candidate> candidates;
-    size_t listed = 0; ///< the requested font and those of the map; system fonts follow
+    FontStock& m_stock;
+    std::vector<Candidate> m_candidates;
+    size_t m_listed = 0; ///< the requested font and those of the map; system fonts follow
     /// The system's fonts for clusters that no listed font can show; none where no font can show all of one.
-    std::unordered_map<std::wstring, std::optional<size_t>> beyond;
+    std::unordered_map<std::wstring, std::optional<size_t>> m_beyond;
 };
 
 } // namespace KelDriver::Internal

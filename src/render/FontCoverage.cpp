@@ -22,7 +22,7 @@ bool isSurrogate(uint32_t code) {
 
 } // namespace
 
-FontCoverage::FontCoverage(const QRawFont& source) : font(source) {
+FontCoverage::FontCoverage(const QRawFont& source) : m_font(source) {
 }
 
 bool FontCoverage::shows(wchar_t character) {
@@ -31,14 +31,14 @@ bool FontCoverage::shows(wchar_t character) {
         return false;
     }
     const uint32_t index = code / pageSize;
-    if (index >= pages.size()) {
-        pages.resize(index + 1);
+    if (index >= m_pages.size()) {
+        m_pages.resize(index + 1);
     }
-    std::unique_ptr<Page>& page = pages[index];
+    std::unique_ptr<Page>& page = m_pages[index];
     if (page == nullptr) {
         page = std::make_unique<Page>();
         for (uint32_t i = 0; i < pageSize; ++i) {
-            page->set(i, font.supportsCharacter(index * pageSize + i));
+            page->set(i, m_font.supportsCharacter(index * pageSize + i));
         }
     }
     return page->test(code % pageSize);

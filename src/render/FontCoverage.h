@@ -25,8 +25,8 @@ private:
 
     bool showsEach(std::wstring_view cluster);
 
-    QRawFont font;
-    std::vector<std::unique_ptr<Page>> pages; ///< null: not asked for yet
+    QRawFont m_font;
+    std::vector<std::unique_ptr<Page>> m_pages; ///< null: not asked for yet
 };
 
 } // namespace KelDriver::Internal

@@ -40,20 +40,19 @@ QRawFont rawFontFor(const tagLOGFONTW& record) {
 void FontStock::add(const std::wstring& faceName, const tagLOGFONTW& record) {
     const QString name = folded(faceName);
     const auto known =
-        std::find_if(mapped.begin(), mapped.end(), [&](const MappedFont& font) { return font.foldedName == name; });
-    if (known != mapped.end()) {
+        std::find_if(m_mapped.begin(), m_mapped.end(), [&](const MappedFont& font) { return font.foldedName == name; });
+    if (known != m_mapped.end()) {
         known->record = record;
     } else {
-        mapped.push_back({name, record});
+        m_mapped.push_back({name, record});
     }
-    forgetChoosers();
 }
 
 const tagLOGFONTW* FontStock::find(const std::wstring& faceName) const {
     const QString name = folded(faceName);
     const auto known =
-        std::find_if(mapped.begin(), mapped.end(), [&](const MappedFont& font) { return font.foldedName == name; });
-    return known == mapped.end() ? nullptr : &known->record;
+        std::find_if(m_mapped.begin(), m_mapped.end(), [&](const MappedFont& font) { return font.foldedName == name; });
+    return known == m_mapped.end() ? nullptr : &known->record;
 }
 
 FontStock::FontKey FontStock::keyOf(const tagLOGFONTW& record) {
@@ -61,13 +60,13 @@ FontStock::FontKey FontStock::keyOf(const tagLOGFONTW& record) {
 }
 
 const QStringList& FontStock::families() {
-    if (installed.isEmpty() && hasFontDatabase()) {
+    if (m_installed.isEmpty() && hasFontDatabase()) {
         for (const QString& family : QFontDatabase().families()) {
-            installed.append(withoutFoundry(family));
+            m_installed.append(withoutFoundry(family));
         }
-        installed.removeDuplicates();
+        m_installed.removeDuplicates();
     }
-    return installed;
+    return m_installed;
 }
 
 QString FontStock::defaultFamily() {
@@ -81,7 +80,7 @@ FontCoverage* FontStock::coverageOf(const tagLOGFONTW& record) {
     if (families().isEmpty()) {
         return nullptr; // for now: once there is an application, the font may be there
     }
-    const auto [place, isNew] = coverages.try_emplace(keyOf(record));
+    const auto [place, isNew] = m_coverages.try_emplace(keyOf(record));
     if (isNew) {
         const QString family = withoutFoundry(toQString(faceNameOf(record)));
         if (families().contains(family, Qt::CaseInsensitive)) {
@@ -91,33 +90,8 @@ FontCoverage* FontStock::coverageOf(const tagLOGFONTW& record) {
     return place->second.get();
 }
 
-void FontStock::forgetChoosers() {
-    choosersByName.clear();
-    choosersByRecord.clear();
-}
-
-void FontStock::lookForFonts() {
-    if (installed.isEmpty() && !families().isEmpty()) {
-        forgetChoosers();
-    }
-}
-
-FontChooser& FontStock::chooserFor(const std::wstring& faceName) {
-    lookForFonts();
-    std::unique_ptr<FontChooser>& chooser = choosersByName[faceName];
-    if (chooser == nullptr) {
-        chooser = std::make_unique<FontChooser>(*this, faceName);
-    }
-    return *chooser;
-}
-
-FontChooser& FontStock::chooserFor(const tagLOGFONTW& request) {
-    lookForFonts();
-    std::unique_ptr<FontChooser>& chooser = choosersByRecord[keyOf(request)];
-    if (chooser == nullptr) {
-        chooser = std::make_unique<FontChooser>(*this, request);
-    }
-    return *chooser;
+bool FontStock::findsNewFonts() {
+    return m_installed.isEmpty() && !families().isEmpty();
 }
 
 } // namespace KelDriver::Internal

@@ -11,7 +11,6 @@
 #include <QStringList>
 
 #include "keldriver/Win32Types.h"
-#include "render/FontChooser.h"
 #include "render/FontCoverage.h"
 
 namespace KelDriver::Internal {
@@ -25,7 +24,7 @@ public:
     };
 
     void add(const std::wstring& faceName, const tagLOGFONTW& record);
-    const std::vector<MappedFont>& mappedFonts() const { return mapped; }
+    const std::vector<MappedFont>& mappedFonts() const { return m_mapped; }
     const tagLOGFONTW* find(const std::wstring& faceName) const;
 
     /// What the installed font of the record's face name can show in its weight and slant; null when none is
@@ -36,25 +35,18 @@ public:
     /// The family that the system draws with when nothing else is asked for; empty without a `QGuiApplication`.
     QString defaultFamily();
 
-    /// Chooses fonts for texts that ask for a face name. Owned by the stock; valid until a font is added
-    /// or another chooser is asked for.
-    FontChooser& chooserFor(const std::wstring& faceName);
-    /// Chooses fonts for texts that ask for a record; all keep its weight and slant.
-    FontChooser& chooserFor(const tagLOGFONTW& request);
+    /// Looks for the installed fonts where none were known yet. True when it finds some, as happens once there is an
+    /// application.
+    bool findsNewFonts();
+
+    /// What tells fonts apart here: the folded face name, the weight, and whether it is slanted.
+    using FontKey = std::tuple<QString, int32_t, bool>;
+    static FontKey keyOf(const tagLOGFONTW& record);
 
 private:
-    using FontKey = std::tuple<QString, int32_t, bool>; ///< folded face name, weight, slanted
-
-    static FontKey keyOf(const tagLOGFONTW& record);
-    void forgetChoosers();
-    /// Forgets the choosers from before there was an application, which know of no installed fonts.
-    void lookForFonts();
-
-    std::vector<MappedFont> mapped; ///< in the driver's order of preference
-    QStringList installed;
-    std::map<FontKey, std::unique_ptr<FontCoverage>> coverages;
-    std::map<std::wstring, std::unique_ptr<FontChooser>> choosersByName; ///< each spelling its own
-    std::map<FontKey, std::unique_ptr<FontChooser>> choosersByRecord;
+    std::vector<MappedFont> m_mapped; ///< in the driver's order of preference
+    QStringList m_installed;
+    std::map<FontKey, std::unique_ptr<FontCoverage>> m_coverages;
 };
 
 } // namespace KelDriver::Internal

@@ -3,14 +3,14 @@
 
 #include <string_view>
 
-#include "render/FontStock.h"
+#include "render/FontChoosers.h"
 #include "render/LogFont.h"
 #include "render/TextCluster.h"
 
 using namespace KelDriver::Internal;
 
 using KelDriver::Internal::FontChooser;
-using KelDriver::Internal::FontStock;
+using KelDriver::Internal::FontChoosers;
 using KelDriver::Internal::inStyleOf;
 
 namespace {
@@ -72,7 +72,7 @@ std::wstring textOrNone(const wchar_t* text) {
 
 } // namespace
 
-HT_FontMap::HT_FontMap() : stock(std::make_unique<FontStock>()) {
+HT_FontMap::HT_FontMap() : choosers(std::make_unique<FontChoosers>()) {
 }
 
 HT_FontMap::~HT_FontMap() = default;
@@ -80,33 +80,33 @@ HT_FontMap::HT_FontMap(HT_FontMap&& other) noexcept = default;
 HT_FontMap& HT_FontMap::operator=(HT_FontMap&& other) noexcept = default;
 
 void HT_FontMap::Add(const std::wstring& faceName, const tagLOGFONTW& font) {
-    if (!stock) {
-        stock = std::make_unique<FontStock>();
+    if (!choosers) {
+        choosers = std::make_unique<FontChoosers>();
     }
-    stock->add(faceName, font);
+    choosers->add(faceName, font);
 }
 
 int HT_FontMap::GetCount() const {
-    return stock ? static_cast<int>(stock->mappedFonts().size()) : 0;
+    return choosers ? static_cast<int>(choosers->count()) : 0;
 }
 
 const tagLOGFONTW* HT_FontMap::Find(const std::wstring& faceName) const {
-    return stock ? stock->find(faceName) : nullptr;
+    return choosers ? choosers->find(faceName) : nullptr;
 }
 
 HT_Text::HT_Text() = default;
 
 HT_Text::HT_Text(const wchar_t* source, const wchar_t* faceName, const HT_FontMap& fonts) : text(textOrNone(source)) {
-    FontStock noFonts; // of a map whose fonts another one has taken
-    FontChooser& chooser = (fonts.stock ? *fonts.stock : noFonts).chooserFor(textOrNone(faceName));
+    FontChoosers noFonts; // of a map whose fonts another one has taken
+    FontChooser& chooser = (fonts.choosers ? *fonts.choosers : noFonts).chooserFor(textOrNone(faceName));
     for (const FontRun& run : splitByFont(text, chooser)) {
         subTexts.push_back(subTextFor(run, chooser.record(run.font)));
     }
 }
 
 HT_Text::HT_Text(const wchar_t* source, const tagLOGFONTW& font, const HT_FontMap& fonts) : text(textOrNone(source)) {
-    FontStock noFonts;
-    FontChooser& chooser = (fonts.stock ? *fonts.stock : noFonts).chooserFor(font);
+    FontChoosers noFonts;
+    FontChooser& chooser = (fonts.choosers ? *fonts.choosers : noFonts).chooserFor(font);
     for (const FontRun& run : splitByFont(text, chooser)) {
         subTexts.push_back(subTextFor(run, run.font == 0 ? font : inStyleOf(font, chooser.record(run.font))));
     }

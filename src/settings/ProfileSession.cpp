@@ -92,7 +92,7 @@ bool readBack(inifile::IniItem& item) {
 
 } // namespace
 
-ProfileSession::ProfileSession(std::string filePath) : path(std::move(filePath)) {
+ProfileSession::ProfileSession(std::string filePath) : m_path(std::move(filePath)) {
     read();
 }
 
@@ -100,61 +100,61 @@ ProfileSession::~ProfileSession() {
     try {
         flush();
     } catch (...) { // no memory for the text: an unwritten file is all that a caller could be told
-        isUnsaved = false;
+        m_isUnsaved = false;
     }
 }
 
 void ProfileSession::read() {
-    sections.clear();
-    state = State::Unreadable;
-    if (const std::optional<std::string> text = readTextFile(path)) {
-        const IniResult result = sections.read(*text, delimiter);
-        state = result.code == IniResult::success ? State::WellFormed : State::Malformed;
+    m_sections.clear();
+    m_state = State::Unreadable;
+    if (const std::optional<std::string> text = readTextFile(m_path)) {
+        const IniResult result = m_sections.read(*text, delimiter);
+        m_state = result.code == IniResult::success ? State::WellFormed : State::Malformed;
     }
     examine();
 }
 
 /// Of all that can be read, only a header with a note does not read back the same once it is saved.
 void ProfileSession::examine() {
-    readsBackEqual = std::all_of(sections.list().begin(), sections.list().end(),
-                                 [](const auto& section) { return section->rightComment.empty(); });
-    unsettledSection = nullptr;
+    m_readsBackEqual = std::all_of(m_sections.list().begin(), m_sections.list().end(),
+                                   [](const auto& section) { return section->rightComment.empty(); });
+    m_unsettledSection = nullptr;
 }
 
 /// Brings the model to what the next profile call would read, after something was set.
 void ProfileSession::settle() {
-    if (unsettledSection == nullptr) {
+    if (m_unsettledSection == nullptr) {
         return;
     }
-    if (readsBackEqual && readBack(unsettledSection->items[unsettledItem])) {
-        unsettledSection = nullptr;
+    if (m_readsBackEqual && readBack(m_unsettledSection->items[m_unsettledItem])) {
+        m_unsettledSection = nullptr;
         return;
     }
-    std::string text = sections.text(delimiter);
-    if (sections.read(text, delimiter).code != IniResult::success) {
-        state = State::Malformed;
-        malformedText = std::move(text);
+    std::string text = m_sections.text(delimiter);
+    if (m_sections.read(text, delimiter).code != IniResult::success) {
+        m_state = State::Malformed;
+        m_malformedText = std::move(text);
     }
     examine();
 }
 
 void ProfileSession::createIfMissing() {
-    if (state != State::Unreadable) {
+    if (m_state != State::Unreadable) {
         return;
     }
     struct stat status {};
-    if (stat(path.c_str(), &status) != 0) {
-        createFile(path);
+    if (stat(m_path.c_str(), &status) != 0) {
+        createFile(m_path);
     }
     read();
 }
 
 bool ProfileSession::isReadable() {
-    if (unsettledSection != nullptr) { // the file gets what was set, not what that reads back as
+    if (m_unsettledSection != nullptr) { // the file gets what was set, not what that reads back as
         flush();
     }
     settle();
-    return state == State::WellFormed;
+    return m_state == State::WellFormed;
 }
 
 bool ProfileSession::isWritable() {
@@ -166,7 +166,7 @@ int ProfileSession::getString(std::string_view section, std::string_view key, co
                               unsigned int size) {
     TextList list(out, size);
     if (isReadable()) {
-        visitValues(sections.find(section), key, [&](const std::string& value) { return list.add(value); });
+        visitValues(m_sections.find(section), key, [&](const std::string& value) { return list.add(value); });
     }
     if (list.count() != 0) {
         return list.count();
@@ -181,7 +181,7 @@ int ProfileSession::getString(std::string_view section, std::string_view key, co
 int ProfileSession::getInt(std::string_view section, std::string_view key, int defaultValue) {
     int number = defaultValue;
     if (isReadable()) {
-        visitValues(sections.find(section), key, [&](const std::string& value) {
+        visitValues(m_sections.find(section), key, [&](const std::string& value) {
             const std::string text(withoutQuotes(value));
             if (!text.empty()) {
                 number = static_cast<int>(std::strtol(text.c_str(), nullptr, 10));
@@ -195,7 +195,7 @@ int ProfileSession::getInt(std::string_view section, std::string_view key, int d
 int ProfileSession::getSectionNames(wchar_t* out, unsigned int size) {
     TextList list(out, size);
     if (isReadable()) {
-        for (const auto& section : sections.list()) {
+        for (const auto& section : m_sections.list()) {
             if (!list.add(section->name)) {
                 break;
             }
@@ -207,25 +207,26 @@ int ProfileSession::getSectionNames(wchar_t* out, unsigned int size) {
 void ProfileSession::writeString(const std::string& section, const std::string& key, const std::string& value) {
     createIfMissing();
     settle();
-    if (state != State::WellFormed) {
-        isLost = true;
+    if (m_state != State::WellFormed) {
+        m_isLost = true;
         return;
     }
-    readsBackEqual = readsBackEqual && (sections.find(section) != nullptr || headerReadsBack(section));
-    sections.set(section, key, value, {});
-    unsettledSection = sections.find(section);
-    const auto item = firstItem(*unsettledSection, key);
-    unsettledItem = static_cast<size_t>(item - unsettledSection->items.begin());
-    isUnsaved = true;
+    m_readsBackEqual = m_readsBackEqual && (m_sections.find(section) != nullptr || headerReadsBack(section));
+    m_sections.set(section, key, value, {});
+    m_unsettledSection = m_sections.find(section);
+    const auto item = firstItem(*m_unsettledSection, key);
+    m_unsettledItem = static_cast<size_t>(item - m_unsettledSection->items.begin());
+    m_isUnsaved = true;
 }
 
 bool ProfileSession::flush() {
-    if (isUnsaved) {
-        isUnsaved = false;
-        const bool isWritten = writeFile(path, state == State::Malformed ? malformedText : sections.text(delimiter));
-        isLost = isLost || !isWritten;
+    if (m_isUnsaved) {
+        m_isUnsaved = false;
+        const bool isWritten =
+            writeFile(m_path, m_state == State::Malformed ? m_malformedText : m_sections.text(delimiter));
+        m_isLost = m_isLost || !isWritten;
     }
-    return !isLost;
+    return !m_isLost;
 }
 
 } // namespace KelDriver::Internal

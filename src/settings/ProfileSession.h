@@ -28,7 +28,7 @@ public:
     ~ProfileSession();
 
     /// Whether the file could be read, malformed or not.
-    bool isRead() const { return state != State::Unreadable; }
+    bool isRead() const { return m_state != State::Unreadable; }
     /// Whether the file could be read and has no malformed line. This and the getters write what was set before.
     bool isReadable();
     /// Creates the file, empty, when it does not exist. Tells whether `writeString` would have an effect.
@@ -56,19 +56,19 @@ private:
     void settle();
     void examine();
 
-    std::string path;
-    IniSections sections;
-    State state = State::Unreadable;
+    std::string m_path;
+    IniSections m_sections;
+    State m_state = State::Unreadable;
     /// Whether saving and reading the model back would reproduce it, apart from the item that is not settled.
-    bool readsBackEqual = false;
+    bool m_readsBackEqual = false;
     /// The section and place of the item set last, which has not been read back yet.
-    inifile::IniSection* unsettledSection = nullptr;
-    size_t unsettledItem = 0;
-    bool isUnsaved = false;
+    inifile::IniSection* m_unsettledSection = nullptr;
+    size_t m_unsettledItem = 0;
+    bool m_isUnsaved = false;
     /// Something was set that the file did not take.
-    bool isLost = false;
+    bool m_isLost = false;
     /// What the file holds, or is to hold, when it was set so that it cannot be read back.
-    std::string malformedText;
+    std::string m_malformedText;
 };
 
 } // namespace KelDriver::Internal

@@ -17,6 +17,7 @@ void draw(const PointEntity& point, const PlacedEntity& place, PlotTools& tools)
     }
     for (const auto& line : mark.lines) {
         std::vector<Vec2> path;
+        path.reserve(line.size());
         for (const Vec2 corner : line) {
             path.push_back(at + corner);
         }

@@ -27,7 +27,7 @@ HT_Color drawnInk(const Colour& colour, InkUse use) {
     if (rgb == white) {
         return use == InkUse::fill ? white : black;
     }
-    return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16;
+    return redBlueExchanged(rgb);
 }
 
 /// The ink with the part of the paper's white that screening lets through.

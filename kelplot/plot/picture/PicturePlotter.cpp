@@ -112,6 +112,9 @@ bool PicturePlotter::draw(const Image& image, uint8_t opacity, const PlanMap& ma
         return false;
     }
     m_renderer.SetAlpha(opacity); // a new ink alone leaves that of pictures as it was
+    if (m_direct != nullptr) { // the pixels of a picture larger than the device shows it are mixed; others stay sharp
+        m_direct->mixPixels(m_direct->dotsAlong(place.right) < picture->pixelWidth());
+    }
     const HT_RasterImagePtr fitting = fittingDevice(place, *picture);
     HT_RasterImage& drawn = fitting ? *fitting : *picture;
     if (image.clipped) {
@@ -128,7 +131,6 @@ HT_RasterImagePtr PicturePlotter::fittingDevice(const Place& place, const HT_Ras
         return {};
     }
     const Vec2 dots = {m_direct->dotsAlong(place.right), m_direct->dotsAlong(place.down)};
-    m_direct->mixPixels(dots.x < picture.pixelWidth()); // the pixels of a larger one stay sharp
     return reduced(picture, dots);
 }
 

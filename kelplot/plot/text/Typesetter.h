@@ -32,7 +32,7 @@ private:
 
     const Drawing& m_drawing;
     mutable FontSet m_fonts; ///< remembers what it has looked up
-    mutable BoundedCache<std::unordered_map<const void*, PlacedText>, 4096> m_placed; ///< by the text's address
+    mutable BoundedCache<std::unordered_map<const void*, PlacedText>, 32768> m_placed; ///< by the text's address
 };
 
 } // namespace kelplot

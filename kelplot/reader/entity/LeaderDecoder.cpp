@@ -17,7 +17,7 @@ namespace kelplot {
 namespace {
 
 /// Many more values than a style has.
-constexpr std::size_t mostChanges = 256;
+constexpr size_t mostChanges = 256;
 
 /// An arrow head that takes more than this share of the leader's first stretch is left out.
 constexpr double largestArrowShare = 0.5;

@@ -80,7 +80,7 @@ void PolylineDecoder::takeOfHead(const Group& group) {
     case 72:
     case 73:
     case 74:
-        m_head.counts[static_cast<std::size_t>(group.code - 71)] = toInteger(group.value);
+        m_head.counts[static_cast<size_t>(group.code - 71)] = toInteger(group.value);
         break;
     default:
         break;
@@ -115,7 +115,7 @@ void PolylineDecoder::takeOfVertex(const Group& group) {
     case 72:
     case 73:
     case 74:
-        m_corners[static_cast<std::size_t>(group.code - 71)] = toInteger(group.value);
+        m_corners[static_cast<size_t>(group.code - 71)] = toInteger(group.value);
         break;
     default:
         break;
@@ -185,44 +185,44 @@ void PolylineDecoder::addPolyline(DrawingBuilder& builder) const {
 }
 
 void PolylineDecoder::addMesh(DrawingBuilder& builder) const {
-    const std::size_t smooth = (m_head.flags & splineFit) != 0 ? 2 : 0;
-    const auto rows = static_cast<std::size_t>(std::max(0, m_head.counts[smooth]));
-    const auto columns = static_cast<std::size_t>(std::max(0, m_head.counts[smooth + 1]));
+    const size_t smooth = (m_head.flags & splineFit) != 0 ? 2 : 0;
+    const auto rows = static_cast<size_t>(std::max(0, m_head.counts[smooth]));
+    const auto columns = static_cast<size_t>(std::max(0, m_head.counts[smooth + 1]));
     // The grid must have exactly as many places as there are vertices, or it is unknown how they join.
     if (rows == 0 || columns == 0 || m_vertices.size() / rows != columns || m_vertices.size() % rows != 0) {
         return;
     }
-    const auto addLine = [&](std::size_t start, std::size_t stride, std::size_t length, bool closed) {
+    const auto addLine = [&](size_t start, size_t stride, size_t length, bool closed) {
         Polyline line;
         line.spatial = true;
         line.closed = closed;
-        for (std::size_t i = 0; i < length; ++i) {
+        for (size_t i = 0; i < length; ++i) {
             line.vertices.push_back(PolylineVertex{m_vertices[start + i * stride].point.position});
         }
         builder.addInWorld(m_head.header, std::move(line));
     };
-    for (std::size_t row = 0; row < rows; ++row) {
+    for (size_t row = 0; row < rows; ++row) {
         addLine(row * columns, 1, columns, (m_head.flags & meshClosedAcross) != 0);
     }
-    for (std::size_t column = 0; column < columns; ++column) {
+    for (size_t column = 0; column < columns; ++column) {
         addLine(column, columns, rows, (m_head.flags & polylineClosed) != 0);
     }
 }
 
 void PolylineDecoder::addFaces(DrawingBuilder& builder) const {
     const auto isVertex = [&](int corner) {
-        return corner != 0 && static_cast<std::size_t>(std::llabs(corner)) <= m_vertices.size();
+        return corner != 0 && static_cast<size_t>(std::llabs(corner)) <= m_vertices.size();
     };
     for (const Face& face : m_faces) {
-        const auto used = static_cast<std::size_t>(std::count_if(face.corners.begin(), face.corners.end(), isVertex));
+        const auto used = static_cast<size_t>(std::count_if(face.corners.begin(), face.corners.end(), isVertex));
         if (used < 2 || !std::all_of(face.corners.begin(), face.corners.begin() + static_cast<int>(used), isVertex)) {
             continue;
         }
         Face3d face3d;
-        for (std::size_t i = 0; i < face.corners.size(); ++i) {
+        for (size_t i = 0; i < face.corners.size(); ++i) {
             // A triangle's missing corner falls together with its last one.
             const int corner = face.corners[std::min(i, used - 1)];
-            face3d.corners[i] = m_vertices[static_cast<std::size_t>(std::llabs(corner)) - 1].point.position;
+            face3d.corners[i] = m_vertices[static_cast<size_t>(std::llabs(corner)) - 1].point.position;
             face3d.edgeVisible[i] = corner > 0;
         }
         builder.addInWorld(face.header, face3d);

@@ -45,7 +45,7 @@ void TextDecoder::begin(std::string_view type) {
     m_flags = 0;
     m_aligned = false;
     m_pastText = false;
-    m_paragraphs = MTextGroups();
+    m_paragraphs = MTextRecord();
     m_embeddedObjects = 0;
 }
 

@@ -32,7 +32,7 @@ private:
     int m_flags = 0; ///< of an attribute
     bool m_aligned = false;
     bool m_pastText = false; ///< in a part of the record with other meanings of the codes
-    MTextGroups m_paragraphs;
+    MTextRecord m_paragraphs;
     int m_embeddedObjects = 0;
 };
 

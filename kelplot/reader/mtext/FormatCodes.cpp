@@ -21,12 +21,12 @@ constexpr int largestColourNumber = 255;
 constexpr int largestTrueColour = 0xFFFFFF;
 
 // Every stretch has a copy of its font.
-constexpr std::size_t longestFontName = 256;
-constexpr std::size_t mostTabStops = 64;
+constexpr size_t longestFontName = 256;
+constexpr size_t mostTabStops = 64;
 
 bool hasFontExtension(std::string_view name) {
     constexpr const char* extensions[] = {".shx", ".ttf", ".ttc", ".otf", ".pfb"};
-    constexpr std::size_t length = 4;
+    constexpr size_t length = 4;
     return name.size() > length &&
            std::any_of(std::begin(extensions), std::end(extensions), [&](const char* extension) {
                return qstrnicmp(name.data() + (name.size() - length), extension, length) == 0;
@@ -35,7 +35,7 @@ bool hasFontExtension(std::string_view name) {
 
 /// The font of an argument such as "Arial|b1|i0|c0|p34" or "txt,bigfont"; nothing for that of the style.
 std::optional<FontName> fontOf(std::string_view argument, bool fileExpected) {
-    const std::size_t bar = argument.find('|');
+    const size_t bar = argument.find('|');
     const std::string_view names = argument.substr(0, bar);
     FontName font;
     font.isFile = fileExpected && bar == std::string_view::npos;
@@ -53,7 +53,7 @@ std::optional<FontName> fontOf(std::string_view argument, bool fileExpected) {
 /// A true colour has its red part in the lowest byte here.
 Colour trueColourOf(double number) {
     const auto bits = static_cast<uint32_t>(std::clamp<double>(number, 0.0, largestTrueColour));
-    return {Colour::Kind::trueColour, ((bits & 0xFFU) << 16U) | (bits & 0xFF00U) | (bits >> 16U)};
+    return {Colour::Kind::trueColour, redBlueExchanged(bits)};
 }
 
 Colour colourOfNumber(double number) {

@@ -16,7 +16,7 @@ namespace kelplot {
 namespace {
 
 /// Far more than programs write; anything beyond it is left out.
-constexpr std::size_t longestMarkup = std::size_t{1} << 20;
+constexpr size_t longestMarkup = size_t{1} << 20;
 
 constexpr int lastAttachment = 9;
 constexpr int exactSpacing = 2;
@@ -35,11 +35,11 @@ double nonNegative(std::string_view value) {
 
 } // namespace
 
-void MTextGroups::takeText(std::string_view chunk) {
+void MTextRecord::takeText(std::string_view chunk) {
     m_markup += chunk.substr(0, longestMarkup - m_markup.size());
 }
 
-void MTextGroups::take(const Group& group) {
+void MTextRecord::take(const Group& group) {
     if (takePoint(group, 10, m_position) || takePoint(group, 11, m_direction) || takeColumnGroup(group)) {
         return;
     }
@@ -81,7 +81,7 @@ void MTextGroups::take(const Group& group) {
 }
 
 /// Takes what a record without an object inside it says about columns.
-bool MTextGroups::takeColumnGroup(const Group& group) {
+bool MTextRecord::takeColumnGroup(const Group& group) {
     switch (group.code) {
     case 48:
         m_columns.width = nonNegative(group.value);
@@ -112,7 +112,7 @@ bool MTextGroups::takeColumnGroup(const Group& group) {
     }
 }
 
-void MTextGroups::takeOfColumns(const Group& group) {
+void MTextRecord::takeOfColumns(const Group& group) {
     switch (group.code) {
     case 41:
         m_definedHeight = nonNegative(group.value);
@@ -143,7 +143,7 @@ void MTextGroups::takeOfColumns(const Group& group) {
     }
 }
 
-TextColumns MTextGroups::columns() const {
+TextColumns MTextRecord::columns() const {
     TextColumns columns;
     if (m_columns.type == 0 || m_columns.count < 2) {
         return columns;
@@ -155,13 +155,13 @@ TextColumns MTextGroups::columns() const {
     columns.heights = m_columns.heights;
     if (m_columns.type == equalColumns || m_columns.automaticHeight || columns.heights.empty()) {
         columns.heights.assign(m_definedHeight > 0.0 ? 1 : 0, m_definedHeight);
-    } else if (columns.heights.size() > static_cast<std::size_t>(columns.count)) {
-        columns.heights.resize(static_cast<std::size_t>(columns.count));
+    } else if (columns.heights.size() > static_cast<size_t>(columns.count)) {
+        columns.heights.resize(static_cast<size_t>(columns.count));
     }
     return columns;
 }
 
-MText MTextGroups::build(const Vec3& extrusion, DrawingBuilder& builder) const {
+MText MTextRecord::build(const Vec3& extrusion, DrawingBuilder& builder) const {
     MText text;
     text.style = builder.textStyle(m_style);
     const TextStyle& style = builder.drawing().textStyles[text.style];

@@ -12,7 +12,7 @@
 namespace kelplot {
 
 /// Gathers the groups of a text of paragraphs, of a record of its own or within an attribute.
-class MTextGroups {
+class MTextRecord {
 public:
     void take(const Group& group);
     /// Takes a group of the object within the record, in which newer drawings keep the columns.
@@ -57,7 +57,7 @@ private:
 /// Texts of paragraphs.
 class MTextDecoder : public RecordDecoder {
 public:
-    void begin(std::string_view) override { m_groups = MTextGroups(); }
+    void begin(std::string_view) override { m_groups = MTextRecord(); }
     void take(const Group& group) override { m_groups.take(group); }
     void takeEmbedded(const Group& group) override { m_groups.takeOfColumns(group); }
     void end(const RecordHeader& header, DrawingBuilder& builder) override {
@@ -67,7 +67,7 @@ public:
     }
 
 private:
-    MTextGroups m_groups;
+    MTextRecord m_groups;
 };
 
 } // namespace kelplot

@@ -15,7 +15,7 @@ namespace kelplot {
 namespace {
 
 /// Braces within braces; deeper ones change nothing.
-constexpr std::size_t mostBraces = 64;
+constexpr size_t mostBraces = 64;
 constexpr std::string_view marks = "\\{}^%\t";
 constexpr std::string_view hardBlank = "\u00A0";
 
@@ -68,12 +68,12 @@ private:
 
     std::string_view m_rest;
     /// No stack that begins with more than this left has an end: one search has shown it, and need not be repeated.
-    std::size_t m_leftWithoutStacks = std::numeric_limits<std::size_t>::max();
+    size_t m_leftWithoutStacks = std::numeric_limits<size_t>::max();
     const TextEncoding& m_decoder;
     const double m_height; ///< of the whole text, the measure of indents
     CharacterFormat m_format;
     std::vector<CharacterFormat> m_outerFormats;
-    std::size_t m_ignoredBraces = 0;
+    size_t m_ignoredBraces = 0;
     std::string m_span;
     Paragraph m_paragraph;
     std::vector<Paragraph> m_paragraphs;
@@ -91,7 +91,7 @@ std::vector<Paragraph> MarkupParser::parse() {
 }
 
 void MarkupParser::takePlain() {
-    const std::size_t plain = std::min(m_rest.find_first_of(marks), m_rest.size());
+    const size_t plain = std::min(m_rest.find_first_of(marks), m_rest.size());
     m_span += m_rest.substr(0, plain);
     m_rest.remove_prefix(plain);
 }

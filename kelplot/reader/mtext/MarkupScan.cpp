@@ -21,7 +21,7 @@ std::optional<double> takeNumber(std::string_view& text) {
     if (result.ec == std::errc::invalid_argument) {
         return std::nullopt;
     }
-    text.remove_prefix(static_cast<std::size_t>(result.ptr - text.data()));
+    text.remove_prefix(static_cast<size_t>(result.ptr - text.data()));
     return result.ec == std::errc() ? saneReal(value) : 0.0;
 }
 
@@ -36,7 +36,7 @@ std::optional<MarkupNumber> takeArgument(std::string_view& text) {
 }
 
 std::optional<std::string_view> takeWords(std::string_view& text) {
-    const std::size_t end = text.find_first_of(";\\{}");
+    const size_t end = text.find_first_of(";\\{}");
     if (end == std::string_view::npos || text[end] != ';') {
         return std::nullopt;
     }

@@ -9,8 +9,8 @@ namespace kelplot {
 namespace {
 
 constexpr std::string_view codeMark = "%%";
-constexpr std::size_t codeLength = 3;
-constexpr std::size_t numberDigits = 3;
+constexpr size_t codeLength = 3;
+constexpr size_t numberDigits = 3;
 
 constexpr std::string_view degreeSign = "\u00B0";
 constexpr std::string_view plusMinusSign = "\u00B1";
@@ -24,7 +24,7 @@ constexpr Sign letterSigns[] = {{'c', diameterSign}, {'d', degreeSign}, {'p', pl
 /// Numbers of signs in the stroke fonts, whatever the code page has there.
 constexpr Sign numberSigns[] = {{127, degreeSign}, {128, plusMinusSign}, {129, diameterSign}};
 
-template <std::size_t count>
+template <size_t count>
 const Sign* findSign(const Sign (&signs)[count], int code) {
     const auto* const found =
         std::find_if(std::begin(signs), std::end(signs), [&](const Sign& sign) { return sign.code == code; });
