@@ -15,6 +15,7 @@ constexpr const char* exclusivePairs[][2] = {
     {"portrait", "landscape"},      {"fit", "scale"},
     {"output", "target-directory"}, {"progress", "quiet"},
     {"save-paper", "list-papers"},  {"save-paper", "list-layers"},
+    {"save-paper", "list-layouts"},
 };
 
 void declareOptions(QCommandLineParser& parser) {
@@ -122,8 +123,13 @@ Request requestFromArguments(const QStringList& arguments) {
     }
     applyOptions(parser, request);
     request.action = action;
+    for (const OptionRow& row : optionRows()) {
+        if (parser.isSet(QString::fromLatin1(row.name))) {
+            request.given << QString::fromLatin1(row.name);
+        }
+    }
     request.inputs = parser.positionalArguments();
-    if (lays || action == Action::listLayers || action == Action::listPapers) {
+    if (lays || action == Action::listLayers || action == Action::listLayouts || action == Action::listPapers) {
         checkTogether(parser, request);
     }
     return request;

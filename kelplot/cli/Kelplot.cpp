@@ -95,6 +95,9 @@ ExitStatus guarded(const QString& input, Console& console, const std::function<v
     } catch (const StrictFailure& error) {
         console.error(error.what());
         return ExitStatus::notADrawing;
+    } catch (const UsageError& error) {
+        console.error((input + QStringLiteral(": ") + QString::fromUtf8(error.what())).toStdString());
+        return ExitStatus::usage;
     } catch (const OutputError& error) {
         console.error(error.what());
     } catch (const std::bad_alloc&) {
@@ -117,14 +120,16 @@ ExitStatus plotAll(const PlotPlan& plan, Console& console) {
     return worst;
 }
 
-ExitStatus listAll(const QStringList& inputs, Console& console) {
+using Listing = void (*)(const QString& input, std::ostream& stream, Console& console);
+
+ExitStatus listAll(const QStringList& inputs, Listing listing, Console& console) {
     ExitStatus worst = ExitStatus::done;
     for (const QString& input : inputs) {
         const auto list = [&] {
             if (inputs.size() > 1) {
                 std::cout << input.toStdString() << ":\n";
             }
-            listLayers(input, std::cout, console);
+            listing(input, std::cout, console);
         };
         worst = std::max(worst, guarded(input, console, list));
     }
@@ -172,7 +177,9 @@ ExitStatus run(const Request& request) {
                   << std::endl;
         return ExitStatus::done;
     case Action::listLayers:
-        return listAll(request.inputs, console);
+        return listAll(request.inputs, listLayers, console);
+    case Action::listLayouts:
+        return listAll(request.inputs, listLayouts, console);
     case Action::listPapers:
         return listPapers(request.json, std::cout, console);
     case Action::savePaper:

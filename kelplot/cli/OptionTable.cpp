@@ -108,6 +108,10 @@ QStringList layerPatterns(const QString& value) {
     return patterns;
 }
 
+void setLayout(Request& request, const QString& value) {
+    request.layout = orRefuseEmpty(value, QStringLiteral("the name of a layout, model or all"));
+}
+
 void addLayers(Request& request, const QString& value) {
     request.layers += layerPatterns(value);
 }
@@ -153,6 +157,7 @@ const std::vector<OptionRow> rows = {
     {nullptr, "lineweight-scale", "FACTOR", "Multiply all line weights. [1]", setWeightScale, Default::inSettings},
     {nullptr, "text", "MODE", "outlines, or fonts for texts that can be searched in PDF and SVG files. [outlines]",
      setTexts, Default::inSettings},
+    {nullptr, "layout", "NAME", "Plot a layout, model or all. [as the drawing was saved]", setLayout},
     {nullptr, "layers", "LIST", "Plot only these layers: names separated by commas, * for any text.", addLayers},
     {nullptr, "exclude-layers", "LIST", "Leave these layers out.", addExcludedLayers},
     {nullptr, "dpi", "N", "Dots per inch of a PNG image. [200]", setDpi, Default::inSettings},
@@ -168,6 +173,7 @@ const std::vector<OptionRow> rows = {
     {nullptr, "strict", nullptr, "Treat warnings as failures: write nothing and exit with 3.",
      choose<&Request::strict>},
     {nullptr, "list-layers", nullptr, "Print the layers and their state; plot nothing.", act<Action::listLayers>},
+    {nullptr, "list-layouts", nullptr, "Print the names of the layouts; plot nothing.", act<Action::listLayouts>},
     {nullptr, "list-papers", nullptr, "Print the papers: name, size and margins in millimetres; plot nothing.",
      act<Action::listPapers>},
     {nullptr, "json", nullptr, "With --list-papers: as JSON.", choose<&Request::json>},

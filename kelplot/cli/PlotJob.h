@@ -19,6 +19,9 @@ public:
 /// Plots one drawing to one file. Throws `ReadError`, `OutputError` or `StrictFailure`; then there is no file.
 void plotDrawing(const QString& input, const QString& output, const PlotPlan& plan, Console& console);
 
+/// Prints the names by which the spaces of a drawing are asked for, a line each. Throws `ReadError`.
+void listLayouts(const QString& input, std::ostream& stream, Console& console);
+
 /// Prints the layers of a drawing, a line each: the name, a tab and the state. Throws `ReadError`.
 void listLayers(const QString& input, std::ostream& stream, Console& console);
 

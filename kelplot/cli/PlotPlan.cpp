@@ -5,9 +5,11 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QMap>
+#include <algorithm>
 
 #include "base/Numbers.h"
 #include "cli/PaperListing.h"
+#include "cli/SpaceChoice.h"
 #include "settings/PaperFile.h"
 #include "settings/PaperTable.h"
 #include "settings/PenSection.h"
@@ -118,6 +120,14 @@ PatternTable patternsFor(const Request& request) {
     return table;
 }
 
+StatedPage statedBy(const Request& request) {
+    const auto anyOf = [&](std::initializer_list<const char*> names) {
+        return std::any_of(names.begin(), names.end(),
+                           [&](const char* name) { return request.given.contains(QLatin1String(name)); });
+    };
+    return {anyOf({"paper"}), anyOf({"margins"}), anyOf({"scale", "fit", "window", "center", "portrait", "landscape"})};
+}
+
 QString outputPath(const QString& input, const Request& request) {
     if (!request.outputFile.isEmpty()) {
         return request.outputFile;
@@ -155,6 +165,9 @@ QStringList outputPaths(const Request& request) {
 } // namespace
 
 PlotPlan planFor(const Request& request) {
+    if (request.layout.compare(allLayouts, Qt::CaseInsensitive) == 0 && request.format != OutputFormat::pdf) {
+        throw UsageError(QStringLiteral("--layout: all layouts go into one PDF file; give --format pdf"));
+    }
     PlotPlan plan;
     plan.inputs = request.inputs;
     plan.format = request.format;
@@ -164,6 +177,8 @@ PlotPlan planFor(const Request& request) {
     plan.page.centred = request.centred;
     plan.page.window = request.window;
     choosePaper(request, plan);
+    plan.statedPage = statedBy(request);
+    plan.layout = request.layout;
     if (!request.savedPaper.isEmpty()) {
         plan.savedName = request.savedPaper;
         plan.savedPaper = savableRecord(request, plan);

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "cli/Request.h"
+#include "page/LayoutPage.h"
 #include "plot/entity/PlotOptions.h"
 #include "settings/PaperTable.h"
 
@@ -19,6 +20,8 @@ struct PlotPlan {
     OutputFormat format = OutputFormat::pdf;
     int dotsPerInch = 200;
     PageOptions page;
+    StatedPage statedPage;
+    QString layout; ///< as in the request
     PlotStyleOptions style;
     QStringList layers;         ///< patterns; empty: all
     QStringList excludedLayers; ///< patterns

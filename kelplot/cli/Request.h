@@ -19,7 +19,7 @@ public:
     explicit UsageError(const QString& text) : std::runtime_error(text.toStdString()) {}
 };
 
-enum class Action { plot, savePaper, listLayers, listPapers, showHelp, showVersion, showManual };
+enum class Action { plot, savePaper, listLayers, listLayouts, listPapers, showHelp, showVersion, showManual };
 
 /// A paper as it was asked for.
 struct AskedPaper {
@@ -31,6 +31,7 @@ struct AskedPaper {
 struct Request {
     Action action = Action::plot;
     QStringList inputs;
+    QStringList given;       ///< the options of the command line, by their long names
     QStringList warnings;    ///< about the settings
     QString outputFile;      ///< for a single input; empty: named after the input
     QString outputDirectory; ///< empty: the current one
@@ -50,6 +51,7 @@ struct Request {
     double lineWeightScale = 1.0;
     TextMode texts = TextMode::outlines;
     FontTable fonts;
+    QString layout;             ///< the name of a layout, "model" or "all"; empty: what the drawing was saved in
     QStringList layers;         ///< patterns; empty: all
     QStringList excludedLayers; ///< patterns
     bool json = false;          ///< lists are printed as JSON

@@ -38,6 +38,10 @@ const FormatEntry& entryOf(OutputFormat format) {
 
 } // namespace
 
+void OutputDevice::nextPage(const SheetSize& /*sheet*/) {
+    throw OutputError("this format has one page only");
+}
+
 std::optional<OutputFormat> formatFromName(const QString& name) {
     for (const FormatEntry& entry : formats) {
         if (name.compare(QLatin1String(entry.name), Qt::CaseInsensitive) == 0) {

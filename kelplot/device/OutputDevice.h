@@ -26,6 +26,9 @@ public:
     /// The painter, begun and ready; lent until `finish`.
     virtual QPainter& painter() = 0;
 
+    /// Begins a further page, of this size. Throws `OutputError` for formats of one page.
+    virtual void nextPage(const SheetSize& sheet);
+
     /// Ends the plot and puts the file in its place, or throws `OutputError` and leaves none.
     virtual void finish() = 0;
 

@@ -7,12 +7,19 @@
 
 namespace kelplot {
 
+namespace {
+
+/// The writer states the page in whole points, so its lower edge may be a sixth of a millimetre off. The plot is placed
+/// from the upper edge and keeps its size.
+QPageLayout pageLayoutFor(const SheetSize& sheet) {
+    const QPageSize page(QSizeF(sheet.width, sheet.height), QPageSize::Millimeter, QString(), QPageSize::ExactMatch);
+    return {page, QPageLayout::Portrait, QMarginsF(0.0, 0.0, 0.0, 0.0)};
+}
+
+} // namespace
+
 PdfDevice::PdfDevice(const OutputSetup& setup) : m_path(setup.path), m_file(setup.path), m_writer(&m_file.device()) {
-    // The writer states the page in whole points, so its lower edge may be a sixth of a millimetre off. The plot is
-    // placed from the upper edge and keeps its size.
-    const QPageSize page(QSizeF(setup.sheet.width, setup.sheet.height), QPageSize::Millimeter, QString(),
-                         QPageSize::ExactMatch);
-    m_writer.setPageLayout(QPageLayout(page, QPageLayout::Portrait, QMarginsF(0.0, 0.0, 0.0, 0.0)));
+    m_writer.setPageLayout(pageLayoutFor(setup.sheet));
     m_writer.setResolution(fineDotsPerInch);
     m_writer.setTitle(setup.title);
     m_writer.setCreator(QStringLiteral("kelplot"));
@@ -23,6 +30,15 @@ PdfDevice::PdfDevice(const OutputSetup& setup) : m_path(setup.path), m_file(setu
 
 DeviceGrid PdfDevice::grid() const {
     return fineGrid();
+}
+
+void PdfDevice::nextPage(const SheetSize& sheet) {
+    if (!m_writer.setPageLayout(pageLayoutFor(sheet)) || !m_writer.newPage()) {
+        throw outputError(m_path, QStringLiteral("cannot start a further page"));
+    }
+    const QRect page(0, 0, m_writer.width(), m_writer.height());
+    m_painter.setWindow(page);
+    m_painter.setViewport(page);
 }
 
 void PdfDevice::finish() {

@@ -14,6 +14,7 @@ public:
 
     DeviceGrid grid() const override;
     QPainter& painter() override { return m_painter; }
+    void nextPage(const SheetSize& sheet) override;
     void finish() override;
 
 private:

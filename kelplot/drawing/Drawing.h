@@ -42,8 +42,9 @@ struct PlotSettings {
     int quarterTurns = 0; ///< by which the paper is turned to the left
     double leftMargin = 0.0, bottomMargin = 0.0, rightMargin = 0.0, topMargin = 0.0; ///< before it is turned
     Vec2 origin;                     ///< of the plot, from the lower left corner of what the margins leave
-    double millimetresPerUnit = 1.0; ///< of the sheet's coordinates
-    bool fitted = false;             ///< as large as the paper allows, at no stated scale
+    double millimetresPerUnit = 1.0; ///< of the sheet's coordinates, at full scale
+    double scale = 1.0;
+    bool fitted = false; ///< as large as the paper allows, at no stated scale
     bool centred = false;
     Area area = Area::sheet;
     Box2 window;            ///< in the sheet's coordinates, where the area is one

@@ -178,9 +178,13 @@ PageLayout layOutPage(const Box2& extents, double millimetresPerUnit, const Page
     const double factor = options.scale ? *options.scale * millimetresPerUnit : fitting.value_or(millimetresPerUnit);
     layout.scale = factor / millimetresPerUnit;
     layout.drawingFits = !fitting || factor <= *fitting * (1.0 + fitTolerance);
-    const bool centred = !options.scale || options.centred;
-    layout.toSheet = centred ? anchoredMap(subject.center(), room.center(), factor)
-                             : anchoredMap(subject.min, {room.min.x, room.max.y}, factor);
+    if (!options.scale || options.centred) {
+        layout.toSheet = anchoredMap(subject.center(), room.center(), factor);
+    } else {
+        const PageAnchor anchor = options.anchor.value_or(PageAnchor{subject.min, {}});
+        const Vec2 corner{room.min.x, room.max.y};
+        layout.toSheet = anchoredMap(anchor.drawing, corner + Vec2{anchor.fromCorner.x, -anchor.fromCorner.y}, factor);
+    }
     layout.limits = {layout.drawingFits && !options.window ? sheetBox(layout.sheet) : room};
     if (options.window) {
         layout.limits.push_back(mapped(*options.window, layout.toSheet));

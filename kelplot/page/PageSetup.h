@@ -15,14 +15,21 @@ namespace kelplot {
 
 enum class Orientation { automatic, portrait, landscape };
 
+/// A point of a drawing and where on the sheet it is to lie.
+struct PageAnchor {
+    Vec2 drawing;
+    Vec2 fromCorner; ///< millimetres to the right of and above the lower left corner of what the margins leave
+};
+
 /// What the caller asked of the page.
 struct PageOptions {
     Paper paper{{210.0, 297.0}, false};
     Margins margins;
     Orientation orientation = Orientation::automatic;
-    std::optional<double> scale; ///< paper millimetres a drawing millimetre; none: as large as the page allows
-    bool centred = false;        ///< with a scale: in the middle, not at the lower left
-    std::optional<Box2> window;  ///< drawing units; the part to plot, which is laid out in place of the extents
+    std::optional<double> scale;      ///< paper millimetres a drawing millimetre; none: as large as the page allows
+    bool centred = false;             ///< with a scale: in the middle, not at the lower left
+    std::optional<PageAnchor> anchor; ///< with a scale: in place of the lower left
+    std::optional<Box2> window;       ///< drawing units; the part to plot, which is laid out in place of the extents
 };
 
 /// Where a drawing lies on its sheet.

@@ -106,8 +106,8 @@ void LayoutDecoder::takeOfSettings(const Group& group) {
 void LayoutDecoder::finishSettings() {
     constexpr double millimetresPerInch = 25.4;
     PlotSettings& settings = m_layout.settings;
-    const double scale = m_paperUnits > 0.0 && m_sheetUnits > 0.0 ? m_paperUnits / m_sheetUnits : 1.0;
-    settings.millimetresPerUnit = scale * (m_isInInches ? millimetresPerInch : 1.0);
+    settings.scale = m_paperUnits > 0.0 && m_sheetUnits > 0.0 ? m_paperUnits / m_sheetUnits : 1.0;
+    settings.millimetresPerUnit = m_isInInches ? millimetresPerInch : 1.0;
     settings.fitted = (m_flags & usesStandardScale) != 0 && m_standardScale == fitsPaper;
     settings.centred = (m_flags & plotsCentred) != 0;
 }

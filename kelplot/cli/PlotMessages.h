@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QStringList>
+
+#include "plot/DrawingPlot.h"
+
+namespace kelplot {
+
+/// What a plot leaves out, a message each.
+QStringList missingParts(const Drawing& drawing, const ExtentsReport& report);
+QStringList missingParts(const Drawing& drawing, const PlotReport& report);
+
+/// Which families stand for fonts that are not installed; empty where none do.
+QString replacedFonts(const FontReport& fonts);
+
+/// Which characters no font has; empty where there are none.
+QString missingCharacters(const FontReport& fonts);
+
+} // namespace kelplot

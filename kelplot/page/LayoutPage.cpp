@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "page/LayoutPage.h"
+
+namespace kelplot {
+
+namespace {
+
+/// The margins as they lie about the paper when it is turned to the left.
+Margins turnedMargins(const PlotSettings& settings) {
+    Margins margins{settings.leftMargin, settings.topMargin, settings.rightMargin, settings.bottomMargin};
+    for (int i = 0; i < settings.quarterTurns; ++i) {
+        margins = {margins.bottom, margins.left, margins.top, margins.right};
+    }
+    return margins;
+}
+
+/// Places what is plotted as the settings say.
+void place(const PlotSettings& settings, const Box2& extents, PageOptions& page) {
+    Vec2 corner; // of what is plotted, in the sheet's coordinates
+    if (settings.area == PlotSettings::Area::window && !settings.window.isEmpty()) {
+        page.window = settings.window;
+        corner = settings.window.min;
+    } else if (settings.area == PlotSettings::Area::extents && !extents.isEmpty()) {
+        corner = extents.min;
+    }
+    page.centred = settings.centred;
+    page.anchor = PageAnchor{corner, settings.origin};
+    page.scale = settings.fitted ? std::nullopt : std::optional<double>(settings.scale);
+}
+
+} // namespace
+
+PageOptions pageOfLayout(const PlotSettings& settings, const Box2& extents, const PageOptions& asked,
+                         const StatedPage& stated) {
+    PageOptions page = asked;
+    const bool statesPaper = settings.paperWidth > 0.0 && settings.paperHeight > 0.0;
+    if (statesPaper && !stated.paper) {
+        const SheetSize size{settings.paperWidth, settings.paperHeight};
+        page.paper = {settings.quarterTurns % 2 == 1 ? size.turned() : size, true};
+        page.margins = stated.margins ? asked.margins : turnedMargins(settings);
+    }
+    if (statesPaper && !stated.placement) {
+        place(settings, extents, page);
+    }
+    return page;
+}
+
+} // namespace kelplot
