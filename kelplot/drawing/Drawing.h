@@ -33,6 +33,25 @@ struct Block {
     std::string externalPath; ///< UTF-8; not empty: its content is that of another drawing
 };
 
+/// How the lines of multilines look.
+struct MlineStyle {
+    struct Line {
+        Colour colour;
+        uint32_t lineType = lineTypeByLayer;
+    };
+    /// What closes the lines at an end.
+    struct Cap {
+        bool line = false;
+        bool outerArc = false;
+        bool innerArcs = false;
+    };
+    std::vector<Line> lines;
+    std::optional<Colour> fill;
+    bool joints = false; ///< lines across every bend
+    Cap start;
+    Cap end;
+};
+
 /// How the sheet of a layout is to be plotted. Lengths are millimetres.
 struct PlotSettings {
     enum class Area { sheet, extents, window };
@@ -65,6 +84,7 @@ struct Drawing {
     std::vector<LineType> lineTypes;   ///< entry 0 is "Continuous"
     std::vector<TextStyle> textStyles; ///< entry 0 is "Standard"
     std::vector<ImageDefinition> images;
+    std::vector<MlineStyle> mlineStyles;
     std::vector<Block> blocks;
     std::vector<Entity> modelSpace;
     std::vector<Entity> paperSpace; ///< of the layout that was looked at last

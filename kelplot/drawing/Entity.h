@@ -202,6 +202,25 @@ struct Insert {
     double rowSpacing = 0.0;
 };
 
+/// A place where the lines of a multiline bend, in world coordinates.
+struct MlineVertex {
+    Vec3 position;
+    Vec3 direction; ///< of the lines from here on
+    Vec3 miter;     ///< across the lines
+    /// For each line: how far it lies from the position along the mitre, and then where it begins, ends, begins... from
+    /// there on, until the next vertex.
+    std::vector<std::vector<double>> lines;
+};
+
+/// Lines that run side by side.
+struct Mline {
+    uint32_t style = 0; ///< index into Drawing::mlineStyles
+    bool closed = false;
+    bool startCap = true;
+    bool endCap = true;
+    std::vector<MlineVertex> vertices;
+};
+
 /// A window from a sheet into model space. Its place is in the sheet's coordinates.
 struct Viewport {
     Vec3 center;
@@ -224,7 +243,7 @@ struct Unplotted {
 };
 
 using Geometry = std::variant<PointEntity, Line, Circle, Arc, Ellipse, Polyline, Spline, Solid, Face3d, Hatch, Text,
-                              MText, Image, Wipeout, ConstructionLine, Viewport, Unplotted, Insert>;
+                              MText, Image, Wipeout, ConstructionLine, Mline, Viewport, Unplotted, Insert>;
 
 /// One entity; unless its type says otherwise, coordinates belong to the plane that `extrusion` names.
 struct Entity {

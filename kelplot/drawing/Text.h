@@ -135,6 +135,10 @@ struct MText {
     double lineSpacing = 1.0;
     bool exactLineSpacing = false; ///< else a line with higher characters pushes the next one down
     bool vertical = false;
+    bool masked = false;              ///< a rectangle covers what lies below the text
+    std::optional<Colour> maskColour; ///< none: that of the paper
+    bool framed = false;              ///< the rectangle's sides are drawn
+    double border = 0.0;              ///< how far the rectangle reaches beyond the text, drawing units
     TextColumns columns;
 };
 

@@ -121,6 +121,15 @@ uint32_t DrawingBuilder::block(std::string_view name) {
     return found.index;
 }
 
+uint32_t DrawingBuilder::mlineStyle(std::string_view name) {
+    std::string newName;
+    const NameTable::Found found = m_mlineStyles.find(name, m_decoder, newName);
+    if (found.added) {
+        m_drawing.mlineStyles.emplace_back();
+    }
+    return found.index;
+}
+
 uint32_t DrawingBuilder::image(std::string_view handle) {
     std::string newHandle;
     const NameTable::Found found = m_images.find(handle, m_decoder, newHandle);

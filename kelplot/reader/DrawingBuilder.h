@@ -63,6 +63,8 @@ public:
     /// Tells what a block's name, as the file writes it, means.
     static bool isModelSpace(std::string_view block);
     static bool isPaperSpace(std::string_view block);
+    /// Index of the multiline style of this name.
+    uint32_t mlineStyle(std::string_view name);
     /// Index of the picture whose definition has this handle.
     uint32_t image(std::string_view handle);
 
@@ -122,6 +124,7 @@ private:
     NameTable m_textStyles;
     NameTable m_blocks;
     NameTable m_images;
+    NameTable m_mlineStyles;
     ShownAttributes m_shownAttributes = ShownAttributes::visible;
     Destination m_destination = Destination::space;
     uint32_t m_currentBlock = noBlock;

@@ -17,6 +17,15 @@ double orOne(double scale) {
 
 } // namespace
 
+EntityStyle withColour(const EntityStyle& whole, const std::optional<Colour>& colour, const Drawing& drawing) {
+    EntityStyle style = whole;
+    if (colour && colour->kind != Colour::Kind::byBlock) {
+        const bool byLayer = colour->kind == Colour::Kind::byLayer;
+        style.colour = byLayer ? drawing.layers[style.layer].colour : *colour;
+    }
+    return style;
+}
+
 StyleResolver::StyleResolver(const Drawing& drawing, const std::vector<uint32_t>& frozenLayers) : m_drawing(drawing) {
     for (const Layer& layer : drawing.layers) {
         m_plotted.push_back(layer.on && !layer.frozen && layer.plotted);

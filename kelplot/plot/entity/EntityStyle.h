@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "drawing/Drawing.h"
@@ -16,6 +17,9 @@ struct EntityStyle {
     uint8_t opacity = opaque;
     double lineTypeScale = 1.0; ///< of the entity and the drawing together
 };
+
+/// The style of a part of an entity that may have a colour of its own.
+EntityStyle withColour(const EntityStyle& whole, const std::optional<Colour>& colour, const Drawing& drawing);
 
 /// Works out the styles of the entities of a drawing, which outlives this.
 class StyleResolver {

@@ -6,8 +6,6 @@ namespace kelplot {
 
 namespace {
 
-constexpr HT_Color paper = 0xFFFFFF;
-
 std::vector<Vec2> onPage(const std::vector<Vec3>& corners, const PlanMap& map) {
     std::vector<Vec2> points;
     points.reserve(corners.size());
@@ -58,7 +56,7 @@ Box2 boxOf(const Image& image, const MeasuredEntity& place) {
 /// Paints paper over what lies below.
 void draw(const Wipeout& wipeout, const PlacedEntity& place, PlotTools& tools) {
     const std::vector<Vec2> corners = onPage(wipeout.boundary, place.map);
-    tools.pens.setFill(paper, opaque);
+    tools.pens.setFill(paperInk, opaque);
     tools.canvas.fillPolygon(corners);
     if (tools.drawing.wipeoutFrames) {
         drawFrame(corners, place.style, tools);

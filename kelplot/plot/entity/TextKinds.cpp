@@ -18,28 +18,43 @@ std::vector<Vec2> cornersOf(const TextStroke& stroke, const PlanMap& map) {
             map.mapPoint(stroke.from - side)};
 }
 
-/// The style of a part of a text that may have a colour of its own.
-EntityStyle styleOf(const std::optional<Colour>& colour, const EntityStyle& whole, const Drawing& drawing) {
-    EntityStyle style = whole;
-    if (colour && colour->kind != Colour::Kind::byBlock) {
-        const bool byLayer = colour->kind == Colour::Kind::byLayer;
-        style.colour = byLayer ? drawing.layers[style.layer].colour : *colour;
-    }
-    return style;
-}
-
 void drawPlaced(const PlacedText& text, const PlacedEntity& place, PlotTools& tools) {
     const PlanMap map = text.through(place.map);
     const uint8_t opacity = place.style.opacity;
     for (const TextRun& run : text.block.runs) {
-        const HT_Color ink = tools.inkOf(styleOf(run.colour, place.style, tools.drawing), InkUse::line);
+        const HT_Color ink = tools.inkOf(withColour(place.style, run.colour, tools.drawing), InkUse::line);
         tools.pens.setFill(ink, opacity);
         tools.texts.draw(run, map, ink, opacity);
     }
     for (const TextStroke& stroke : text.block.strokes) {
-        const EntityStyle style = styleOf(stroke.colour, place.style, tools.drawing);
+        const EntityStyle style = withColour(place.style, stroke.colour, tools.drawing);
         tools.pens.setFill(tools.inkOf(style, InkUse::line), opacity);
         tools.canvas.fillPolygon(cornersOf(stroke, map));
+    }
+}
+
+/// Draws the rectangle that a text stands on.
+void drawBackground(const MText& text, const PlacedEntity& place, PlotTools& tools) {
+    const PlacedText& placed = tools.typesetter.place(text);
+    if (placed.block.ink.isEmpty()) {
+        return;
+    }
+    const PlanMap map = placed.through(place.map);
+    const Box2 box = placed.block.ink.inflated(text.border);
+    std::vector<Vec2> corners;
+    for (const Vec2 corner : {box.min, Vec2{box.max.x, box.min.y}, box.max, Vec2{box.min.x, box.max.y}}) {
+        corners.push_back(map.mapPoint(corner));
+    }
+    if (text.masked) {
+        const EntityStyle look = withColour(place.style, text.maskColour, tools.drawing);
+        tools.pens.setFill(text.maskColour ? tools.inkOf(look, InkUse::fill) : paperInk, opaque);
+        tools.canvas.fillPolygon(corners);
+    }
+    if (text.framed) {
+        const Vec2 first = corners.front();
+        corners.push_back(first);
+        tools.useLinePen(place.style);
+        tools.canvas.drawPolyline(corners);
     }
 }
 
@@ -50,6 +65,9 @@ void draw(const Text& text, const PlacedEntity& place, PlotTools& tools) {
 }
 
 void draw(const MText& text, const PlacedEntity& place, PlotTools& tools) {
+    if (text.masked || text.framed) {
+        drawBackground(text, place, tools);
+    }
     drawPlaced(tools.typesetter.place(text), place, tools);
 }
 

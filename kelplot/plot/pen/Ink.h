@@ -7,6 +7,9 @@
 
 namespace kelplot {
 
+/// The colour of the paper, for areas that cover what lies below them.
+constexpr HT_Color paperInk = 0xFFFFFF;
+
 enum class InkUse { line, fill };
 
 /// The ink for a colour on paper, which is white.

@@ -14,8 +14,10 @@
 #include "reader/entity/LayoutDecoder.h"
 #include "reader/entity/LeaderDecoder.h"
 #include "reader/entity/LwPolylineDecoder.h"
+#include "reader/entity/MlineDecoder.h"
 #include "reader/entity/PolylineDecoder.h"
 #include "reader/entity/SplineDecoder.h"
+#include "reader/entity/TableDecoder.h"
 #include "reader/entity/TextDecoder.h"
 #include "reader/entity/TextStyleDecoder.h"
 #include "reader/entity/ViewportDecoder.h"
@@ -61,11 +63,14 @@ constexpr Row rows[] = {
     {RecordPlace::entities, {"HATCH", "MPOLYGON"}, make<HatchDecoder>},
     {RecordPlace::entities, {"SPLINE"}, make<SplineDecoder>},
     {RecordPlace::entities, {"DIMENSION", "ARC_DIMENSION", "LARGE_RADIAL_DIMENSION"}, make<DimensionDecoder>},
+    {RecordPlace::entities, {"ACAD_TABLE"}, make<TableDecoder>},
     {RecordPlace::entities, {"TEXT", "ATTRIB", "ATTDEF"}, make<TextDecoder>},
     {RecordPlace::entities, {"MTEXT"}, make<MTextDecoder>},
     {RecordPlace::entities, {"LEADER"}, makeForLeaders},
     {RecordPlace::entities, {"RAY", "XLINE"}, make<ConstructionLineDecoder>},
     {RecordPlace::entities, {"IMAGE", "WIPEOUT"}, make<ImageDecoder>},
+    {RecordPlace::entities, {"MLINE"}, make<MlineDecoder>},
+    {RecordPlace::objects, {"MLINESTYLE"}, make<MlineStyles>},
     {RecordPlace::entities, {"VIEWPORT"}, make<ViewportDecoder>},
     {RecordPlace::objects, {"LAYOUT"}, makeForLayouts},
     {RecordPlace::objects, {"IMAGEDEF", "RASTERVARIABLES", "WIPEOUTVARIABLES"}, make<ImageObjects>},

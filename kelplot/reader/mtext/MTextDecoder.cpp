@@ -29,6 +29,11 @@ constexpr int asItsStyle = 5;
 constexpr int equalColumns = 1;
 constexpr int mostColumns = 100;
 
+// Bits of code 90.
+constexpr int colouredMask = 1;
+constexpr int paperMask = 2;
+constexpr int textFrame = 16;
+
 double nonNegative(std::string_view value) {
     return std::max(0.0, toReal(value));
 }
@@ -60,6 +65,9 @@ void MTextRecord::take(const Group& group) {
     case 44:
         m_lineSpacing = nonNegative(group.value);
         break;
+    case 45:
+        m_borderFactor = toReal(group.value);
+        break;
     case 46:
         m_definedHeight = nonNegative(group.value);
         break;
@@ -74,6 +82,15 @@ void MTextRecord::take(const Group& group) {
         break;
     case 73:
         m_lineSpacingStyle = toInteger(group.value);
+        break;
+    case 63:
+        m_maskLook.colourNumber = toInteger(group.value);
+        break;
+    case 90:
+        m_background = toInteger(group.value);
+        break;
+    case 421:
+        m_maskLook.trueColour = toInteger(group.value) & 0xFFFFFF;
         break;
     default:
         break;
@@ -175,6 +192,12 @@ MText MTextRecord::build(const Vec3& extrusion, DrawingBuilder& builder) const {
     text.lineSpacing = m_lineSpacing > 0.0 ? m_lineSpacing : 1.0;
     text.exactLineSpacing = m_lineSpacingStyle == exactSpacing;
     text.vertical = m_flow == downward || (m_flow == asItsStyle && style.vertical);
+    text.masked = (m_background & (colouredMask | paperMask)) != 0;
+    text.framed = (m_background & textFrame) != 0;
+    text.border = std::max(m_borderFactor - 1.0, 0.0) * text.height;
+    if ((m_background & colouredMask) != 0 && (m_background & paperMask) == 0) {
+        text.maskColour = m_maskLook.colour();
+    }
     text.columns = columns();
     CharacterFormat format;
     format.height = text.height;

@@ -51,6 +51,9 @@ private:
     int m_lineSpacingStyle = 0;
     int m_attachment = 1;
     int m_flow = 0;
+    int m_background = 0; ///< bits of code 90
+    double m_borderFactor = 1.5;
+    RecordHeader m_maskLook; ///< its colour
     Columns m_columns;
 };
 
