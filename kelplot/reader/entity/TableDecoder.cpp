@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "reader/entity/TableDecoder.h"
 
+#include "geometry/PlanMap.h"
+
 #include <cmath>
 
 namespace kelplot {
