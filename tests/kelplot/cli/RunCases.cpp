@@ -60,12 +60,13 @@ public:
             const auto old = before.find(name);
             if (old == before.end() || old->second != bytes) {
                 outcomeAndFiles += ' ' + name;
-                content = name.endsWith(".pdf") ? QString::fromLatin1(bytes.data(), static_cast<int>(bytes.size()))
-                                                : QString::fromStdString(bytes);
+                content += name.endsWith(".pdf") ? QString::fromLatin1(bytes.data(), static_cast<int>(bytes.size()))
+                                                 : QString::fromStdString(bytes);
                 forget(name, old == before.end() ? nullptr : &old->second);
             }
         }
-        EXPECT_EQ(outcomeAndFiles, columns.value(1).trimmed()) << outcome.messages.toStdString();
+        EXPECT_EQ(outcomeAndFiles.toStdString(), columns.value(1).trimmed().toStdString())
+            << outcome.messages.toStdString();
         expectLike(outcome.messages, told.isEmpty() || told.startsWith('\r') ? told : "kelplot: " + told);
         expectLike(outcome.output, unescaped(columns.value(3)));
         expectLike(content, '*' + unescaped(columns.value(4)) + '*');
