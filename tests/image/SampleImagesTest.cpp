@@ -44,11 +44,6 @@ bool startsWith(const std::string& name, const std::string& start) {
     return name.compare(0, start.size(), start) == 0;
 }
 
-bool mustBeRefused(const std::string& stem) {
-    return startsWith(stem, "x") || startsWith(stem, "trunc_") || startsWith(stem, "bug_x_") ||
-           startsWith(stem, "not_png_");
-}
-
 TEST(SampleImages, DecodeToTheStatedPixelsOrNotAtAll) {
     if (!fs::exists(folder)) {
         GTEST_SKIP() << folder << " is missing";
@@ -62,7 +57,8 @@ TEST(SampleImages, DecodeToTheStatedPixelsOrNotAtAll) {
         }
         SCOPED_TRACE(stem);
         const HT_RasterImagePtr image = decode(fileBytes(entry.path()));
-        if (mustBeRefused(stem)) {
+        if (startsWith(stem, "x") || startsWith(stem, "trunc_") || startsWith(stem, "bug_x_") ||
+            startsWith(stem, "not_png_")) {
             EXPECT_TRUE(image->colorDepth() == -1 && image->pixelWidth() == 0 && image->scanLinesBase() == nullptr);
             continue;
         }
