@@ -70,10 +70,6 @@ public:
 private:
     rlimit m_before{};
 };
-EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
-}
-}
-;
 
 } // namespace
 
