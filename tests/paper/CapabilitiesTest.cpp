@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <climits>
+#include <map>
 #include <stdexcept>
 
 #include <gtest/gtest.h>
@@ -17,31 +18,22 @@ constexpr char iniText[] = "[General]\nPaperCount=3\n"
                            "[Paper 1]\nName=One\nName=Two\nPaper=65541\n"
                            "[MAXPAPERSIZE]\nWeight=9140\n";
 
-std::vector<PaperSize> papersOfIni() {
-    PaperSize two{65541, L"One\0Two", 2100, 2970, 0, 0, 0, 0, 1};
-    PaperSize missing{9, L"", 2100, 2970, 0, 0, 0, 0, 1};
-    return {{8, L"A4", 1, 2, 4, -6, 3, 5, 0}, two, missing};
-}
-
-std::string entryOf(const PaperSize& paper, int code) {
-    switch (code) {
-    case 2:
-        return number(paper.Paper, 2);
-    case 3:
-        return number(paper.Width) + number(paper.Length);
-    case 19:
-        return record(paper, 4);
-    case 65:
-        return number(paper.LeftEdge) + number(paper.UpEdge) + number(paper.RightEdge) + number(paper.DownEdge);
-    default:
-        return record(paper, 4).substr(4, 256);
-    }
-}
+const std::vector<PaperSize> papersOfIni = {{8, L"A4", 1, 2, 4, -6, 3, 5, 0},
+                                            {65541, L"One\0Two", 2100, 2970, 0, 0, 0, 0, 1},
+                                            {9, L"", 2100, 2970, 0, 0, 0, 0, 1}};
 
 std::string entriesOf(const std::vector<PaperSize>& papers, int code) {
     std::string entries;
-    for (const PaperSize& paper : papers) {
-        entries += entryOf(paper, code);
+    for (const PaperSize& p : papers) {
+        const std::string whole = record(p, 4), name = whole.substr(4, 256);
+        const std::map<int, std::string> parts = {
+            {2, number(p.Paper, 2)},
+            {3, number(p.Width) + number(p.Length)},
+            {9, name},
+            {16, name},
+            {19, whole},
+            {65, number(p.LeftEdge) + number(p.UpEdge) + number(p.RightEdge) + number(p.DownEdge)}};
+        entries += parts.at(code);
     }
     return entries;
 }
@@ -53,7 +45,7 @@ TEST(Capabilities, AreAnsweredFromIniFile) {
         SCOPED_TRACE(code);
         const Answer answer = ask(code, path);
         EXPECT_EQ(answer.result, 3);
-        EXPECT_EQ(answer.written, entriesOf(papersOfIni(), code));
+        EXPECT_EQ(answer.written, entriesOf(papersOfIni, code));
         EXPECT_EQ(countOf(code, path), 3);
     }
     EXPECT_EQ(ask(20, path).result, 0);
@@ -88,12 +80,12 @@ TEST(Capabilities, MissingBinaryFileIsMadeFromIniFile) {
         SCOPED_TRACE(name);
         const std::string path = directory.path(name);
         EXPECT_EQ(ask(20, path).written, number(9140) + number(1000000));
-        EXPECT_EQ(ask(2, path).written, entriesOf(papersOfIni(), 2));
+        EXPECT_EQ(ask(2, path).written, entriesOf(papersOfIni, 2));
         EXPECT_EQ(countOf(19, path), 3);
         ASSERT_FALSE(directory.exists(name));
-        EXPECT_EQ(ask(19, path).written, entriesOf(papersOfIni(), 19));
-        EXPECT_EQ(directory.read(name), binaryFile(3, papersOfIni()));
-        EXPECT_EQ(ask(19, path).written, entriesOf(papersOfIni(), 19));
+        EXPECT_EQ(ask(19, path).written, entriesOf(papersOfIni, 19));
+        EXPECT_EQ(directory.read(name), binaryFile(3, papersOfIni));
+        EXPECT_EQ(ask(19, path).written, entriesOf(papersOfIni, 19));
         // Compact records are not for these; nor does a binary file tell the largest paper.
         for (const int code : {2, 3, 9, 16, 65, 20}) {
             EXPECT_EQ(ask(code, path, 1 << 12).result, 0) << code;
@@ -113,7 +105,6 @@ TEST(Capabilities, WholeRecordsAnswerAllOtherCodes) {
     const std::string path = directory.write("p.PER", bytes);
     papers[2].Name[2] = L'\0';
     for (const int code : {2, 3, 9, 16, 65}) {
-        EXPECT_EQ(ask(code, path).result, 3) << code;
         EXPECT_EQ(ask(code, path).written, entriesOf(papers, code)) << code;
     }
     directory.write("p.PER", bytes.substr(0, bytes.size() - 1));
