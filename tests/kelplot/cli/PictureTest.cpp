@@ -41,18 +41,18 @@ TEST(Pictures, AFrameMeasuresOnPaperWhatTheDrawingSays) {
     EXPECT_NEAR(ink.center().y() * pixel, 297 / 2.0, tolerance);
 }
 
-/// A line, a circle, a dashed line, a wide line, a curve of many points and an area, all of which run from within the
-/// square from (0, 0) to (50, 50) far beyond it, with a line weight of two millimetres.
+/// Thick lines, a wide one, a circle, a curve of many points and an area, all of which run from within the square from
+/// (0, 0) to (50, 50) far beyond it.
 std::string shapesAcross() {
-    const std::string style = "370\n200\n";
-    std::string text = "0\nLINE\n" + style + "10\n-500\n20\n10\n11\n500\n21\n30\n";
-    text += "0\nCIRCLE\n" + style + "10\n50\n20\n25\n40\n20\n";
-    text += "0\nLWPOLYLINE\n" + style + "90\n2\n70\n0\n43\n6\n10\n25\n20\n-300\n10\n25\n20\n300\n";
-    text += "0\nLWPOLYLINE\n" + style + "90\n400\n70\n0\n";
+    std::string text = "0\nLINE\n370\n200\n10\n-500\n20\n10\n11\n500\n21\n30\n"
+                       "0\nCIRCLE\n370\n200\n10\n50\n20\n25\n40\n20\n"
+                       "0\nLWPOLYLINE\n90\n2\n43\n6\n10\n25\n20\n-300\n10\n25\n20\n300\n"
+                       "0\nSOLID\n10\n40\n20\n40\n11\n400\n21\n40\n12\n40\n22\n400\n13\n400\n23\n400\n"
+                       "0\nLWPOLYLINE\n370\n200\n90\n400\n";
     for (int i = 0; i < 400; ++i) {
         text += "10\n" + std::to_string(i * 0.5 - 75.0) + "\n20\n" + std::to_string(25.0 + 60.0 * std::sin(i)) + "\n";
     }
-    return drawingOf(text + "0\nSOLID\n10\n40\n20\n40\n11\n400\n21\n40\n12\n40\n22\n400\n13\n400\n23\n400\n");
+    return drawingOf(text);
 }
 
 TEST(Pictures, ShowNothingOutsideTheirPart) {

@@ -2,40 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QMap>
-#include <QProcess>
 
 #include "kelplot/cli/KelplotRun.h"
 
 namespace {
-
-TEST(Kelplot, ListsThePapersForPrograms) {
-    const TemporaryDirectory directory;
-    QMap<QString, QJsonObject> papers;
-    const QJsonArray list =
-        QJsonDocument::fromJson(run(directory, {"--list-papers", "--json"}).output.toUtf8()).array();
-    for (const auto& entry : list) {
-        papers.insert(entry.toObject()["name"].toString(), entry.toObject());
-    }
-    EXPECT_EQ(papers.size(), list.size()) << "names are not given twice";
-    const struct {
-        const char* name;
-        double width, height;
-    } standard[] = {{"A0", 841, 1189},         {"A4", 210, 297},         {"2A0", 1189, 1682},
-                    {"B1", 707, 1000},         {"Legal", 215.9, 355.6},  {"ANSI A", 215.9, 279.4},
-                    {"ANSI E", 863.6, 1117.6}, {"ARCH A", 228.6, 304.8}, {"ARCH E1", 762, 1066.8},
-                    {"DIN A4x3", 297, 630},    {"DIN A0x3", 1189, 2523}};
-    for (const auto& row : standard) {
-        const QJsonObject& paper = papers[row.name];
-        EXPECT_DOUBLE_EQ(paper["width"].toDouble(), row.width) << row.name;
-        EXPECT_DOUBLE_EQ(paper["height"].toDouble(), row.height) << row.name;
-        EXPECT_GT(paper["margins"].toObject()["left"].toDouble(), 0.0) << row.name;
-    }
-    EXPECT_EQ(papers["A4"]["number"].toInt(), 9);
-}
 
 TEST(Kelplot, AListThatCannotBeWrittenIsAFailure) {
     const TemporaryDirectory directory;
