@@ -125,11 +125,8 @@ TEST(EditPapers, GiveUpWhileAnotherWriterHoldsOn) {
 
 TEST(EditPapers, DamagedCounts) {
     const TemporaryDirectory directory;
-    const auto iniWith = [](const char* count) {
-        return "[General]\nPaperCount=" + std::string(count) + "\n";
-    };
     const std::pair<const char*, std::string> more[] = {{"more.PER", binaryFile(INT_MAX, papersOf({9}))},
-                                                        {"more.ini", iniWith("2147483647")}};
+                                                        {"more.ini", "[General]\nPaperCount=2147483647\n"}};
     for (const auto& [name, bytes] : more) { // left alone
         const std::string path = directory.write(name, bytes);
         EXPECT_EQ(store(path, 9), -1) << name;
@@ -139,7 +136,8 @@ TEST(EditPapers, DamagedCounts) {
     const std::string twoPapers = binaryFile(2, papersOf({9, 11}));
     EXPECT_EQ(store(directory.write("cut.PER", twoPapers.substr(0, twoPapers.size() - 4)), 257), 257);
     EXPECT_EQ(directory.read("cut.PER").size(), twoPapers.size() + 160); // the cut paper has its place all the same
-    for (const auto& path : {directory.write("-2.PER", binaryFile(-2, {})), directory.write("-2.ini", iniWith("-2"))}) {
+    for (const auto& path :
+         {directory.write("-2.PER", binaryFile(-2, {})), directory.write("-2.ini", "[General]\nPaperCount=-2\n")}) {
         EXPECT_THROW(store(path, 9), std::bad_array_new_length) << path;
         EXPECT_THROW(erase(path, 9), std::bad_array_new_length) << path;
     }
