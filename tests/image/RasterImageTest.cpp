@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "image/ImageAnswers.h"
+#include "support/ExpectedWarnings.h"
 #include "support/ImageBytes.h"
 #include "support/TemporaryDirectory.h"
 #include "support/VirtualSlot.h"
@@ -134,6 +135,32 @@ TEST(RasterImage, FlipsConvertsAndSaves) {
     EXPECT_EQ(image->saveAs(QString::fromStdString(directory.path("ж.png")).toStdWString().c_str()), 1U);
     EXPECT_EQ(QImage(QString::fromStdString(directory.path("ж.png"))), original);
     EXPECT_EQ(image->saveAs(QString::fromStdString(directory.path("a.nothing")).toStdWString().c_str()), 0U);
+}
+
+// Chunks behind the header name the one colour of a deep picture that is to be seen through.
+TEST(RasterImage, SeesThroughTheKeyColourOfDeepPictures) {
+    const ExpectedWarnings readerComplains("libpng"); // of a wrong checksum
+    QImage deep(2, 1, QImage::Format_RGBX64);
+    deep.setPixelColor(0, 0, QColor(QRgba64::fromRgba64(0x1000, 0x2000, 0x3000, 0xFFFF)));
+    deep.setPixelColor(1, 0, QColor(QRgba64::fromRgba64(0x4000, 0x5000, 0x6001, 0xFFFF)));
+    const std::vector<unsigned char> whole = imageBytes(deep);
+    const std::string first("\0\0\0\6tRNS\x10\0\x20\0\x30\0\x12\x04\x9C\xC7", 18);
+    const std::string second("\0\0\0\6tRNS\x40\0\x50\0\x60\1\xB8\x09\x59\x6E", 18);
+    const std::string damaged = first.substr(0, 17) + '\0';
+    const std::tuple<std::string, int, int> rows[] = {
+        {"", 255, 255},           {first, 0, 255},     {second, 255, 0},
+        {first + second, 0, 255}, {damaged, 255, 255}, {damaged + second, 255, 0},
+    };
+    for (const auto& [chunks, left, right] : rows) {
+        std::vector<unsigned char> file = whole;
+        file.insert(file.begin() + 33, chunks.begin(), chunks.end());
+        const QImage image = convertedBack(*decode(file));
+        EXPECT_EQ(image.pixel(0, 0), qRgba(0x10, 0x20, 0x30, left)) << chunks;
+        EXPECT_EQ(image.pixel(1, 0), qRgba(0x40, 0x50, 0x60, right)) << chunks;
+    }
+    std::vector<unsigned char> file = whole;
+    file[33] = 0x7F; // far more in the second chunk than there is
+    EXPECT_EQ(decode(file)->colorDepth(), -1);
 }
 
 } // namespace
