@@ -65,5 +65,12 @@ TEST(Layout, ExtentsWithoutAnyMeaningStillGiveAFiniteMap) {
     }
 }
 
+TEST(PlotTarget, TakesTheGridOfTheDevice) {
+    const PlotTarget target = plotTargetFor(layOutPage(Box2(), 1.0, {}), {100.0, 10.0, 0.5, 3.0});
+    EXPECT_EQ((std::array{target.deviceUnitsPerMillimetre, target.hairlineWidth, target.flatteningError,
+                          target.thinnestDashed}),
+              (std::array{100.0, 10.0, 0.5, 3.0}));
+}
+
 } // namespace
 } // namespace kelplot
