@@ -141,6 +141,7 @@ TEST(EditPapers, DamagedCounts) {
         EXPECT_THROW(store(path, 9), std::bad_array_new_length) << path;
         EXPECT_THROW(erase(path, 9), std::bad_array_new_length) << path;
     }
+    EXPECT_THROW(erase(directory.write("-1.PER", binaryFile(-1, {})), 9), std::bad_array_new_length);
     for (const int request : {-1, 9}) { // one less than nothing and one more
         EXPECT_EQ(store(directory.write("-1.PER", binaryFile(-1, {})), request), request == 9 ? 9 : 257);
         EXPECT_EQ(directory.read("-1.PER"), binaryFile(0, {}));

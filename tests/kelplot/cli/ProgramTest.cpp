@@ -35,8 +35,9 @@ TEST(Kelplot, WithoutItsFolderItTakesSizesOnly) {
 
 TEST(Kelplot, TextsOfAPdfCanBeSearchedOnDemand) {
     const TemporaryDirectory directory;
+    const QString showcase = QStringLiteral(EXAMPLE_DRAWINGS "/showcase.dxf");
     const auto wordsIn = [&](const char* mode) {
-        EXPECT_EQ(run(directory, {"--text", mode, "-o", "x.pdf", EXAMPLE_DRAWINGS "/showcase.dxf"}).status, 0);
+        EXPECT_EQ(run(directory, {"--text", mode, "-o", "x.pdf", showcase}).status, 0);
         return run(directory, {"x.pdf", "-"}, "pdftotext").output;
     };
     EXPECT_EQ(wordsIn("outlines").trimmed(), "");
