@@ -57,22 +57,6 @@ struct stat statusOf(const std::string& path) {
     return status;
 }
 
-/// Lets no file of this process grow beyond `size` bytes while it lives.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t size) {
-        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &m_before), 0);
-        const rlimit limit{size, m_before.rlim_max};
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before{};
-};
-
 } // namespace
 
 TEST(SafeWriting, AKillLeavesTheOldTextOrTheNewOne) {
@@ -221,6 +205,8 @@ TEST(SafeWriting, KeepsWhatAFileIsBesidesItsText) {
 
 TEST(SafeWriting, WhatDoesNotFitLeavesTheOldFile) {
     const TemporaryDirectory directory;
+    rlimit before{};
+    EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
     const PaperSize papers[2] = {{9, L"A4", 2100, 2970, 0, 0, 0, 0, 1}, {8, L"A3", 2970, 4200, 0, 0, 0, 0, 1}};
     for (const std::string name : {"p", "q"}) { // the latter's files have two names and are written over in their place
         SCOPED_TRACE(name);
@@ -233,7 +219,8 @@ TEST(SafeWriting, WhatDoesNotFitLeavesTheOldFile) {
         }
         const std::string text = directory.read(name + ".ini"), list = directory.read(name + ".PER");
         for (const rlim_t limit : {0U, 100U}) {
-            const FileSizeLimit small(limit);
+            const rlimit small{limit, before.rlim_max};
+            EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
             inifile::IniFile file;
             EXPECT_EQ(file.Load(ini), 0);
             EXPECT_EQ(file.Save(), 0);
@@ -246,6 +233,7 @@ TEST(SafeWriting, WhatDoesNotFitLeavesTheOldFile) {
                 EXPECT_EQ(HT_DefaultDeletePaper(nullptr, first, wide(path).c_str()), 0);
             }
             EXPECT_EQ(HT_WritePaperFile(wide(directory.path("new.PER")).c_str(), papers, 2), 0);
+            EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
             EXPECT_FALSE(directory.exists("new.PER"));
             EXPECT_TRUE(directory.read(name + ".ini") == text && directory.read(name + ".PER") == list);
         }
