@@ -35,10 +35,11 @@ TEST(LibraryImage, AnswersWithoutADescription) {
 }
 
 TEST(LibraryImage, AnswersFromItsDescription) {
-    HT_RasterImageImpl image(newLibraryImage());
+    Imgo::Image* const libraryImage = newLibraryImage();
+    HT_RasterImageImpl image(libraryImage);
     EXPECT_EQ(answersOf(image), "6 x -4 x 32, resolution 118 x 59, palette 1 yes 2 9, alpha 1 42, format 15, "
                                 "rows of 8 yes, header yes");
-    const Imgo::DibInfo* const description = Imgo::Image::LoadBytes(nullptr, 0)->GetDibInfo(true);
+    const Imgo::DibInfo* const description = libraryImage->GetDibInfo(true);
     unsigned int count = 0;
     EXPECT_EQ(image.paletteData(count), description->info->bmiColors);
     EXPECT_TRUE(image.scanLinesBase() == description->pixels && image.getBitmapInfo() == description->info);
