@@ -86,7 +86,7 @@ TEST(SafeWriting, AKillLeavesTheOldTextOrTheNewOne) {
             }
         });
         while (rounds < 3) { // both have been written
-            std::this_thread::yield();
+            std::this_thread::sleep_for(std::chrono::microseconds(50));
         }
         std::this_thread::sleep_for(std::chrono::nanoseconds(nanoseconds(random)));
         ASSERT_EQ(::kill(writer, SIGKILL), 0);
@@ -105,7 +105,8 @@ TEST(SafeWriting, AKillLeavesTheOldTextOrTheNewOne) {
 
 TEST(SafeWriting, WritersOfOneFileTakeTurns) {
     constexpr uid_t somebody = 1234; // root may read every folder
-    for (const mode_t mode : {0700U, 0311U}) {
+    // The last mode lets no new file take the place of the old one.
+    for (const mode_t mode : {0700U, 0311U, 0555U}) {
         SCOPED_TRACE(mode);
         const TemporaryDirectory directory;
         const std::string path = directory.write("shared.ini", "");
