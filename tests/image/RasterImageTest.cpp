@@ -137,7 +137,7 @@ TEST(RasterImage, FlipsConvertsAndSaves) {
     EXPECT_EQ(image->saveAs(QString::fromStdString(directory.path("a.nothing")).toStdWString().c_str()), 0U);
 }
 
-// Chunks behind the header name the one colour of a deep picture that is to be seen through.
+// Chunks after the header name the one colour of a deep picture that is to be seen through.
 TEST(RasterImage, SeesThroughTheKeyColourOfDeepPictures) {
     const ExpectedWarnings readerComplains("libpng"); // of a wrong checksum
     QImage deep(2, 1, QImage::Format_RGBX64);
