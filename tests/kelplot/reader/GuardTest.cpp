@@ -2,12 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <limits>
 #include <vector>
 
-#include "DrawingText.h"
+#include "kelplot/reader/DrawingText.h"
 #include "reader/DxfReader.h"
-#include "reader/GroupValue.h"
 #include "support/TemporaryDirectory.h"
 
 namespace kelplot {
@@ -111,23 +109,6 @@ TEST(Tolerated, OdditiesKeepTheirLine) {
         ASSERT_NE(read, nullptr) << name;
         EXPECT_EQ(read->start, (Vec3{1, 2, 0})) << name;
         EXPECT_EQ(read->end, (Vec3{3, 4, 0})) << name;
-    }
-}
-
-TEST(GroupValue, IsReadAsFarAsItGoesAndKeptInRange) {
-    const std::pair<const char*, double> reals[] = {{"  -2.5", -2.5}, {"+3", 3.0},   {"1e-3\t", 1e-3}, {"7,25", 7.25},
-                                                    {"4mm", 4.0},     {"", 0.0},     {"  ", 0.0},      {"abc", 0.0},
-                                                    {"nan", 0.0},     {"-inf", 0.0}, {"1e999", 0.0},   {"1e101", 0.0}};
-    for (const auto& [text, value] : reals) {
-        EXPECT_EQ(toReal(text), value) << text;
-    }
-    const std::pair<const char*, int> integers[] = {{"  42 ", 42},
-                                                    {"7.0", 7},
-                                                    {"x", 0},
-                                                    {"99999999999", std::numeric_limits<int>::max()},
-                                                    {"-99999999999", std::numeric_limits<int>::min()}};
-    for (const auto& [text, value] : integers) {
-        EXPECT_EQ(toInteger(text), value) << text;
     }
 }
 
