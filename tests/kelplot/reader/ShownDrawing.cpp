@@ -26,8 +26,9 @@ public:
         const std::string colour = text(own.colour);
         return std::visit([&](const auto& geometry) { return text(geometry); }, entity.geometry) +
                unless(" extruded ", entity.extrusion, Vec3{0, 0, 1}) +
-               (own.layer != 0 ? " on " + m_drawing.layers.at(own.layer).name : "") + (own.visible ? "" : " invisible") +
-               (colour != "byLayer" ? " colour " + colour : "") + unless(" weight ", own.lineWeight, lineWeightByLayer) +
+               (own.layer != 0 ? " on " + m_drawing.layers.at(own.layer).name : "") +
+               (own.visible ? "" : " invisible") + (colour != "byLayer" ? " colour " + colour : "") +
+               unless(" weight ", own.lineWeight, lineWeightByLayer) +
                (own.lineType != lineTypeByLayer ? " type " + lineTypeName(own.lineType) : "") +
                unless(" scale ", own.lineTypeScale, 1.0) + unless(" opacity ", own.opacity, opacityByLayer);
     }
@@ -43,7 +44,8 @@ public:
     static std::string text(const TextStyle& style) {
         return style.name + ": " + text(style.font) + (style.bigFontFile.empty() ? "" : " and " + style.bigFontFile) +
                unless(" high ", style.height, 0.0) + unless(" wide ", style.widthFactor, 1.0) +
-               unless(" leaning ", style.obliqueAngle / degree, 0.0) + looks(style) + (style.vertical ? " vertical" : "");
+               unless(" leaning ", style.obliqueAngle / degree, 0.0) + looks(style) +
+               (style.vertical ? " vertical" : "");
     }
 
     static std::string text(const LineType& type) { return type.name + list(":", type.pattern); }
@@ -121,8 +123,8 @@ public:
 
     static std::string text(const Spline& spline) {
         return (spline.closed ? "closed " : "") + ("spline of " + std::to_string(spline.degree)) +
-               list(", knots", spline.knots) + list(", weights", spline.weights) +
-               list(", through", spline.fitPoints) + list(", at", spline.controlPoints);
+               list(", knots", spline.knots) + list(", weights", spline.weights) + list(", through", spline.fitPoints) +
+               list(", at", spline.controlPoints);
     }
 
     static std::string text(const Solid& solid) { return list("solid", solid.corners); }
@@ -192,20 +194,20 @@ public:
             words += (words.empty() ? "" : "|") + marks + (marks.empty() ? "" : ":") + stretch.text;
         }
         return "text '" + words + "' at " + text(line.position) + unless(" to ", line.alignment, line.position) +
-               columns[static_cast<size_t>(line.column)] + rows[static_cast<size_t>(line.row)] +
-               textStyle(line.style) + unless(" high ", line.height, 1.0) +
-               unless(" turned ", line.rotation / degree, 0.0) + unless(" wide ", line.widthFactor, 1.0) +
-               unless(" leaning ", line.obliqueAngle / degree, 0.0) + looks(line);
+               columns[static_cast<size_t>(line.column)] + rows[static_cast<size_t>(line.row)] + textStyle(line.style) +
+               unless(" high ", line.height, 1.0) + unless(" turned ", line.rotation / degree, 0.0) +
+               unless(" wide ", line.widthFactor, 1.0) + unless(" leaning ", line.obliqueAngle / degree, 0.0) +
+               looks(line);
     }
 
     /// What a format has other than a plain one, such as "<h2 u>".
     static std::string text(const CharacterFormat& format) {
-        const std::string words =
-            unless(" h", format.height, 1.0) + unless(" w", format.widthFactor, 1.0) +
-            unless(" q", format.obliqueAngle / degree, 0.0) + unless(" t", format.tracking, 1.0) +
-            unless(" ", format.lines, TextLines()) +
-            unless(" a", static_cast<double>(static_cast<int>(format.level)), 0.0) +
-            (format.colour ? " c:" + text(*format.colour) : "") + (format.font ? ' ' + text(*format.font) : "");
+        const std::string words = unless(" h", format.height, 1.0) + unless(" w", format.widthFactor, 1.0) +
+                                  unless(" q", format.obliqueAngle / degree, 0.0) + unless(" t", format.tracking, 1.0) +
+                                  unless(" ", format.lines, TextLines()) +
+                                  unless(" a", static_cast<double>(static_cast<int>(format.level)), 0.0) +
+                                  (format.colour ? " c:" + text(*format.colour) : "") +
+                                  (format.font ? ' ' + text(*format.font) : "");
         return words.empty() ? words : '<' + words.substr(1) + '>';
     }
 
@@ -213,7 +215,8 @@ public:
     static std::string text(const TextTab& tab) { return text(tab.format) + "->"; }
     static std::string text(const TextStack& stack) {
         constexpr const char* dividers[] = {"^", "/", "#"};
-        return text(stack.format) + '[' + stack.upper + dividers[static_cast<size_t>(stack.divider)] + stack.lower + ']';
+        return text(stack.format) + '[' + stack.upper + dividers[static_cast<size_t>(stack.divider)] + stack.lower +
+               ']';
     }
 
     /// The pieces with their formats, '$' at the end or '&' before another column, in braces what shapes it.
@@ -247,8 +250,8 @@ public:
     }
 
     std::string text(const Image& image) const {
-        return "image " + m_drawing.images.at(image.definition).path + " at " + text(image.position) + " from " + text(image.pointAt({0, 0})) + " to " +
-               text(image.pointAt(image.size)) + (image.shown ? "" : " hidden") +
+        return "image " + m_drawing.images.at(image.definition).path + " at " + text(image.position) + " from " +
+               text(image.pointAt({0, 0})) + " to " + text(image.pointAt(image.size)) + (image.shown ? "" : " hidden") +
                unless(" brightness ", double(image.brightness), 50.0) +
                unless(" contrast ", double(image.contrast), 50.0) + unless(" fade ", double(image.fade), 0.0) +
                (image.transparent ? " transparent" : "") + (image.clipped ? list(" clip", image.clip) : "") +
