@@ -86,6 +86,7 @@ TEST_F(Pictures, LieWhereTheDrawingSays) {
         }
     }
     EXPECT_TRUE(report.missingPictures.empty());
+    EXPECT_EQ(shapesOf(drawing).size(), 1U) << "no frame";
 }
 
 TEST_F(Pictures, AreClippedWithinTheWindow) {
@@ -145,41 +146,6 @@ TEST_F(Pictures, KeepThinLinesWhereTheDeviceIsCoarse) {
     plot();
     for (int pixel = 10; pixel < 390; ++pixel) {
         EXPECT_NEAR(qGray(at(pixel / 10.0, 10)), 230, 20) << pixel;
-    }
-}
-
-TEST_F(Pictures, HaveAFrameWhereTheyAreMissingOrItIsAskedFor) {
-    const std::string frame = "line 400,300 800,300 800,500 400,500 400,300";
-    const struct {
-        const char* name;
-        const char* path;
-        const char* groups;
-        bool frames;
-        std::vector<std::string> shapes;
-        size_t missing;
-    } cases[] = {
-        {"missing", "b.png", "", false, {frame}, 1},
-        {"framed", "a.png", "", true, {"image", frame}, 0},
-        {"clipped, inside out",
-         "a.png",
-         "70=7 280=1 290=1 14=0.5 24=0.5 14=9.5 24=9.5",
-         true,
-         {"image", frame, "line 410,310 500,310 500,400 410,400 410,310"},
-         0},
-        {"not framed", "a.png", "", false, {"image"}, 0},
-        {"not shown", "b.png", "70=2", false, {}, 0},
-        {"the frame alone", "b.png", "70=2", true, {frame}, 0},
-    };
-    use(fourQuarters());
-    for (const auto& row : cases) {
-        path = row.path;
-        draw(row.groups, "", row.frames);
-        std::vector<std::string> shapes;
-        for (const Shape& shape : shapesOf(drawing, target, {}, &report)) {
-            shapes.push_back(shape.kind == "image" ? shape.kind : shape.text());
-        }
-        EXPECT_EQ(shapes, row.shapes) << row.name;
-        EXPECT_EQ(report.missingPictures.size(), row.missing) << row.name;
     }
 }
 

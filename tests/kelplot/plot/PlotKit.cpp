@@ -68,9 +68,10 @@ std::vector<Vec2> Shape::points() const {
 }
 
 std::string Shape::text() const {
-    if (kind == "arc") {
-        return kind + kelplot::text(path.pointAtPercent(0)) + kelplot::text(path.pointAtPercent(0.5)) +
-               kelplot::text(path.pointAtPercent(1));
+    constexpr int fewElements = 12;
+    if (kind == "arc" || (kind == "line" && path.elementCount() > fewElements)) {
+        return (kind == "arc" ? kind : "curve") + kelplot::text(path.pointAtPercent(0)) +
+               kelplot::text(path.pointAtPercent(0.5)) + kelplot::text(path.pointAtPercent(1));
     }
     const bool isText = kind.rfind("text", 0) == 0;
     std::string result = kind + (isText ? kelplot::text({origin.x, origin.y}) : "");

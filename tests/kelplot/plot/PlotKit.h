@@ -20,7 +20,8 @@ struct Shape {
 
     /// Its corners, of a curve enough to follow it.
     std::vector<Vec2> points() const;
-    /// Kind and rounded coordinates in one line; of an arc its start, its middle and its end, of a text its start.
+    /// Kind and rounded coordinates in one line; of an arc, or a line of many points as a curve, its start, its middle
+    /// and its end, of a text its start.
     std::string text() const;
 };
 using Shapes = std::vector<Shape>;

@@ -16,12 +16,8 @@ public:
     size_t count = 0;
 };
 
-std::string repeated(const std::string& groups, int count) {
-    std::string result;
-    for (int i = 0; i < count; ++i) {
-        result += groups;
-    }
-    return result;
+std::string repeated(const char* groups, int count) {
+    return QString(groups).repeated(count).toStdString();
 }
 
 /// The placement of `count` by `count` copies.
