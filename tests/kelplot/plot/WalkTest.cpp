@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "kelplot/plot/PlotKit.h"
 #include "plot/EntityWalk.h"
@@ -114,34 +115,32 @@ TEST(Walk, ProgressRisesWithinOneReference) {
     }
 }
 
-TEST(CopyGrids, FindTheColumnsThatMeetABox) {
+std::string textOf(const Drawing& drawing) {
+    std::string text;
+    for (const Shape& shape : shapesOf(drawing)) {
+        text += shape.text() + '\n';
+    }
+    return text;
+}
+
+TEST(Walk, DrawsEachCopyThatShowsAsAReferenceOfItsOwn) {
     constexpr struct {
-        const char* name;
-        double rotation, columnSpacing, rowSpacing;
-    } cases[] = {
-        {"level", 0.0, 3.0, 4.0},   {"backwards", 0.0, -3.0, -4.0},  {"turned", 0.7, 3.0, 4.0},
-        {"upright", 1.5708, 3, -4}, {"close together", 0.2, 0.1, 9}, {"far apart", 3.0, 700.0, 4.0},
-    };
-    const Box2 visible{{-10.0, 5.0}, {12.0, 30.0}};
-    const Box2 ink{{0.0, 0.0}, {2.0, 1.0}};
+        double turned, columnSpacing, rowSpacing; ///< degrees, drawing units
+    } cases[] = {{0, 3, 4}, {0, -3, -4}, {40, 3, 4}, {90, 3, -4}, {11, 0.1, 9}, {172, 700, 4}, {200, 3, 0.7}};
     for (const auto& row : cases) {
-        Insert insert;
-        insert.columns = insert.rows = 50;
-        insert.rotation = row.rotation;
-        insert.columnSpacing = row.columnSpacing;
-        insert.rowSpacing = row.rowSpacing;
-        const CopyGrid grid(insert, {}, PlanMap());
-        for (int gridRow = 0; gridRow < grid.rows; ++gridRow) {
-            const CopyGrid::Range range = grid.columnsThatMeet(visible, ink, gridRow);
-            int meeting = 0;
-            for (int column = 0; column < grid.columns; ++column) {
-                const Vec2 moved = grid.mapOf(column, gridRow).origin - grid.first.origin;
-                const bool meets = Box2{ink.min + moved, ink.max + moved}.intersects(visible);
-                meeting += meets ? 1 : 0;
-                EXPECT_TRUE(!meets || (range.begin <= column && column < range.end)) << row.name << ' ' << column;
-            }
-            EXPECT_LE(range.end - range.begin, meeting + 4) << row.name << ' ' << gridRow;
+        const std::string turned = group(50, row.turned);
+        const double cosine = std::cos(row.turned / 57.29577951308232), sine = std::sin(row.turned / 57.29577951308232);
+        std::string singles;
+        for (int i = 0; i < 2500; ++i) {
+            const Vec2 moved{row.columnSpacing * (i % 50), row.rowSpacing * (i / 50)};
+            singles += " 0=INSERT 2=0" + turned + group(10, 51.23 + cosine * moved.x - sine * moved.y) +
+                       group(20, 48.76 + sine * moved.x + cosine * moved.y);
         }
+        const std::string array =
+            " 10=51.23 20=48.76 70=50 71=50" + turned + group(44, row.columnSpacing) + group(45, row.rowSpacing);
+        const std::string shown = textOf(nestedDrawing(1, array));
+        EXPECT_FALSE(shown.empty());
+        EXPECT_EQ(shown, textOf(nestedDrawing(1, " 10=-99", 1, singles))) << row.turned << ' ' << row.columnSpacing;
     }
 }
 
