@@ -75,7 +75,8 @@ std::string text(const Box2& box) {
 }
 
 /// What comes of a drawing, as its case wants to see it: the points that are "covered" and those that are "bare", the
-/// "extents", or else all that is drawn, with its style where the first line has one.
+/// "extents", and else all that is drawn, with its style where the first line has one. Where there are points or
+/// extents to see, and no other line, what is drawn is left open.
 std::vector<std::string> outcomeOf(const Case& given) {
     Settings settings;
     for (const std::string& option : given.options) {
@@ -92,6 +93,7 @@ std::vector<std::string> outcomeOf(const Case& given) {
             lines.push_back(covered(line, word == "covered", shapes));
         } else if (word == "extents") {
             lines.push_back(word + text(extentsOf(drawing)));
+            onlyChecks = onlyChecks && line != "extents none";
         } else {
             onlyChecks = false;
         }
