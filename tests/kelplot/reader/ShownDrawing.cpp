@@ -48,6 +48,16 @@ public:
                (style.vertical ? " vertical" : "");
     }
 
+    std::string header() const {
+        return unless(" scale ", m_drawing.lineTypeScale, 1.0) + unless(" points ", double(m_drawing.pointMode), 0.0) +
+               unless(" size ", m_drawing.pointSize, 0.0) +
+               unless(" weight ", double(m_drawing.defaultLineWeight), 25.0) +
+               unless(" unit ", m_drawing.millimetresPerUnit, 1.0) + (m_drawing.imageFrames ? "" : " no frames") +
+               (m_drawing.wipeoutFrames ? " wipeout frames" : "") +
+               unless(" dimensions lost ", double(m_drawing.dimensionsWithoutBlock), 0.0) +
+               (m_drawing.unknownCodePage.empty() ? "" : " code page? " + m_drawing.unknownCodePage);
+    }
+
     static std::string text(const LineType& type) { return type.name + list(":", type.pattern); }
 
     static std::string text(double value) {
@@ -277,20 +287,14 @@ std::vector<std::string> shown(const Drawing& drawing) {
     addAll("paper: ", drawing.paperSpace);
     for (const Block& block : drawing.blocks) {
         if (block.defined) {
-            lines.push_back("block " + block.name + " about " + of.text(block.basePoint));
+            lines.push_back("block " + block.name + " about " + Shown::text(block.basePoint));
             addAll(block.name + ": ", block.entities);
         }
     }
     addAll("layer ", drawing.layers);
     addAll("type ", drawing.lineTypes);
     addAll("style ", drawing.textStyles);
-    const std::string header =
-        of.unless(" scale ", drawing.lineTypeScale, 1.0) + of.unless(" points ", double(drawing.pointMode), 0.0) +
-        of.unless(" size ", drawing.pointSize, 0.0) + of.unless(" weight ", double(drawing.defaultLineWeight), 25.0) +
-        of.unless(" unit ", drawing.millimetresPerUnit, 1.0) + (drawing.imageFrames ? "" : " no frames") +
-        (drawing.wipeoutFrames ? " wipeout frames" : "") +
-        of.unless(" dimensions lost ", double(drawing.dimensionsWithoutBlock), 0.0) +
-        (drawing.unknownCodePage.empty() ? "" : " code page? " + drawing.unknownCodePage);
+    const std::string header = of.header();
     if (!header.empty()) {
         lines.push_back("drawing" + header);
     }
