@@ -73,21 +73,6 @@ TEST(SolidHatches, AgreeWithTheEvenOddRuleOnRandomLoopsWholeAndInAWindow) {
     }
 }
 
-TEST(SolidHatches, BridgesRunThroughTheArea) {
-    // An island in a hole: no edge of any polygon may cross the bare ring between the two.
-    const auto box = [](double low, double high) {
-        return std::vector<Vec2>{{low, low}, {high, low}, {high, high}, {low, high}};
-    };
-    for (const Shape& shape : shapesOf(withEntities(hatchOf({box(10, 90), box(20, 80), box(40, 60)})))) {
-        const std::vector<Vec2> points = shape.points();
-        for (size_t i = 0; i < points.size(); ++i) {
-            const Vec2 middle = (points[i] + points[(i + 1) % points.size()]) * 0.5;
-            const double ring = std::max(std::abs(middle.x - 500.0), std::abs(middle.y - 500.0));
-            EXPECT_FALSE(ring > 101.0 && ring < 299.0) << middle.x << ',' << middle.y;
-        }
-    }
-}
-
 TEST(SolidHatches, ManyLoopsAreJoinedWhereverTheyLie) {
     const struct { size_t columns, rows; } fields[] = {{300, 200}, {60000, 1}, {1, 60000}};
     for (const auto& field : fields) {

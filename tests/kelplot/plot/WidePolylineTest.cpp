@@ -33,25 +33,6 @@ TEST(WidePolylines, NoSeamShowsBetweenPieces) {
     }
 }
 
-TEST(WidePolylines, TaperedOnesHaveWholeCorners) {
-    for (const double side : {1.0, -1.0}) { // turning left, turning right
-        const auto shapes = shapesOf(
-            withEntities("0=LWPOLYLINE 10=10 20=50 41=6 10=50 20=50 40=6 41=0 10=50" + group(20, 50 + side * 40)));
-        // The mitre runs from 3 inside the corner to 3 outside in both directions.
-        for (int tenth = -27; tenth <= 27; ++tenth) {
-            const double along = tenth / 10.0;
-            for (const double across : {-0.3, -0.1, 0.01, 0.1, 0.3}) {
-                const Vec2 p{50.0 - along + across, 50.0 + side * (along + across)};
-                const bool inside = p.x < 52.7 && (p.y - 50.0) * side > -2.7;
-                EXPECT_TRUE(!inside || isCovered(shapes, onPage(p))) << side << ' ' << p.x << ',' << p.y;
-            }
-        }
-        EXPECT_TRUE(isCovered(shapes, {490, 500 - side * 25}));
-        EXPECT_FALSE(isCovered(shapes, {535, 500 + side * 35}));
-        EXPECT_FALSE(isCovered(shapes, {460, 500 - side * 40}));
-    }
-}
-
 TEST(WidePolylines, AreRoundAtTheirOuterBorder) {
     const auto points =
         shapesOf(withEntities("0=LWPOLYLINE 70=1 43=18 10=40 20=50 42=1 10=60 20=50 42=1")).at(0).points();
