@@ -160,8 +160,9 @@ TEST(Splines, OfAnyDegreeThatFilesMayHaveFollowTheirPolynomial) {
 TEST(Splines, ThroughFitPointsAreSmooth) {
     std::string spline = "0=SPLINE 70=1";
     std::vector<Vec2> fits;
-    for (int i = 0; i < 12; ++i) {
-        fits.push_back({50 + 40 * std::cos(pi / 6 * i), 50 + 40 * std::sin(pi / 6 * i)});
+    for (int i = 0; i < 16; ++i) {
+        const double angle = (22.5 * i + (i % 2) * 7.5) / degrees;
+        fits.push_back({50 + 40 * std::cos(angle), 50 + 40 * std::sin(angle)});
         spline += group(11, fits.back().x) + group(21, fits.back().y);
     }
     const auto points = trace(shapesOf(withEntities(spline)));
@@ -172,6 +173,11 @@ TEST(Splines, ThroughFitPointsAreSmooth) {
     for (const Vec2 fit : fits) {
         EXPECT_LT(distanceToPath(onPage(fit), points), 0.8);
     }
+    // Through (10, 50), (40, 90) and (100, 10), which lie 50 and 100 apart, x is linear, and the second derivative of y
+    // is 6 (-0.8 - 0.8) / (2 (50 + 100)) = -0.032 in the middle and 0 at both ends.
+    const auto arch = trace(shapesOf(withEntities("0=SPLINE 11=10 21=50 11=40 21=90 11=100 21=10")));
+    EXPECT_LT(distanceToPath(onPage({25, 70 + 0.032 * 50 * 50 / 16}), arch), 0.8);
+    EXPECT_LT(distanceToPath(onPage({70, 50 + 0.032 * 100 * 100 / 16}), arch), 0.8);
 }
 
 } // namespace
