@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <random>
 
@@ -27,9 +28,15 @@ class RandomLoops {
 public:
     RandomLoops(std::mt19937& random, size_t count) {
         for (size_t i = 0; i < count; ++i) {
+            // Large ones cross nearly all others, small ones may lie within the area or a hole of another.
+            const double step = std::array{0.5, 1.0, 2.5, 5.0}[random() % 4];
+            const auto upTo = [&](double most) {
+                return std::floor(static_cast<double>(random() % 1000) / 1000.0 * (most + 1.0));
+            };
+            const Vec2 first{upTo(100.0 - 20.0 * step), upTo(100.0 - 20.0 * step)};
             std::vector<Vec2>& corners = loops.emplace_back(5);
             for (Vec2& corner : corners) {
-                corner = {5.0 * static_cast<double>(random() % 21), 5.0 * static_cast<double>(random() % 21)};
+                corner = first + Vec2{upTo(20.0), upTo(20.0)} * step;
             }
             QPolygonF polygon;
             for (size_t j = 0; j <= corners.size(); ++j) {
@@ -59,16 +66,21 @@ TEST(SolidHatches, AgreeWithTheEvenOddRuleOnRandomLoopsWholeAndInAWindow) {
         const auto whole = shapesOf(drawing);
         const auto part = shapesOf(drawing, window);
         for (int probe = 0; probe < 40; ++probe) {
-            const Vec2 p{static_cast<double>(random() % 1000) + 0.37, static_cast<double>(random() % 1000) + 0.59};
-            ASSERT_EQ(isCovered(whole, p), given.cover(p)) << "round " << round << " at " << p.x << ',' << p.y;
+            const std::vector<Vec2>& loop = given.loops[random() % given.loops.size()];
+            const auto corner = [&] {
+                return onPage(loop[random() % 5]);
+            };
+            const Vec2 p = (corner() + corner() + corner()) * (1 / 3.0) + Vec2{0.37, 0.59};
+            const bool isCertain = !given.haveEdgeNear(p); // the renderer rounds the ends of bridges
+            ASSERT_TRUE(!isCertain || isCovered(whole, p) == given.cover(p)) << round << ' ' << p.x << ',' << p.y;
             const Vec2 shown = p * 0.2 + Vec2{400, 400};
             if (!given.haveEdgeNear(shown)) {
                 ASSERT_EQ(isCovered(part, shown), given.cover(shown)) << round << ' ' << shown.x << ',' << shown.y;
             }
         }
         for (const Shape& shape : part) {
-            const QRectF box = shape.path.boundingRect();
-            ASSERT_TRUE(QRectF(390, 390, 220, 220).contains(box)) << round << ": cut to the window";
+            const QRectF box = shape.path.boundingRect().adjusted(-1, -1, 1, 1);
+            ASSERT_TRUE(QRectF(390, 390, 220, 220).contains(box)) << round << ": " << shape.text();
         }
     }
 }
