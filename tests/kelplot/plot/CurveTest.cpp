@@ -173,11 +173,14 @@ TEST(Splines, ThroughFitPointsAreSmooth) {
     for (const Vec2 fit : fits) {
         EXPECT_LT(distanceToPath(onPage(fit), points), 0.8);
     }
-    // Through (10, 50), (40, 90) and (100, 10), which lie 50 and 100 apart, x is linear, and the second derivative of y
-    // is 6 (-0.8 - 0.8) / (2 (50 + 100)) = -0.032 in the middle and 0 at both ends.
-    const auto arch = trace(shapesOf(withEntities("0=SPLINE 11=10 21=50 11=40 21=90 11=100 21=10")));
-    EXPECT_LT(distanceToPath(onPage({25, 70 + 0.032 * 50 * 50 / 16}), arch), 0.8);
-    EXPECT_LT(distanceToPath(onPage({70, 50 + 0.032 * 100 * 100 / 16}), arch), 0.8);
+    // Of an open one through points 30, 60 and 20 apart, x is linear, and of y's second derivatives m and n at the
+    // inner points 2 (30 + 60) m + 60 n = -9.6 and 60 m + 2 (60 + 20) n = 9.6.
+    const double m = -9.6 * 220 / 25200, n = 9.6 * 240 / 25200;
+    const auto open = trace(shapesOf(withEntities("0=SPLINE 11=5 21=50 11=23 21=74 11=59 21=26 11=71 21=42")));
+    const Vec2 middles[] = {{14, 62 - 900 * m / 16}, {41, 50 - 3600 * (m + n) / 16}, {65, 34 - 400 * n / 16}};
+    for (const Vec2 middle : middles) {
+        EXPECT_LT(distanceToPath(onPage(middle), open), 0.8) << middle.x;
+    }
 }
 
 } // namespace
