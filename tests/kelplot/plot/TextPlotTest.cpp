@@ -103,5 +103,15 @@ TEST(Text, ExtentsAreWhatItCovers) {
     }
 }
 
+TEST(Text, OfNoHeightOrWidthIsNowhere) {
+    for (double Text::*const size : {&Text::height, &Text::widthFactor}) {
+        for (const double none : {0.0, std::nan("")}) {
+            Drawing drawing = textOf("");
+            std::get<Text>(drawing.modelSpace[0].geometry).*size = none;
+            EXPECT_EQ(extentsOf(drawing).isEmpty(), none == 0.0 || size == &Text::height) << "a width is repaired";
+        }
+    }
+}
+
 } // namespace
 } // namespace kelplot
