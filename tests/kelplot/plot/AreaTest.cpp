@@ -93,9 +93,8 @@ TEST(SolidHatches, ManyLoopsAreJoinedWhereverTheyLie) {
             loops.push_back({{{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}}, false});
         };
         for (size_t i = 0; i < field.columns * field.rows; ++i) {
-            const auto x = static_cast<double>(3 * (i % field.columns));
-            const auto y = static_cast<double>(3 * (i / field.columns));
-            addBox(x, y, x + 2, y + 2);
+            const Vec2 corner = Vec2{double(i % field.columns), std::floor(double(i) / double(field.columns))} * 3.0;
+            addBox(corner.x, corner.y, corner.x + 2, corner.y + 2);
         }
         EXPECT_EQ(joinEvenOdd(loops).size(), loops.size()) << field.columns;
         addBox(-1, -1, static_cast<double>(3 * field.columns), static_cast<double>(3 * field.rows));
