@@ -39,44 +39,41 @@ TEST(Text, CapitalsAreAsHighAsStated) {
     }
 }
 
-/// An H has straight sides, and bearings of less than a unit here.
-TEST(Text, HangsOnItsPoint) {
-    const struct {
-        const char* groups;
-        Vec2 corner; ///< lower left, from the point, in widths and heights of the ink
-    } cases[] = {
-        {"72=0", {0.0, 0.0}},       {"72=1", {-0.5, 0.0}},  {"72=2 73=3", {-1.0, -1.0}},
-        {"72=0 73=2", {0.0, -0.5}}, {"72=4", {-0.5, -0.5}}, {"72=0 1=gHy 73=1", {0, 0}},
-    };
-    for (const auto& row : cases) {
-        const Box2 ink = inkOf(textOf(row.groups));
-        EXPECT_NEAR(ink.min.x, 50.0 + row.corner.x * ink.width(), 1.5) << row.groups;
-        EXPECT_NEAR(ink.min.y, 50.0 + row.corner.y * ink.height(), 0.2) << row.groups;
-    }
-}
-
-TEST(Text, IsTurnedMirroredAndStretched) {
+TEST(Text, StandsWhereItIsToAndAsLargeAsItIsTo) {
     const struct {
         const char* groups;
         Box2 box; ///< from the point, of a text 30 wide and 10 high
         double widthFactor = 1.0;
     } cases[] = {
-        {"50=90", {{-10, 0}, {0, 30}}},          {"71=2", {{-30, 0}, {0, 10}}},
-        {"71=4", {{0, -10}, {30, 0}}},           {"10=-50 230=-1", {{-30, 0}, {0, 10}}},
-        {"72=5 11=90", {{0, 0}, {40, 10}}},      {"72=5 11=90 71=2", {{0, 0}, {40, 10}}},
-        {"72=3 11=90", {{0, 0}, {40, 40 / 3.}}}, {"71=0", {{0, 0}, {45, 10}}, 1.5},
+        {"72=0", {{0, 0}, {30, 10}}},
+        {"72=1", {{-15, 0}, {15, 10}}},
+        {"72=2 73=3", {{-30, -10}, {0, 0}}},
+        {"73=2", {{0, -5}, {30, 5}}},
+        {"72=4", {{-15, -5}, {15, 5}}},
+        {"50=90", {{-10, 0}, {0, 30}}},
+        {"71=2", {{-30, 0}, {0, 10}}},
+        {"71=4", {{0, -10}, {30, 0}}},
+        {"10=-50 230=-1", {{-30, 0}, {0, 10}}},
+        {"72=5 11=90", {{0, 0}, {40, 10}}},
+        {"72=5 11=90 71=2", {{0, 0}, {40, 10}}},
+        {"72=3 11=90", {{0, 0}, {40, 40 / 3.}}},
+        {"71=0", {{0, 0}, {45, 10}}, 1.5},
     };
     const double natural = inkOf(textOf("1=HHHH")).width() - inkOf(textOf("1=H")).width(); // of three letters
     for (const auto& row : cases) {
         const Drawing drawing = textOf(row.groups + group(41, row.widthFactor * 30.0 / natural));
+        // An H has straight sides, and bearings at its own.
+        const bool isTurned = row.box.height() > row.box.width();
+        const Vec2 bearing = isTurned ? Vec2{0.2, 2.0} : Vec2{2.0, 0.2};
         for (const TextMode mode : modes) {
             const Box2 ink = inkOf(drawing, mode);
-            EXPECT_NEAR(ink.min.x, 50.0 + row.box.min.x, 2.0) << row.groups;
-            EXPECT_NEAR(ink.max.x, 50.0 + row.box.max.x, 2.0) << row.groups;
-            EXPECT_NEAR(ink.min.y, 50.0 + row.box.min.y, 2.0) << row.groups;
-            EXPECT_NEAR(ink.max.y, 50.0 + row.box.max.y, 2.0) << row.groups;
+            EXPECT_NEAR(ink.min.x, 50.0 + row.box.min.x, bearing.x) << row.groups;
+            EXPECT_NEAR(ink.max.x, 50.0 + row.box.max.x, bearing.x) << row.groups;
+            EXPECT_NEAR(ink.min.y, 50.0 + row.box.min.y, bearing.y) << row.groups;
+            EXPECT_NEAR(ink.max.y, 50.0 + row.box.max.y, bearing.y) << row.groups;
         }
     }
+    EXPECT_NEAR(inkOf(textOf("1=gHy 73=1")).min.y, 50.0, 0.2) << "letters that reach down stand on the point";
 }
 
 TEST(Text, OfAVerticalStyleRunsDown) {
