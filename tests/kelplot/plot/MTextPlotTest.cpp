@@ -91,7 +91,7 @@ TEST(MTextPlot, LinesStandWhereTheirAlignmentSays) {
 }
 
 TEST(MTextPlot, StacksKeepToTheMiddleOfTheirLineAndLinesRunBelow) {
-    const Shapes set = shapesFor("7\\A1;\\H2;\\S1/2;");
+    const Shapes set = shapesFor(R"(7\A1;\H2;\S1/2;)");
     ASSERT_EQ(set.size(), 4U);
     const double middle = set[0].origin.y - 15.0; // half of the height of the 7
     EXPECT_NEAR(set[3].path.boundingRect().center().y(), middle, 0.6) << "the bar";
@@ -141,6 +141,7 @@ TEST(FontSet, FindsFontsByTheTable) {
     const QString &first = families.front(), &last = families.back();
     FontTable table;
     table.set("simplex", {{"no such font", first}, true, false, false});
+    table.set("italic", {{first}, false, true, false});
     table.set("gdt", {{first}, false, false, true});
     table.set("arial-like", {{"no such font"}, false, false, false});
     table.setOthers({"no such font", last});
@@ -148,17 +149,19 @@ TEST(FontSet, FindsFontsByTheTable) {
     const struct {
         FontName name;
         QString family;
-        bool bold;
+        bool bold, italic;
     } cases[] = {
-        {{"C:\\Fonts\\SIMPLEX.SHX", true, false, false}, first, true},
-        {{'@' + first.toLower().toStdString(), false, true, false}, first, true},
-        {{"Arial-like", false, false, false}, last, false},
-        {{"unheard of.ttf", true, false, false}, last, false},
+        {{"C:\\Fonts\\SIMPLEX.SHX", true, false, false}, first, true, false},
+        {{'@' + first.toLower().toStdString(), false, true, true}, first, true, true},
+        {{"italic", false, false, false}, first, false, true},
+        {{"Arial-like", false, false, false}, last, false, false},
+        {{"unheard of.ttf", true, false, false}, last, false, false},
     };
     for (const auto& row : cases) {
         const FontFace face = fonts.choose(row.name, "").face;
         EXPECT_EQ(face.family, row.family) << row.name.name;
         EXPECT_EQ(face.bold, row.bold) << row.name.name;
+        EXPECT_EQ(face.italic, row.italic) << row.name.name;
     }
     const auto runs = fonts.split("n5", fonts.choose({"gdt.shx", true, false, false}, ""));
     QString text;

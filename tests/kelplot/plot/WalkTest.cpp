@@ -132,7 +132,7 @@ TEST(Walk, DrawsEachCopyThatShowsAsAReferenceOfItsOwn) {
         const double cosine = std::cos(row.turned / 57.29577951308232), sine = std::sin(row.turned / 57.29577951308232);
         std::string singles;
         for (int i = 0; i < 2500; ++i) {
-            const Vec2 moved{row.columnSpacing * (i % 50), row.rowSpacing * (i / 50)};
+            const Vec2 moved{row.columnSpacing * (i % 50), row.rowSpacing * std::floor(i / 50.0)};
             singles += " 0=INSERT 2=0" + turned + group(10, 51.23 + cosine * moved.x - sine * moved.y) +
                        group(20, 48.76 + sine * moved.x + cosine * moved.y);
         }
