@@ -4,7 +4,9 @@
 #include <QFontDatabase>
 #include <algorithm>
 #include <cmath>
+#include <map>
 
+#include "base/BoundedCache.h"
 #include "kelplot/plot/PlotKit.h"
 #include "plot/text/FontSet.h"
 
@@ -169,6 +171,15 @@ TEST(FontSet, FindsFontsByTheTable) {
         text += run.text;
     }
     EXPECT_EQ(text, QString::fromUtf8("⌀5"));
+}
+
+TEST(BoundedCache, ForgetsWhenItIsFull) {
+    BoundedCache<std::map<int, int>, 2> cache;
+    int made = 0;
+    for (const int key : {1, 2, 1, 3, 1}) {
+        cache.get(key, [&] { return ++made; });
+    }
+    EXPECT_EQ(made, 4) << "1 and 2, then 3 in their place, then 1 again";
 }
 
 } // namespace
