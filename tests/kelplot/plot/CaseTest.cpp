@@ -53,7 +53,7 @@ void apply(const std::string& option, Settings& to) {
     EXPECT_FALSE(words.fail()) << option;
 }
 
-/// Those of the points behind the word of a line, in drawing units, that the areas cover, or leave bare.
+/// Those of the points after the word of a line, in drawing units, that the areas cover, or leave bare.
 std::string covered(const std::string& line, bool wanted, const Shapes& shapes) {
     std::istringstream words(line);
     std::string result;

@@ -78,7 +78,7 @@ TEST_F(Pictures, LieWhereTheDrawingSays) {
             plot();
             const std::tuple<double, double, QRgb> points[] = {
                 {0.3, 0.3, quarters[0]},  {39.7, 0.3, quarters[1]},  // corners
-                {0.3, 19.7, quarters[2]}, {20.3, 10.3, quarters[3]}, // just behind the middle
+                {0.3, 19.7, quarters[2]}, {20.3, 10.3, quarters[3]}, // just past the middle
                 {-0.3, 10, white},        {40.3, 10, white},         {20, -0.3, white}, {20, 20.3, white}};
             for (const auto& [x, y, expected] : points) {
                 EXPECT_EQ(at(x, y), expected) << name << ' ' << place << " at " << x << ',' << y;

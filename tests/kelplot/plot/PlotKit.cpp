@@ -28,9 +28,9 @@ PlotReport plotOn(QPaintDevice& device, const Drawing& drawing, PlotTarget targe
     return report;
 }
 
-std::string between(const std::string& text, const std::string& before, const std::string& behind) {
+std::string between(const std::string& text, const std::string& before, const std::string& after) {
     const size_t start = text.find(before) + before.size();
-    return text.substr(start, text.find(behind, start) - start);
+    return text.substr(start, text.find(after, start) - start);
 }
 
 Shape shapeOf(const PlotRecorder::Call& call) {
@@ -112,8 +112,8 @@ QImage paintedPage(const Drawing& drawing, const PlotTarget& target, const PlotS
     return page;
 }
 
-Box2 extentsOf(const Drawing& drawing) {
-    return visibleExtents(drawing, drawing.modelSpace);
+Box2 extentsOf(const Drawing& drawing, WalkReport* report) {
+    return visibleExtents(drawing, drawing.modelSpace, report);
 }
 
 Drawing withEntities(const std::string& entities) {

@@ -37,8 +37,8 @@ Shapes shapesOf(const Drawing& drawing, const PlotTarget& target = tenfoldTarget
 QImage paintedPage(const Drawing& drawing, const PlotTarget& target = tenfoldTarget(),
                    const PlotStyleOptions& style = {}, PlotReport* report = nullptr);
 
-/// The extents of the entities in model space.
-Box2 extentsOf(const Drawing& drawing);
+/// The extents of the entities in model space, and what is left out of them.
+Box2 extentsOf(const Drawing& drawing, WalkReport* report = nullptr);
 
 /// A drawing of these entities, in the notation of `linesOf`.
 Drawing withEntities(const std::string& entities);

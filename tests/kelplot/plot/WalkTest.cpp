@@ -78,7 +78,7 @@ TEST(Walk, CountsReferencesToUndefinedBlocksOnce) {
                    drawingOf("0=INSERT 2=B 70=3 71=3 44=2 45=2 0=INSERT 2=missing 0=INSERT 2=empty"
                              " 0=INSERT 2=missing 8=frozen"));
     WalkReport report;
-    visibleExtents(drawing, drawing.modelSpace, &report);
+    extentsOf(drawing, &report);
     EXPECT_EQ(report.undefined.size(), 2U) << "the one in the block and the one on the layer that shows";
 }
 

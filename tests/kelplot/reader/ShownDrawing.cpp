@@ -72,7 +72,7 @@ public:
         return " from " + text(start / degree) + " to " + text(end / degree);
     }
 
-    /// The values with a blank before each, behind a word; nothing where there are none.
+    /// The values with a blank before each, after a word; nothing where there are none.
     template <typename Values>
     static std::string list(const char* word, const Values& values) {
         std::string result;
@@ -82,7 +82,7 @@ public:
         return result;
     }
 
-    /// A value behind a word, unless it is the usual one.
+    /// A value after a word, unless it is the usual one.
     template <typename Value>
     static std::string unless(const char* word, const Value& value, const Value& usual) {
         const std::string shown = text(value);
