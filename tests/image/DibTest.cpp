@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <climits>
+#include <cstring>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -9,15 +10,13 @@
 namespace {
 
 int nearestByFullSearch(unsigned color) {
-    const int wanted[] = {static_cast<int>(color & 0xFF), static_cast<int>(color >> 16 & 0xFF),
-                          static_cast<int>(color >> 8 & 0xFF)};
-    int best = 0;
-    int bestDistance = 0x0FFFFFFF;
+    const unsigned wanted = (color & 0xFF) << 16 | (color >> 8 & 0xFF) | (color >> 16 & 0xFF) << 8;
+    int best = 0, bestDistance = INT_MAX;
     for (int i = 0; i < 255; ++i) {
-        const uint32_t entry = HT_GetPaletteColors(i);
         int distance = 0;
-        for (int c = 0; c < 3; ++c) {
-            const int apart = static_cast<int>(entry >> (16 - 8 * c) & 0xFF) - wanted[c];
+        for (const int shift : {0, 8, 16}) {
+            const int apart =
+                static_cast<int>(HT_GetPaletteColors(i) >> shift & 0xFF) - static_cast<int>(wanted >> shift & 0xFF);
             distance += apart * apart;
         }
         if (distance < bestDistance) {
@@ -39,12 +38,10 @@ TEST(NearestIndex, KnownColours) {
 TEST(NearestIndex, AgreesWithAFullSearch) {
     std::mt19937 random(5);
     int wrong = 0;
-    for (unsigned i = 0; i < 64U * 64 * 64; ++i) {
-        const unsigned cube = (i & 63U) * 4 | (i >> 6 & 63U) * 4 << 8 | (i >> 12) * 4 << 16;
-        wrong += HT_GetNearestIndex(cube) != nearestByFullSearch(cube) ? 1 : 0;
-    }
-    for (int i = 0; i < 200000; ++i) {
-        const auto color = static_cast<unsigned>(random());
+    for (unsigned i = 0; i < 460000; ++i) { // a grid of colours, then any
+        const bool isGrid = i < 64U * 64 * 64;
+        const auto color =
+            isGrid ? (i & 63U) * 4 | (i >> 6 & 63U) * 4 << 8 | (i >> 12) * 4 << 16 : static_cast<unsigned>(random());
         wrong += HT_GetNearestIndex(color) != nearestByFullSearch(color) ? 1 : 0;
     }
     EXPECT_EQ(wrong, 0);
@@ -90,12 +87,14 @@ TEST(PixelColor, IsReadWithinTheImageAndOnItsFarEdges) {
     EXPECT_EQ(vndrGetColor(pixels, {header(0, 1, 32), {}}, 0, 0, 0, color), 0);
     EXPECT_EQ(vndrGetColor(pixels, {header(INT32_MIN, INT32_MIN, 32), {}}, 0, 0, 0, color), 0);
     EXPECT_EQ(color.rgbBlue, 9) << "left alone";
-    EXPECT_EQ(vndrGetColor(pixels, info, 0, 0, 77, color), 1);
-    EXPECT_TRUE(color.rgbBlue == 1 && color.rgbGreen == 2 && color.rgbRed == 3 && color.rgbReserved == 1);
-    EXPECT_EQ(vndrGetColor(pixels, info, 1, 0, 0, color), 1);
-    EXPECT_TRUE(color.rgbBlue == 4 && color.rgbReserved == 0);
-    EXPECT_EQ(vndrGetColor(pixels, info, 2, 1, 0, color), 1);
-    EXPECT_TRUE(color.rgbBlue == 12345 % 256 && color.rgbGreen == 12345 / 256 && color.rgbReserved == 0);
+    const struct {
+        long x, y;
+        tagRGBQUAD color;
+    } rows[] = {{0, 0, {1, 2, 3, 1}}, {1, 0, {4, 5, 6, 0}}, {2, 1, {12345 % 256, 12345 / 256, 0, 0}}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(vndrGetColor(pixels, info, row.x, row.y, 77, color), 1);
+        EXPECT_EQ(std::memcmp(&color, &row.color, sizeof color), 0) << row.x;
+    }
 }
 
 } // namespace

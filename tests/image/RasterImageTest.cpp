@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <gtest/gtest.h>
 
+#include "image/ImageAnswers.h"
 #include "support/ExpectedWarnings.h"
 #include "support/ImageBytes.h"
 #include "support/TemporaryDirectory.h"
@@ -21,53 +22,29 @@ QImage picture(int width, int height, QImage::Format format = QImage::Format_ARG
     return image;
 }
 
-TEST(RasterImage, SlotsKeepTheOrderAgreedWithDrivers) {
-    using I = HT_RasterImage;
-    const ptrdiff_t order[] = {slotOf(&I::pixelWidth),
-                               slotOf(&I::pixelHeight),
-                               slotOf(&I::colorDepth),
-                               slotOf(&I::resolutionWidth),
-                               slotOf(&I::resolutionHeight),
-                               slotOf(&I::hasPalette),
-                               slotOf(&I::hasAlpha),
-                               slotOf(&I::transparentColor),
-                               slotOf(&I::getTransparency),
-                               slotOf(&I::imageSource),
-                               slotOf(&I::SetImageSource),
-                               slotOf(&I::pixelFormat),
-                               slotOf(&I::numPaletteColors),
-                               slotOf(&I::paletteData),
-                               slotOf(&I::scanLineSize),
-                               slotOf(&I::scanLinesBase),
-                               slotOf(&I::scanLines),
-                               slotOf(&I::getBitmapInfo),
-                               slotOf(&I::bltDraw),
-                               slotOf(&I::saveAs),
-                               slotOf(&I::convertTo),
-                               slotOf(&I::freeConvert),
-                               slotOf(&I::isMapViewOfFile),
-                               slotOf(&I::destroy),
-                               slotOf(&I::flip),
-                               slotOf(&I::addAlpha)};
+template <typename... Members>
+void expectSlotsInOrder(Members... members) {
     ptrdiff_t expected = 0;
-    for (const ptrdiff_t slot : order) {
+    for (const ptrdiff_t slot : {slotOf(members)...}) {
         EXPECT_EQ(slot, expected++);
     }
+}
+
+TEST(RasterImage, SlotsKeepTheOrderAgreedWithDrivers) {
+    using I = HT_RasterImage;
+    expectSlotsInOrder(&I::pixelWidth, &I::pixelHeight, &I::colorDepth, &I::resolutionWidth, &I::resolutionHeight,
+                       &I::hasPalette, &I::hasAlpha, &I::transparentColor, &I::getTransparency, &I::imageSource,
+                       &I::SetImageSource, &I::pixelFormat, &I::numPaletteColors, &I::paletteData, &I::scanLineSize,
+                       &I::scanLinesBase, &I::scanLines, &I::getBitmapInfo, &I::bltDraw, &I::saveAs, &I::convertTo,
+                       &I::freeConvert, &I::isMapViewOfFile, &I::destroy, &I::flip, &I::addAlpha);
 }
 
 TEST(RasterImage, AnswersForAnAbsentImage) {
     unsigned char junk[] = "no image";
     for (const auto& [data, size] : {std::pair<unsigned char*, int>{junk, 8}, {nullptr, 8}, {junk, 0}, {junk, -1}}) {
         const HT_RasterImagePtr image = RasterImageFactory::CreateFromDibImage(data, size);
-        ASSERT_NE(image, nullptr);
-        EXPECT_TRUE(image->pixelWidth() == 0 && image->pixelHeight() == 0 && image->colorDepth() == -1);
-        EXPECT_TRUE(image->resolutionWidth() == -1.0 && image->resolutionHeight() == -1.0);
-        EXPECT_FALSE(image->hasPalette() || image->hasAlpha());
-        EXPECT_TRUE(image->getTransparency() == 0 && image->pixelFormat() == 15 && image->numPaletteColors() == 0);
-        unsigned int count = 5;
-        EXPECT_TRUE(image->paletteData(count) == nullptr && count == 5);
-        EXPECT_TRUE(image->scanLineSize() == 0 && image->scanLinesBase() == nullptr);
-        EXPECT_EQ(image->getBitmapInfo(), nullptr);
+        EXPECT_EQ(answersOf(*image), "0 x 0 x -1, resolution -1 x -1, palette 0 no 5 0, alpha 0 0, format 15, "
+                                     "rows of 0 no, header no");
         EXPECT_EQ(image->saveAs(L"never.png"), 0U);
         EXPECT_TRUE(convertedBack(*image).isNull());
         image->flip();
@@ -85,18 +62,15 @@ TEST(RasterImage, DescribesDecodedImages) {
     indexed.fill(0);
     indexed.setDotsPerMeterX(11811); // 300 dots per inch
     indexed.setDotsPerMeterY(5906);
-    const HT_RasterImagePtr image = decode(imageBytes(indexed));
-    EXPECT_TRUE(image->resolutionWidth() == 300.0 && image->resolutionHeight() == 150.0);
-    EXPECT_TRUE(image->hasPalette() && image->hasAlpha() && image->pixelFormat() == 2);
-    EXPECT_EQ(image->getTransparency(), 0) << "the translucent colour is not used";
-    unsigned int count = 7;
+    const HT_RasterImagePtr image = decode(imageBytes(indexed)); // whose translucent colour is not used
+    EXPECT_EQ(answersOf(*image), "10 x 20 x 8, resolution 300 x 150, palette 1 yes 5 3, alpha 1 0, format 2, "
+                                 "rows of 12 yes, header yes");
+    unsigned int count = 0;
     const tagRGBQUAD* palette = image->paletteData(count);
     EXPECT_TRUE(palette[0].rgbRed == 0x10 && palette[0].rgbGreen == 0x20 && palette[1].rgbReserved == 0x80);
-    EXPECT_EQ(count, 7U) << "left alone";
-    const tagBITMAPINFO* info = image->getBitmapInfo();
-    EXPECT_TRUE(info->bmiHeader.biSize == 40 && info->bmiHeader.biWidth == 10 && info->bmiHeader.biHeight == -20);
-    EXPECT_TRUE(info->bmiHeader.biPlanes == 1 && info->bmiHeader.biBitCount == 8);
-    EXPECT_TRUE(info->bmiHeader.biClrUsed == 3 && image->numPaletteColors() == 3 && image->scanLineSize() == 12);
+    const tagBITMAPINFOHEADER& header = image->getBitmapInfo()->bmiHeader;
+    EXPECT_TRUE(header.biSize == 40 && header.biWidth == 10 && header.biHeight == -20 && header.biPlanes == 1);
+    EXPECT_TRUE(header.biBitCount == 8 && header.biClrUsed == 3);
     image->addAlpha(0);
     EXPECT_EQ(image->getTransparency(), 0) << "colours with a palette have no opacity of their own";
 
@@ -161,6 +135,32 @@ TEST(RasterImage, FlipsConvertsAndSaves) {
     EXPECT_EQ(image->saveAs(QString::fromStdString(directory.path("ж.png")).toStdWString().c_str()), 1U);
     EXPECT_EQ(QImage(QString::fromStdString(directory.path("ж.png"))), original);
     EXPECT_EQ(image->saveAs(QString::fromStdString(directory.path("a.nothing")).toStdWString().c_str()), 0U);
+}
+
+// Chunks after the header name the one colour of a deep picture that is to be seen through.
+TEST(RasterImage, SeesThroughTheKeyColourOfDeepPictures) {
+    const ExpectedWarnings readerComplains("libpng"); // of a wrong checksum
+    QImage deep(2, 1, QImage::Format_RGBX64);
+    deep.setPixelColor(0, 0, QColor(QRgba64::fromRgba64(0x1000, 0x2000, 0x3000, 0xFFFF)));
+    deep.setPixelColor(1, 0, QColor(QRgba64::fromRgba64(0x4000, 0x5000, 0x6001, 0xFFFF)));
+    const std::vector<unsigned char> whole = imageBytes(deep);
+    const std::string first("\0\0\0\6tRNS\x10\0\x20\0\x30\0\x12\x04\x9C\xC7", 18);
+    const std::string second("\0\0\0\6tRNS\x40\0\x50\0\x60\1\xB8\x09\x59\x6E", 18);
+    const std::string damaged = first.substr(0, 17) + '\0';
+    const std::tuple<std::string, int, int> rows[] = {
+        {"", 255, 255},           {first, 0, 255},     {second, 255, 0},
+        {first + second, 0, 255}, {damaged, 255, 255}, {damaged + second, 255, 0},
+    };
+    for (const auto& [chunks, left, right] : rows) {
+        std::vector<unsigned char> file = whole;
+        file.insert(file.begin() + 33, chunks.begin(), chunks.end());
+        const QImage image = convertedBack(*decode(file));
+        EXPECT_EQ(image.pixel(0, 0), qRgba(0x10, 0x20, 0x30, left)) << chunks;
+        EXPECT_EQ(image.pixel(1, 0), qRgba(0x40, 0x50, 0x60, right)) << chunks;
+    }
+    std::vector<unsigned char> file = whole;
+    file[33] = 0x7F; // far more in the second chunk than there is
+    EXPECT_EQ(decode(file)->colorDepth(), -1);
 }
 
 } // namespace

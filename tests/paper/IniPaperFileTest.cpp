@@ -30,16 +30,6 @@ void writeKeyByKey(const std::wstring& path, const std::vector<PaperSize>& paper
     }
 }
 
-template <typename Write>
-bool throwsRangeError(const Write& write) {
-    try {
-        write();
-        return false;
-    } catch (const std::range_error&) {
-        return true;
-    }
-}
-
 TEST(IniPaperFile, IsWrittenToTheByte) {
     const TemporaryDirectory directory;
     const std::string path =
@@ -66,20 +56,25 @@ TEST(IniPaperFile, EndsUpAsWrittenKeyByKey) {
         L"\r|a\n\n#|\xD800|a\n[General] # x\ny=z|" +
         std::wstring(64, L'\u20AC');
     const TemporaryDirectory directory;
+    const auto written = [&](const char* file, const auto& write) {
+        const std::wstring path = wide(directory.write("p.ini", file));
+        try {
+            write(path);
+        } catch (const std::range_error&) {
+            return directory.read("p.ini") + " and an error";
+        }
+        return directory.read("p.ini");
+    };
     size_t pair = 0;
     for (const char* file : files) {
         std::wstringstream list(names);
         for (std::wstring name; std::getline(list, name, L'|');) {
-            if (pair++ % 3 != 0) { // each file meets a third of the names: all that writing takes its time
-                continue;
+            if (pair++ % 3 == 0) { // each file meets a third of the names: all that writing takes its time
+                const std::vector<PaperSize> papers{paperOf(9, name), paperOf(8, L"last")};
+                EXPECT_EQ(written(file, [&](auto& path) { HT_WritePaperFile(path.c_str(), papers.data(), 2); }),
+                          written(file, [&](auto& path) { writeKeyByKey(path, papers); }))
+                    << ::testing::PrintToString(file) << ::testing::PrintToString(name);
             }
-            SCOPED_TRACE(::testing::Message() << ::testing::PrintToString(file) << ::testing::PrintToString(name));
-            const std::vector<PaperSize> papers{paperOf(9, name), paperOf(8, L"last")};
-            const std::wstring path = wide(directory.write("once.ini", file));
-            const std::wstring slowPath = wide(directory.write("slow.ini", file));
-            EXPECT_EQ(throwsRangeError([&] { HT_WritePaperFile(path.c_str(), papers.data(), 2); }),
-                      throwsRangeError([&] { writeKeyByKey(slowPath, papers); }));
-            EXPECT_EQ(directory.read("once.ini"), directory.read("slow.ini"));
         }
     }
 }

@@ -47,17 +47,12 @@ inline std::wstring wide(const std::string& path) {
     return KelDriver::Internal::fromUtf8(path);
 }
 
-/// What a query answers, followed by what it wrote in front of a filler of 'U'.
-struct Answer {
-    int result;
-    std::string written;
-};
-
-inline Answer ask(int code, const std::string& path, size_t room = 2000) {
+/// What a query answers, a colon, and what it wrote in front of a filler of 'U'.
+inline std::string ask(int code, const std::string& path, size_t room = 2000) {
     std::string buffer = '\0' + std::string(room, 'U'); // the buffer proper is unaligned
     const int result =
         HT_DefaultDeviceCapabilities(static_cast<unsigned short>(code), &buffer[1], nullptr, wide(path).c_str());
-    return {result, buffer.substr(1, buffer.find_last_not_of('U'))};
+    return std::to_string(result) + ':' + buffer.substr(1, buffer.find_last_not_of('U'));
 }
 
 inline int countOf(int code, const std::string& path) {

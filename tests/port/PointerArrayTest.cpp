@@ -32,18 +32,12 @@ std::string textOf(I_HT_PointerArray& array) {
     return text;
 }
 
-void fill(I_HT_PointerArray& array) {
-    for (const auto& [place, letter] : {std::pair{0, 2}, {0, 0}, {2, 4}, {1, 1}, {3, 3}}) {
-        array.Insert(place, &letters[letter]);
-    }
-}
-
 template <typename Array>
 void expectAgreedOrder() {
-    const ptrdiff_t order[] = {slotOf(&Array::GetCount), slotOf(&Array::GetData), slotOf(&Array::Insert),
-                               slotOf(&Array::Remove), slotOf(&Array::Clear)};
-    for (size_t i = 0; i < std::size(order); ++i) {
-        EXPECT_EQ(order[i], static_cast<ptrdiff_t>(i));
+    ptrdiff_t expected = 0;
+    for (const ptrdiff_t slot : {slotOf(&Array::GetCount), slotOf(&Array::GetData), slotOf(&Array::Insert),
+                                 slotOf(&Array::Remove), slotOf(&Array::Clear)}) {
+        EXPECT_EQ(slot, expected++);
     }
 }
 
@@ -57,7 +51,9 @@ TEST(PointerArray, ShiftsOnInsertAndRemoveAndDestroysOnClear) {
     HT_PointerArray array(100, neverCreated, noteDestroyed); // the capacity makes no elements
     EXPECT_EQ(array.GetCount(), 0);
     EXPECT_EQ(array.GetData(0), nullptr);
-    fill(array);
+    for (const auto& [place, letter] : {std::pair{0, 2}, {0, 0}, {2, 4}, {1, 1}, {3, 3}}) {
+        array.Insert(place, &letters[letter]);
+    }
     EXPECT_EQ(textOf(array), "abcde");
     for (const int outside : {-1, 5, INT32_MIN}) {
         EXPECT_EQ(array.GetData(outside), nullptr) << outside;
@@ -74,7 +70,7 @@ TEST(PointerArray, ShiftsOnInsertAndRemoveAndDestroysOnClear) {
         EXPECT_EQ(array.GetCount(), 0);
     }
     HT_PointerArray withoutDestroy(0, nullptr, nullptr);
-    fill(withoutDestroy);
+    withoutDestroy.Insert(0, letters);
     withoutDestroy.Clear();
     EXPECT_EQ(withoutDestroy.GetCount(), 0);
 }

@@ -8,6 +8,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "port/CString.h"
@@ -25,19 +26,14 @@ std::wstring format(const wchar_t* text, ...) {
     return result;
 }
 
-struct Row {
-    const char* name;
-    std::wstring result;
-    std::wstring expected;
-};
-
-void expectRows(const std::vector<Row>& rows) {
-    for (const Row& row : rows) {
-        EXPECT_EQ(row.result, row.expected) << row.name;
+void expectRows(const std::vector<std::tuple<const char*, std::wstring, std::wstring>>& rows) {
+    for (const auto& [name, result, expected] : rows) {
+        EXPECT_EQ(result, expected) << name;
     }
 }
 
-TEST(WideFormat, PadsIntegers) {
+TEST(WideFormat, WritesIntegers) {
+    constexpr int64_t minusOne = -1;
     expectRows({
         {"zeros before the sign", format(L"%05d", -42), L"00-42"},
         {"zeros before the base", format(L"%#06x", 255), L"000xff"},
@@ -51,11 +47,7 @@ TEST(WideFormat, PadsIntegers) {
         {"the zero flag does not reach a text", format(L"%04s", L"a"), L"   a"},
         {"left ends with its conversion", format(L"%-3d|%3d", 1, 2), L"1  |  2"},
         {"blank flag", format(L"% d % 3d", 5, 6), L"5   6"},
-    });
-}
-
-TEST(WideFormat, TakesWidthAndPrecisionFromArguments) {
-    expectRows({
+        // Widths and precisions that are arguments.
         {"width", format(L"%*d", 3, 7), L"  7"},
         {"a later star", format(L"%*-*d|", 9, 3, 7), L"7  |"},
         {"digits beside a zero star", format(L"%*5d", 0, 7), L"    7"},
@@ -63,12 +55,7 @@ TEST(WideFormat, TakesWidthAndPrecisionFromArguments) {
         {"negative width", format(L"%0*d", -5, 7), L"7"},
         {"precision", format(L"%.*d %.*f", 2, 7, 1, 0.25), L"07 0.2"},
         {"negative precision", format(L"%.*d %.*f", -2, 7, -1, 0.25), L"7 0.250000"},
-    });
-}
-
-TEST(WideFormat, ReadsLengths) {
-    constexpr int64_t minusOne = -1;
-    expectRows({
+        // Length prefixes.
         {"32 bits are signed", format(L"%u %lu %hu", -1, -1, 70000), L"-1 -1 70000"},
         {"but not in other bases", format(L"%x %o", -1, -1), L"ffffffff 37777777777"},
         {"64 bits are not", format(L"%I64d %lld", minusOne, minusOne), L"18446744073709551615 18446744073709551615"},
@@ -80,9 +67,10 @@ TEST(WideFormat, ReadsLengths) {
     });
 }
 
-TEST(WideFormat, WritesTextsAndCharacters) {
+TEST(WideFormat, WritesTextsPointersAndLiterals) {
     const wchar_t* const noText = nullptr;
     const char* const noBytes = nullptr;
+    int number = -12;
     expectRows({
         {"wide", format(L"%s %ls %wS %LS", L"a", L"b", L"\u00e9", L"d"), L"a b \u00e9 d"},
         {"narrow", format(L"%S %hs %hS", "a", "\xe9", "c"), L"a \u00e9 c"},
@@ -92,7 +80,16 @@ TEST(WideFormat, WritesTextsAndCharacters) {
         {"a narrow character is a number", format(L"%hc %+4hC", 65, 66), L"65  +66"},
         {"no character silences the rest", format(L"%c%d", -1, 5), std::wstring{static_cast<wchar_t>(-1), L'5'}},
         {"terminator as a character", format(L"%cz", 0), std::wstring{L'\0', L'z'}},
+        {"pointer", format(L"%8p|%p", reinterpret_cast<void*>(0xAB), nullptr), L"    0xab|0"},
+        {"counter", format(L"abc%n%5n", &number, &number), L"abc-12  -12"},
+        // A width without a conversion is kept for what comes next.
+        {"literal", format(L"%5q|ab"), L"    |ab"},
+        {"to the left", format(L"%-3qab"), L"a  b"},
+        {"percent", format(L"%3q%%"), L"  %"},
+        {"conversion", format(L"%4q%s", L"ab"), L"  ab"},
+        {"a precision takes its place", format(L"%4q%.2d", 1), L"01"},
     });
+    EXPECT_EQ(number, -12) << "nothing is stored through the pointer";
 }
 
 TEST(WideFormat, WritesFloatingNumbers) {
@@ -106,25 +103,6 @@ TEST(WideFormat, WritesFloatingNumbers) {
         {"fill", format(L"%08.2f%+7.1f", -1.5, 2.0), L"000-1.50   +2.0"},
         {"no number", format(L"%G %f %06e %+f", NAN, -infinity, infinity, infinity), L"NAN -inf 000inf +inf"},
         {"no capitals in fixed notation", format(L"%f %G", infinity, infinity), L"inf inf"},
-    });
-}
-
-TEST(WideFormat, WritesPointers) {
-    int number = -12;
-    expectRows({
-        {"pointer", format(L"%8p|%p", reinterpret_cast<void*>(0xAB), nullptr), L"    0xab|0"},
-        {"counter", format(L"abc%n%5n", &number, &number), L"abc-12  -12"},
-    });
-    EXPECT_EQ(number, -12) << "nothing is stored through the pointer";
-}
-
-TEST(WideFormat, KeepsTheWidthForWhatComesNext) {
-    expectRows({
-        {"literal", format(L"%5q|ab"), L"    |ab"},
-        {"to the left", format(L"%-3qab"), L"a  b"},
-        {"percent", format(L"%3q%%"), L"  %"},
-        {"conversion", format(L"%4q%s", L"ab"), L"  ab"},
-        {"a precision takes its place", format(L"%4q%.2d", 1), L"01"},
     });
 }
 

@@ -22,16 +22,14 @@ std::wstring wide(const std::string& path) {
     return {path.begin(), path.end()};
 }
 
-struct StringCase {
+// The buffer holds 12 characters, "zz" at first; the default is "dflt".
+const struct {
     const char* name;
     const char* text;
     unsigned int size;
     int result;
     std::wstring buffer;
-};
-
-// The buffer holds 12 characters, "zz" at first; the default is "dflt".
-const StringCase strings[] = {
+} strings[] = {
     {"TwoValues", "[s]\nk=a\nk=bc\n", 10, 5, L"a|bc||||||||"},
     {"SecondDoesNotFit", "[s]\nk=a\nk=bc\n", 4, 2, L"a|||||||||||"},
     {"ExactFit", "[s]\nk=a\nk=bc\n", 5, 5, L"a|bc||||||||"},
@@ -50,7 +48,7 @@ const StringCase strings[] = {
 TEST(PrivateProfile, FillsTheBuffer) {
     const TemporaryDirectory directory;
     const std::string before = std::setlocale(LC_CTYPE, nullptr);
-    for (const StringCase& row : strings) {
+    for (const auto& row : strings) {
         const std::wstring path = wide(directory.write("in.ini", row.text));
         for (const char* locale : {"C", "C.UTF-8"}) { // text is UTF-8 even where the host has set no locale
             ASSERT_NE(std::setlocale(LC_CTYPE, locale), nullptr);
@@ -84,12 +82,10 @@ TEST(PrivateProfile, Integers) {
     const auto integer = [&](const wchar_t* section, const wchar_t* key) {
         return GetPrivateProfileIntEx(section, key, 77, path.c_str());
     };
-    EXPECT_EQ(integer(L"s", L"q"), 12);
-    EXPECT_EQ(integer(L"s", L"w"), 0);
-    EXPECT_EQ(integer(L"s", L"l"), -9);
-    EXPECT_EQ(integer(L"s", L"big"), 5);
-    EXPECT_EQ(integer(L"s", L"\u00E9"), 6);
-    EXPECT_EQ(integer(L"s", L"Q"), 77);
+    for (const auto& [key, value] :
+         {std::pair(L"q", 12), {L"w", 0}, {L"l", -9}, {L"big", 5}, {L"\u00E9", 6}, {L"Q", 77}}) {
+        EXPECT_EQ(integer(L"s", key), value) << value;
+    }
     EXPECT_EQ(integer(nullptr, L"top"), 3);
     EXPECT_EQ(GetPrivateProfileIntEx(L"s", L"q", 77, (path + L"x").c_str()), 77);
     EXPECT_THROW(integer(L"\x110000", L"q"), std::range_error);
@@ -113,17 +109,13 @@ TEST(PrivateProfile, Writes) {
     const TemporaryDirectory directory;
     const auto write = [&](const char* name, const wchar_t* section, const wchar_t* key, const wchar_t* value) {
         EXPECT_EQ(WritePrivateProfileStringEx(section, key, value, wide(directory.path(name)).c_str()), 1);
+        return directory.exists(name) ? directory.read(name) : "none";
     };
-    write("new.ini", L"s", L"k", L"\u00E9");
-    EXPECT_EQ(directory.read("new.ini"), "[s]\nk=\xC3\xA9\n");
+    EXPECT_EQ(write("new.ini", L"s", L"k", L"\u00E9"), "[s]\nk=\xC3\xA9\n");
     directory.write("old.ini", "# lost\nk=1 # n\n[s] # note\na=1\n");
-    write("old.ini", nullptr, L"k", L"2");
-    EXPECT_EQ(directory.read("old.ini"), "k=2 #n\n[s]\n #notea=1\n");
-    write("old.ini", L"s", L"a", L"");
-    EXPECT_EQ(directory.read("old.ini"), "k=2 #n\n[s]\na=\n");
+    EXPECT_EQ(write("old.ini", nullptr, L"k", L"2"), "k=2 #n\n[s]\n #notea=1\n");
+    EXPECT_EQ(write("old.ini", L"s", L"a", L""), "k=2 #n\n[s]\na=\n");
     directory.write("bad.ini", "[s]\nk = 1\njunk");
-    write("bad.ini", L"s", L"k", L"2");
-    EXPECT_EQ(directory.read("bad.ini"), "[s]\nk = 1\njunk");
-    write("none/x.ini", L"s", L"k", L"v");
-    EXPECT_FALSE(directory.exists("none"));
+    EXPECT_EQ(write("bad.ini", L"s", L"k", L"2"), "[s]\nk = 1\njunk");
+    EXPECT_EQ(write("none/x.ini", L"s", L"k", L"v"), "none");
 }

@@ -2,7 +2,7 @@
 #include "settings/ProfileSession.h"
 
 #include <filesystem>
-#include <memory>
+#include <optional>
 #include <random>
 #include <vector>
 
@@ -38,47 +38,38 @@ std::wstring answers(ProfileSession& session, const std::string& section, const 
     return out;
 }
 
+using Texts = std::vector<std::string>;
+
+// Some of them do not read back as they are written.
+const Texts values = {
+    "1",  "A4",   "x = y", "\"q\"",           "",       " b ",   "a # b",    "#",    "#a",        "[n", "two\nk=3",
+    "\r", "\n\n", "end\n", "a\n[s] # n\nk=4", "a\n #b", "x\n[]", "no\nsign", "\n[t", "\"u\" # v", "2",  "3",
+    "4"};
+const Texts names = {"s", "t", "k", "l", "s", "k", "", " s", "a#b", "#k", "a=b", "[k", "u]v", "\n", "a\nb=c", "k\t"};
+const Texts lines = {"k=1\n", "l=2 # n\n", "# c\n", "\n", "  k = 5\n", "=\n", "l=\"6\"\n", "", ""};
+const Texts headers = {"[s]\n", "# c\n[s] # note\n", "[s]x # note\n", "[ s ]\n"};
+
 class Random {
 public:
     explicit Random(unsigned seed) : m_random(seed) {}
-    size_t upTo(size_t count) { return std::uniform_int_distribution<size_t>(0, count - 1)(m_random); }
-    const std::string& of(const std::vector<std::string>& texts) { return texts[upTo(texts.size())]; }
+    size_t upTo(size_t count) { return m_random() % count; }
 
-    /// Mostly plain; else one that does not read back as it is written.
-    std::string value() {
-        static const std::vector<std::string> plain = {"1", "A4", "x = y", "\"q\"", ""};
-        static const std::vector<std::string> nasty = {" b ",    "a # b",           "#",        "#a",   "two\nk=3",
-                                                       "[n",     "a\n[s] # n\nk=4", "end\n",    "\n\n", "\r",
-                                                       "a\n #b", "x\n[]",           "no\nsign", "\n[t"};
-        return upTo(3) == 0 ? of(nasty) : of(plain);
+    /// One of the first `plain` texts; seldom, one in `rarity` times, any.
+    const std::string& of(const Texts& texts, size_t plain, size_t rarity) {
+        return texts[upTo(upTo(rarity) == 0 ? texts.size() : plain)];
     }
-    std::string name() {
-        static const std::vector<std::string> plain = {"s", "t", "k", "l"};
-        static const std::vector<std::string> nasty = {"",   " s",  "a#b", "#k",     "a=b",
-                                                       "[k", "u]v", "\n",  "a\nb=c", "k\t"};
-        return upTo(8) == 0 ? of(nasty) : of(plain);
+    std::string text() {
+        std::string text;
+        for (const std::string& header :
+             {std::string(), headers[upTo(4)], std::string(upTo(3) ? "[t]\n" : "[t] # n\n")}) {
+            text += header + lines[upTo(9)] + lines[upTo(9)] + lines[upTo(9)];
+        }
+        return text + (upTo(12) == 0 ? "junk" : "");
     }
 
 private:
     std::mt19937 m_random;
 };
-
-std::string randomText(Random& random) {
-    static const std::vector<std::string> lines = {"k=1", "l=2 # n", "# c", "", "  k = 5", "=", "l=\"6\""};
-    static const std::vector<std::string> headers = {"[s]", "# c\n[s] # note", "[s]x # note", "[ s ]"};
-    std::string text;
-    const auto addLines = [&] {
-        for (size_t count = random.upTo(4); count > 0; --count) {
-            text += random.of(lines) + "\n";
-        }
-    };
-    addLines();
-    text += random.of(headers) + "\n";
-    addLines();
-    text += random.upTo(3) == 0 ? "[t] # note\n" : "[t]\n";
-    addLines();
-    return text + (random.upTo(12) == 0 ? "junk" : "");
-}
 
 } // namespace
 
@@ -86,29 +77,28 @@ TEST(ProfileSession, GivesTheBytesAndAnswersOfSingleCalls) {
     const TemporaryDirectory directory;
     size_t written = 0, refused = 0;
     for (unsigned seed = 0; seed < 300; ++seed) {
-        SCOPED_TRACE(seed);
         Random random(seed);
         const std::string aloneName = std::to_string(seed), togetherName = aloneName + "-together";
-        const std::string alone = directory.path(aloneName), together = directory.path(togetherName);
-        const std::string text = random.upTo(8) != 0 ? randomText(random) : "";
+        const std::string alone = directory.path(aloneName), text = random.upTo(8) != 0 ? random.text() : "";
         if (!text.empty()) { // else the first call creates the file
             directory.write(aloneName, text);
             directory.write(togetherName, text);
         }
-        auto session = std::make_unique<ProfileSession>(together);
+        std::optional<ProfileSession> session(directory.path(togetherName));
         for (size_t calls = 1 + random.upTo(7); calls > 0; --calls) {
-            const std::string section = random.name(), key = random.name(), value = random.value();
+            const std::string section = random.of(names, 4, 8), key = random.of(names, 4, 8);
+            const std::string value = random.of(values, 5, 3);
             const std::string before = directory.exists(aloneName) ? directory.read(aloneName) : "";
             writeAlone(alone, section, key, value);
             session->writeString(section, key, value);
             ++(directory.read(aloneName) == before ? refused : written);
             if (random.upTo(5) == 0) {
                 ProfileSession fresh(alone);
-                ASSERT_EQ(answers(*session, section, key), answers(fresh, section, key));
+                ASSERT_EQ(answers(*session, section, key), answers(fresh, section, key)) << seed;
             }
         }
         session.reset();
-        ASSERT_EQ(directory.read(togetherName), directory.read(aloneName)) << "from\n" << text;
+        ASSERT_EQ(directory.read(togetherName), directory.read(aloneName)) << seed << " from\n" << text;
     }
     EXPECT_GT(written, 300U);
     EXPECT_GT(refused, 60U);
@@ -116,9 +106,8 @@ TEST(ProfileSession, GivesTheBytesAndAnswersOfSingleCalls) {
 
 TEST(ProfileSession, WritesTheFileOnceAndOnlyWhenSomethingWasSet) {
     const TemporaryDirectory directory;
-    const std::string path = directory.write("in.ini", "[s] k\nk=1\n");
     {
-        ProfileSession session(path);
+        ProfileSession session(directory.write("in.ini", "[s] k\nk=1\n"));
         EXPECT_EQ(session.getInt("s", "k", 0), 1);
         session.flush();
         EXPECT_EQ(directory.read("in.ini"), "[s] k\nk=1\n");

@@ -35,17 +35,18 @@ public:
     }
     void drawLines(const QLineF* lines, int count) override {
         for (int i = 0; i < count; ++i) {
-            record("line " + plotText::point(lines[i].p1()) + " " + plotText::point(lines[i].p2()));
+            const QPointF ends[] = {lines[i].p1(), lines[i].p2()};
+            record("line " + plotText::points(ends, 2), pathThrough(ends, 2));
         }
     }
     void drawEllipse(const QRectF& rect) override { record("ellipse " + plotText::rectangle(rect)); }
-    void drawPath(const QPainterPath& path) override {
-        record("path " + plotText::path(path));
-        recorder.recorded.back().path = path;
+    void drawPath(const QPainterPath& path) override { record("path " + plotText::path(path), path); }
+    void drawPoints(const QPointF* points, int count) override {
+        record("points " + plotText::points(points, count), pathThrough(points, count));
     }
-    void drawPoints(const QPointF* points, int count) override { record("points " + plotText::points(points, count)); }
     void drawPolygon(const QPointF* points, int count, PolygonDrawMode mode) override {
-        record((mode == PolylineMode ? "polyline " : "polygon ") + plotText::points(points, count));
+        record((mode == PolylineMode ? "polyline " : "polygon ") + plotText::points(points, count),
+               pathThrough(points, count));
     }
     void drawPixmap(const QRectF& target, const QPixmap& pixmap, const QRectF& source) override {
         drawImage(target, pixmap.toImage(), source, Qt::AutoColor);
@@ -56,7 +57,9 @@ public:
         recorder.recorded.back().image = image;
     }
     void drawTextItem(const QPointF& position, const QTextItem& item) override {
-        record("text " + plotText::point(position) + " " + item.text().toStdString());
+        QPainterPath outline;
+        outline.addText(position, item.font(), item.text());
+        record("text " + plotText::point(position) + " " + item.text().toStdString(), outline);
     }
 
     // The integer forms reach the ones above through the base class.
@@ -67,6 +70,14 @@ public:
     using QPaintEngine::drawRects;
 
 private:
+    static QPainterPath pathThrough(const QPointF* points, int count) {
+        QPainterPath path(points[0]);
+        for (int i = 1; i < count; ++i) {
+            path.lineTo(points[i]);
+        }
+        return path;
+    }
+
     static std::string regionText(const QRegion& region) {
         std::string text = "rect";
         for (const QRect& rect : region) {
@@ -98,8 +109,8 @@ private:
         return text;
     }
 
-    void record(std::string shape) {
-        recorder.recorded.push_back({std::move(shape), stateText(), {}, painter()->combinedTransform(), {}});
+    void record(std::string shape, const QPainterPath& path = {}) {
+        recorder.recorded.push_back({std::move(shape), stateText(), path, painter()->combinedTransform(), {}});
     }
 
     PlotRecorder& recorder;

@@ -21,7 +21,7 @@ public:
     struct Call {
         std::string shape;    ///< "polyline 0,0 5,0", "path M0,0 L5,0 …", "points 2,7"
         std::string state;    ///< " | pen … | brush …", then what differs from a fresh painter
-        QPainterPath path;    ///< of a path call, in logical coordinates
+        QPainterPath path;    ///< of lines, points, paths and the outlines of texts, in logical coordinates
         QTransform transform; ///< from logical to device coordinates
         QImage image;         ///< of an image call; shares the pixels that were drawn
     };

@@ -7,5 +7,5 @@
 
 int main() {
     auto image = RasterImageFactory::CreateFromGiRasterImage(Imgo::Image::LoadBytes(nullptr, 0).release());
-    return image != nullptr && image->pixelWidth() == 7 && image->colorDepth() == 24 ? 0 : 1;
+    return image != nullptr && image->pixelWidth() == 6 && image->colorDepth() == 32 ? 0 : 1;
 }

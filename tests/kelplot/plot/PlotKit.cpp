@@ -2,174 +2,132 @@
 #include "kelplot/plot/PlotKit.h"
 
 #include <QPainter>
-#include <QString>
 #include <algorithm>
 #include <cmath>
 #include <memory>
 
+#include "support/PlotRecorder.h"
+
 namespace kelplot {
+namespace {
 
-using Shape = RecordingRenderer::Shape;
+constexpr int pageSize = 1000;
 
-Vec2 Shape::arcPoint(double t) const {
-    const double x = radiusX * std::cos(t);
-    const double y = radiusY * std::sin(t);
-    return {points[0].x + x * std::cos(rotation) - y * std::sin(rotation),
-            points[0].y - x * std::sin(rotation) - y * std::cos(rotation)};
+PlotReport plotOn(QPaintDevice& device, const Drawing& drawing, const PlotTarget& target, const PlotStyleOptions& style,
+                  const Progress& progress) {
+    QPainter painter(&device);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const std::unique_ptr<HT_Renderer, void (*)(HT_Renderer*)> renderer(HT_RendererFactory::CreateRenderer(4, 0),
+                                                                        HT_RendererFactory::DestroyRenderer);
+    renderer->AttachDriver(&painter, {pageSize, pageSize}, false);
+    DirectPainter direct(painter);
+    renderer->StartRender();
+    const DrawingPlot plot(drawing, style);
+    plot.extents(drawing.modelSpace); // as the program does, which keeps the layouts of the texts
+    PlotReport report = plot.draw(drawing.modelSpace, target, {*renderer, &direct}, progress);
+    renderer->FinishRender();
+    renderer->DetachDriver();
+    return report;
 }
 
-std::string Shape::text() const {
-    std::string result = kind;
-    for (const Vec2 point : points) {
-        result += ' ' + std::to_string(std::lround(point.x)) + ',' + std::to_string(std::lround(point.y));
+std::string between(const std::string& text, const std::string& before, const std::string& after) {
+    const size_t start = text.find(before) + before.size();
+    return text.substr(start, text.find(after, start) - start);
+}
+
+Shape shapeOf(const PlotRecorder::Call& call) {
+    const std::string pen = between(call.state, "| pen ", " |");
+    const std::string word = between(call.shape, "", " ");
+    const QPointF origin = call.transform.map(QPointF());
+    Shape shape{word, pen, call.transform.map(call.path), {origin.x(), origin.y()}};
+    if (word == "path") {
+        const bool isArea = pen == "none";
+        shape.kind = isArea ? "area" : "arc";
+        shape.style = isArea ? between(call.state, "| brush ", " |") : pen;
+    } else if (word == "text") {
+        shape.kind = "text " + call.shape.substr(call.shape.find(' ', word.size() + 1) + 1);
+    } else if (word == "polyline" || word == "points") {
+        shape.kind = word == "points" ? "point" : "line";
     }
-    if (kind == "arc") {
-        result += " r " + std::to_string(std::lround(radiusX)) + ' ' + std::to_string(std::lround(radiusY));
+    return shape;
+}
+
+std::string text(QPointF p) {
+    return ' ' + std::to_string(std::lround(p.x())) + ',' + std::to_string(std::lround(p.y()));
+}
+
+} // namespace
+
+std::vector<Vec2> Shape::points() const {
+    constexpr double fineness = 100.0; // Qt follows curves to half a unit
+    std::vector<Vec2> result;
+    for (const QPolygonF& part : path.toSubpathPolygons(QTransform::fromScale(fineness, fineness))) {
+        for (const QPointF p : part) {
+            result.push_back({p.x() / fineness, p.y() / fineness});
+        }
     }
     return result;
 }
 
-void RecordingRenderer::add(const char* kind, const HT_Double_Point* points, int count) {
-    Shape shape = m_style;
-    shape.kind = kind;
-    for (int i = 0; i < count; ++i) {
-        shape.points.push_back({points[i].x, points[i].y});
+std::string Shape::text() const {
+    constexpr int fewElements = 12;
+    if (kind == "arc" || (kind == "line" && path.elementCount() > fewElements)) {
+        return (kind == "arc" ? kind : "curve") + kelplot::text(path.pointAtPercent(0)) +
+               kelplot::text(path.pointAtPercent(0.5)) + kelplot::text(path.pointAtPercent(1));
     }
-    shapes.push_back(shape);
-}
-
-void RecordingRenderer::DrawArc(const HT_Double_Point& center, double radiusX, double radiusY, double rotation,
-                                double startParam, double endParam) {
-    add("arc", &center, 1);
-    Shape& arc = shapes.back();
-    arc.radiusX = radiusX;
-    arc.radiusY = radiusY;
-    arc.rotation = rotation;
-    arc.start = startParam;
-    arc.end = endParam;
-}
-
-void RecordingRenderer::DrawText(wchar_t* text, int length, const HT_Font&, const HT_Double_Point& position, double,
-                                 double, double*) {
-    add("text", &position, 1);
-    shapes.back().kind += ' ' + QString::fromWCharArray(text, length).toStdString();
-}
-
-void RecordingRenderer::SetLineType(HT_PlotStyle::LineType type, double* pattern, unsigned int count) {
-    ++styleCalls;
-    m_style.pattern.clear();
-    if (type == HT_PlotStyle::LineTypeCustom) {
-        m_style.pattern.assign(pattern, pattern + count);
+    const bool isText = kind.rfind("text", 0) == 0;
+    std::string result = kind + (isText ? kelplot::text({origin.x, origin.y}) : "");
+    for (int i = 0; !isText && i < path.elementCount(); ++i) {
+        result += kelplot::text(path.elementAt(i));
     }
-}
-
-void RecordingRenderer::SetColor(HT_Color color) {
-    set(m_style.color, color);
-    m_style.alpha = 255;
-}
-
-Drawing emptyDrawing() {
-    Drawing drawing;
-    drawing.layers.push_back({});
-    drawing.layers[0].name = "0";
-    drawing.lineTypes.push_back({"Continuous", {}});
-    return drawing;
-}
-
-Entity entityOf(Geometry geometry, Vec3 extrusion) {
-    Entity entity;
-    entity.extrusion = extrusion;
-    entity.geometry = std::move(geometry);
-    return entity;
-}
-
-Insert referenceTo(uint32_t block) {
-    Insert insert;
-    insert.block = block;
-    return insert;
-}
-
-Drawing drawingOf(Entity entity) {
-    Drawing drawing = emptyDrawing();
-    drawing.modelSpace.push_back(std::move(entity));
-    return drawing;
-}
-
-Drawing drawingOf(Entity content, Entity reference) {
-    Drawing drawing = drawingOf(std::move(reference));
-    drawing.blocks.push_back({"block", {}, {std::move(content)}});
-    return drawing;
-}
-
-Polyline polylineOf(std::vector<PolylineVertex> vertices, bool closed) {
-    Polyline polyline;
-    polyline.vertices = std::move(vertices);
-    polyline.closed = closed;
-    return polyline;
-}
-
-Hatch solidHatch(std::vector<HatchLoop> loops, HatchStyle style) {
-    Hatch hatch;
-    hatch.solid = true;
-    hatch.style = style;
-    hatch.loops = std::move(loops);
-    return hatch;
+    return result;
 }
 
 PlotTarget tenfoldTarget() {
     PlotTarget target;
     target.toDevice = {10.0, 0.0, 0.0, -10.0, 0.0, 1000.0};
     target.deviceUnitsPerMillimetre = 10.0;
-    target.pageBox.add(Vec2{0.0, 0.0});
-    target.pageBox.add(Vec2{1000.0, 1000.0});
+    target.pageBox = {{0.0, 0.0}, {pageSize, pageSize}};
     return target;
 }
 
-Box2 visibleExtents(const Drawing& drawing, const std::vector<Entity>& entities, WalkReport* report) {
-    return DrawingPlot(drawing, {}).extents(entities, report);
-}
-
-PlotReport plotEntities(const Drawing& drawing, const std::vector<Entity>& entities, const PlotTarget& target,
-                        const PlotStyleOptions& style, const PlotSurface& surface, const Progress& progress) {
-    return DrawingPlot(drawing, style).draw(entities, target, surface, progress);
-}
-
-std::vector<Shape> shapesOf(const Drawing& drawing, const PlotTarget& target, const PlotStyleOptions& style) {
-    RecordingRenderer renderer;
-    plotEntities(drawing, drawing.modelSpace, target, style, {renderer}, {});
-    return renderer.shapes;
-}
-
-std::vector<Shape> shapesOf(const Entity& entity) {
-    return shapesOf(drawingOf(entity));
+Shapes shapesOf(const Drawing& drawing, const PlotTarget& target, const PlotStyleOptions& style, PlotReport* report,
+                const Progress& progress) {
+    PlotRecorder recorder;
+    const PlotReport told = plotOn(recorder, drawing, target, style, progress);
+    if (report != nullptr) {
+        *report = told;
+    }
+    Shapes shapes;
+    std::transform(recorder.calls().begin(), recorder.calls().end(), std::back_inserter(shapes), shapeOf);
+    return shapes;
 }
 
 QImage paintedPage(const Drawing& drawing, const PlotTarget& target, const PlotStyleOptions& style,
                    PlotReport* report) {
-    QImage page(1000, 1000, QImage::Format_RGB32);
+    QImage page(pageSize, pageSize, QImage::Format_RGB32);
     page.fill(Qt::white);
-    QPainter painter(&page);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const std::unique_ptr<HT_Renderer, void (*)(HT_Renderer*)> renderer(HT_RendererFactory::CreateRenderer(4, 0),
-                                                                        HT_RendererFactory::DestroyRenderer);
-    renderer->AttachDriver(&painter, {1000, 1000}, false);
-    DirectPainter direct(painter);
-    renderer->StartRender();
-    const PlotReport told = plotEntities(drawing, drawing.modelSpace, target, style, {*renderer, &direct}, {});
+    const PlotReport told = plotOn(page, drawing, target, style, {});
     if (report != nullptr) {
         *report = told;
     }
-    renderer->FinishRender();
-    renderer->DetachDriver();
     return page;
 }
 
-std::string textOf(const std::vector<Shape>& shapes) {
-    std::string text;
-    for (const Shape& shape : shapes) {
-        text += shape.text() + '\n';
-    }
-    return text;
+Box2 extentsOf(const Drawing& drawing, WalkReport* report) {
+    return DrawingPlot(drawing, {}).extents(drawing.modelSpace, report);
+}
+
+Drawing withEntities(const std::string& entities) {
+    return readGroups(drawingOf(entities));
+}
+
+std::string group(int code, double value) {
+    return ' ' + std::to_string(code) + '=' + QByteArray::number(value, 'g', 17).toStdString();
+}
+
+Vec2 onPage(Vec2 p) {
+    return {10.0 * p.x, 1000.0 - 10.0 * p.y};
 }
 
 double distanceToPath(Vec2 p, const std::vector<Vec2>& path) {
@@ -183,28 +141,18 @@ double distanceToPath(Vec2 p, const std::vector<Vec2>& path) {
     return nearest;
 }
 
-double distanceToLines(Vec2 p, const std::vector<Shape>& shapes) {
+double distanceToLines(Vec2 p, const Shapes& shapes) {
     double nearest = HUGE_VAL;
     for (const Shape& shape : shapes) {
-        nearest = std::min(nearest, distanceToPath(p, shape.points));
+        nearest = std::min(nearest, distanceToPath(p, shape.points()));
     }
     return nearest;
 }
 
-bool isCovered(const std::vector<Shape>& shapes, Vec2 p) {
-    bool covered = false;
-    for (const Shape& shape : shapes) {
-        bool inside = false;
-        for (size_t i = 0; i < shape.points.size(); ++i) {
-            const Vec2 a = shape.points[i];
-            const Vec2 b = shape.points[(i + 1) % shape.points.size()];
-            if ((a.y > p.y) != (b.y > p.y) && p.x < a.x + (b.x - a.x) * (p.y - a.y) / (b.y - a.y)) {
-                inside = !inside;
-            }
-        }
-        covered = covered || (shape.kind == "area" && inside);
-    }
-    return covered;
+bool isCovered(const Shapes& shapes, Vec2 p) {
+    return std::any_of(shapes.begin(), shapes.end(), [p](const Shape& shape) {
+        return shape.kind == "area" && shape.path.contains(QPointF(p.x, p.y));
+    });
 }
 
 } // namespace kelplot

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <gtest/gtest.h>
 
+#include <QFontDatabase>
 #include <cmath>
 
 #include "kelplot/plot/PlotKit.h"
@@ -8,163 +9,105 @@
 namespace kelplot {
 namespace {
 
-constexpr double quarterTurn = 1.5707963267948966;
-constexpr double unitsPerPixel = 0.1; ///< of `tenfoldTarget`
+constexpr TextMode modes[] = {TextMode::outlines, TextMode::fonts};
 
-/// Plots with the real renderer and finds the box of what is dark, in drawing units.
+/// The box of what is drawn, in drawing units.
 Box2 inkOf(const Drawing& drawing, TextMode mode = TextMode::outlines) {
     PlotStyleOptions style;
     style.texts = mode;
-    const QImage page = paintedPage(drawing, tenfoldTarget(), style);
-    Box2 ink;
-    for (int y = 0; y < page.height(); ++y) {
-        for (int x = 0; x < page.width(); ++x) {
-            if (qGray(page.pixel(x, y)) < 128) {
-                ink.add(Vec2{x * unitsPerPixel, 100.0 - (y + 1) * unitsPerPixel});
-                ink.add(Vec2{(x + 1) * unitsPerPixel, 100.0 - y * unitsPerPixel});
-            }
-        }
+    QRectF ink;
+    for (const Shape& shape : shapesOf(drawing, tenfoldTarget(), style)) {
+        ink |= shape.path.boundingRect();
     }
-    return ink;
+    return {{ink.left() / 10.0, 100.0 - ink.bottom() / 10.0}, {ink.right() / 10.0, 100.0 - ink.top() / 10.0}};
 }
 
-Text textOf(const char* characters, double height, TextColumn column = TextColumn::left,
-            TextRow row = TextRow::baseline) {
-    Text text;
-    text.stretches = {{characters, {}}};
-    text.position = {50.0, 50.0, 0.0};
-    text.alignment = {50.0, 50.0, 0.0};
-    text.height = height;
-    text.column = column;
-    text.row = row;
-    return text;
-}
-
-Drawing drawingWith(Geometry text, const char* family = "DejaVu Sans", Vec3 extrusion = {0.0, 0.0, 1.0}) {
-    Drawing drawing = drawingOf(entityOf(std::move(text), extrusion));
-    drawing.textStyles.push_back({});
-    drawing.textStyles[0].font = {family, false, false, false};
-    return drawing;
+/// A text at (50, 50), both of its points, 10 high; later groups outweigh these.
+Drawing textOf(const std::string& groups, const std::string& style = "3=no-such-font.shx") {
+    return readGroups(section("TABLES", "0=STYLE 2=Standard " + style) +
+                      drawingOf("0=TEXT 1=HHH 10=50 20=50 11=50 21=50 40=10 " + groups));
 }
 
 TEST(Text, CapitalsAreAsHighAsStated) {
-    const struct {
-        const char* family;
-        bool bold;
-    } cases[] = {{"DejaVu Sans", false}, {"DejaVu Serif", true}, {"DejaVu Sans Mono", false}, {"no such font", false}};
-    for (const auto& row : cases) {
+    const QStringList families = QFontDatabase().families(QFontDatabase::Latin).mid(0, 4) + QStringList("no such font");
+    for (const QString& family : families) {
         for (const double height : {45.0, 37.3}) {
-            Text text = textOf("H", height);
-            text.rotation = quarterTurn;
-            Drawing drawing = drawingWith(text, row.family);
-            drawing.textStyles[0].font.bold = row.bold;
-            EXPECT_NEAR(inkOf(drawing).width(), height, height / 100.0) << row.family;
+            Drawing drawing = textOf("1=H 50=90" + group(40, height));
+            drawing.textStyles[0].font = {family.toStdString(), false, height > 40.0, false};
+            EXPECT_NEAR(inkOf(drawing).width(), height, height / 100.0) << family.toStdString();
         }
     }
 }
 
-/// An H has straight sides, and bearings of less than a unit here.
-TEST(Text, HangsOnItsPoint) {
-    const double h = 10.0;
+TEST(Text, StandsWhereItIsToAndAsLargeAsItIsTo) {
     const struct {
-        const char* name;
-        TextColumn column;
-        TextRow row;
-        Vec2 corner; ///< lower left, from the point, in heights and in widths of the ink
-    } cases[] = {
-        {"left on the base line", TextColumn::left, TextRow::baseline, {0.0, 0.0}},
-        {"centre", TextColumn::center, TextRow::baseline, {-0.5, 0.0}},
-        {"right, top", TextColumn::right, TextRow::top, {-1.0, -1.0}},
-        {"left, middle", TextColumn::left, TextRow::middle, {0.0, -0.5}},
-        {"middle of all", TextColumn::middle, TextRow::baseline, {-0.5, -0.5}},
-    };
-    for (const auto& row : cases) {
-        const Box2 ink = inkOf(drawingWith(textOf("HHH", h, row.column, row.row)));
-        EXPECT_NEAR(ink.min.x, 50.0 + row.corner.x * ink.width(), 1.5) << row.name;
-        EXPECT_NEAR(ink.min.y, 50.0 + row.corner.y * h, 0.2) << row.name;
-    }
-    const Box2 bottom = inkOf(drawingWith(textOf("gHy", h, TextColumn::left, TextRow::bottom)));
-    EXPECT_NEAR(bottom.min.y, 50.0, 0.2) << "letters that reach down stand on the point";
-}
-
-TEST(Text, IsTurnedMirroredAndStretched) {
-    const struct {
-        const char* name;
-        void (*change)(Text& text);
+        const char* groups;
         Box2 box; ///< from the point, of a text 30 wide and 10 high
-        Vec3 extrusion{0.0, 0.0, 1.0};
+        double widthFactor = 1.0;
     } cases[] = {
-        {"turned", [](Text& text) { text.rotation = quarterTurn; }, {{-10.0, 0.0}, {0.0, 30.0}}},
-        {"backward", [](Text& text) { text.backward = true; }, {{-30.0, 0.0}, {0.0, 10.0}}},
-        {"upside down", [](Text& text) { text.upsideDown = true; }, {{0.0, -10.0}, {30.0, 0.0}}},
-        {"seen from behind", [](Text& text) { text.position.x = -50.0; }, {{-30.0, 0.0}, {0.0, 10.0}}, {0, 0, -1}},
-        {"fit", [](Text& text) { text.column = TextColumn::fit; }, {{0.0, 0.0}, {40.0, 10.0}}},
-        {"fit backward",
-         [](Text& text) {
-             text.column = TextColumn::fit;
-             text.backward = true;
-         },
-         {{0.0, 0.0}, {40.0, 10.0}}},
-        {"aligned", [](Text& text) { text.column = TextColumn::aligned; }, {{0.0, 0.0}, {40.0, 40.0 / 3.0}}},
-        {"wide", [](Text& text) { text.widthFactor *= 1.5; }, {{0.0, 0.0}, {45.0, 10.0}}},
+        {"72=0", {{0, 0}, {30, 10}}},
+        {"72=1", {{-15, 0}, {15, 10}}},
+        {"72=2 73=3", {{-30, -10}, {0, 0}}},
+        {"73=2", {{0, -5}, {30, 5}}},
+        {"72=4", {{-15, -5}, {15, 5}}},
+        {"50=90", {{-10, 0}, {0, 30}}},
+        {"71=2", {{-30, 0}, {0, 10}}},
+        {"71=4", {{0, -10}, {30, 0}}},
+        {"10=-50 230=-1", {{-30, 0}, {0, 10}}},
+        {"72=5 11=90", {{0, 0}, {40, 10}}},
+        {"72=5 11=90 71=2", {{0, 0}, {40, 10}}},
+        {"72=3 11=90", {{0, 0}, {40, 40 / 3.}}},
+        {"71=0", {{0, 0}, {45, 10}}, 1.5},
     };
-    // A width factor that makes the three letters three heights wide.
-    const double natural =
-        inkOf(drawingWith(textOf("HHHH", 10.0))).width() - inkOf(drawingWith(textOf("H", 10.0))).width();
+    const double natural = inkOf(textOf("1=HHHH")).width() - inkOf(textOf("1=H")).width(); // of three letters
     for (const auto& row : cases) {
-        Text text = textOf("HHH", 10.0);
-        text.widthFactor = 30.0 / natural;
-        text.alignment.x = 90.0;
-        row.change(text);
-        for (const TextMode mode : {TextMode::outlines, TextMode::fonts}) {
-            const Box2 ink = inkOf(drawingWith(text, "DejaVu Sans", row.extrusion), mode);
-            EXPECT_NEAR(ink.min.x, 50.0 + row.box.min.x, 2.0) << row.name;
-            EXPECT_NEAR(ink.max.x, 50.0 + row.box.max.x, 2.0) << row.name;
-            EXPECT_NEAR(ink.min.y, 50.0 + row.box.min.y, 2.0) << row.name;
-            EXPECT_NEAR(ink.max.y, 50.0 + row.box.max.y, 2.0) << row.name;
+        const Drawing drawing = textOf(row.groups + group(41, row.widthFactor * 30.0 / natural));
+        // An H has straight sides, and bearings at its own.
+        const bool isTurned = row.box.height() > row.box.width();
+        const Vec2 bearing = isTurned ? Vec2{0.2, 2.0} : Vec2{2.0, 0.2};
+        for (const TextMode mode : modes) {
+            const Box2 ink = inkOf(drawing, mode);
+            EXPECT_NEAR(ink.min.x, 50.0 + row.box.min.x, bearing.x) << row.groups;
+            EXPECT_NEAR(ink.max.x, 50.0 + row.box.max.x, bearing.x) << row.groups;
+            EXPECT_NEAR(ink.min.y, 50.0 + row.box.min.y, bearing.y) << row.groups;
+            EXPECT_NEAR(ink.max.y, 50.0 + row.box.max.y, bearing.y) << row.groups;
         }
     }
+    EXPECT_NEAR(inkOf(textOf("1=gHy 73=1")).min.y, 50.0, 0.2) << "letters that reach down stand on the point";
 }
 
 TEST(Text, OfAVerticalStyleRunsDown) {
-    const struct {
-        const char* name;
-        TextColumn column;
-        double top;
-    } cases[] = {
-        {"from its point", TextColumn::left, 50.0},
-        {"about it", TextColumn::center, 70.0},
-        {"about it, by its middle", TextColumn::middle, 70.0},
-        {"to it", TextColumn::right, 90.0},
-    };
-    for (const auto& row : cases) {
-        Drawing drawing = drawingWith(textOf("HHH", 10.0, row.column));
-        drawing.textStyles[0].vertical = true;
-        const Box2 ink = inkOf(drawing);
-        EXPECT_NEAR(ink.center().x, 50.0, 0.3) << row.name;
-        EXPECT_LT(ink.width(), 10.0) << row.name;
-        EXPECT_NEAR(ink.max.y, row.top, 0.3) << row.name;
-        EXPECT_NEAR(ink.height(), 40.0, 0.3) << row.name << ": one and a half heights from letter to letter";
+    const std::pair<const char*, double> tops[] = {{"72=0", 50.0}, {"72=1", 70.0}, {"72=4", 70.0}, {"72=2", 90.0}};
+    for (const auto& [groups, top] : tops) {
+        const Box2 ink = inkOf(textOf(groups, "3=no-such-font.shx 70=4"));
+        EXPECT_NEAR(ink.center().x, 50.0, 0.3) << groups;
+        EXPECT_LT(ink.width(), 10.0) << groups;
+        EXPECT_NEAR(ink.max.y, top, 0.3) << groups;
+        EXPECT_NEAR(ink.height(), 40.0, 0.3) << groups << ": one and a half heights from letter to letter";
     }
 }
 
 TEST(Text, ExtentsAreWhatItCovers) {
-    Text text = textOf("Äg|", 15.0);
-    text.position.x = 20.0;
-    text.obliqueAngle = 0.3;
-    text.stretches.push_back({" H", {true, false, false}});
-    for (const TextMode mode : {TextMode::outlines, TextMode::fonts}) {
-        const Drawing drawing = drawingWith(text);
+    const Drawing drawing = textOf("1=Äg|%%u␣H 10=20 40=15 51=17");
+    const Box2 extents = extentsOf(drawing);
+    for (const TextMode mode : modes) {
         const Box2 ink = inkOf(drawing, mode);
-        const Box2 extents = visibleExtents(drawing, drawing.modelSpace);
         EXPECT_NEAR(extents.min.x, ink.min.x, 2.0);
         EXPECT_NEAR(extents.min.y, ink.min.y, 0.3);
         EXPECT_NEAR(extents.max.y, ink.max.y, 0.3);
         EXPECT_GE(extents.max.x, ink.max.x - 0.2);
         EXPECT_LE(extents.max.x, ink.max.x + 3.0) << "the box of a leaning letter";
     }
-    Text nowhere = textOf("H", std::nan(""));
-    EXPECT_TRUE(visibleExtents(emptyDrawing(), {entityOf(nowhere)}).isEmpty());
+}
+
+TEST(Text, OfNoHeightOrWidthIsNowhere) {
+    for (double Text::*const size : {&Text::height, &Text::widthFactor}) {
+        for (const double none : {0.0, std::nan("")}) {
+            Drawing drawing = textOf("");
+            std::get<Text>(drawing.modelSpace[0].geometry).*size = none;
+            EXPECT_EQ(extentsOf(drawing).isEmpty(), none == 0.0 || size == &Text::height) << "a width is repaired";
+        }
+    }
 }
 
 } // namespace

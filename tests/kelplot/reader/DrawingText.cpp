@@ -1,21 +1,34 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "DrawingText.h"
+#include "kelplot/reader/DrawingText.h"
 
-#include <gtest/gtest.h>
-
+#include <QByteArray>
 #include <sstream>
 
 #include "reader/DxfReader.h"
 #include "support/TemporaryDirectory.h"
 
 namespace kelplot {
+namespace {
+
+std::string valueOf(std::string text) {
+    const std::string blank = "␣";
+    for (size_t at; (at = text.find(blank)) != std::string::npos;) {
+        text.replace(at, blank.size(), " ");
+    }
+    for (size_t at = 0; (at = text.find("\\x", at)) != std::string::npos; ++at) {
+        text.replace(at, 4, QByteArray::fromHex(text.substr(at + 2, 2).c_str()).toStdString());
+    }
+    return text;
+}
+
+} // namespace
 
 std::string linesOf(const std::string& groups) {
     std::string lines;
     std::istringstream stream(groups);
     for (std::string group; stream >> group;) {
         const size_t sign = group.find('=');
-        lines += group.substr(0, sign) + '\n' + group.substr(sign + 1) + '\n';
+        lines += group.substr(0, sign) + '\n' + valueOf(group.substr(sign + 1)) + '\n';
     }
     return lines;
 }
@@ -35,18 +48,6 @@ Drawing readGroups(const std::string& groups) {
 Drawing readText(const std::string& text) {
     const TemporaryDirectory directory;
     return DxfReader().read(directory.write("drawing.dxf", text), {});
-}
-
-std::string textOf(const Colour& colour) {
-    constexpr const char* kinds[] = {"byBlock", "byLayer", "index ", "true "};
-    const bool isOwn = colour.kind == Colour::Kind::index || colour.kind == Colour::Kind::trueColour;
-    return kinds[static_cast<size_t>(colour.kind)] + (isOwn ? std::to_string(colour.value) : "");
-}
-
-Entity readOne(const std::string& entities) {
-    const Drawing drawing = readGroups(drawingOf(entities));
-    EXPECT_EQ(drawing.modelSpace.size(), 1u);
-    return drawing.modelSpace.empty() ? Entity() : drawing.modelSpace.front();
 }
 
 } // namespace kelplot

@@ -2,12 +2,14 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "drawing/Drawing.h"
 
 namespace kelplot {
 
-// Tests write the groups of a drawing as "code=value" with blanks between them.
+// Tests write the groups of a drawing as "code=value" with blanks between them. In a value, "␣" stands for a blank and
+// "\xD1" for the byte of that number.
 
 /// The lines of a file for such groups.
 std::string linesOf(const std::string& groups);
@@ -22,13 +24,7 @@ std::string drawingOf(const std::string& entities);
 Drawing readGroups(const std::string& groups);
 Drawing readText(const std::string& text);
 
-/// An entity's geometry as a test expects it, such as "circle 1,2,0 r 5 extruded 0,0,-1"; angles are in degrees.
-std::string textOf(const Entity& entity);
-
-/// A colour such as "index 3" or "byLayer".
-std::string textOf(const Colour& colour);
-
-/// Reads entities that are to come out as one. Fails the test where they do not.
-Entity readOne(const std::string& entities);
+/// The entities of a drawing, then all else in it that is not as in an empty one, a line each; angles are in degrees.
+std::vector<std::string> shown(const Drawing& drawing);
 
 } // namespace kelplot

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <gtest/gtest.h>
 
+#include <QString>
 #include <algorithm>
-#include <limits>
 #include <vector>
 
-#include "DrawingText.h"
+#include "kelplot/reader/DrawingText.h"
 #include "reader/DxfReader.h"
-#include "reader/GroupValue.h"
 #include "support/TemporaryDirectory.h"
 
 namespace kelplot {
@@ -33,9 +32,6 @@ void expectRefusal(const std::string& path, ReadError::Reason reason, const std:
 TEST(Refused, WhatIsNoDrawing) {
     const std::string whole = linesOf(drawingOf(line));
     const std::string unended = linesOf(section("ENTITIES", line));
-    const auto counting = [](const std::string& groups) {
-        return linesOf(drawingOf(groups + "=2147483647 10=1 20=2"));
-    };
     const struct {
         const char* name;
         std::string text;
@@ -48,24 +44,14 @@ TEST(Refused, WhatIsNoDrawing) {
         {"no line end", std::string(1u << 20, '7'), "too long"},
         {"numbers only", "0\n1\n2\n3\n", "no sections"},
         {"just an end", "0\nEOF\n", "no sections"},
-        {"code goes missing", linesOf(section("ENTITIES", line + "oops=1") + "0=EOF"),
-         "line 15: 'oops' is not a group"},
         {"no end mark", unended, "truncated"},
         {"amid a section", whole.substr(0, 40), "truncated"},
         {"amid the end mark", unended + "0\nEO", "truncated"},
         {"end mark without its value", unended + "0\n", "truncated"},
-        {"vertices", counting("0=LWPOLYLINE 90"), "line 8: LWPOLYLINE announces 2147483647 vertices"},
-        {"knots", counting("0=SPLINE 72"), "knots"},
-        {"control points", counting("0=SPLINE 73"), "control points"},
-        {"fit points", counting("0=SPLINE 74"), "fit points"},
-        {"loops", counting("0=HATCH 91"), "boundaries"},
-        {"edges", counting("0=HATCH 93"), "edges"},
-        {"sources", counting("0=HATCH 97"), "sources"},
-        {"dashes", linesOf(section("TABLES", "0=LTYPE 2=DASH 73=100")) + whole, "LTYPE announces 100 dashes"},
     };
+    const TemporaryDirectory directory;
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        const TemporaryDirectory directory;
         const std::string path = directory.write("refused.dxf", row.text);
         expectRefusal(path, ReadError::Reason::notADrawing, row.message);
     }
@@ -78,19 +64,10 @@ TEST(Refused, WhatCannotBeOpened) {
     }
 }
 
-std::string withCarriageReturns(const std::string& text) {
-    std::string result;
-    for (const char c : text) {
-        result += c == '\n' ? "\r\n"s : std::string(1, c);
-    }
-    return result;
-}
-
 TEST(Tolerated, OdditiesKeepTheirLine) {
     const std::string whole = linesOf(drawingOf(line));
-    const std::string announced = "9=LWPOLYLINE 90=2147483647";
     const std::pair<const char*, std::string> rows[] = {
-        {"carriage returns", withCarriageReturns(whole)},
+        {"carriage returns", QString::fromStdString(whole).replace("\n", "\r\n").toStdString()},
         {"byte order mark", "\xEF\xBB\xBF" + whole},
         {"no newline at the end", whole.substr(0, whole.size() - 1)},
         {"text after the end", whole + "anything\ngoes\nhere"},
@@ -98,45 +75,15 @@ TEST(Tolerated, OdditiesKeepTheirLine) {
         {"comment", "999\ndxflib\n" + whole},
         {"negative code", "-5\nx\n" + whole},
         {"long value", linesOf(drawingOf(line + "7=" + std::string(5000, 'x') + " 999=" + std::string(99999, 'y')))},
-        {"empty numbers", linesOf(drawingOf(line + "30= 31= 48="))},
-        {"entity type behind a variable's code", linesOf(drawingOf(line + announced))},
-        {"entity type as a header variable", linesOf(section("HEADER", announced + " 10=5")) + whole},
-        {"entities of other sections", linesOf(section("OBJECTS", line)) + whole},
-        {"embedded object", linesOf(drawingOf(line + "101=Embedded 10=77 21=88 62=1"))},
     };
     for (const auto& [name, text] : rows) {
-        const Drawing drawing = readText(text);
-        ASSERT_EQ(drawing.modelSpace.size(), 1u) << name;
-        const Line* const read = std::get_if<Line>(&drawing.modelSpace.front().geometry);
-        ASSERT_NE(read, nullptr) << name;
-        EXPECT_EQ(read->start, (Vec3{1, 2, 0})) << name;
-        EXPECT_EQ(read->end, (Vec3{3, 4, 0})) << name;
-    }
-}
-
-TEST(GroupValue, IsReadAsFarAsItGoesAndKeptInRange) {
-    const std::pair<const char*, double> reals[] = {{"  -2.5", -2.5}, {"+3", 3.0},   {"1e-3\t", 1e-3}, {"7,25", 7.25},
-                                                    {"4mm", 4.0},     {"", 0.0},     {"  ", 0.0},      {"abc", 0.0},
-                                                    {"nan", 0.0},     {"-inf", 0.0}, {"1e999", 0.0},   {"1e101", 0.0}};
-    for (const auto& [text, value] : reals) {
-        EXPECT_EQ(toReal(text), value) << text;
-    }
-    const std::pair<const char*, int> integers[] = {{"  42 ", 42},
-                                                    {"7.0", 7},
-                                                    {"x", 0},
-                                                    {"99999999999", std::numeric_limits<int>::max()},
-                                                    {"-99999999999", std::numeric_limits<int>::min()}};
-    for (const auto& [text, value] : integers) {
-        EXPECT_EQ(toInteger(text), value) << text;
+        EXPECT_EQ(shown(readText(text)), std::vector<std::string>{"line 1,2,0 3,4,0"}) << name;
     }
 }
 
 TEST(ReadingProgress, RisesToTheEnd) {
-    std::string lines;
-    for (int i = 0; i < 40000; ++i) {
-        lines += line;
-    }
     const TemporaryDirectory directory;
+    const std::string lines = QString::fromStdString(line).repeated(40000).toStdString();
     const std::string path = directory.write("long.dxf", linesOf(drawingOf(lines)));
     std::vector<double> told;
     DxfReader().read(path, [&](double fraction) { told.push_back(fraction); });

@@ -9,45 +9,14 @@
 namespace kelplot {
 namespace {
 
-const PenRule& pen(const PenTable& table, uint32_t number) {
-    return table.ruleFor({Colour::Kind::index, number});
-}
-
-PenTable tableOf(const std::string& text) {
-    const TemporaryDirectory directory;
-    return penTableFrom({QString::fromStdString(directory.write("pens.ini", text))});
-}
-
-TEST(PenFile, StatesWidthColourAndScreening) {
-    const PenTable table = tableOf("[Pens]\n1=0.35,Black,60 # existing\n2= drawing , ff8000\n3=0\n4=,,25\nother=0.5\n");
-    EXPECT_EQ(pen(table, 1).width, 0.35);
-    EXPECT_EQ(pen(table, 1).ink, HT_Color{0x000000});
-    EXPECT_EQ(pen(table, 1).screening, 60);
-    EXPECT_EQ(pen(table, 2).width, std::nullopt);
-    EXPECT_EQ(pen(table, 2).ink, HT_Color{0x0080ff}) << "red is the low byte of an ink";
-    EXPECT_EQ(pen(table, 2).screening, 100);
-    EXPECT_EQ(pen(table, 3).width, 0.0);
-    EXPECT_EQ(pen(table, 4).width, std::nullopt) << "a pen that is listed takes nothing from the others";
-    EXPECT_EQ(pen(table, 4).screening, 25);
-    EXPECT_EQ(pen(table, 255).width, 0.5);
-    EXPECT_EQ(table.ruleFor({Colour::Kind::trueColour, 1}).width, std::nullopt);
-}
-
 TEST(PenFile, GoesBeforeAnotherPenByPen) {
     const TemporaryDirectory directory;
-    const QString device = QString::fromStdString(directory.write("device.ini", "[Pens]\n1=1\n2=2\nother=3\n"));
-    const QString own = QString::fromStdString(directory.write("own.ini", "[Pens]\n2=4\nother=5\n"));
-    const PenTable table = penTableFrom({device, own});
-    EXPECT_EQ(pen(table, 1).width, 1.0);
-    EXPECT_EQ(pen(table, 2).width, 4.0);
-    EXPECT_EQ(pen(table, 3).width, 5.0);
-}
-
-TEST(PenFile, OfTheExamplesIsSound) {
-    const PenTable table = penTableFrom({QStringLiteral(EXAMPLE_PENS)});
-    EXPECT_EQ(pen(table, 8).screening, 50);
-    EXPECT_EQ(pen(table, 10).ink, HT_Color{0x0000c0});
-    EXPECT_EQ(pen(table, 100).width, 0.18);
+    const PenTable table =
+        penTableFrom({QString::fromStdString(directory.write("device.ini", "[Pens]\n1=1\n2=2\nother=3\n")),
+                      QString::fromStdString(directory.write("own.ini", "[Pens]\n2=4\nother=5\n"))});
+    for (const auto& [number, width] : {std::pair(1U, 1.0), {2, 4.0}, {3, 5.0}}) {
+        EXPECT_EQ(table.ruleFor({Colour::Kind::index, number}).width, width) << number;
+    }
 }
 
 QString rulesOf(const FontTable& table, const char* key) {
@@ -91,8 +60,9 @@ TEST(PenFile, FaultsAreToldWithFileAndLine) {
         {"[Pens]\n3=100.5\n", "\"100.5\""},
     };
     for (const auto& [text, part] : rows) {
+        const TemporaryDirectory directory;
         try {
-            tableOf(text);
+            penTableFrom({QString::fromStdString(directory.write("pens.ini", text))});
             ADD_FAILURE() << text << ": accepted";
         } catch (const SettingsError& error) {
             const std::string told = error.what();

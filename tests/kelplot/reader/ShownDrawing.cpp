@@ -1,0 +1,305 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+#include "kelplot/reader/DrawingText.h"
+
+namespace kelplot {
+namespace {
+
+constexpr double degree = 0.017453292519943295;
+
+/// What every drawing has, and layers that nothing is to be said of.
+bool isUsual(const std::string& line) {
+    const bool isPlainLayer = line.rfind("layer ", 0) == 0 && line.find(' ', 6) == std::string::npos;
+    return isPlainLayer || line == "type Continuous" || line == "style Standard: ";
+}
+
+/// The parts that a text is made of; they call one another in any order.
+class Shown {
+public:
+    explicit Shown(const Drawing& drawing) : m_drawing(drawing) {}
+
+    std::string text(const Entity& entity) const {
+        const Attributes& own = entity.attributes;
+        const std::string colour = text(own.colour);
+        return std::visit([&](const auto& geometry) { return text(geometry); }, entity.geometry) +
+               unless(" extruded ", entity.extrusion, Vec3{0, 0, 1}) +
+               (own.layer != 0 ? " on " + m_drawing.layers.at(own.layer).name : "") +
+               (own.visible ? "" : " invisible") + (colour != "byLayer" ? " colour " + colour : "") +
+               unless(" weight ", own.lineWeight, lineWeightByLayer) +
+               (own.lineType != lineTypeByLayer ? " type " + lineTypeName(own.lineType) : "") +
+               unless(" scale ", own.lineTypeScale, 1.0) + unless(" opacity ", own.opacity, opacityByLayer);
+    }
+
+    std::string text(const Layer& layer) const {
+        const std::string colour = text(layer.colour);
+        return layer.name + (colour != "index 7" ? " colour " + colour : "") +
+               (layer.lineType != 0 ? " type " + lineTypeName(layer.lineType) : "") +
+               unless(" weight ", layer.lineWeight, lineWeightDefault) + unless(" opacity ", layer.opacity, opaque) +
+               (layer.on ? "" : " off") + (layer.frozen ? " frozen" : "") + (layer.plotted ? "" : " unplotted");
+    }
+
+    static std::string text(const TextStyle& style) {
+        return style.name + ": " + text(style.font) + (style.bigFontFile.empty() ? "" : " and " + style.bigFontFile) +
+               unless(" high ", style.height, 0.0) + unless(" wide ", style.widthFactor, 1.0) +
+               unless(" leaning ", style.obliqueAngle / degree, 0.0) + looks(style) +
+               (style.vertical ? " vertical" : "");
+    }
+
+    std::string header() const {
+        return unless(" scale ", m_drawing.lineTypeScale, 1.0) + unless(" points ", double(m_drawing.pointMode), 0.0) +
+               unless(" size ", m_drawing.pointSize, 0.0) +
+               unless(" weight ", double(m_drawing.defaultLineWeight), 25.0) +
+               unless(" unit ", m_drawing.millimetresPerUnit, 1.0) + (m_drawing.imageFrames ? "" : " no frames") +
+               (m_drawing.wipeoutFrames ? " wipeout frames" : "") +
+               unless(" dimensions lost ", double(m_drawing.dimensionsWithoutBlock), 0.0) +
+               (m_drawing.unknownCodePage.empty() ? "" : " code page? " + m_drawing.unknownCodePage);
+    }
+
+    static std::string text(const LineType& type) { return type.name + list(":", type.pattern); }
+
+    static std::string text(double value) {
+        char digits[32];
+        std::snprintf(digits, sizeof digits, "%.9g", std::abs(value) < 1e-9 ? 0.0 : value);
+        return digits;
+    }
+    static std::string text(const Vec2& p) { return text(p.x) + ',' + text(p.y); }
+    static std::string text(const Vec3& p) { return text(p.x) + ',' + text(p.y) + ',' + text(p.z); }
+
+    static std::string span(double start, double end) {
+        return " from " + text(start / degree) + " to " + text(end / degree);
+    }
+
+    /// The values with a blank before each, after a word; nothing where there are none.
+    template <typename Values>
+    static std::string list(const char* word, const Values& values) {
+        std::string result;
+        for (const auto& value : values) {
+            result += (result.empty() ? word : "") + (' ' + text(value));
+        }
+        return result;
+    }
+
+    /// A value after a word, unless it is the usual one.
+    template <typename Value>
+    static std::string unless(const char* word, const Value& value, const Value& usual) {
+        const std::string shown = text(value);
+        return shown == text(usual) ? "" : word + shown;
+    }
+
+    static std::string text(const Colour& colour) {
+        constexpr const char* kinds[] = {"byBlock", "byLayer", "index ", "true "};
+        const bool isOwn = colour.kind == Colour::Kind::index || colour.kind == Colour::Kind::trueColour;
+        return kinds[static_cast<size_t>(colour.kind)] + (isOwn ? std::to_string(colour.value) : "");
+    }
+
+    std::string lineTypeName(uint32_t index) const {
+        return index == lineTypeByBlock ? "byBlock" : m_drawing.lineTypes.at(index).name;
+    }
+
+    static std::string text(const PolylineVertex& v) {
+        const bool isWide = v.startWidth != 0.0 || v.endWidth != 0.0;
+        return text(v.position) + unless("^", v.bulge, 0.0) +
+               (isWide ? "w" + text(v.startWidth) + "-" + text(v.endWidth) : "");
+    }
+
+    static std::string text(const PointEntity& point) { return "point " + text(point.position); }
+    static std::string text(const Line& line) { return "line " + text(line.start) + ' ' + text(line.end); }
+    static std::string text(const ConstructionLine& line) {
+        return (line.bothWays ? "line through " : "ray from ") + text(line.start) + " along " + text(line.direction);
+    }
+
+    static std::string text(const Circle& circle) {
+        return "circle " + text(circle.center) + " r " + text(circle.radius);
+    }
+
+    static std::string text(const Arc& arc) {
+        return "arc " + text(arc.center) + " r " + text(arc.radius) + span(arc.startAngle, arc.endAngle);
+    }
+
+    template <typename EllipticShape>
+    static std::string ellipse(const EllipticShape& arc) {
+        return "ellipse " + text(arc.center) + " axis " + text(arc.majorAxis) + " ratio " + text(arc.ratio) +
+               span(arc.startParam, arc.endParam);
+    }
+    static std::string text(const Ellipse& arc) { return ellipse(arc); }
+
+    static std::string text(const Polyline& polyline) {
+        return (polyline.closed ? "closed " : "") + std::string(polyline.spatial ? "spatial " : "") +
+               (polyline.continuousPattern ? "unbroken " : "") + list("polyline", polyline.vertices);
+    }
+
+    static std::string text(const Spline& spline) {
+        return (spline.closed ? "closed " : "") + ("spline of " + std::to_string(spline.degree)) +
+               list(", knots", spline.knots) + list(", weights", spline.weights) + list(", through", spline.fitPoints) +
+               list(", at", spline.controlPoints);
+    }
+
+    static std::string text(const Solid& solid) { return list("solid", solid.corners); }
+
+    static std::string text(const Face3d& face) {
+        std::string edges;
+        for (const bool isVisible : face.edgeVisible) {
+            edges += isVisible ? '#' : '.';
+        }
+        return list("face", face.corners) + ' ' + edges;
+    }
+
+    std::string text(const Insert& insert) const {
+        const Block& block = m_drawing.blocks.at(insert.block);
+        return (block.defined ? "block " : "undefined block ") + block.name + " at " + text(insert.position) +
+               unless(" scaled ", insert.scale, Vec3{1, 1, 1}) + unless(" turned ", insert.rotation / degree, 0.0) +
+               unless(" columns ", double(insert.columns), 1.0) + unless(" rows ", double(insert.rows), 1.0) +
+               unless(" by ", Vec3{insert.columnSpacing, insert.rowSpacing, 0}, Vec3{});
+    }
+
+    static std::string text(const HatchLine& line) { return "line " + text(line.start) + ' ' + text(line.end); }
+    static std::string text(const HatchArc& arc) {
+        return "arc " + text(arc.center) + " r " + text(arc.radius) + span(arc.startAngle, arc.endAngle) +
+               (arc.counterClockwise ? "" : " clockwise");
+    }
+    static std::string text(const HatchEllipse& arc) {
+        return ellipse(arc) + (arc.counterClockwise ? "" : " clockwise");
+    }
+    static std::string text(const HatchSpline& spline) { return text(spline.curve); }
+    static std::string text(const HatchEdge& edge) {
+        return std::visit([](const auto& each) { return text(each); }, edge);
+    }
+    static std::string text(const HatchLoop& loop) {
+        return (loop.textBox ? "text box:" : "loop:") + list("", loop.polyline) + list("", loop.edges);
+    }
+
+    static std::string text(const Hatch& hatch) {
+        constexpr const char* styles[] = {"normal", "outer", "ignore"};
+        return (hatch.solid ? "solid " : "pattern ") + std::string(styles[static_cast<size_t>(hatch.style)]) +
+               " hatch at " + text(hatch.elevation) + list("", hatch.loops);
+    }
+
+    static std::string text(const TextLines& lines) {
+        return std::string(lines.under ? "u" : "") + (lines.over ? "o" : "") + (lines.through ? "k" : "");
+    }
+
+    static std::string text(const FontName& font) {
+        return (font.isFile ? "file:" : "") + font.name + (font.bold ? "+b" : "") + (font.italic ? "+i" : "");
+    }
+
+    template <typename Mirrored>
+    static std::string looks(const Mirrored& text) {
+        return std::string(text.backward ? " backward" : "") + (text.upsideDown ? " upside-down" : "");
+    }
+
+    std::string textStyle(uint32_t index) const {
+        return index == 0 ? "" : " in " + m_drawing.textStyles.at(index).name;
+    }
+
+    /// The stretches with the lines of each before it, such as "plain|u:underlined".
+    std::string text(const Text& line) const {
+        constexpr const char* columns[] = {"", " center", " right", " aligned", " middle", " fit"};
+        constexpr const char* rows[] = {"", " bottom", " middle", " top"};
+        std::string words;
+        for (const TextStretch& stretch : line.stretches) {
+            const std::string marks = text(stretch.lines);
+            words += (words.empty() ? "" : "|") + marks + (marks.empty() ? "" : ":") + stretch.text;
+        }
+        return "text '" + words + "' at " + text(line.position) + unless(" to ", line.alignment, line.position) +
+               columns[static_cast<size_t>(line.column)] + rows[static_cast<size_t>(line.row)] + textStyle(line.style) +
+               unless(" high ", line.height, 1.0) + unless(" turned ", line.rotation / degree, 0.0) +
+               unless(" wide ", line.widthFactor, 1.0) + unless(" leaning ", line.obliqueAngle / degree, 0.0) +
+               looks(line);
+    }
+
+    /// What a format has other than a plain one, such as "<h2 u>".
+    static std::string text(const CharacterFormat& format) {
+        const std::string words = unless(" h", format.height, 1.0) + unless(" w", format.widthFactor, 1.0) +
+                                  unless(" q", format.obliqueAngle / degree, 0.0) + unless(" t", format.tracking, 1.0) +
+                                  unless(" ", format.lines, TextLines()) +
+                                  unless(" a", static_cast<double>(static_cast<int>(format.level)), 0.0) +
+                                  (format.colour ? " c:" + text(*format.colour) : "") +
+                                  (format.font ? ' ' + text(*format.font) : "");
+        return words.empty() ? words : '<' + words.substr(1) + '>';
+    }
+
+    static std::string text(const TextSpan& span) { return text(span.format) + span.text; }
+    static std::string text(const TextTab& tab) { return text(tab.format) + "->"; }
+    static std::string text(const TextStack& stack) {
+        constexpr const char* dividers[] = {"^", "/", "#"};
+        return text(stack.format) + '[' + stack.upper + dividers[static_cast<size_t>(stack.divider)] + stack.lower +
+               ']';
+    }
+
+    /// The pieces with their formats, '$' at the end or '&' before another column, in braces what shapes it.
+    static std::string text(const Paragraph& paragraph) {
+        constexpr const char* alignments[] = {"", " left", " center", " right", " justified", " distributed"};
+        std::string result = alignments[static_cast<size_t>(paragraph.alignment)] +
+                             unless(" i", paragraph.firstIndent, 0.0) + unless(" l", paragraph.leftIndent, 0.0) +
+                             unless(" r", paragraph.rightIndent, 0.0) +
+                             (paragraph.tabStops ? list(" tabs", *paragraph.tabStops) : "");
+        result = result.empty() ? result : '{' + result.substr(1) + '}';
+        for (const TextPiece& piece : paragraph.pieces) {
+            result += std::visit([](const auto& each) { return text(each); }, piece);
+        }
+        const bool isEmptyLine = paragraph.pieces.empty();
+        return result + (isEmptyLine ? text(paragraph.format) : "") + (paragraph.columnBreakAfter ? '&' : '$');
+    }
+
+    std::string text(const MText& block) const {
+        const TextColumns& columns = block.columns;
+        std::string words;
+        for (const Paragraph& paragraph : block.paragraphs) {
+            words += text(paragraph);
+        }
+        return "mtext '" + words + "' at " + text(block.position) + textStyle(block.style) +
+               unless(" high ", block.height, 1.0) + unless(" within ", block.width, 0.0) +
+               unless(" attached ", double(block.attachment), 1.0) + unless(" turned ", block.rotation / degree, 0.0) +
+               unless(" spaced ", block.lineSpacing, 1.0) + (block.exactLineSpacing ? " exactly" : "") +
+               (block.vertical ? " vertical" : "") + unless(" columns ", double(columns.count), 1.0) +
+               unless(" of ", Vec2{columns.width, columns.gutter}, Vec2{}) + list(" heights", columns.heights) +
+               (columns.reversed ? " reversed" : "");
+    }
+
+    std::string text(const Image& image) const {
+        return "image " + m_drawing.images.at(image.definition).path + " at " + text(image.position) + " from " +
+               text(image.pointAt({0, 0})) + " to " + text(image.pointAt(image.size)) + (image.shown ? "" : " hidden") +
+               unless(" brightness ", double(image.brightness), 50.0) +
+               unless(" contrast ", double(image.contrast), 50.0) + unless(" fade ", double(image.fade), 0.0) +
+               (image.transparent ? " transparent" : "") + (image.clipped ? list(" clip", image.clip) : "") +
+               (image.clipInverted ? " inverted" : "");
+    }
+    static std::string text(const Wipeout& wipeout) { return list("wipeout", wipeout.boundary); }
+
+private:
+    const Drawing& m_drawing;
+};
+
+} // namespace
+
+std::vector<std::string> shown(const Drawing& drawing) {
+    const Shown of(drawing);
+    std::vector<std::string> lines;
+    const auto addAll = [&](const std::string& mark, const auto& items) {
+        for (const auto& item : items) {
+            lines.push_back(mark + of.text(item));
+        }
+    };
+    addAll("", drawing.modelSpace);
+    addAll("paper: ", drawing.paperSpace);
+    for (const Block& block : drawing.blocks) {
+        if (block.defined) {
+            lines.push_back("block " + block.name + " about " + Shown::text(block.basePoint));
+            addAll(block.name + ": ", block.entities);
+        }
+    }
+    addAll("layer ", drawing.layers);
+    addAll("type ", drawing.lineTypes);
+    addAll("style ", drawing.textStyles);
+    const std::string header = of.header();
+    if (!header.empty()) {
+        lines.push_back("drawing" + header);
+    }
+    lines.erase(std::remove_if(lines.begin(), lines.end(), isUsual), lines.end());
+    return lines;
+}
+
+} // namespace kelplot
