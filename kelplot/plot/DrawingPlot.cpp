@@ -61,13 +61,14 @@ private:
 /// Draws those of the entities that a walk meets that may show.
 class EntityPlotter : public EntityVisitor {
 public:
-    explicit EntityPlotter(PlotTools& tools) : m_tools(tools) {}
+    /// @param isSheet  model space shows through viewports; they mean nothing in model space itself
+    EntityPlotter(PlotTools& tools, bool isSheet) : m_tools(tools), m_isSheet(isSheet) {}
 
     void visit(const Entity& entity, const EntityStyle& style, const PlanMap& map) override {
         if (!m_tools.canvas.mayShow(inkBox(entity, style, map), 0.0)) {
             return;
         }
-        if (ExtentsFinder::showsModel(entity)) {
+        if (m_isSheet && ExtentsFinder::showsModel(entity)) {
             drawModel(std::get<Viewport>(entity.geometry), map);
         }
         const PlacedEntity place{entity, style, map};
@@ -114,7 +115,7 @@ private:
         const auto lineTypeUnits =
             m_tools.drawing.paperLineTypes ? std::optional<double>(m_tools.lineTypeUnits()) : std::nullopt;
         PlotTools tools(m_tools.drawing, target, m_tools.options, m_tools.typesetter, m_tools.surface, lineTypeUnits);
-        EntityPlotter plotter(tools);
+        EntityPlotter plotter(tools, false);
         plotter.run(m_tools.drawing.modelSpace, view, viewport.frozenLayers, {});
         report.add(plotter.report);
         renderer.SetClipRgn(commonRegion(m_tools.target.pageBox, m_tools.target.limits).get());
@@ -122,6 +123,7 @@ private:
     }
 
     PlotTools& m_tools;
+    bool m_isSheet;
 };
 
 } // namespace
@@ -139,7 +141,7 @@ Box2 DrawingPlot::extents(const std::vector<Entity>& entities, ExtentsReport* re
     WalkRules rules;
     rules.copies = ArrayCopies::corners;
     WalkReport found = EntityWalk(m_drawing, rules, finder).run(entities, PlanMap(), {});
-    if (finder.seesModel()) {
+    if (finder.seesModel() && &entities != &m_drawing.modelSpace) {
         found.add(EntityWalk(m_drawing, rules, unplotted).run(m_drawing.modelSpace, PlanMap(), {}));
     }
     if (report) {
@@ -152,7 +154,7 @@ PlotReport DrawingPlot::draw(const std::vector<Entity>& entities, const PlotTarg
                              const Progress& progress) const {
     surface.renderer.SetClipRgn(commonRegion(target.pageBox, target.limits).get());
     PlotTools tools(m_drawing, target, m_style, m_texts, surface);
-    EntityPlotter plotter(tools);
+    EntityPlotter plotter(tools, &entities != &m_drawing.modelSpace);
     plotter.run(entities, PlanMap(target.toDevice), {}, progress);
     return std::move(plotter.report);
 }

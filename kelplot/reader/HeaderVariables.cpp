@@ -68,6 +68,7 @@ void HeaderVariables::setInteger(std::string_view key, int value) {
         applyUnits();
     } else if (key == "$MEASUREMENT") {
         m_metric = value != 0;
+        m_builder.drawing().metric = m_metric;
         applyUnits();
     } else if (key == "$TILEMODE") {
         m_builder.drawing().paperIsActive = value == 0;
@@ -94,7 +95,6 @@ void HeaderVariables::setReal(std::string_view key, double value) {
 }
 
 void HeaderVariables::applyUnits() {
-    m_builder.drawing().metric = m_metric;
     m_builder.drawing().millimetresPerUnit = millimetresPerDrawingUnit(m_insertUnits, m_metric);
 }
 

@@ -194,7 +194,9 @@ MText MTextRecord::build(const Vec3& extrusion, DrawingBuilder& builder) const {
     text.vertical = m_flow == downward || (m_flow == asItsStyle && style.vertical);
     text.masked = (m_background & (colouredMask | paperMask)) != 0;
     text.framed = (m_background & textFrame) != 0;
-    text.border = std::max(m_borderFactor - 1.0, 0.0) * text.height;
+    if (text.masked || text.framed) {
+        text.border = std::max(m_borderFactor - 1.0, 0.0) * text.height;
+    }
     if ((m_background & colouredMask) != 0 && (m_background & paperMask) == 0) {
         text.maskColour = m_maskLook.colour();
     }

@@ -105,7 +105,7 @@ std::vector<std::string> outcomeOf(const Case& given) {
 }
 
 TEST(PlotCases, ArePlottedAsExpected) {
-    for (const char* const file : {"areas", "blocks", "extents", "lines", "styles", "texts"}) {
+    for (const char* const file : {"areas", "blocks", "extents", "lines", "sheets", "styles", "texts"}) {
         expectCases(std::string(CASES) + file + ".cases", outcomeOf);
     }
 }

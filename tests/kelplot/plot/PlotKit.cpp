@@ -13,6 +13,11 @@ namespace {
 
 constexpr int pageSize = 1000;
 
+/// What a drawing shows: its sheet, if there is anything on it.
+const std::vector<Entity>& spaceOf(const Drawing& drawing) {
+    return drawing.paperSpace.empty() ? drawing.modelSpace : drawing.paperSpace;
+}
+
 PlotReport plotOn(QPaintDevice& device, const Drawing& drawing, const PlotTarget& target, const PlotStyleOptions& style,
                   const Progress& progress) {
     QPainter painter(&device);
@@ -23,8 +28,9 @@ PlotReport plotOn(QPaintDevice& device, const Drawing& drawing, const PlotTarget
     DirectPainter direct(painter);
     renderer->StartRender();
     const DrawingPlot plot(drawing, style);
-    plot.extents(drawing.modelSpace); // as the program does, which keeps the layouts of the texts
-    PlotReport report = plot.draw(drawing.modelSpace, target, {*renderer, &direct}, progress);
+    const std::vector<Entity>& entities = spaceOf(drawing);
+    plot.extents(entities); // as the program does, which keeps the layouts of the texts
+    PlotReport report = plot.draw(entities, target, {*renderer, &direct}, progress);
     renderer->FinishRender();
     renderer->DetachDriver();
     return report;
@@ -114,8 +120,8 @@ QImage paintedPage(const Drawing& drawing, const PlotTarget& target, const PlotS
     return page;
 }
 
-Box2 extentsOf(const Drawing& drawing, WalkReport* report) {
-    return DrawingPlot(drawing, {}).extents(drawing.modelSpace, report);
+Box2 extentsOf(const Drawing& drawing, ExtentsReport* report) {
+    return DrawingPlot(drawing, {}).extents(spaceOf(drawing), report);
 }
 
 Drawing withEntities(const std::string& entities) {

@@ -38,7 +38,7 @@ QImage paintedPage(const Drawing& drawing, const PlotTarget& target = tenfoldTar
                    const PlotStyleOptions& style = {}, PlotReport* report = nullptr);
 
 /// The extents of the entities in model space, and what is left out of them.
-Box2 extentsOf(const Drawing& drawing, WalkReport* report = nullptr);
+Box2 extentsOf(const Drawing& drawing, ExtentsReport* report = nullptr);
 
 /// A drawing of these entities, in the notation of `linesOf`.
 Drawing withEntities(const std::string& entities);

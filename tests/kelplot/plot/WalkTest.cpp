@@ -77,7 +77,7 @@ TEST(Walk, CountsReferencesToUndefinedBlocksOnce) {
                    section("BLOCKS", "0=BLOCK 2=B 0=INSERT 2=missing 0=ENDBLK 0=BLOCK 2=empty 0=ENDBLK") +
                    drawingOf("0=INSERT 2=B 70=3 71=3 44=2 45=2 0=INSERT 2=missing 0=INSERT 2=empty"
                              " 0=INSERT 2=missing 8=frozen"));
-    WalkReport report;
+    ExtentsReport report;
     extentsOf(drawing, &report);
     EXPECT_EQ(report.undefined.size(), 2U) << "the one in the block and the one on the layer that shows";
 }

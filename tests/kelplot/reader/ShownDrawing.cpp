@@ -53,8 +53,8 @@ public:
                unless(" size ", m_drawing.pointSize, 0.0) +
                unless(" weight ", double(m_drawing.defaultLineWeight), 25.0) +
                unless(" unit ", m_drawing.millimetresPerUnit, 1.0) + (m_drawing.imageFrames ? "" : " no frames") +
-               (m_drawing.wipeoutFrames ? " wipeout frames" : "") +
-               unless(" dimensions lost ", double(m_drawing.dimensionsWithoutBlock), 0.0) +
+               (m_drawing.wipeoutFrames ? " wipeout frames" : "") + (m_drawing.metric ? "" : " inches") +
+               (m_drawing.paperIsActive ? " on paper" : "") + (m_drawing.paperLineTypes ? "" : " dashes of the model") +
                (m_drawing.unknownCodePage.empty() ? "" : " code page? " + m_drawing.unknownCodePage);
     }
 
@@ -174,7 +174,18 @@ public:
     static std::string text(const Hatch& hatch) {
         constexpr const char* styles[] = {"normal", "outer", "ignore"};
         return (hatch.solid ? "solid " : "pattern ") + std::string(styles[static_cast<size_t>(hatch.style)]) +
-               " hatch at " + text(hatch.elevation) + list("", hatch.loops);
+               " hatch at " + text(hatch.elevation) + list("", hatch.loops) + list(" lines", hatch.pattern.lines) +
+               (hatch.solid || hatch.pattern.name.empty() ? "" : " of " + hatch.pattern.name) +
+               unless(" turned ", hatch.pattern.angle / degree, 0.0) + unless(" scaled ", hatch.pattern.scale, 1.0) +
+               (hatch.gradient ? text(*hatch.gradient) : "");
+    }
+    static std::string text(const PatternLine& line) {
+        return text(line.angle / degree) + " from " + text(line.base) + " by " + text(line.offset) +
+               list(":", line.dashes);
+    }
+    static std::string text(const HatchGradient& gradient) {
+        return " gradient " + gradient.name + ' ' + text(gradient.first) + " to " + text(gradient.second) +
+               unless(" turned ", gradient.angle / degree, 0.0) + unless(" shifted ", gradient.shift, 0.0);
     }
 
     static std::string text(const TextLines& lines) {
@@ -254,7 +265,10 @@ public:
                unless(" high ", block.height, 1.0) + unless(" within ", block.width, 0.0) +
                unless(" attached ", double(block.attachment), 1.0) + unless(" turned ", block.rotation / degree, 0.0) +
                unless(" spaced ", block.lineSpacing, 1.0) + (block.exactLineSpacing ? " exactly" : "") +
-               (block.vertical ? " vertical" : "") + unless(" columns ", double(columns.count), 1.0) +
+               (block.vertical ? " vertical" : "") +
+               (block.masked ? " on " + (block.maskColour ? text(*block.maskColour) : "paper") : "") +
+               (block.framed ? " framed" : "") + unless(" wider by ", block.border, 0.0) +
+               unless(" columns ", double(columns.count), 1.0) +
                unless(" of ", Vec2{columns.width, columns.gutter}, Vec2{}) + list(" heights", columns.heights) +
                (columns.reversed ? " reversed" : "");
     }
@@ -268,6 +282,51 @@ public:
                (image.clipInverted ? " inverted" : "");
     }
     static std::string text(const Wipeout& wipeout) { return list("wipeout", wipeout.boundary); }
+    std::string text(const Mline& mline) const {
+        return (mline.closed ? "closed mline" : "mline") + std::string(mline.startCap ? "" : " without start cap") +
+               (mline.endCap ? "" : " without end cap") + " style " + text(double(mline.style)) +
+               list("", mline.vertices);
+    }
+    static std::string text(const MlineVertex& vertex) {
+        std::string result = text(vertex.position) + " to " + text(vertex.direction) + " mitre " + text(vertex.miter);
+        for (const auto& line : vertex.lines) {
+            result += list(" line", line);
+        }
+        return result;
+    }
+    std::string text(const Viewport& view) const {
+        std::string result = "viewport " + text(view.center) + ' ' + text(view.width) + 'x' + text(view.height) +
+                             (view.on ? "" : " off") + (view.perspective ? " perspective" : "") + " of " +
+                             text(view.viewCenter) + " high " + text(view.viewHeight) +
+                             unless(" turned ", view.twist / degree, 0.0) + unless(" about ", view.viewTarget, Vec3()) +
+                             unless(" from ", view.viewDirection, Vec3{0, 0, 1});
+        for (const uint32_t layer : view.frozenLayers) {
+            result += " without " + m_drawing.layers.at(layer).name;
+        }
+        return result + (view.clip ? " within " + text(*view.clip) : "");
+    }
+    std::string text(const Unplotted& entity) const { return "unplotted " + m_drawing.unplottedKinds.at(entity.kind); }
+    std::string text(const Layout& layout) const {
+        const PlotSettings& s = layout.settings;
+        constexpr const char* areas[] = {"sheet", "extents", "window"};
+        return layout.name + (layout.block == noBlock ? "" : " in " + m_drawing.blocks.at(layout.block).name) + " on " +
+               text(s.paperWidth) + 'x' + text(s.paperHeight) + unless(" turned ", double(s.quarterTurns), 0.0) +
+               " margins " + text(s.leftMargin) + ' ' + text(s.bottomMargin) + ' ' + text(s.rightMargin) + ' ' +
+               text(s.topMargin) + unless(" at ", s.origin, Vec2()) + unless(" unit ", s.millimetresPerUnit, 1.0) +
+               unless(" scale ", s.scale, 1.0) + (s.fitted ? " fitted" : "") + (s.centred ? " centred" : "") + ' ' +
+               areas[static_cast<size_t>(s.area)] + (s.styleTable.empty() ? "" : " styles " + s.styleTable);
+    }
+    std::string text(const MlineStyle& style) const {
+        std::string result = style.fill ? "filled " + text(*style.fill) : "hollow";
+        const auto cap = [](const MlineStyle::Cap& end) {
+            return std::string(end.line ? " line" : "") + (end.outerArc ? " arc" : "") + (end.innerArcs ? " arcs" : "");
+        };
+        for (const MlineStyle::Line& line : style.lines) {
+            result +=
+                ' ' + text(line.colour) + (line.lineType == lineTypeByLayer ? "" : ' ' + lineTypeName(line.lineType));
+        }
+        return result + (style.joints ? " joints" : "") + " start" + cap(style.start) + " end" + cap(style.end);
+    }
 
 private:
     const Drawing& m_drawing;
@@ -294,6 +353,8 @@ std::vector<std::string> shown(const Drawing& drawing) {
     addAll("layer ", drawing.layers);
     addAll("type ", drawing.lineTypes);
     addAll("style ", drawing.textStyles);
+    addAll("mlines ", drawing.mlineStyles);
+    addAll("layout ", drawing.layouts);
     const std::string header = of.header();
     if (!header.empty()) {
         lines.push_back("drawing" + header);
