@@ -74,14 +74,4 @@ TEST(RendererFactory, KnowsOneKind) {
     HT_RendererFactory::DestroyRenderer(nullptr);
 }
 
-TEST_F(RendererTest, PathModeHasNoEffect) {
-    const HT_Double_Point triangle[] = {{0, 0}, {10, 0}, {0, 10}};
-    renderer.BeginPath();
-    renderer.SetDrawingPline(true);
-    renderer.DrawPolyline(triangle, 3);
-    renderer.EndPath();
-    renderer.FillPath();
-    EXPECT_EQ(recorder.shapes(), "polyline 0,0 10,0 0,10\n");
-}
-
 } // namespace
