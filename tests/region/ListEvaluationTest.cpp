@@ -3,10 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QImage>
-#include <QPainter>
-#include <QPainterPath>
-
 #include "host/tarsel/Polygon.h"
 #include "keldriver/VornRgn.h"
 #include "support/RegionOracle.h"
@@ -18,7 +14,6 @@ namespace {
 using regionOracle::Contour;
 using regionOracle::Contours;
 using regionOracle::Generator;
-using regionOracle::Points;
 
 bool isSame(const Contours& a, const Contours& b) {
     const auto isSamePoint = [](const HT_Double_Point& p, const HT_Double_Point& q) {
@@ -72,52 +67,6 @@ TEST(ListEvaluation, IsOneCallOfTheClipperForEachLaterContour) {
         const Contours result = regionOracle::toContours(PolyAlgoOperator::ClipRgnOperator(list.get()));
         const Contours expected = given.size() == 1 ? given : joinedOneByOne(regionOracle::outerFirst(given));
         ASSERT_TRUE(isSame(result, expected)) << "list " << i;
-    }
-}
-
-/// A rectangle around the middle of a page of 100 by 100, turned by some angle.
-Points turnedRectangle(Generator& generator) {
-    const double angle = generator.real(0, M_PI);
-    const double length = generator.real(25, 45);
-    const double width = generator.real(8, 20);
-    Points points;
-    for (const auto& [along, aside] : {std::pair(1, 1), {-1, 1}, {-1, -1}, {1, -1}}) {
-        const double x = along * length;
-        const double y = aside * width;
-        points.push_back(
-            {50 + x * std::cos(angle) - y * std::sin(angle), 50 + x * std::sin(angle) + y * std::cos(angle)});
-    }
-    return points;
-}
-
-TEST(ListEvaluation, AUnionIsFilledWithoutSeams) {
-    Generator generator(12);
-    for (int fill = 0; fill < 100; ++fill) {
-        const Contours given = {{HT_RGN_OR, turnedRectangle(generator)}, {HT_RGN_OR, turnedRectangle(generator)}};
-        const RgnList list = regionOracle::toList(given);
-        QPainterPath path;
-        for (const Contour& contour : regionOracle::toContours(PolyAlgoOperator::ClipRgnOperator(list.get()))) {
-            QPolygonF polygon;
-            for (const HT_Double_Point& point : contour.points) {
-                polygon.append({point.x, point.y});
-            }
-            path.addPolygon(polygon);
-        }
-        QImage page(100, 100, QImage::Format_Grayscale8);
-        page.fill(Qt::white);
-        QPainter painter(&page);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.fillPath(path, Qt::black);
-        for (int y = 0; y < page.height(); ++y) {
-            for (int x = 0; x < page.width(); ++x) {
-                const HT_Double_Point centre{x + 0.5, y + 0.5};
-                const bool isWithin = std::any_of(given.begin(), given.end(), [&](const Contour& contour) {
-                    return regionOracle::isInside(contour.points, centre) &&
-                           !regionOracle::isNearEdge({contour}, centre, 1.0);
-                });
-                ASSERT_TRUE(!isWithin || qGray(page.pixel(x, y)) == 0) << "fill " << fill << " at " << x << ", " << y;
-            }
-        }
     }
 }
 

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include <fstream>
 #include <functional>
 #include <map>
 #include <memory>
@@ -12,7 +11,7 @@
 
 #include "render/RendererFixture.h"
 #include "support/ExpectedWarnings.h"
-#include "support/RegionOracle.h"
+#include "support/RegionCases.h"
 
 // Drivers' sessions from the folder "sessions", one call a line with all that it does:
 //
@@ -27,30 +26,20 @@
 namespace {
 
 using Words = std::vector<std::string>;
-using regionOracle::Contours;
-using regionOracle::Points;
+using regionCases::contoursOf;
+using regionCases::pointsOf;
 
-HT_Double_Point pointOf(const std::string& word) {
-    const size_t comma = word.find(',');
-    return {std::stod(word), std::stod(word.substr(comma + 1))};
+HT_Double_Point pointOf(const Words& words) {
+    return pointsOf(words.at(1)).at(0);
 }
 
-/// Points from a word on, up to the end or a "/".
-Points pointsOf(const Words& words, size_t first) {
-    Points points;
-    for (size_t i = first; i < words.size() && words[i] != "/"; ++i) {
-        points.push_back(pointOf(words[i]));
+/// What follows a word.
+std::string textAfter(const Words& words, size_t first) {
+    std::string text;
+    for (size_t i = first + 1; i < words.size(); ++i) {
+        text += words[i] + " ";
     }
-    return points;
-}
-
-/// "mode x,y x,y / mode x,y …"
-Contours contoursOf(const Words& words) {
-    Contours contours;
-    for (size_t i = 1; i < words.size(); i += contours.back().points.size() + 2) {
-        contours.push_back({std::stoi(words[i], nullptr, 0), pointsOf(words, i + 1)});
-    }
-    return contours;
+    return text;
 }
 
 struct Session {
@@ -69,10 +58,10 @@ struct Session {
         renderer->SetLineType(static_cast<HT_PlotStyle::LineType>(std::stoi(w.at(1))),
                               isNull ? nullptr : pattern.data(), isNull ? 2 : static_cast<unsigned>(pattern.size()));
     }
-    void point(const Words& w) { renderer->DrawPoint(pointOf(w.at(1))); }
-    void ellipse(const Words& w) { renderer->DrawEllipse(pointOf(w.at(1)), 5, 5, 0); }
-    void arc(const Words& w) { renderer->DrawArc(pointOf(w.at(1)), 5, 5, 0, 0, 1); }
-    void clip(const Words& w) { renderer->SetClipRgn(regionOracle::toList(contoursOf(w)).get()); }
+    void point(const Words& w) { renderer->DrawPoint(pointOf(w)); }
+    void ellipse(const Words& w) { renderer->DrawEllipse(pointOf(w), 5, 5, 0); }
+    void arc(const Words& w) { renderer->DrawArc(pointOf(w), 5, 5, 0, 0, 1); }
+    void clip(const Words& w) { renderer->SetClipRgn(regionOracle::toList(contoursOf(textAfter(w, 0))).get()); }
     void beginPath(const Words&) { renderer->BeginPath(), renderer->SetDrawingPline(true); }
     void endPath(const Words&) { renderer->EndPath(), renderer->FillPath(); }
     void attach(const Words& w) { renderer->AttachDriver(w.size() == 1 ? &painter : nullptr, {1000, 1000}, true); }
@@ -99,7 +88,7 @@ auto setting(void (QTRenderer::*setter)(Enum)) {
 auto drawing(void (QTRenderer::*draw)(const HT_Double_Point*, int)) {
     return [draw](Session& s, const Words& words) {
         const bool isStated = words.at(1)[0] == '#';
-        const Points points = pointsOf(words, isStated ? 2 : 1);
+        const auto points = pointsOf(textAfter(words, isStated ? 1 : 0));
         const int count = isStated ? std::stoi(words[1].substr(1)) : static_cast<int>(points.size());
         (s.renderer.get()->*draw)(points.empty() ? nullptr : points.data(), count);
     };
@@ -191,31 +180,20 @@ std::string effectOf(Session& session, const Words& call) {
     return text.empty() ? text : text.substr(3);
 }
 
-void playFile(const std::string& path) {
-    std::ifstream file(path);
-    std::optional<Session> session;
-    int number = 0;
-    for (std::string line; std::getline(file, line);) {
-        ++number;
-        if (line[0] == '[') {
-            session.emplace();
-            session->attach({"attach"});
-        } else if (!line.empty() && line[0] != '#') {
-            const size_t arrow = line.find(" => ");
-            std::istringstream in(line.substr(0, arrow));
-            const Words call{std::istream_iterator<std::string>(in), {}};
-            ASSERT_EQ(calls.count(call.at(0)), 1U) << path << ":" << number << ": " << line;
-            EXPECT_EQ(effectOf(*session, call), arrow == std::string::npos ? "" : line.substr(arrow + 4))
-                << path << ":" << number << ": " << line;
-        }
-    }
-}
-
 TEST(Session, CallsHaveTheStatedEffects) {
     for (const char* name : {"attach", "clip", "shapes", "style"}) {
-        const std::string path = std::string(SESSIONS "/") + name + ".session";
-        ASSERT_TRUE(std::ifstream(path)) << path;
-        playFile(path);
+        std::optional<Session> session;
+        for (const regionCases::Case& each : regionCases::read(std::string(SESSIONS "/") + name + ".session")) {
+            std::istringstream in(each.input);
+            const Words call{std::istream_iterator<std::string>(in), {}};
+            if (each.input[0] == '[') {
+                session.emplace();
+                session->attach({"attach"});
+                continue;
+            }
+            ASSERT_EQ(calls.count(call[0]), 1U) << each.place;
+            EXPECT_EQ(effectOf(*session, call), each.outcome) << each.place;
+        }
     }
 }
 

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <algorithm>
 #include <cstring>
-#include <fstream>
-#include <map>
-#include <sstream>
 
 #include <dlfcn.h>
 
@@ -12,8 +9,12 @@
 #include "host/vnbase/LineOracle.h"
 #include "keldriver/ClipLine.h"
 #include "keldriver/Utility.h"
+#include "support/RegionCases.h"
 
 namespace {
+
+using regionCases::contoursOf;
+using regionCases::pointsOf;
 
 /// Clips through the shared library, which loads the module from the build.
 PieceList clip(const Contours& region, const Line& line) {
@@ -37,47 +38,12 @@ PieceList clip(const Contours& region, const Line& line) {
     return pieces;
 }
 
-/// Points from text, "x,y x,y …".
-Line lineOf(const std::string& text) {
-    std::istringstream in(text);
-    Line line;
-    for (std::string x, y; std::getline(in, x, ',') && in >> y;) {
-        line.push_back({std::stod(x), std::stod(y)});
-    }
-    return line;
-}
-
-/// A region from text, "code points / code points …", where a name stands for a shape's points.
-Contours regionOf(const std::string& text, std::map<std::string, std::string>& shapes) {
-    std::istringstream in(text);
-    Contours region;
-    for (std::string contour; std::getline(in >> std::ws, contour, '/');) {
-        const size_t blank = contour.find(' ');
-        const std::string points = contour.substr(blank + 1, contour.find_last_not_of(' ') - blank);
-        const std::string& shape = shapes[points];
-        region.push_back({std::stoi(contour, nullptr, 0), lineOf(shape.empty() ? points : shape)});
-    }
-    return region;
-}
-
+// The outcome of a case is its polyline and, behind another arrow, the pieces.
 TEST(Clip, CasesGiveTheirPieces) {
-    std::ifstream file(CLIP_CASES);
-    ASSERT_TRUE(file) << CLIP_CASES;
-    std::map<std::string, std::string> shapes;
-    for (std::string text; std::getline(file, text);) {
-        const size_t name = text.find(": ");
-        const size_t line = text.find(" => ");
-        const size_t pieces = text.find(" =>", line + 4);
-        if (text.empty() || text[0] == '#') {
-            continue;
-        }
-        if (const size_t equals = text.find(" = "); equals != std::string::npos) {
-            shapes[text.substr(0, equals)] = text.substr(equals + 3);
-            continue;
-        }
-        const Contours region = regionOf(text.substr(name + 2, line - name - 2), shapes);
-        const PieceList found = clip(region, lineOf(text.substr(line + 4, pieces - line - 4)));
-        EXPECT_EQ(" =>" + (found.empty() ? "" : " " + textOf(found)), text.substr(pieces)) << text;
+    for (const regionCases::Case& each : regionCases::read(CLIP_CASES)) {
+        const size_t arrow = each.outcome.find(" =>");
+        const PieceList found = clip(contoursOf(each.input), pointsOf(each.outcome.substr(0, arrow)));
+        EXPECT_EQ(" =>" + (found.empty() ? "" : " " + textOf(found)), each.outcome.substr(arrow)) << each.place;
     }
 }
 
@@ -115,11 +81,11 @@ TEST(Clip, AgreesWithTheOraclePieceByPiece) {
 
 // A region whose edges lie side by side in one direction is sorted by that direction.
 TEST(Clip, LongLinesOverRowsOfTeethAgreeWithTheOracleWhicheverWayTheyRun) {
-    Line teeth = lineOf("600,-30 0,-30");
+    Line teeth = pointsOf("600,-30 0,-30");
     for (int i = 0; i <= 200; ++i) {
         teeth.push_back({3.0 * i, i % 2 == 0 ? 0.0 : 100.0});
     }
-    Contours region{{HT_RGN_OR, teeth}, {HT_RGN_DIFF, lineOf("50,20 550,20 550,40 50,40")}};
+    Contours region{{HT_RGN_OR, teeth}, {HT_RGN_DIFF, pointsOf("50,20 550,20 550,40 50,40")}};
     regionOracle::Generator random(9);
     Line line = randomLine(random, 2000, 640, 0);
     for (const bool isLying : {true, false}) {
@@ -133,8 +99,8 @@ TEST(Clip, LongLinesOverRowsOfTeethAgreeWithTheOracleWhicheverWayTheyRun) {
 }
 
 TEST(Clip, NothingInGivesNothingOut) {
-    const Line line = lineOf("10,10 20,20");
-    const RgnList region = regionOracle::toList({{4, lineOf("0,0 100,0 100,100 0,100")}});
+    const Line line = pointsOf("10,10 20,20");
+    const RgnList region = regionOracle::toList({{4, pointsOf("0,0 100,0 100,100 0,100")}});
     const HT_ClipRgn withoutPoints{4, nullptr, 5, nullptr};
     const struct {
         const char* name;
