@@ -5,51 +5,40 @@
 
 #include <gtest/gtest.h>
 
-#include "support/RegionOracle.h"
+#include "support/RegionCases.h"
 
 namespace {
 
+using regionCases::textOf;
 using regionOracle::boxOf;
 using regionOracle::Contours;
 using regionOracle::Points;
 
-const Points square = {{0, 0}, {10, 0}, {10, 10}, {0, 10}};
-const Points triangle = {{0, 0}, {10, 0}, {0, 10}};
+using Box = std::vector<double>;
 
-const std::vector<double> zeroBox = {0, 0, 0, 0};
+const Points square = regionCases::pointsOf("0,0 10,0 10,10 0,10");
+const Box zeroBox = {0, 0, 0, 0};
 
 TEST(VornRgn, AListWhoseFirstContourHasNoPointsIsClonedAsItIs) {
-    const CVornRgn rgn(regionOracle::toList({{4, {}}, {2, triangle}, {1, square}}).get());
-    const Contours contours = regionOracle::toContours(rgn.m_pClipRgn);
-    ASSERT_EQ(contours.size(), 3U);
-    EXPECT_EQ(contours[1].mode, 2);
-    EXPECT_EQ(contours[2].points.size(), 4U);
+    const std::string list = "4 / 2 0,0 10,0 0,10 / 1 0,0 10,0 10,10 0,10";
+    const CVornRgn rgn(regionOracle::toList(regionCases::contoursOf(list)).get());
+    EXPECT_EQ(textOf(rgn.m_pClipRgn), list);
 
     CVornRgn polygon;
     polygon.CreatePolygonRgn(nullptr, 0, 1);
     EXPECT_EQ(polygon.GetRgnBox(nullptr), 3);
     EXPECT_EQ(boxOf(polygon), zeroBox);
-    EXPECT_NE(polygon.m_pClipRgn, nullptr);
-}
-
-/// The points of a region's only contour.
-std::vector<double> pointsOf(const HT_ClipRgn* list) {
-    EXPECT_TRUE(list != nullptr && list->mode == HT_RGN_XOR && list->next == nullptr);
-    std::vector<double> numbers;
-    for (int i = 0; list != nullptr && i < list->pointCount; ++i) {
-        numbers.insert(numbers.end(), {list->points[i].x, list->points[i].y});
-    }
-    return numbers;
+    EXPECT_EQ(textOf(polygon.m_pClipRgn), "4");
 }
 
 TEST(VornRgn, ARectangleMakesItsContourWhenAsked) {
     CVornRgn rgn;
     EXPECT_EQ(rgn.CreateRectRgn(10, 3, -2, 7), 1); // sorts the corners
     EXPECT_EQ(rgn.GetRgnBox(nullptr), 2);
-    EXPECT_EQ(boxOf(rgn), (std::vector<double>{-2, 3, 10, 7}));
+    EXPECT_EQ(boxOf(rgn), (Box{-2, 3, 10, 7}));
     EXPECT_EQ(rgn.m_pClipRgn, nullptr);
     const HT_ClipRgn* const list = rgn.GetClipRgnRef();
-    EXPECT_EQ(pointsOf(list), (std::vector<double>{-2, 3, 10, 3, 10, 7, -2, 7}));
+    EXPECT_EQ(textOf(list), "4 -2,3 10,3 10,7 -2,7");
     EXPECT_EQ(rgn.GetClipRgnRef(), list);
 
     CVornRgn none;
@@ -59,7 +48,7 @@ TEST(VornRgn, ARectangleMakesItsContourWhenAsked) {
 
     CVornRgn empty(nullptr);
     empty.m_rcBox = {1, 2, 3, 4};
-    EXPECT_EQ(pointsOf(empty.GetClipRgnRef()), std::vector<double>(8)) << "a rectangle without extent";
+    EXPECT_EQ(textOf(empty.GetClipRgnRef()), "4 0,0 0,0 0,0 0,0");
     EXPECT_EQ(boxOf(empty), zeroBox);
 
     CVornRgn unknown;
@@ -70,7 +59,7 @@ TEST(VornRgn, ARectangleMakesItsContourWhenAsked) {
 
 TEST(VornRgn, CopiesAreDeepAndACopyOfItselfChangesNothing) {
     CVornRgn source;
-    source.CreatePolygonRgn(triangle.data(), 3, 2);
+    source.CreatePolygonRgn(square.data(), 3, 2);
     CVornRgn copy(source);
     CVornRgn assigned;
     assigned.CreateRectRgn(1, 1, 2, 2);
@@ -80,8 +69,8 @@ TEST(VornRgn, CopiesAreDeepAndACopyOfItselfChangesNothing) {
     EXPECT_EQ(source.DeleteObject(), 1);
     for (CVornRgn* rgn : {&copy, &assigned}) {
         EXPECT_EQ(rgn->m_nType, 2);
-        EXPECT_EQ(boxOf(*rgn), (std::vector<double>{0, 0, 10, 10}));
-        EXPECT_EQ(pointsOf(rgn->GetClipRgnRef()), (std::vector<double>{0, 0, 10, 0, 0, 10}));
+        EXPECT_EQ(boxOf(*rgn), (Box{0, 0, 10, 10}));
+        EXPECT_EQ(textOf(rgn->GetClipRgnRef()), "4 0,0 10,0 10,10");
     }
     EXPECT_NE(copy.m_pClipRgn, assigned.m_pClipRgn);
     EXPECT_TRUE(source.m_nType == 0 && source.m_pClipRgn == nullptr && boxOf(source) == zeroBox);
@@ -92,7 +81,7 @@ TEST(VornRgn, PolygonsMayComeFromTheRegionItselfAndNegativeCountsThrow) {
     rgn.CreatePolygonRgn(square.data(), 4, 1);
     EXPECT_EQ(rgn.CreatePolygonRgn(rgn.m_pClipRgn->points, 3, 1), 1);
     EXPECT_EQ(rgn.m_nType, 2);
-    EXPECT_EQ(pointsOf(rgn.GetClipRgnRef()), (std::vector<double>{0, 0, 10, 0, 10, 10}));
+    EXPECT_EQ(textOf(rgn.GetClipRgnRef()), "4 0,0 10,0 10,10");
     EXPECT_THROW(rgn.CreatePolygonRgn(square.data(), -1, 1), std::bad_array_new_length);
     EXPECT_EQ(rgn.GetClipRgnRef()->pointCount, 3) << "the region stays";
     const HT_ClipRgn broken{HT_RGN_OR, nullptr, -2, nullptr};

@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/PlotText.h"
 #include "support/RegionOracle.h"
 
 /// Files of cases, one a line: "name: input => outcome". The name or the outcome may be missing. A line "word = text"
@@ -68,6 +69,18 @@ inline regionOracle::Contours contoursOf(const std::string& text) {
         contours.push_back({std::stoi(contour, nullptr, 0), pointsOf(points)});
     }
     return contours;
+}
+
+/// The same of a list.
+inline std::string textOf(const HT_ClipRgn* list) {
+    std::string text;
+    for (; list != nullptr; list = list->next) {
+        text += (text.empty() ? "" : " / ") + std::to_string(list->mode);
+        for (int i = 0; list->points != nullptr && i < list->pointCount; ++i) {
+            text += " " + plotText::number(list->points[i].x) + "," + plotText::number(list->points[i].y);
+        }
+    }
+    return text;
 }
 
 } // namespace regionCases
