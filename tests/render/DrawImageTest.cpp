@@ -24,33 +24,6 @@ std::vector<uint32_t> pixelsOf(const QImage& image) {
     return {pixels, pixels + image.width() * image.height()};
 }
 
-TEST_F(ImageTest, GoesWhereItsRecordSays) {
-    const struct {
-        double scale;
-        int rows;
-        HT_RasterImage_Record record;
-        const char* expected;
-    } rows[] = {
-        {1, 50, {nullptr, 10, 20, 1, {}, 1}, "10,20 100x51"},
-        {1, 50, {nullptr, 10, 20, 1, {}, -1}, "10,-31 100x51"},
-        {1, -50, {nullptr, 10, 20, 1, {}, 1}, "10,20 100x51"},
-        {2, 50, {nullptr, 10.4, -3.5, 0.505, {}, 1}, "20,-8 102x102"},
-        {0.5, 50, {nullptr, 3, 5, 0.015, {}, -1}, "1,-23 1x25"},
-        {1, 50, {nullptr, 1e12, -1e12, 1, {}, 1e12}, "2147483647,-2147483648 100x2147483647"},
-        {1, 50, {nullptr, 10, 20, 1, {}, 0}, nullptr},
-    };
-    for (auto row : rows) {
-        FakeImage image(100, row.rows);
-        row.record.image = &image;
-        recorder.clear();
-        renderer.setScale(row.scale);
-        renderer.DrawImage(&row.record);
-        const std::string expected =
-            row.expected != nullptr ? "image " + std::string(row.expected) + " from 0,0 100x50 of 100x50\n" : "";
-        EXPECT_EQ(recorder.shapes(), expected);
-    }
-}
-
 TEST_F(ImageTest, OpaquePixelsAreDrawnFromTheirOwnMemory) {
     FakeImage image(3, 2);
     EXPECT_EQ(drawn(image).constBits(), image.pixels);

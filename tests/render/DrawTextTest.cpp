@@ -195,16 +195,15 @@ TEST(LogFontTest, WeightsAndLines) {
 }
 
 TEST(FontNameTest, IsTheFamilyAskedFor) {
-    tagLOGFONTW record{};
+    for (const std::wstring& family :
+         {std::wstring(), std::wstring(L"No such fönt \U0001D400"), std::wstring(32, L'x')}) {
+        tagLOGFONTW record{};
+        std::wmemcpy(record.lfFaceName, family.data(), family.size()); // the longest has no terminator
+        std::wstring name = L"before";
+        EXPECT_EQ(GetFontFullName(&record, name), 1);
+        EXPECT_EQ(name, family);
+    }
     std::wstring name = L"before";
-    EXPECT_EQ(GetFontFullName(&record, name), 1);
-    EXPECT_EQ(name, L"");
-    std::wcscpy(record.lfFaceName, L"No such fönt \U0001D400");
-    EXPECT_EQ(GetFontFullName(&record, name), 1);
-    EXPECT_EQ(name, L"No such fönt \U0001D400");
-    std::wmemset(record.lfFaceName, L'x', 32); // no terminator
-    EXPECT_EQ(GetFontFullName(&record, name), 1);
-    EXPECT_EQ(name, std::wstring(32, L'x'));
     EXPECT_EQ(GetFontFullName(nullptr, name), 1);
     EXPECT_EQ(name, L"");
 }

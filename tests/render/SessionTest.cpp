@@ -9,6 +9,7 @@
 
 #include <QImage>
 
+#include "render/FakeImage.h"
 #include "render/RendererFixture.h"
 #include "support/ExpectedWarnings.h"
 #include "support/RegionCases.h"
@@ -62,6 +63,14 @@ struct Session {
     void ellipse(const Words& w) { renderer->DrawEllipse(pointOf(w), 5, 5, 0); }
     void arc(const Words& w) { renderer->DrawArc(pointOf(w), 5, 5, 0, 0, 1); }
     void clip(const Words& w) { renderer->SetClipRgn(regionOracle::toList(contoursOf(textAfter(w, 0))).get()); }
+    /// Columns and rows, the place, and both factors.
+    void image(const Words& w) {
+        const auto numbers = pointsOf(textAfter(w, 0));
+        FakeImage image(static_cast<int>(numbers.at(0).x), static_cast<int>(numbers[0].y));
+        const auto [place, factors] = std::pair(numbers.at(1), numbers.at(2));
+        HT_RasterImage_Record record{&image, place.x, place.y, factors.x, {}, factors.y};
+        renderer->DrawImage(&record);
+    }
     void beginPath(const Words&) { renderer->BeginPath(), renderer->SetDrawingPline(true); }
     void endPath(const Words&) { renderer->EndPath(), renderer->FillPath(); }
     void attach(const Words& w) { renderer->AttachDriver(w.size() == 1 ? &painter : nullptr, {1000, 1000}, true); }
@@ -112,6 +121,7 @@ const std::map<std::string, std::function<void(Session&, const Words&)>> calls =
     {"ellipse", &Session::ellipse},
     {"arc", &Session::arc},
     {"clip", &Session::clip},
+    {"image", &Session::image},
     {"begin-path", &Session::beginPath},
     {"end-path", &Session::endPath},
     {"attach", &Session::attach},
