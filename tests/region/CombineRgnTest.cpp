@@ -97,7 +97,7 @@ TEST(CombineRgn, ResultsAreEvaluatedLists) {
         HT_Double_Rectangle box{};
         const int kind = !list ? 1 : KelDriver::HT_StandardClipRgn(list.get(), &box) ? 2 : 3;
 
-        CVornRgn result;
+        CVornRgn result = rectangle(1, 2, 3, 4);
         ASSERT_EQ(result.CombineRgn(&a, &b, op), kind) << i;
         ASSERT_EQ(boxOf(result), (Box{box.minX, box.minY, box.maxX, box.maxY})) << i;
         ASSERT_EQ(modesOf(result.m_pClipRgn), modesOf(list.get())) << i;
