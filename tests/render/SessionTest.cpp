@@ -49,8 +49,8 @@ struct Session {
     std::unique_ptr<QTRenderer> renderer = std::make_unique<QTRenderer>();
     std::optional<ExpectedWarnings> warnings;
 
-    void color(const Words& w) { renderer->SetColor(static_cast<HT_Color>(std::stoul(w.at(1), nullptr, 16))); }
-    void type(const Words& w) {
+    void color(const Words& w) const { renderer->SetColor(static_cast<HT_Color>(std::stoul(w.at(1), nullptr, 16))); }
+    void type(const Words& w) const {
         std::vector<double> pattern;
         const bool isNull = w.size() > 2 && w[2] == "null";
         for (size_t i = 2; i < w.size() && !isNull; ++i) {
@@ -59,24 +59,24 @@ struct Session {
         renderer->SetLineType(static_cast<HT_PlotStyle::LineType>(std::stoi(w.at(1))),
                               isNull ? nullptr : pattern.data(), isNull ? 2 : static_cast<unsigned>(pattern.size()));
     }
-    void point(const Words& w) { renderer->DrawPoint(pointOf(w)); }
-    void ellipse(const Words& w) { renderer->DrawEllipse(pointOf(w), 5, 5, 0); }
-    void arc(const Words& w) { renderer->DrawArc(pointOf(w), 5, 5, 0, 0, 1); }
-    void clip(const Words& w) { renderer->SetClipRgn(regionOracle::toList(contoursOf(textAfter(w, 0))).get()); }
+    void point(const Words& w) const { renderer->DrawPoint(pointOf(w)); }
+    void ellipse(const Words& w) const { renderer->DrawEllipse(pointOf(w), 5, 5, 0); }
+    void arc(const Words& w) const { renderer->DrawArc(pointOf(w), 5, 5, 0, 0, 1); }
+    void clip(const Words& w) const { renderer->SetClipRgn(regionOracle::toList(contoursOf(textAfter(w, 0))).get()); }
     /// Columns and rows, the place, and both factors.
-    void image(const Words& w) {
+    void image(const Words& w) const {
         const auto numbers = pointsOf(textAfter(w, 0));
         FakeImage image(static_cast<int>(numbers.at(0).x), static_cast<int>(numbers[0].y));
         const auto [place, factors] = std::pair(numbers.at(1), numbers.at(2));
         HT_RasterImage_Record record{&image, place.x, place.y, factors.x, {}, factors.y};
         renderer->DrawImage(&record);
     }
-    void beginPath(const Words&) { renderer->BeginPath(), renderer->SetDrawingPline(true); }
-    void endPath(const Words&) { renderer->EndPath(), renderer->FillPath(); }
+    void beginPath(const Words&) const { renderer->BeginPath(), renderer->SetDrawingPline(true); }
+    void endPath(const Words&) const { renderer->EndPath(), renderer->FillPath(); }
     void attach(const Words& w) { renderer->AttachDriver(w.size() == 1 ? &painter : nullptr, {1000, 1000}, true); }
-    void detach(const Words&) { renderer->DetachDriver(); }
-    void start(const Words& w) { EXPECT_EQ(renderer->StartRender(), w.size() == 1); }
-    void finish(const Words&) { renderer->FinishRender(); }
+    void detach(const Words&) const { renderer->DetachDriver(); }
+    void start(const Words& w) const { EXPECT_EQ(renderer->StartRender(), w.size() == 1); }
+    void finish(const Words&) const { renderer->FinishRender(); }
     void renew(const Words&) { renderer.reset(), renderer = std::make_unique<QTRenderer>(); }
     void expectWarnings(const Words& w) { warnings.emplace(w.at(1)); }
     // What the driver does with its painter.

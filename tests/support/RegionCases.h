@@ -36,7 +36,8 @@ inline std::vector<Case> read(const std::string& path) {
         if (equals != std::string::npos) {
             shapes[line.substr(0, equals)] = line.substr(equals + 3);
         } else if (!line.empty() && line[0] != '#') {
-            Case each{path + ":" + std::to_string(number) + ": " + line, "", "", ""};
+            Case each{path, "", "", ""};
+            each.place.append(":").append(std::to_string(number)).append(": ").append(line);
             each.name = colon < arrow ? line.substr(0, colon) : "";
             const size_t start = std::min(colon < arrow ? colon + 2 : 0, arrow);
             std::istringstream words(line.substr(start, arrow - start));
