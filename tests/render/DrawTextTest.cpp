@@ -148,6 +148,7 @@ TEST_F(TextTest, HeavyAndSlantedFonts) {
     expected.setWeight(75);
     expected.setItalic(true);
     EXPECT_EQ(recorder.calls().at(0).path, outlineOf(expected));
+    EXPECT_NE(recorder.calls()[0].path, outlineOf(qtFont(usualPoints())));
 }
 
 TEST_F(TextTest, OddArgumentsAreHarmless) {
