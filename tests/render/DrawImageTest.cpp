@@ -21,7 +21,7 @@ protected:
 
 std::vector<uint32_t> pixelsOf(const QImage& image) {
     const auto* pixels = reinterpret_cast<const uint32_t*>(image.constBits());
-    return {pixels, pixels + image.width() * image.height()};
+    return {pixels, pixels + static_cast<ptrdiff_t>(image.width()) * image.height()};
 }
 
 TEST_F(ImageTest, OpaquePixelsAreDrawnFromTheirOwnMemory) {
@@ -82,9 +82,9 @@ TEST_F(ImageTest, ImagesOfOtherDepthsEndWithTheirBytes) {
     for (const HT_RasterImagePtr& image : images) {
         QImage(40, 3, QImage::Format_ARGB32).fill(Qt::red); // leaves memory behind that is not zero
         const QImage page = drawn(*image);
-        std::vector<unsigned char> expected(40 * 3 * 4);
-        std::memcpy(expected.data(), image->scanLinesBase(), 3 * image->scanLineSize());
         ASSERT_EQ(page.size(), QSize(40, 3));
+        std::vector<unsigned char> expected(static_cast<size_t>(page.sizeInBytes()));
+        std::memcpy(expected.data(), image->scanLinesBase(), size_t{3} * image->scanLineSize());
         EXPECT_EQ(std::vector<unsigned char>(page.constBits(), page.constBits() + expected.size()), expected)
             << image->colorDepth();
     }

@@ -33,7 +33,7 @@ std::vector<Shown> runsOf(const HT_Text& text) {
     std::wstring joined;
     for (const HT_SubText& run : text.GetSubTexts()) {
         EXPECT_EQ(static_cast<size_t>(run.start), joined.size());
-        runs.push_back({text.GetRunText(run), run.font.lfFaceName});
+        runs.emplace_back(text.GetRunText(run), run.font.lfFaceName);
         joined += runs.back().first;
     }
     EXPECT_EQ(joined, text.GetText());
