@@ -189,7 +189,7 @@ TEST(MatrixTest, WritersLeaveASharedBlock) {
     EXPECT_EQ(matrix.GetReferenceCount(), 1);
     EXPECT_EQ(block[0], 1);
     int32_t count = 0;
-    std::memcpy(&count, block + 6, sizeof count); // behind the elements
+    std::memcpy(&count, block + 6, sizeof count); // after the elements
     EXPECT_EQ(count, 1) << "the writer's share";
     delete[] block;
 

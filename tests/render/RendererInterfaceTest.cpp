@@ -28,7 +28,7 @@ void expectAgreedOrder() {
                                    slotOf(&R::SetClipRgn),      slotOf(&R::setScale),
                                    slotOf(&R::BeginPath),       slotOf(&R::EndPath),
                                    slotOf(&R::FillPath),        slotOf(&R::SetDrawingPline)};
-    ptrdiff_t expected = 2; // behind the destructor
+    ptrdiff_t expected = 2; // after the destructor
     for (const ptrdiff_t position : positions) {
         EXPECT_EQ(position, expected++);
     }
