@@ -16,7 +16,7 @@ sample=(
     kelplot/cli/PlotPlan.cpp
     kelplot/reader/entity/PolylineDecoder.cpp
     tests/geometry/MatrixTest.cpp
-    tests/render/RendererStyleTest.cpp
+    tests/render/SessionTest.cpp
     benchmarks/ClipLineBenchmark.cpp
     fuzz/IniFuzzer.cpp
 )

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <functional>
 #include <random>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -27,116 +27,84 @@ Matrix matrixOf(const Rows& rows) {
     return matrix;
 }
 
-Rows rowsOf(const Matrix& matrix) {
-    Rows rows;
+/// The rows, "1 2 3, 4 5 6".
+std::string textOf(const Matrix& matrix) {
+    std::ostringstream text;
     for (int r = 0; r < matrix.GetRows(); ++r) {
-        rows.emplace_back();
         for (int c = 0; c < matrix.GetColumns(); ++c) {
-            rows.back().push_back(matrix[r][c]);
+            text << (c > 0 ? " " : r > 0 ? ", " : "") << matrix[r][c];
         }
     }
-    return rows;
+    return text.str();
 }
 
-std::string messageOf(const std::function<void()>& act) {
+/// What a calculation gives, or what it says when it refuses.
+std::string outcomeOf(const std::function<Matrix()>& calculate) {
     try {
-        act();
+        return textOf(calculate());
     } catch (const char* message) {
         return message;
     }
-    return "";
 }
 
-const Rows twoByThree = {{1, 2, 3}, {4, 5, 6}};
-const Rows threeByTwo = {{1, 4}, {2, 5}, {3, 6}};
-
-template <typename Act>
-Matrix changed(const Rows& rows, Act act) {
-    Matrix matrix = matrixOf(rows);
-    act(matrix);
-    return matrix;
-}
-
-TEST(MatrixTest, Operations) {
-    const Matrix a = matrixOf(twoByThree);
-    const Matrix b = matrixOf(threeByTwo);
+TEST(MatrixTest, OperationsGiveOrRefuse) {
+    const Matrix a = matrixOf({{1, 2, 3}, {4, 5, 6}});
+    const Matrix b = matrixOf({{1, 4}, {2, 5}, {3, 6}});
+    const Matrix square = matrixOf({{8, 9}, {6, 7}});
+    const Matrix wide = matrixOf({{1, 2, 3, 4, 5}, {6, 7, 8, 9, 10}});
     const double added[] = {7, 8, 9};
+    const auto changed = [](Matrix m, auto change) {
+        change(m);
+        return m;
+    };
     const struct {
         const char* name;
-        Matrix result;
-        Rows expected;
+        std::function<Matrix()> calculate;
+        const char* outcome;
     } rows[] = {
-        {"default", Matrix(), {{0}}},
-        {"identity", Matrix(2, true), {{1, 0}, {0, 1}}},
-        {"no identity", Matrix(2, false), {{0, 0}, {0, 0}}},
-        {"sum", a + a, {{2, 4, 6}, {8, 10, 12}}},
-        {"difference with itself", changed(twoByThree, [](Matrix& m) { m.operator-=(m); }), {{0, 0, 0}, {0, 0, 0}}},
-        {"product", a * b, {{14, 32}, {32, 77}}},
-        {"product in place, from the right",
-         changed(threeByTwo, [&](Matrix& m) { m *= a; }),
-         {{17, 22, 27}, {22, 29, 36}, {27, 36, 45}}},
-        {"factor", a * -2.0, {{-2, -4, -6}, {-8, -10, -12}}},
-        {"transposed", a.GetTransposed(), threeByTwo},
-        {"transposed in place", changed(threeByTwo, [](Matrix& m) { m.Transpose(); }), twoByThree},
-        {"sub-matrix", a.ExtractSubMatrix(0, 1, 1, 1), {{2}}},
-        {"sub-matrix set",
-         changed(twoByThree,
-                 [](Matrix& m) {
-                     m.SetSubMatrix(0, 1, matrixOf({{8, 9}, {6, 7}}));
-                 }),
-         {{1, 8, 9}, {4, 6, 7}}},
-        {"diagonal", matrixOf({{1, 2}, {3, 4}}).ExtractDiagonal(), {{1}, {4}}},
-        {"columns lengthened by a matrix", a.GetConcatinatedColumns(a), {{1, 2, 3}, {4, 5, 6}, {1, 2, 3}, {4, 5, 6}}},
-        {"rows lengthened by itself",
-         changed(twoByThree, [](Matrix& m) { m.ConcatinateRows(m); }),
-         {{1, 2, 3, 1, 2, 3}, {4, 5, 6, 4, 5, 6}}},
-        {"columns lengthened by values",
-         changed(twoByThree, [&](Matrix& m) { m.AddColumn(added); }),
-         {{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}},
-        {"rows lengthened by values",
-         changed(twoByThree, [&](Matrix& m) { m.AddRow(added); }),
-         {{1, 2, 3, 7}, {4, 5, 6, 8}}},
-        {"square of a wide one", matrixOf({{1, 2, 3, 4, 5}, {6, 7, 8, 9, 10}}).GetSquareMatrix(), {{1, 3}, {6, 8}}},
-        {"square of a nearly square one", changed(twoByThree, [](Matrix& m) { m.MakeSquare(); }), {{1, 2}, {4, 5}}},
-        {"covariant", a.Covariant(), {{14, 32}, {32, 77}}},
-        {"normalised", matrixOf({{2, 4}, {6, 10}}).GetNormalised(-1, 1), {{-1, -0.5}, {0, 1}}},
-        {"minor, counted from 1, column first", a.resid(3, 1), {{4, 5}}},
-        {"minor of no such row or column", a.resid(0, 3), {{1, 2}}},
-        {"inverse of one element", matrixOf({{4}}).GetInverted(), {{0.25}}},
-        {"inverse that stays as it is", changed(twoByThree, [](Matrix& m) { m.Invert(); }), twoByThree},
+        {"default", [] { return Matrix(); }, "0"},
+        {"identity", [] { return Matrix(2, true); }, "1 0, 0 1"},
+        {"no identity", [] { return Matrix(2, false); }, "0 0, 0 0"},
+        {"negative size", [] { return Matrix(-1, 2); }, "Invalid matrix size"},
+        {"sum", [&] { return a + a; }, "2 4 6, 8 10 12"},
+        {"sum of others", [&] { return a + b; }, "Invalid operation"},
+        {"difference", [&] { return changed(a, [](Matrix& m) { m.operator-=(m); }); }, "0 0 0, 0 0 0"},
+        {"difference of others", [&] { return changed(a, [&](Matrix& m) { m -= b; }); }, "Invalid operation"},
+        {"product", [&] { return a * b; }, "14 32, 32 77"},
+        {"from the right", [&] { return changed(b, [&](Matrix& m) { m *= a; }); }, "17 22 27, 22 29 36, 27 36 45"},
+        {"product of others", [&] { return a * a; }, "Matrices do not have common size"},
+        {"factor", [&] { return a * -2.0; }, "-2 -4 -6, -8 -10 -12"},
+        {"transposed", [&] { return a.GetTransposed(); }, "1 4, 2 5, 3 6"},
+        {"in place", [&] { return changed(b, [](Matrix& m) { m.Transpose(); }); }, "1 2 3, 4 5 6"},
+        {"sub-matrix", [&] { return a.ExtractSubMatrix(0, 1, 1, 1); }, "2"},
+        {"all of it", [&] { return a.ExtractSubMatrix(0, 0, 2, 3); }, "Sub matrix is not contained in source"},
+        {"last row", [&] { return a.ExtractSubMatrix(1, 0, 1, 1); }, "Sub matrix is not contained in source"},
+        {"before it", [&] { return a.ExtractSubMatrix(0, -1, 1, 1); }, "Sub matrix is not contained in source"},
+        {"far", [&] { return a.ExtractSubMatrix(INT32_MAX, 0, INT32_MAX, 1); },
+         "Sub matrix is not contained in source"},
+        {"set", [&] { return changed(a, [&](Matrix& m) { m.SetSubMatrix(0, 1, square); }); }, "1 8 9, 4 6 7"},
+        {"diagonal", [&] { return square.ExtractDiagonal(); }, "8, 7"},
+        {"no diagonal", [&] { return a.ExtractDiagonal(); }, "Can only extract diagonal from square matrix"},
+        {"longer columns", [&] { return a.GetConcatinatedColumns(a); }, "1 2 3, 4 5 6, 1 2 3, 4 5 6"},
+        {"others' columns", [&] { return a.GetConcatinatedColumns(b); }, "Cannot concatenate matrices, not same size"},
+        {"longer rows", [&] { return changed(a, [](Matrix& m) { m.ConcatinateRows(m); }); },
+         "1 2 3 1 2 3, 4 5 6 4 5 6"},
+        {"others' rows", [&] { return a.GetConcatinatedRows(b); }, "Cannot concatenate matrices, not same size"},
+        {"added row", [&] { return changed(a, [&](Matrix& m) { m.AddColumn(added); }); }, "1 2 3, 4 5 6, 7 8 9"},
+        {"added column", [&] { return changed(a, [&](Matrix& m) { m.AddRow(added); }); }, "1 2 3 7, 4 5 6 8"},
+        {"square", [&] { return wide.GetSquareMatrix(); }, "1 3, 6 8"},
+        {"square in place", [&] { return changed(a, [](Matrix& m) { m.MakeSquare(); }); }, "1 2, 4 5"},
+        {"covariant", [&] { return a.Covariant(); }, "14 32, 32 77"},
+        {"normalised", [&] { return square.GetNormalised(-1, 2); }, "1 2, -1 0"},
+        {"minor, counted from 1, column first", [&] { return a.resid(3, 1); }, "4 5"},
+        {"minor of no such row or column", [&] { return a.resid(0, 3); }, "1 2"},
+        {"inverse of one element", [] { return matrixOf({{4}}).GetInverted(); }, "0.25"},
+        {"no inverse", [&] { return a.GetInverted(); }, "Matrix must be square."},
+        {"inverse that stays as it is", [&] { return changed(a, [](Matrix& m) { m.Invert(); }); }, "1 2 3, 4 5 6"},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(rowsOf(row.result), row.expected) << row.name;
-    }
-}
-
-TEST(MatrixTest, RefusesWhatDoesNotFit) {
-    Matrix a = matrixOf(twoByThree);
-    const Matrix b = matrixOf(threeByTwo);
-    const std::string sizes = "Cannot concatenate matrices, not same size";
-    const std::string outside = "Sub matrix is not contained in source";
-    const struct {
-        const char* name;
-        std::function<void()> act;
-        std::string message;
-    } rows[] = {
-        {"sum", [&] { a + b; }, "Invalid operation"},
-        {"difference in place", [&] { a -= b; }, "Invalid operation"},
-        {"product", [&] { a* a; }, "Matrices do not have common size"},
-        {"product in place", [&] { a *= a; }, "Matrices do not have common size"},
-        {"inverse", [&] { a.GetInverted(); }, "Matrix must be square."},
-        {"diagonal", [&] { a.ExtractDiagonal(); }, "Can only extract diagonal from square matrix"},
-        {"columns", [&] { a.ConcatinateColumns(b); }, sizes},
-        {"rows", [&] { a.GetConcatinatedRows(b); }, sizes},
-        {"whole matrix", [&] { a.ExtractSubMatrix(0, 0, 2, 3); }, outside},
-        {"up to the last row", [&] { a.ExtractSubMatrix(1, 0, 1, 1); }, outside},
-        {"before the first column", [&] { a.ExtractSubMatrix(0, -1, 1, 1); }, outside},
-        {"far outside", [&] { a.ExtractSubMatrix(INT32_MAX, 0, INT32_MAX, 1); }, outside},
-        {"negative size", [&] { Matrix(-1, 2); }, "Invalid matrix size"},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(messageOf(row.act), row.message) << row.name;
-        EXPECT_EQ(rowsOf(a), twoByThree) << row.name;
+        EXPECT_EQ(outcomeOf(row.calculate), row.outcome) << row.name;
+        EXPECT_EQ(textOf(a), "1 2 3, 4 5 6") << row.name;
     }
 }
 
@@ -177,39 +145,41 @@ TEST(MatrixTest, Figures) {
 }
 
 TEST(MatrixTest, InverseUndoesTheMatrix) {
-    std::vector<Rows> cases = {{{2, 0, 0}, {0, 4, 0}, {0, 0, 8}}, {{0, 1, 0}, {0, 0, 1}, {1, 0, 0}}};
+    std::vector<Matrix> cases = {matrixOf({{2, 0, 0}, {0, 4, 0}, {0, 0, 8}}),
+                                 matrixOf({{0, 1, 0}, {0, 0, 1}, {1, 0, 0}})};
     std::mt19937 random(5);
     std::uniform_real_distribution<double> elements(-10, 10);
-    for (size_t i = 0; i < 300; ++i) {
-        const size_t size = 1 + i % 5;
-        cases.emplace_back(size, std::vector<double>(size));
-        for (auto& row : cases.back()) {
-            std::generate(row.begin(), row.end(), [&] { return elements(random); });
+    for (int i = 0; i < 300; ++i) {
+        const int size = 1 + i % 5;
+        Matrix& matrix = cases.emplace_back(size, size);
+        for (int k = 0; k < size * size; ++k) {
+            matrix.SetElement(k / size, k % size, elements(random));
         }
     }
-    for (const Rows& rows : cases) {
-        const Matrix product = matrixOf(rows) * matrixOf(rows).GetInverted();
+    for (const Matrix& matrix : cases) {
+        const Matrix product = matrix * matrix.GetInverted();
         for (int r = 0; r < product.GetRows(); ++r) {
             for (int c = 0; c < product.GetColumns(); ++c) {
-                ASSERT_NEAR(product[r][c], r == c ? 1 : 0, 1e-7) << ::testing::PrintToString(rows);
+                ASSERT_NEAR(product[r][c], r == c ? 1 : 0, 1e-7) << textOf(matrix);
             }
         }
     }
 }
 
 TEST(MatrixTest, SingularMatricesStayAsFarAsTheEliminationGot) {
-    const Rows tiny = {{5e-5, 0}, {0, 1e-5}};
-    EXPECT_EQ(rowsOf(matrixOf(tiny).GetInverted()), tiny);
-    EXPECT_EQ(rowsOf(matrixOf({{4, 2}, {2, 1}}).GetInverted()), (Rows{{0.25, 0.5}, {-0.5, 0}}));
-    EXPECT_EQ(rowsOf(matrixOf({{2, -2}, {2, -2}}).GetInverted()), (Rows{{0.5, -1}, {-1, 0}})) << "the first pivot";
-    const auto smallestPivot = static_cast<double>(0.0001F);
-    EXPECT_EQ(rowsOf(matrixOf({{smallestPivot}}).GetInverted()), (Rows{{1 / smallestPivot}}));
-    const double tooSmall = std::nextafter(smallestPivot, 0);
-    EXPECT_EQ(rowsOf(matrixOf({{tooSmall}}).GetInverted()), (Rows{{tooSmall}}));
+    EXPECT_EQ(textOf(matrixOf({{4, 2}, {2, 1}}).GetInverted()), "0.25 0.5, -0.5 0");
+    EXPECT_EQ(textOf(matrixOf({{2, -2}, {2, -2}}).GetInverted()), "0.5 -1, -1 0") << "the first pivot";
+    const auto smallest = static_cast<double>(0.0001F);
+    const double below = std::nextafter(smallest, 0);
+    EXPECT_EQ(matrixOf({{smallest}}).GetInverted(), matrixOf({{1 / smallest}}));
+    for (const Matrix& matrix : {matrixOf({{below}}), matrixOf({{5e-5, 0}, {0, 1e-5}})}) {
+        EXPECT_EQ(matrix.GetInverted(), matrix);
+    }
 }
 
 TEST(MatrixTest, WritersLeaveASharedBlock) {
-    Matrix matrix = matrixOf(twoByThree);
+    const Matrix original = matrixOf({{1, 2, 3}, {4, 5, 6}});
+    Matrix matrix = matrixOf({{1, 2, 3}, {4, 5, 6}});
     EXPECT_EQ(Matrix(matrix).GetReferenceCount(), 1);
     const double* block = &matrix[0][0];
     matrix.IncrementReferenceCount();
@@ -219,18 +189,18 @@ TEST(MatrixTest, WritersLeaveASharedBlock) {
     EXPECT_EQ(matrix.GetReferenceCount(), 1);
     EXPECT_EQ(block[0], 1);
     int32_t count = 0;
-    std::memcpy(&count, block + 6, sizeof count); // behind the elements
+    std::memcpy(&count, block + 6, sizeof count); // after the elements
     EXPECT_EQ(count, 1) << "the writer's share";
     delete[] block;
 
-    EXPECT_NE(matrix, matrixOf(twoByThree));
+    EXPECT_NE(matrix, original);
     matrix[0][0] = 1;
-    EXPECT_EQ(matrix, matrixOf(twoByThree));
+    EXPECT_EQ(matrix, original);
     EXPECT_NE(matrixOf({{0.0}}), matrixOf({{-0.0}})) << "bytes are compared";
     matrix.DecrementAndRelease();
     EXPECT_EQ(matrix.GetReferenceCount(), 0);
     matrix = matrixOf({{3}});
-    EXPECT_EQ(rowsOf(matrix), (Rows{{3}}));
+    EXPECT_EQ(textOf(matrix), "3");
 }
 
 } // namespace

@@ -96,7 +96,7 @@ TEST(Capabilities, MissingBinaryFileIsMadeFromIniFile) {
 TEST(Capabilities, WholeRecordsAnswerAllOtherCodes) {
     const TemporaryDirectory directory;
     std::vector<PaperSize> papers{paperOf(8, L"\U0001F5BA"), paperOf(9, std::wstring(64, L'x')), paperOf(10, L"A")};
-    papers[2].Name[2] = L'?'; // behind the terminator
+    papers[2].Name[2] = L'?'; // after the terminator
     std::string bytes = binaryFile(3, papers, 4);
     bytes.replace(21, 3, "any");
     const std::string path = directory.write("p.PER", bytes);

@@ -37,7 +37,7 @@ TEST(WideFormat, WritesIntegers) {
     expectRows({
         {"zeros before the sign", format(L"%05d", -42), L"00-42"},
         {"zeros before the base", format(L"%#06x", 255), L"000xff"},
-        {"zeros behind", format(L"%-05d|", 12), L"12000|"},
+        {"zeros after", format(L"%-05d|", 12), L"12000|"},
         {"base", format(L"%#x %#X %X %#o %#x %#o", 255, 255, 255, 8, 0, 0), L"0xff 0XFF FF 010 0 0"},
         {"least digits", format(L"%.3d %.0d", 7, 0), L"007 0"},
         {"least digits count the sign", format(L"%.3d %+.3d", -7, 7), L"0-7 0+7"},

@@ -59,16 +59,4 @@ TEST(AllocationFailure, IsReportedAndLeavesAContourWithoutVertices) {
     }
 }
 
-TEST(AllocationFailure, CombiningGoesOnWithWhatThereIs) {
-    CVornRgn a;
-    a.CreatePolygonRgn(regionOracle::Points{{0, 0}, {9, 0}, {0, 9}}.data(), 3, 1);
-    CVornRgn b = a;
-    CVornRgn result;
-    allocationsLeft = 5; // the vertices of b fail
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(result.CombineRgn(&a, &b, 1), 1);
-    allocationsLeft = -1;
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), message);
-}
-
 } // namespace

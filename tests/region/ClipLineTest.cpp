@@ -13,6 +13,7 @@
 #include "keldriver/Utility.h"
 #include "region/GeometryModule.h"
 #include "region/modules/FakeModule.h"
+#include "support/PlotText.h"
 
 namespace {
 
@@ -53,11 +54,9 @@ std::string textOf(const void* piece) {
     std::string text = std::to_string(count) + ":";
     bytes += sizeof count;
     for (int i = 0; i < count; ++i, bytes += 16) {
-        HT_Double_Point vertex;
-        std::memcpy(&vertex, bytes, sizeof vertex);
-        char number[64];
-        std::snprintf(number, sizeof number, " %.17g,%.17g", vertex.x, vertex.y);
-        text += number;
+        double vertex[2];
+        std::memcpy(vertex, bytes, sizeof vertex);
+        text += " " + plotText::number(vertex[0]) + "," + plotText::number(vertex[1]);
     }
     return text;
 }
@@ -66,7 +65,6 @@ std::string textOf(const void* piece) {
 class ClipLineTest : public ::testing::Test {
 protected:
     ClipLineTest() {
-        requests.clear();
         failingRequest = SIZE_MAX;
         g_ClipProc = nullptr;
         g_ClipFree = nullptr;
@@ -75,9 +73,9 @@ protected:
         out.Clear();
         EXPECT_EQ(liveBlocks, 0) << "a piece is lost";
         ExitInstance();
-        if (handle != nullptr) {
-            dlclose(handle);
-        }
+        EXPECT_EQ(g_GeMoudle, nullptr);
+        ExitInstance(); // once more does nothing
+        dlclose(handle);
         EXPECT_EQ(dlopen("vnbase.so", RTLD_LAZY | RTLD_NOLOAD), nullptr) << "the module stays loaded";
     }
 
@@ -87,12 +85,12 @@ protected:
         handle = dlopen(path.c_str(), RTLD_LAZY | RTLD_LOCAL);
         ASSERT_NE(handle, nullptr) << dlerror();
         module = static_cast<FakeModule*>(dlsym(handle, "fakeModule"));
-        ASSERT_NE(module, nullptr);
         InitInstance();
         ASSERT_EQ(g_GeMoudle, handle);
     }
 
-    void answer(int result, const std::vector<int32_t>& coords, const std::vector<int32_t>& counts) {
+    /// Clips where the module answers `result` with what `coords` and `counts` hold.
+    int clip(int result, I_HT_PointerArray& into) {
         module->result = result;
         module->coords = coords.data();
         module->coordCount = coords.size();
@@ -100,16 +98,7 @@ protected:
         module->countCount = counts.size();
         module->releaseCount = 0;
         requests.clear();
-    }
-
-    static int clip(I_HT_PointerArray& into) { return HT_ClipLine(&region, polyline, 3, &into); }
-
-    std::string pieces() {
-        std::string text;
-        for (int i = 0; i < out.GetCount(); ++i) {
-            text += (i > 0 ? "; " : "") + textOf(out.GetData(i));
-        }
-        return text;
+        return HT_ClipLine(&region, polyline, 3, &into);
     }
 
     void expectBuffersReleased() {
@@ -118,6 +107,8 @@ protected:
         EXPECT_EQ(module->released[1], module->given[1]);
     }
 
+    std::vector<int32_t> coords{1, 2, 3, 4};
+    std::vector<int32_t> counts{1, 1};
     HT_PointerArray out{0, nullptr, HT_Free};
     FakeModule* module = nullptr;
 
@@ -126,64 +117,52 @@ private:
 };
 
 TEST_F(ClipLineTest, PiecesLandInOrderAndBuffersGoBack) {
-    constexpr size_t none = SIZE_MAX;
     const struct {
         const char* name;
         std::vector<int32_t> coords;
         std::vector<int32_t> counts;
-        size_t failingRequest;
         const char* pieces;
         std::vector<unsigned long> requests;
+        size_t failingRequest = SIZE_MAX;
     } rows[] = {
         {"pieces",
          {0, 0, 5, 0, 5, 5, 7, INT32_MAX, INT32_MIN, 9},
          {3, 0, 2},
-         none,
-         "3: 0,0 5,0 5,5; 0:; 2: 7,2147483647 -2147483648,9",
+         "3: 0,0 5,0 5,5; 0:; 2: 7,2147483647 -2147483648,9; ",
          {52, 4, 36}},
         {"negative counts are kept without vertices",
          {1, 2, 3, 4},
          {1, INT32_MIN, -1, 1},
-         none,
-         "1: 1,2; -2147483648:; -1:; 1: 3,4",
+         "1: 1,2; -2147483648:; -1:; 1: 3,4; ",
          {20, 4, 4, 20}},
         {"no memory for one, and the others follow",
          {1, 2, 3, 4, 5, 6},
          {1, 1, 1},
-         1,
-         "1: 1,2; null; 1: 5,6",
-         {20, 20, 20}},
-        {"sizes are counted in 64 bits", {1, 2}, {INT32_MAX}, 0, "null", {4 + 16UL * INT32_MAX}},
+         "1: 1,2; null; 1: 5,6; ",
+         {20, 20, 20},
+         1},
+        {"sizes are counted in 64 bits", {1, 2}, {INT32_MAX}, "null; ", {4 + 16UL * INT32_MAX}, 0},
     };
     load("whole");
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        const int count = static_cast<int>(row.counts.size());
-        answer(count, row.coords, row.counts);
+        coords = row.coords;
+        counts = row.counts;
         failingRequest = row.failingRequest;
         out.Insert(0, nullptr);
-        EXPECT_EQ(clip(out), count);
-        EXPECT_EQ(pieces(), row.pieces + std::string("; null")) << "before what the list held";
+        const int count = static_cast<int>(counts.size());
+        EXPECT_EQ(clip(count, out), count);
+        std::string pieces;
+        for (int i = 0; i < count; ++i) {
+            pieces += textOf(out.GetData(i)) + "; ";
+        }
+        EXPECT_EQ(pieces, row.pieces);
+        EXPECT_EQ(out.GetCount(), count + 1) << "before what the list held";
         EXPECT_EQ(requests, row.requests);
-        EXPECT_EQ(module->points, polyline);
-        EXPECT_EQ(module->pointCount, 3);
-        EXPECT_EQ(module->region, &region);
+        EXPECT_TRUE(module->points == polyline && module->pointCount == 3 && module->region == &region);
         EXPECT_TRUE(module->buffersCameNull);
         expectBuffersReleased();
         out.Clear();
-    }
-}
-
-TEST_F(ClipLineTest, WithoutPiecesTheResultIsHandedOnAndBuffersStillGoBack) {
-    load("whole");
-    const std::vector<int32_t> unread{9, 9};
-    for (const auto& [result, hasBuffers] : {std::pair(0, true), std::pair(-3, true), std::pair(INT32_MIN, false)}) {
-        SCOPED_TRACE(result);
-        answer(result, unread, unread);
-        module->coords = hasBuffers ? unread.data() : nullptr;
-        EXPECT_EQ(clip(out), result);
-        EXPECT_EQ(out.GetCount(), 0);
-        expectBuffersReleased(); // null pointers too
     }
 }
 
@@ -196,46 +175,34 @@ struct FullArray : I_HT_PointerArray {
     void Clear() override {}
 };
 
-TEST_F(ClipLineTest, NothingLeaksWhenTheListThrows) {
+TEST_F(ClipLineTest, BuffersGoBackWithoutPiecesAndWhenTheListThrows) {
     load("whole");
-    const std::vector<int32_t> coords{1, 2, 3, 4};
-    const std::vector<int32_t> counts{1, 1};
-    answer(2, coords, counts);
+    for (const int result : {0, -3, INT32_MIN}) { // handed on
+        EXPECT_EQ(clip(result, out), result);
+        EXPECT_EQ(out.GetCount(), 0);
+        expectBuffersReleased();
+    }
     FullArray full;
-    EXPECT_THROW(clip(full), std::length_error);
+    EXPECT_THROW(clip(2, full), std::length_error);
     EXPECT_EQ(liveBlocks, 0);
     expectBuffersReleased();
+    ExitInstance();
+    EXPECT_TRUE(g_ClipProc != nullptr && g_ClipFree != nullptr) << "closing keeps the entry points";
 }
 
 TEST_F(ClipLineTest, ModuleWithoutFreeHasItsBuffersFreed) {
     load("without-free"); // the leak checker tells
     EXPECT_EQ(g_ClipFree, nullptr);
-    const std::vector<int32_t> coords{1, 2};
-    const std::vector<int32_t> counts{1};
-    answer(1, coords, counts);
-    EXPECT_EQ(clip(out), 1);
-    EXPECT_EQ(pieces(), "1: 1,2");
-    module->coords = nullptr;
-    module->result = -1;
-    EXPECT_EQ(clip(out), -1);
+    EXPECT_EQ(clip(1, out), 1);
+    EXPECT_EQ(textOf(out.GetData(0)), "1: 1,2");
 }
 
 TEST_F(ClipLineTest, ModuleWithoutClipMeansNoPieces) {
     load("without-clip");
     EXPECT_EQ(g_ClipProc, nullptr);
     EXPECT_NE(g_ClipFree, nullptr);
-    EXPECT_EQ(clip(out), 0);
-    EXPECT_EQ(out.GetCount(), 0);
-    EXPECT_EQ(module->releaseCount, 0);
-}
-
-TEST_F(ClipLineTest, ClosingKeepsTheEntryPoints) {
-    load("whole");
-    ExitInstance();
-    EXPECT_EQ(g_GeMoudle, nullptr);
-    EXPECT_NE(g_ClipProc, nullptr);
-    EXPECT_NE(g_ClipFree, nullptr);
-    ExitInstance(); // once more does nothing
+    EXPECT_EQ(clip(2, out), 0);
+    EXPECT_EQ(out.GetCount() + module->releaseCount, 0);
 }
 
 } // namespace

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include <cmath>
-#include <limits>
 #include <new>
-#include <string>
 #include <type_traits>
-#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "keldriver/ClipRgn.h"
-#include "support/RgnList.h"
+#include "keldriver/Utility.h"
+#include "support/RegionCases.h"
 
 using namespace KelDriver;
 
@@ -17,37 +14,12 @@ static_assert(std::is_standard_layout_v<HT_ClipRgn> && std::is_trivial_v<HT_Clip
 
 namespace {
 
-using Points = std::vector<HT_Double_Point>;
+using regionCases::contoursOf;
+using regionCases::textOf;
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
-
-// A driver's own record, which only reading functions see.
-HT_ClipRgn contourOf(Points& points, int mode, HT_ClipRgn* next = nullptr) {
-    return {mode, next, static_cast<int32_t>(points.size()), points.data()};
+std::string textOf(const HT_Double_Rectangle& box) {
+    return textOf(RgnList(HT_CreateRectRgnData({box.minX, box.minY}, {box.maxX, box.maxY})).get());
 }
-
-std::string textOf(const HT_ClipRgn* rgn) {
-    std::string text;
-    char number[64];
-    for (; rgn != nullptr; rgn = rgn->next) {
-        text += "mode " + std::to_string(rgn->mode) + " count " + std::to_string(rgn->pointCount) + ":";
-        for (int i = 0; rgn->points != nullptr && i < rgn->pointCount; ++i) {
-            std::snprintf(number, sizeof number, " %g,%g", rgn->points[i].x, rgn->points[i].y);
-            text += number;
-        }
-        text += rgn->next != nullptr ? "; " : "";
-    }
-    return text;
-}
-
-std::string textOf(const HT_Double_Rectangle& rect) {
-    char text[160];
-    std::snprintf(text, sizeof text, "%.17g %.17g %.17g %.17g", rect.minX, rect.minY, rect.maxX, rect.maxY);
-    return text;
-}
-
-constexpr HT_Double_Rectangle untouched{1, 2, 3, 4};
-const char* const untouchedText = "1 2 3 4";
 
 TEST(RegionCode, OnlyTheLowByteCounts) {
     const int expected[] = {1, 5, 4, 2, 3};
@@ -58,142 +30,90 @@ TEST(RegionCode, OnlyTheLowByteCounts) {
 }
 
 TEST(RegionData, CloneIsDeepAndKeepsEverything) {
-    Points hole{{1, 1}, {2, 1}, {2, 2}};
-    HT_ClipRgn last{0x1F7, nullptr, 0, nullptr};
-    HT_ClipRgn second = contourOf(hole, HT_RGN_DIFF, &last);
-    Points outer{{0, 0}, {5, 0}, {5, 5}, {0, 5}};
-    const HT_ClipRgn first = contourOf(outer, -3, &second);
+    const std::string text = "-3 0,0 5,0 5,5 0,5 / 2 1,1 2,1 2,2 / 503";
+    const RgnList first = regionOracle::toList(contoursOf(text));
     for (const auto clone : {&HT_CloneRgnData, &HT_CreateRgnFromData}) {
-        const RgnList copy(clone(&first));
-        EXPECT_EQ(textOf(copy.get()), textOf(&first));
-        for (const HT_ClipRgn *from = &first, *to = copy.get(); to != nullptr; from = from->next, to = to->next) {
+        const RgnList copy(clone(first.get()));
+        EXPECT_EQ(textOf(copy.get()), text);
+        for (const HT_ClipRgn *from = first.get(), *to = copy.get(); to != nullptr; from = from->next, to = to->next) {
             EXPECT_NE(from, to);
             EXPECT_TRUE(from->points != to->points || from->points == nullptr);
         }
         EXPECT_EQ(clone(nullptr), nullptr);
     }
-}
-
-TEST(RegionData, CountWithoutPointsHasNoVertices) {
     const HT_ClipRgn hollow{HT_RGN_OR, nullptr, INT32_MAX, nullptr};
-    const RgnList copy(HT_CloneRgnData(&hollow));
-    EXPECT_EQ(copy->points, nullptr);
-    const RgnList polygon(HT_CreatePolygonRgnData(nullptr, 1000));
-    EXPECT_EQ(textOf(polygon.get()), "mode 4 count 0:");
+    EXPECT_EQ(RgnList(HT_CloneRgnData(&hollow))->points, nullptr);
+    EXPECT_EQ(RgnList(HT_CreatePolygonRgnData(nullptr, 1000))->pointCount, 0);
 }
 
 // The leak checker watches what was cloned before the throw.
 TEST(RegionData, NegativeCountIsRefused) {
-    Points points{{0, 0}, {1, 0}, {1, 1}};
-    for (HT_Double_Point* bad : {points.data(), static_cast<HT_Double_Point*>(nullptr)}) {
+    HT_Double_Point point{0, 0};
+    for (HT_Double_Point* bad : {&point, static_cast<HT_Double_Point*>(nullptr)}) {
         HT_ClipRgn third{HT_RGN_OR, nullptr, -1, bad};
-        HT_ClipRgn second = contourOf(points, HT_RGN_OR, &third);
-        const HT_ClipRgn first = contourOf(points, HT_RGN_OR, &second);
+        HT_ClipRgn second{HT_RGN_OR, &third, 1, &point};
+        const HT_ClipRgn first{HT_RGN_OR, &second, 1, &point};
         EXPECT_THROW(HT_CloneRgnData(&first), std::bad_array_new_length);
         EXPECT_THROW(HT_CreatePolygonRgnData(bad, INT32_MIN), std::bad_array_new_length);
     }
 }
 
-TEST(RegionData, PolygonAndRectangleAreOneContourEach) {
-    const HT_Double_Point points[] = {{0, 0}, {9, 1}};
-    const RgnList polygon(HT_CreatePolygonRgnData(points, 2));
-    EXPECT_EQ(textOf(polygon.get()), "mode 4 count 2: 0,0 9,1");
-    const RgnList rectangle(HT_CreateRectRgnData({10, 20}, {0, 0})); // corners stay as they came
-    EXPECT_EQ(textOf(rectangle.get()), "mode 4 count 4: 10,20 0,20 0,0 10,0");
-    HT_Double_Rectangle box = untouched;
-    EXPECT_TRUE(HT_GetRgnMinRect(rectangle.get(), &box));
-    EXPECT_EQ(textOf(box), "0 0 10 20");
+TEST(RegionData, RectanglesKeepTheirCornersAndTellTheirBox) {
+    const RgnList rectangle(HT_CreateRectRgnData({10, 20}, {0, 0}));
+    EXPECT_EQ(textOf(rectangle.get()), "4 10,20 0,20 0,0 10,0");
     EXPECT_EQ(HT_GetClipRgnData(rectangle.get()), rectangle.get());
+    HT_Double_Rectangle box{1, 2, 3, 4};
+    const RgnList two = regionOracle::toList(contoursOf("4 0,0 4,0 4,4 0,4 / 3 0,0 4,0 4,4 0,4"));
+    const RgnList five = regionOracle::toList(contoursOf("4 0,0 4,0 4,4 0,4 0,0"));
+    const HT_ClipRgn hollow{HT_RGN_OR, nullptr, 4, nullptr};
+    const HT_ClipRgn* const others[] = {nullptr, two.get(), five.get(), &hollow};
+    for (const HT_ClipRgn* other : others) {
+        EXPECT_FALSE(HT_GetRgnMinRect(other, &box));
+        EXPECT_EQ(textOf(box), "4 1,2 3,2 3,4 1,4") << "unchanged";
+    }
+    EXPECT_TRUE(HT_GetRgnMinRect(rectangle.get(), &box));
+    EXPECT_EQ(textOf(box), "4 0,0 10,0 10,20 0,20");
+    UnionRectangle(box, {30, 30, -30, -30}); // turned over, it adds its low corner to the high one
+    EXPECT_EQ(textOf(box), "4 0,0 10,0 10,20 0,20");
+    box = {30, 30, -30, -30};
+    UnionRectangle(box, {0, 0, 0, 0});
+    EXPECT_EQ(textOf(box), "4 0,0 0,0 0,0 0,0");
 }
 
 TEST(RegionData, LongListsNeedNoStack) {
-    const HT_Double_Point point{1, 2};
-    RgnList list(HT_CreatePolygonRgnData(&point, 1));
-    for (int i = 0; i < 200000; ++i) {
-        HT_ClipRgn* const head = HT_CreatePolygonRgnData(&point, 1);
-        head->next = list.release();
-        list.reset(head);
-    }
+    RgnList list = regionOracle::toList(regionOracle::Contours(200000, {HT_RGN_OR, {{1, 2}}}));
     const RgnList copy(HT_CloneRgnData(list.get()));
     EXPECT_EQ(HT_DeleteRgn(list.release()), 1);
     EXPECT_EQ(HT_DeleteRgn(nullptr), 1);
     ASSERT_NE(copy->next, nullptr);
 }
 
-TEST(RegionData, PointsRectIsTheBoundingBox) {
-    const struct {
-        const char* name;
-        Points points;
-        int count;
-        int result;
-        const char* box;
-    } rows[] = {
-        {"no count", {{5, 6}}, 0, 0, untouchedText},
-        {"no points", {}, 3, 0, untouchedText},
-        {"negative count: the first point", {{5, -6}, {9, 9}}, -7, 1, "5 -6 5 -6"},
-        {"falling then rising", {{5, 5}, {4, 6}, {-1, 3}, {8, 9}}, 4, 1, "-1 3 8 9"},
-        {"infinite", {{0, 0}, {infinity, -infinity}}, 2, 1, "0 -inf inf 0"},
-        {"undefined vertex is left out", {{0, 0}, {std::nan(""), 4}}, 2, 1, "0 0 0 4"},
-    };
-    for (const auto& row : rows) {
-        HT_Double_Rectangle box = untouched;
-        EXPECT_EQ(HT_GetPointsRect(row.points.empty() ? nullptr : row.points.data(), row.count, &box), row.result)
-            << row.name;
-        EXPECT_EQ(textOf(box), row.box) << row.name;
-    }
+TEST(Region, ClearLeavesTheOpenContoursVerticesToTheDriver) {
+    HT_Region region;
+    EXPECT_EQ(region.AddPoints(nullptr, 5, 1, 1), 0);
+    const HT_Double_Point triangle[] = {{0, 0}, {4, 0}, {4, 4}, {0, 0}};
+    region.AddPoints(triangle, 4, 0, 1);
+    region.AddPoints(triangle, 2, 0, 1);
+    HT_Double_Point* const vertices = region.current->points;
+    region.Clear();
+    EXPECT_TRUE(region.contours.empty());
+    EXPECT_NE(region.current, nullptr);
+    EXPECT_EQ(vertices[1].x, 4.0); // still there
+    HT_Free(vertices);
 }
 
-TEST(RegionData, IsARectangleWhereBothDiagonalsSpanTheBox) {
-    constexpr double tolerance = 1e-10;
-    const struct {
-        const char* name;
-        Points points;
-        bool isRect;
-        const char* box;
-    } rows[] = {
-        {"clockwise", {{0, 0}, {4, 0}, {4, 2}, {0, 2}}, true, "0 0 4 2"},
-        {"the other way, from another corner", {{4, 2}, {4, 0}, {0, 0}, {0, 2}}, true, "0 0 4 2"},
-        {"away from the origin", {{4, 3}, {9, 3}, {9, 8}, {4, 8}}, true, "4 3 9 8"},
-        {"bow tie: neighbours exchanged", {{0, 0}, {4, 2}, {4, 0}, {0, 2}}, false, "0 0 4 2"},
-        {"diamond", {{0, 0}, {2, 1}, {4, 0}, {2, -1}}, false, "0 -1 4 1"},
-        {"first diagonal too short", {{0, 0}, {4, 0}, {3, 2}, {0, 2}}, false, "0 0 4 2"},
-        {"second diagonal too short", {{0, 0}, {3, 0}, {4, 2}, {0, 2}}, false, "0 0 4 2"},
-        {"no height", {{0, 0}, {4, 0}, {4, 0}, {0, 0}}, true, "0 0 4 0"},
-        {"off by less than the tolerance", {{0, 0}, {1, 0}, {1, 1}, {9e-11, 1}}, true, "0 0 1 1"},
-        {"off by the tolerance itself", {{0, 0}, {0, 0}, {0, 0}, {tolerance, 0}}, false, "0 0 1e-10 0"},
-        {"undefined corner", {{0, 0}, {4, std::nan("")}, {4, 2}, {0, 2}}, false, "0 0 4 2"},
-        {"infinite", {{0, 0}, {infinity, 0}, {infinity, 2}, {0, 2}}, false, "0 0 inf 2"},
-    };
-    for (const auto& row : rows) {
-        Points points = row.points;
-        HT_Double_Rectangle box = untouched;
-        EXPECT_EQ(IsRect(points.data(), &box), row.isRect) << row.name;
-        EXPECT_EQ(textOf(box), row.box) << row.name;
-        EXPECT_EQ(IsRect(points.data(), nullptr), row.isRect) << row.name;
-    }
-}
-
-TEST(RegionData, OnlyOneContourOfFourPointsHasAMinimumRectangle) {
-    Points square{{0, 0}, {4, 0}, {4, 4}, {0, 4}};
-    Points repeated{{0, 0}, {4, 0}, {4, 4}, {0, 4}, {0, 0}};
-    HT_ClipRgn second = contourOf(square, HT_RGN_OR);
-    const HT_ClipRgn two = contourOf(square, HT_RGN_OR, &second);
-    const HT_ClipRgn five = contourOf(repeated, HT_RGN_OR);
-    const HT_ClipRgn hollow{HT_RGN_OR, nullptr, 4, nullptr};
-    for (const HT_ClipRgn* region : {&two, &five, &hollow, static_cast<const HT_ClipRgn*>(nullptr)}) {
-        HT_Double_Rectangle box = untouched;
-        EXPECT_FALSE(HT_GetRgnMinRect(region, &box));
-        EXPECT_EQ(textOf(box), untouchedText);
-    }
-}
-
-TEST(Rectangles, UnionHoldsTheCornersOfInvertedOnesAsTheyAre) {
-    HT_Double_Rectangle box{0, -5, 20, 10};
-    UnionRectangle(box, {30, 30, -30, -30});
-    EXPECT_EQ(textOf(box), "0 -5 20 10");
-    HT_Double_Rectangle inverted{30, 30, -30, -30};
-    UnionRectangle(inverted, {0, 0, 0, 0});
-    EXPECT_EQ(textOf(inverted), "0 0 0 0");
+TEST(Contour, AddPointReplacesEvenByItsOwnVertices) {
+    HT_Contour contour{nullptr, 0, 1, 5};
+    const HT_Double_Point points[] = {{0, 0}, {1, 0}, {2, 0}};
+    EXPECT_EQ(contour.AddPoint(points, 3), 1);
+    EXPECT_EQ(contour.AddPoint(contour.points + 1, 2), 1);
+    EXPECT_TRUE(contour.count == 2 && contour.points[0].x == 1 && contour.points[1].x == 2);
+    EXPECT_TRUE(contour.closed == 1 && contour.mode == 5);
+    EXPECT_EQ(contour.AddPoint(points, -4), 1);
+    EXPECT_EQ(contour.count, -4);
+    EXPECT_EQ(contour.AddPoint(nullptr, 2), 1);
+    EXPECT_EQ(contour.points, nullptr);
+    HT_Free(contour.points);
 }
 
 } // namespace

@@ -65,10 +65,8 @@ TEST_F(TextTest, TurnsLeansAndStretches) {
         const char* name;
         double scale, degrees, oblique, widthFactor;
     } rows[] = {
-        {"upright", 1, 0, 0, 1},         {"30 degrees", 1, 30, 0, 1},
-        {"90 degrees", 1, 90, 0, 1},     {"oblique", 1, 0, pi / 12, 1},
-        {"stretched", 1, 0, 0, 2.5},     {"mirrored", 1, 0, 0, -1},
-        {"all at once", 3, 30, 0.25, 2}, {"leaning back, scaled", 0.5, -60, -0.5, 0.75},
+        {"upright", 1, 0, 0, 1},   {"90 degrees", 1, 90, 0, 1},     {"oblique", 1, 0, pi / 12, 1},
+        {"mirrored", 1, 0, 0, -1}, {"all at once", 3, 30, 0.25, 2}, {"leaning back, scaled", 0.5, -60, -0.5, 0.75},
     };
     for (const auto& row : rows) {
         recorder.clear();
@@ -90,7 +88,7 @@ TEST_F(TextTest, TurnsLeansAndStretches) {
     }
 }
 
-TEST_F(TextTest, ReachesThePainterInOneFill) {
+TEST_F(TextTest, ReachesThePainterInOneFillThatLeavesItAsItWas) {
     renderer.SetColor(0x332211);
     renderer.SetAlpha(0x80);
     painter.setTransform(QTransform::fromScale(7, 7));
@@ -104,9 +102,8 @@ TEST_F(TextTest, ReachesThePainterInOneFill) {
     // In single precision.
     EXPECT_EQ(recorder.calls()[0].transform.m11(), 2 * static_cast<double>(static_cast<float>(std::cos(pi / 2))));
     EXPECT_EQ(recorder.calls()[0].transform.dx(), static_cast<double>(static_cast<float>(100.3 * 2)));
-    EXPECT_EQ(painter.transform(), QTransform::fromScale(7, 7));
+    EXPECT_TRUE(painter.transform() == QTransform::fromScale(7, 7) && painter.pen() == pen);
     EXPECT_EQ(painter.backgroundMode(), Qt::OpaqueMode);
-    EXPECT_EQ(painter.pen(), pen);
 }
 
 TEST_F(TextTest, FitsTheWidthInWholePoints) {
@@ -150,8 +147,7 @@ TEST_F(TextTest, HeavyAndSlantedFonts) {
     QFont expected = qtFont(usualPoints());
     expected.setWeight(75);
     expected.setItalic(true);
-    ASSERT_EQ(recorder.calls().size(), 1U);
-    EXPECT_EQ(recorder.calls()[0].path, outlineOf(expected));
+    EXPECT_EQ(recorder.calls().at(0).path, outlineOf(expected));
     EXPECT_NE(recorder.calls()[0].path, outlineOf(qtFont(usualPoints())));
 }
 
@@ -174,7 +170,7 @@ TEST_F(TextTest, OddArgumentsAreHarmless) {
     std::wmemset(unterminated.faceName, L'x', 32);
     draw(unterminated);
     EXPECT_EQ(recorder.calls().size(), 1U);
-    OpenRenderer unattached;
+    QTRenderer unattached;
     unattached.DrawText(sample.data(), 4, fontOf(height), {0, 0}, 0, 1, nullptr);
     EXPECT_EQ(recorder.calls().size(), 1U);
 }
@@ -195,23 +191,20 @@ TEST(LogFontTest, WeightsAndLines) {
         record.lfUnderline = static_cast<uint8_t>(underline);
         record.lfStrikeOut = static_cast<uint8_t>(strikeOut);
         const QFont font = fontFor(record);
-        EXPECT_EQ(font.underline(), underline != 0);
-        EXPECT_EQ(font.strikeOut(), strikeOut != 0);
-        EXPECT_FALSE(font.overline());
+        EXPECT_TRUE(font.underline() == (underline != 0) && font.strikeOut() == (strikeOut != 0) && !font.overline());
     }
 }
 
 TEST(FontNameTest, IsTheFamilyAskedFor) {
-    tagLOGFONTW record{};
+    for (const std::wstring& family :
+         {std::wstring(), std::wstring(L"No such fönt \U0001D400"), std::wstring(32, L'x')}) {
+        tagLOGFONTW record{};
+        std::wmemcpy(record.lfFaceName, family.data(), family.size()); // the longest has no terminator
+        std::wstring name = L"before";
+        EXPECT_EQ(GetFontFullName(&record, name), 1);
+        EXPECT_EQ(name, family);
+    }
     std::wstring name = L"before";
-    EXPECT_EQ(GetFontFullName(&record, name), 1);
-    EXPECT_EQ(name, L"");
-    std::wcscpy(record.lfFaceName, L"No such fönt \U0001D400");
-    EXPECT_EQ(GetFontFullName(&record, name), 1);
-    EXPECT_EQ(name, L"No such fönt \U0001D400");
-    std::wmemset(record.lfFaceName, L'x', 32); // no terminator
-    EXPECT_EQ(GetFontFullName(&record, name), 1);
-    EXPECT_EQ(name, std::wstring(32, L'x'));
     EXPECT_EQ(GetFontFullName(nullptr, name), 1);
     EXPECT_EQ(name, L"");
 }

@@ -1,20 +1,28 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include <cstdlib>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "keldriver/RasterImage.h"
 
-/// A driver's own image: answers what a test sets, and is not to be asked anything else.
+/// A driver's own image of 32 bits a pixel: answers what a test sets, and is not to be asked anything else.
 class FakeImage : public HT_RasterImage {
 public:
-    int32_t width = 0;
-    int32_t height = 0;
-    const unsigned char* pixels = nullptr;
-    const tagBITMAPINFO* info = nullptr;
+    FakeImage(int columns, int rows) : memory(static_cast<size_t>(columns) * static_cast<size_t>(std::abs(rows))) {
+        header.bmiHeader.biWidth = columns;
+        header.bmiHeader.biHeight = rows;
+    }
 
-    int32_t pixelWidth() const override { return width; }
-    int32_t pixelHeight() const override { return height; }
+    std::vector<uint32_t> memory;
+    tagBITMAPINFO header{};
+    const unsigned char* pixels = reinterpret_cast<const unsigned char*>(memory.data());
+    const tagBITMAPINFO* info = &header;
+
+    int32_t pixelWidth() const override { return header.bmiHeader.biWidth; }
+    int32_t pixelHeight() const override { return header.bmiHeader.biHeight; }
     int32_t colorDepth() const override { return unasked(), -1; }
     double resolutionWidth() const override { return unasked(), -1; }
     double resolutionHeight() const override { return unasked(), -1; }

@@ -6,20 +6,7 @@
 #include <QPainter>
 
 #include "keldriver/QTRenderer.h"
-#include "support/GoldenText.h"
 #include "support/PlotRecorder.h"
-
-/// A renderer whose fields a test may read.
-class OpenRenderer : public QTRenderer {
-public:
-    using QTRenderer::alpha;
-    using QTRenderer::color;
-    using QTRenderer::dashPattern;
-    using QTRenderer::penStyle;
-    using QTRenderer::penWidth;
-    using QTRenderer::windingPath;
-    using QTRenderer::windingPending;
-};
 
 /// A renderer attached to a painter whose calls are written down.
 class RendererTest : public ::testing::Test {
@@ -28,11 +15,5 @@ protected:
 
     PlotRecorder recorder;
     QPainter painter{&recorder};
-    OpenRenderer renderer;
+    QTRenderer renderer;
 };
-
-/// The values of enumerations reach the renderer as the integers that drivers send.
-template <typename Enum>
-Enum fromDriver(int value) {
-    return static_cast<Enum>(value);
-}

@@ -28,7 +28,7 @@ void expectAgreedOrder() {
                                    slotOf(&R::SetClipRgn),      slotOf(&R::setScale),
                                    slotOf(&R::BeginPath),       slotOf(&R::EndPath),
                                    slotOf(&R::FillPath),        slotOf(&R::SetDrawingPline)};
-    ptrdiff_t expected = 2; // behind the destructor
+    ptrdiff_t expected = 2; // after the destructor
     for (const ptrdiff_t position : positions) {
         EXPECT_EQ(position, expected++);
     }
@@ -54,6 +54,7 @@ public:
                 offsetOf(lastPointX),  offsetOf(lastPointY),     offsetOf(squaresTexture),
                 offsetOf(dotsTexture), offsetOf(scale),          static_cast<ptrdiff_t>(sizeof(QTRenderer))};
     }
+    bool hasSquaresOnly() const { return !squaresTexture.isNull() && dotsTexture.isNull(); }
 };
 
 // Counted by hand from the order and widths of the fields: a pointer to the dispatch table and 8 bytes of painter, 16
@@ -61,6 +62,13 @@ public:
 TEST(RendererInterface, FieldsLieWhereDerivedClassesLookForThem) {
     EXPECT_EQ(DerivedRenderer().offsets(),
               (std::vector<ptrdiff_t>{8, 16, 32, 36, 40, 48, 56, 60, 64, 68, 72, 80, 84, 88, 96, 128, 160, 168}));
+}
+
+TEST_F(RendererTest, DerivedClassesFindEachTextureInItsField) {
+    DerivedRenderer derived;
+    derived.AttachDriver(&painter, {1000, 1000}, false);
+    derived.SetFillStyle(HT_PlotStyle::FillSquares);
+    EXPECT_TRUE(derived.hasSquaresOnly());
 }
 
 TEST(RendererFactory, KnowsOneKind) {
@@ -72,16 +80,6 @@ TEST(RendererFactory, KnowsOneKind) {
     EXPECT_EQ(renderer->Features(), 31U);
     HT_RendererFactory::DestroyRenderer(renderer);
     HT_RendererFactory::DestroyRenderer(nullptr);
-}
-
-TEST_F(RendererTest, PathModeHasNoEffect) {
-    const HT_Double_Point triangle[] = {{0, 0}, {10, 0}, {0, 10}};
-    renderer.BeginPath();
-    renderer.SetDrawingPline(true);
-    renderer.DrawPolyline(triangle, 3);
-    renderer.EndPath();
-    renderer.FillPath();
-    EXPECT_EQ(recorder.shapes(), "polyline 0,0 10,0 0,10\n");
 }
 
 } // namespace

@@ -26,26 +26,15 @@ tagLOGFONTW fontOf(const wchar_t* faceName) {
     return font;
 }
 
-struct Shown {
-    std::wstring text;
-    std::wstring faceName;
-};
-
-bool operator==(const Shown& a, const Shown& b) {
-    return a.text == b.text && a.faceName == b.faceName;
-}
-
-void PrintTo(const Shown& run, std::ostream* out) {
-    *out << ::testing::PrintToString(run.text) << " in " << ::testing::PrintToString(run.faceName);
-}
+using Shown = std::pair<std::wstring, std::wstring>; // characters and face name
 
 std::vector<Shown> runsOf(const HT_Text& text) {
     std::vector<Shown> runs;
     std::wstring joined;
     for (const HT_SubText& run : text.GetSubTexts()) {
         EXPECT_EQ(static_cast<size_t>(run.start), joined.size());
-        runs.push_back({text.GetRunText(run), run.font.lfFaceName});
-        joined += runs.back().text;
+        runs.emplace_back(text.GetRunText(run), run.font.lfFaceName);
+        joined += runs.back().first;
     }
     EXPECT_EQ(joined, text.GetText());
     return runs;
@@ -144,56 +133,47 @@ TEST_F(SubTextTest, RecordsKeepTheirStyle) {
     const HT_Text text(L"Ω中\u0378", request, fonts); // the last one stays with what was asked for
     EXPECT_EQ(runsOf(text), (std::vector<Shown>{{L"Ω", serif}, {L"中", cjk}, {L"\u0378", L"Stroke"}}));
     for (const HT_SubText& run : text.GetSubTexts()) {
-        EXPECT_EQ(run.font.lfHeight, -40);
-        EXPECT_EQ(run.font.lfWeight, 700);
-        EXPECT_EQ(run.font.lfItalic, 1);
-        EXPECT_EQ(run.font.lfUnderline, 1);
+        EXPECT_TRUE(run.font.lfHeight == -40 && run.font.lfWeight == 700);
+        EXPECT_TRUE(run.font.lfItalic == 1 && run.font.lfUnderline == 1);
     }
     EXPECT_EQ(text.GetSubTexts()[2].font.lfCharSet, 200);
     EXPECT_EQ(text.GetRunText({2, 9, {}}), L"\u0378");
     EXPECT_EQ(text.GetRunText({-1, 1, {}}) + text.GetRunText({4, 1, {}}), L"");
 }
 
-TEST_F(SubTextTest, AnySizeIsShown) {
-    const HT_FontMap none;
-    for (const int height : {INT32_MIN, 1000000000, 0, -12}) { // what a huge one finds out holds for the next
-        tagLOGFONTW request = fontOf(sans);
-        request.lfHeight = height;
-        const std::vector<Shown> expected{{L"A", sans}, {L"中", cjk}};
-        EXPECT_EQ(runsOf(HT_Text(L"A中", request, none)), expected) << height;
-    }
-}
-
 TEST_F(SubTextTest, DefaultFontShowsWhatIsAskedOfNone) {
-    const HT_FontMap none;
     const std::wstring family =
         QFontInfo(QFontDatabase::systemFont(QFontDatabase::GeneralFont)).family().toStdWString();
-    EXPECT_EQ(runsOf(HT_Text(L"AB", nullptr, none)), (std::vector<Shown>{{L"AB", family}}));
+    EXPECT_EQ(runsOf(HT_Text(L"AB", nullptr, {})), (std::vector<Shown>{{L"AB", family}}));
 }
 
-// Every visible character of a run is in its font, asked straight; neighbours differ; marks never lead.
+// Every visible character of a run is in its font, asked straight, whatever the size; neighbours differ.
 TEST_F(SubTextTest, SystemFontsShowWhatTheyAreChosenFor) {
     std::wstring sample;
     for (wchar_t c = 0x20; c < 0x3100; c += 7) {
         sample += c >= 0x1100 && c < 0x1200 ? L'x' : c; // parts of syllables make up one long syllable
     }
     sample += L"中文 한국어 ﷺ \U0001D400\U0001F600";
+    tagLOGFONTW request = fontOf(L"No such font");
     const HT_FontMap none;
-    const HT_Text text(sample.c_str(), L"No such font", none);
-    const std::vector<Shown> runs = runsOf(text);
+    const std::vector<Shown> runs = runsOf(HT_Text(sample.c_str(), request, none));
     ASSERT_GT(runs.size(), 2U);
+    for (const int height : {INT32_MIN, 1000000000, 0, -12}) { // what a huge one finds out holds for the next
+        request.lfHeight = height;
+        EXPECT_EQ(runsOf(HT_Text(sample.c_str(), request, {})), runs) << height;
+    }
     for (size_t i = 0; i < runs.size(); ++i) {
-        EXPECT_TRUE(i == 0 || runs[i].faceName != runs[i - 1].faceName);
-        QFont font(QString::fromStdWString(runs[i].faceName));
+        const auto& [text, face] = runs[i];
+        EXPECT_TRUE(i == 0 || face != runs[i - 1].second);
+        QFont font(QString::fromStdWString(face));
         font.setStyleStrategy(QFont::NoFontMerging);
         const QRawFont raw = QRawFont::fromFont(font);
-        for (const wchar_t c : runs[i].text) {
-            const auto code = static_cast<char32_t>(c);
-            const QChar::Category category = QChar::category(code);
+        for (const wchar_t c : text) {
+            const QChar::Category category = QChar::category(static_cast<char32_t>(c));
             const bool mayLack = category == QChar::Other_Format || category == QChar::Other_Control ||
                                  category == QChar::Mark_NonSpacing || category == QChar::Separator_Space ||
-                                 runs[i].faceName == L"No such font";
-            EXPECT_TRUE(mayLack || raw.supportsCharacter(code)) << std::hex << code << " in run " << i;
+                                 face == request.lfFaceName;
+            EXPECT_TRUE(mayLack || raw.supportsCharacter(static_cast<char32_t>(c))) << std::hex << c << " in run " << i;
         }
     }
 }

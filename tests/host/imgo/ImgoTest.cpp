@@ -94,12 +94,4 @@ TEST(ImageLibrary, ReadsFilesAndRefusesOthers) {
     EXPECT_EQ(Imgo::Image::LoadBytes("", 0), nullptr);
 }
 
-TEST(ImageLibrary, ServesTheLibrary) {
-    auto library = load(imageBytes(picture(QImage::Format_Mono)));
-    const HT_RasterImagePtr image = RasterImageFactory::CreateFromGiRasterImage(library.release());
-    EXPECT_TRUE(image->colorDepth() == 1 && image->pixelHeight() == 3 && image->resolutionWidth() == 118.0);
-    image->addAlpha(255);
-    EXPECT_TRUE(image->hasAlpha() && !image->hasPalette() && image->getTransparency() == 0);
-}
-
 } // namespace

@@ -22,7 +22,8 @@ private:
     std::vector<gpc_vertex_list> m_lists;
 };
 
-// From the contour's first vertex, so that a small contour far from the origin keeps its area.
+} // namespace
+
 double signedArea(const Polygon::Contour& contour) {
     double twice = 0;
     for (size_t i = 2; i < contour.size(); ++i) {
@@ -32,8 +33,6 @@ double signedArea(const Polygon::Contour& contour) {
     }
     return twice / 2;
 }
-
-} // namespace
 
 double Polygon::area() const {
     double sum = 0;

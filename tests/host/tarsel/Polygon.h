@@ -15,6 +15,10 @@ struct Polygon {
     double area() const; ///< of a result: holes count negative
 };
 
+/// Positive for a contour that turns left. Reckoned from its first vertex, so that a small contour far from the origin
+/// keeps its area.
+double signedArea(const Polygon::Contour& contour);
+
 /// Calls the clipper and releases what it gave.
 Polygon clip(gpc_op op, const Polygon& subject, const Polygon& clip);
 

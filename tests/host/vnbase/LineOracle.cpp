@@ -115,6 +115,16 @@ bool isRounded(int32_t rounded, long double value, long double doubt) {
 
 } // namespace
 
+std::string textOf(const PieceList& pieces) {
+    std::ostringstream out;
+    for (size_t i = 0; i < pieces.size(); ++i) {
+        for (size_t k = 0; k < pieces[i].size(); ++k) {
+            out << (k > 0 ? " " : i > 0 ? " | " : "") << pieces[i][k][0] << ',' << pieces[i][k][1];
+        }
+    }
+    return out.str();
+}
+
 std::string differenceFromOracle(const Contours& region, const Line& line, long double size, OracleGrain grain,
                                  const PieceList& pieces) {
     const std::vector<Path> expected = Oracle(region, size, grain).clip(line);

@@ -1,9 +1,21 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
+#include <array>
 #include <string>
+#include <vector>
 
-#include "host/vnbase/ClippedLine.h"
+#include "support/RegionOracle.h"
+
+using regionOracle::Contours;
+using Line = regionOracle::Points;
+
+/// A piece in device coordinates.
+using Piece = std::vector<std::array<int32_t, 2>>;
+using PieceList = std::vector<Piece>;
+
+/// Pieces as text, "x,y x,y | x,y x,y".
+std::string textOf(const PieceList& pieces);
 
 /// How far apart two places must be to count as two, and how far beside an edge its sides are looked at; both as
 /// parts of the size of the drawing.

@@ -13,7 +13,7 @@ TEST(Console, ShowsProgressOfLongWorkOnOneLineThatMessagesEnd) {
     const struct {
         Progress progress;
         bool warnings;
-        const char* written; ///< with a bar behind each look at the progress
+        const char* written; ///< with a bar after each look at the progress
     } rows[] = {
         {Progress::whenLong, true,
          "|\rp: 50 %||\rp: 70 %|\r       \rkelplot: warning: w\n\rp: 100 %|\r        \rkelplot: e\n"},

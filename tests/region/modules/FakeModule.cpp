@@ -31,11 +31,9 @@ int clipPolylineByPolygons(const HT_Double_Point* pts, int n, const HT_ClipRgn* 
     fakeModule.region = rgn;
     fakeModule.buffersCameNull = *coords == nullptr && *counts == nullptr;
     if (fakeModule.coords != nullptr) {
-        *coords = bufferOf(fakeModule.coords, fakeModule.coordCount);
-        *counts = bufferOf(fakeModule.counts, fakeModule.countCount);
+        fakeModule.given[0] = *coords = bufferOf(fakeModule.coords, fakeModule.coordCount);
+        fakeModule.given[1] = *counts = bufferOf(fakeModule.counts, fakeModule.countCount);
     }
-    fakeModule.given[0] = *coords;
-    fakeModule.given[1] = *counts;
     return fakeModule.result;
 }
 #endif
