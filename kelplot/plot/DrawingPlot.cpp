@@ -103,11 +103,13 @@ private:
     void drawModel(const Viewport& viewport, const PlanMap& sheetMap) {
         const PlanMap view = viewOf(viewport).then(sheetMap);
         const std::vector<Vec2> border = borderOf(viewport, sheetMap, m_tools.canvas.flattening());
-        if (!(view.meanScale() > 0.0) || border.size() < 3) {
+        const double scale = scaleOf(viewport);
+        if (!(scale > 0.0) || border.size() < 3) {
             return;
         }
         PlotTarget target = m_tools.target;
-        target.toDevice = {view.x.x, view.x.y, view.y.x, view.y.y, view.origin.x, view.origin.y};
+        target.toDevice =
+            target.toDevice.after(Affine2::scaling(scale, scale)); // for lengths alone: views may be askew
         target.limits.push_back(boxOfPoints(border));
         HT_Renderer& renderer = m_tools.surface.renderer;
         renderer.SetClipRgn(

@@ -183,6 +183,9 @@ void draw(const Hatch& hatch, const PlacedEntity& place, PlotTools& tools) {
 
 Box2 boxOf(const Hatch& hatch, const MeasuredEntity& place) {
     Box2 box;
+    if (!hatch.solid && !hatch.gradient && hatch.pattern.lines.empty() && hatch.pattern.name.empty()) {
+        return box;
+    }
     const PlanMap map = place.map.raised(hatch.elevation);
     for (const HatchLoop& loop : hatch.loops) {
         for (const HatchEdge& edge : loop.edges) {

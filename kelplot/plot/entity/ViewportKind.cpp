@@ -20,9 +20,13 @@ std::array<Vec3, 4> cornersOf(const Viewport& viewport) {
 
 } // namespace
 
+double scaleOf(const Viewport& viewport) {
+    return viewport.viewHeight > 0.0 ? viewport.height / viewport.viewHeight : 0.0;
+}
+
 PlanMap viewOf(const Viewport& viewport) {
     const Frame3 frame = frameOfPlane(viewport.viewDirection);
-    const double scale = viewport.viewHeight > 0.0 ? viewport.height / viewport.viewHeight : 0.0;
+    const double scale = scaleOf(viewport);
     const Vec2 across = Vec2{std::cos(viewport.twist), std::sin(viewport.twist)} * scale;
     const Vec2 up = leftNormal(across);
     // Each axis of the world as the plane of the view shows it, turned and scaled to the sheet.

@@ -9,7 +9,10 @@
 
 namespace kelplot {
 
-/// The map from the world to the sheet through a viewport. It has an area only where the viewport states a view.
+/// The size on the sheet of a unit of the world, seen from the front; 0 where the viewport states no view.
+double scaleOf(const Viewport& viewport);
+
+/// The map from the world to the sheet through a viewport.
 PlanMap viewOf(const Viewport& viewport);
 
 /// The border of a viewport on the page, seen through the sheet's `map`.

@@ -2,6 +2,17 @@
 #include "kelplot/cli/KelplotRun.h"
 
 #include <QProcess>
+#include <QRegularExpression>
+
+namespace {
+
+/// Notes tell of fonts, which are others on every machine.
+QString withoutNotes(QString messages) {
+    static const QRegularExpression note(QStringLiteral("kelplot: note: [^\n]*\n"));
+    return messages.remove(note);
+}
+
+} // namespace
 
 Outcome run(const TemporaryDirectory& directory, const QStringList& arguments, const QString& program) {
     QProcess process;
@@ -18,5 +29,5 @@ Outcome run(const TemporaryDirectory& directory, const QStringList& arguments, c
     process.start(program, arguments);
     const bool ended = process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit;
     return {ended ? process.exitCode() : -1, QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+            withoutNotes(QString::fromUtf8(process.readAllStandardError()))};
 }
