@@ -105,6 +105,9 @@ QStringList missingParts(const Drawing& drawing, const PlotReport& report) {
         messages << counted(report.tintedHatches, "hatch has", "hatches have") +
                         QStringLiteral(" too many lines; a tint stands for them");
     }
+    if (report.tooManyViewports) {
+        messages << QStringLiteral("too many viewports; the plot is incomplete");
+    }
     if (report.tooManyCopies) {
         messages << QStringLiteral("too many block copies; the plot is incomplete");
     }

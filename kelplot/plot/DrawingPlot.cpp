@@ -11,6 +11,9 @@ namespace kelplot {
 
 namespace {
 
+/// Each draws the whole model again; sheets of real drawings have a few.
+constexpr size_t mostViewports = 500;
+
 /// Collects what the entities that a walk meets leave out of a plot.
 class UnplottedFinder : public EntityVisitor {
 public:
@@ -107,6 +110,10 @@ private:
         if (!(scale > 0.0) || border.size() < 3) {
             return;
         }
+        if (report.viewports == mostViewports) {
+            report.tooManyViewports = true;
+            return;
+        }
         PlotTarget target = m_tools.target;
         target.toDevice =
             target.toDevice.after(Affine2::scaling(scale, scale)); // for lengths alone: views may be askew
@@ -117,9 +124,12 @@ private:
         const auto lineTypeUnits =
             m_tools.drawing.paperLineTypes ? std::optional<double>(m_tools.lineTypeUnits()) : std::nullopt;
         PlotTools tools(m_tools.drawing, target, m_tools.options, m_tools.typesetter, m_tools.surface, lineTypeUnits);
+        tools.patternDashesLeft = m_tools.patternDashesLeft;
         EntityPlotter plotter(tools, false);
         plotter.run(m_tools.drawing.modelSpace, view, viewport.frozenLayers, {});
+        m_tools.patternDashesLeft = tools.patternDashesLeft;
         report.add(plotter.report);
+        ++report.viewports;
         renderer.SetClipRgn(commonRegion(m_tools.target.pageBox, m_tools.target.limits).get());
         m_tools.pens.forget();
     }
@@ -134,17 +144,21 @@ void PlotReport::add(const PlotReport& other) {
     WalkReport::add(other);
     missingPictures.insert(other.missingPictures.begin(), other.missingPictures.end());
     tintedHatches += other.tintedHatches;
-    viewports += 1 + other.viewports;
+    viewports += other.viewports;
+    tooManyViewports = tooManyViewports || other.tooManyViewports;
 }
 
 Box2 DrawingPlot::extents(const std::vector<Entity>& entities, ExtentsReport* report) const {
     UnplottedFinder unplotted(m_drawing, m_style.patterns);
     ExtentsFinder finder(m_drawing, m_texts, unplotted);
-    WalkRules rules;
-    rules.copies = ArrayCopies::corners;
-    WalkReport found = EntityWalk(m_drawing, rules, finder).run(entities, PlanMap(), {});
+    const auto walk = [&](EntityVisitor& visitor, const std::vector<Entity>& walked) {
+        WalkRules rules;
+        rules.copies = ArrayCopies::corners;
+        return EntityWalk(m_drawing, std::move(rules), visitor).run(walked, PlanMap(), {});
+    };
+    WalkReport found = walk(finder, entities);
     if (finder.seesModel() && &entities != &m_drawing.modelSpace) {
-        found.add(EntityWalk(m_drawing, rules, unplotted).run(m_drawing.modelSpace, PlanMap(), {}));
+        found.add(walk(unplotted, m_drawing.modelSpace));
     }
     if (report) {
         *report = {std::move(found), std::move(unplotted.kinds())};

@@ -98,7 +98,6 @@ uint8_t partOf(uint8_t opacity, double part) {
 void drawFamily(const LineFamily& family, const std::vector<AreaLoop>& loops, const EntityStyle& style,
                 PlotTools& tools) {
     constexpr size_t mostLines = 100'000;
-    constexpr double mostDashes = 1e6;
     const double finest = 1.5 * tools.target.hairlineWidth;
     Pen pen = tools.linePen(style);
     pen.lineType = nullptr;
@@ -110,7 +109,9 @@ void drawFamily(const LineFamily& family, const std::vector<AreaLoop>& loops, co
         drawn.period = 0.0;
     }
     const auto stretches = family.spacing < finest ? std::nullopt : stretchesIn(loops, drawn, mostLines);
-    if (stretches && dashCount(*stretches, drawn) <= mostDashes) {
+    const double dashes = stretches ? dashCount(*stretches, drawn) : 0.0;
+    if (stretches && dashes <= tools.patternDashesLeft) {
+        tools.patternDashesLeft -= dashes;
         tools.pens.setPen(pen);
         forEachDash(*stretches, drawn, [&](Vec2 from, Vec2 to) {
             from == to ? tools.canvas.drawDot(from) : tools.canvas.drawSegment(from, to);

@@ -45,7 +45,8 @@ public:
     Canvas canvas;
     PicturePlotter pictures;
     TextPlotter texts;
-    size_t tintedHatches = 0; ///< of which the pattern would take too many lines
+    double patternDashesLeft = 2e6; ///< that may still be drawn, of all hatches together
+    size_t tintedHatches = 0;       ///< of which the pattern would take too many lines
 
 private:
     double m_lineTypeUnits;
