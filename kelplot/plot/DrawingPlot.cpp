@@ -118,9 +118,9 @@ private:
         target.toDevice =
             target.toDevice.after(Affine2::scaling(scale, scale)); // for lengths alone: views may be askew
         target.limits.push_back(boxOfPoints(border));
+        target.border = border;
         HT_Renderer& renderer = m_tools.surface.renderer;
-        renderer.SetClipRgn(
-            combined(commonRegion(target.pageBox, target.limits), polygonRegion(border), HT_RGN_AND).get());
+        renderer.SetClipRgn(visibleRegion(target).get());
         const auto lineTypeUnits =
             m_tools.drawing.paperLineTypes ? std::optional<double>(m_tools.lineTypeUnits()) : std::nullopt;
         PlotTools tools(m_tools.drawing, target, m_tools.options, m_tools.typesetter, m_tools.surface, lineTypeUnits);
@@ -130,7 +130,7 @@ private:
         m_tools.patternDashesLeft = tools.patternDashesLeft;
         report.add(plotter.report);
         ++report.viewports;
-        renderer.SetClipRgn(commonRegion(m_tools.target.pageBox, m_tools.target.limits).get());
+        renderer.SetClipRgn(visibleRegion(m_tools.target).get());
         m_tools.pens.forget();
     }
 
@@ -168,7 +168,7 @@ Box2 DrawingPlot::extents(const std::vector<Entity>& entities, ExtentsReport* re
 
 PlotReport DrawingPlot::draw(const std::vector<Entity>& entities, const PlotTarget& target, const PlotSurface& surface,
                              const Progress& progress) const {
-    surface.renderer.SetClipRgn(commonRegion(target.pageBox, target.limits).get());
+    surface.renderer.SetClipRgn(visibleRegion(target).get());
     PlotTools tools(m_drawing, target, m_style, m_texts, surface);
     EntityPlotter plotter(tools, &entities != &m_drawing.modelSpace);
     plotter.run(entities, PlanMap(target.toDevice), {}, progress);

@@ -138,7 +138,7 @@ void EntityWalk::visitCopies(const Block& block, const EntityStyle& reference, c
     for (int64_t row = 0; row < grid.rows && spendVisit(); row += rowStep) {
         const int rowIndex = static_cast<int>(row);
         const CopyGrid::Range columns =
-            ink ? grid.columnsThatMeet(m_rules.visible->box, *ink, rowIndex) : CopyGrid::Range{0, grid.columns};
+            ink ? grid.columnsThatMeet(m_rules.visible.box, *ink, rowIndex) : CopyGrid::Range{0, grid.columns};
         for (int64_t column = columns.begin; column < columns.end && !m_report.tooManyCopies; column += columnStep) {
             const auto index = static_cast<double>(row * grid.columns + column);
             visitCopy(block, reference, grid.mapOf(static_cast<int>(column), rowIndex), stretch.part(index, count));
@@ -160,10 +160,10 @@ void EntityWalk::visitCopy(const Block& block, const EntityStyle& reference, con
 std::optional<Box2> EntityWalk::inkOfFirst(const Block& block, const EntityStyle& reference, const CopyGrid& grid,
                                            const Stretch& stretch) {
     constexpr int64_t worthwhileCopies = 16;
-    if (!m_rules.visible || m_rules.copies != ArrayCopies::all || grid.count() < worthwhileCopies) {
+    if (!m_rules.visible.inkBox || m_rules.copies != ArrayCopies::all || grid.count() < worthwhileCopies) {
         return std::nullopt;
     }
-    InkFinder finder(*m_rules.visible);
+    InkFinder finder(m_rules.visible);
     EntityVisitor* const visitor = std::exchange(m_visitor, &finder);
     m_rules.copies = ArrayCopies::corners;
     visitCopy(block, reference, grid.first, {stretch.start, 0.0});

@@ -43,7 +43,7 @@ struct VisiblePart {
 
 struct WalkRules {
     ArrayCopies copies = ArrayCopies::all;
-    std::optional<VisiblePart> visible = std::nullopt; ///< none: all shows
+    VisiblePart visible = {}; ///< all shows where it cannot tell what entities cover
     WalkLimits limits = {};
     std::vector<uint32_t> frozenLayers = {}; ///< besides those that the drawing says
 };

@@ -25,12 +25,12 @@ ClipRegion combined(const ClipRegion& a, const ClipRegion& b, HT_RgnOp operation
     return ClipRegion(KelDriver::HT_CloneRgnData(result.GetClipRgnRef()));
 }
 
-ClipRegion commonRegion(const Box2& box, const std::vector<Box2>& limits) {
-    ClipRegion common = regionOf(box);
-    for (const Box2& limit : limits) {
-        common = combined(common, regionOf(limit), HT_RGN_AND);
+ClipRegion visibleRegion(const PlotTarget& target) {
+    ClipRegion visible = regionOf(target.pageBox);
+    for (const Box2& limit : target.limits) {
+        visible = combined(visible, regionOf(limit), HT_RGN_AND);
     }
-    return common;
+    return target.border.empty() ? std::move(visible) : combined(visible, polygonRegion(target.border), HT_RGN_AND);
 }
 
 } // namespace kelplot

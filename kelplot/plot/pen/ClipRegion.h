@@ -6,6 +6,7 @@
 
 #include "geometry/Box2.h"
 #include "keldriver/ClipRgn.h"
+#include "page/PlotTarget.h"
 
 namespace kelplot {
 
@@ -22,7 +23,7 @@ ClipRegion polygonRegion(const std::vector<Vec2>& polygon);
 /// Two regions combined by `operation`; without an area where nothing is left.
 ClipRegion combined(const ClipRegion& a, const ClipRegion& b, HT_RgnOp operation);
 
-/// What `box` and all `limits` have in common. Where that is nothing, a region without an area.
-ClipRegion commonRegion(const Box2& box, const std::vector<Box2>& limits);
+/// The part of the page that shows. Where that is nothing, a region without an area.
+ClipRegion visibleRegion(const PlotTarget& target);
 
 } // namespace kelplot
