@@ -77,6 +77,20 @@ void setScale(Request& request, const QString& value) {
                              QStringLiteral("a ratio such as 1:50 or 2:1, or a factor above 0 such as 0.5"));
 }
 
+void setUnits(Request& request, const QString& value) {
+    constexpr struct {
+        const char* name;
+        double millimetres;
+    } units[] = {{"mm", 1.0}, {"cm", 10.0}, {"m", 1000.0}, {"in", 25.4}, {"ft", 304.8}, {"none", 1.0}};
+    for (const auto& unit : units) {
+        if (value.compare(QLatin1String(unit.name), Qt::CaseInsensitive) == 0) {
+            request.millimetresPerUnit = unit.millimetres;
+            return;
+        }
+    }
+    refuse(value, QStringLiteral("mm, cm, m, in, ft, or none for millimetres"));
+}
+
 void setWindow(Request& request, const QString& value) {
     request.window =
         orRefuse(windowFromText(value.toStdString()), value,
@@ -150,6 +164,8 @@ const std::vector<OptionRow> rows = {
     {nullptr, "margins", "MM", "One margin for all edges, or LEFT,TOP,RIGHT,BOTTOM. [as the paper's]", setMargins,
      Default::inSettings},
     {nullptr, "scale", "SCALE", "Plot to scale: 1:50, 2:1 or 0.5.", setScale, Default::inSettings},
+    {nullptr, "units", "UNIT", "What a drawing unit is: mm, cm, m, in or ft. [as the drawing says]", setUnits,
+     Default::inSettings},
     {nullptr, "window", "X1,Y1,X2,Y2", "Plot only this part: two opposite corners in drawing units.", setWindow},
     {nullptr, "pens", "FILE", "Take widths, colours and screening by colour number from FILE.", setPens,
      Default::inSettings},

@@ -101,7 +101,7 @@ PageLayout PlotJob::layOut(const DrawingPlot& plot, const Space& space) const {
     const Box2 extents = plot.extents(space.entities, &report);
     warn(missingParts(m_drawing, report));
     PageOptions page = m_plan.page;
-    double millimetresPerUnit = m_drawing.millimetresPerUnit;
+    double millimetresPerUnit = m_plan.millimetresPerUnit.value_or(m_drawing.millimetresPerUnit);
     if (space.layout) {
         page = pageOfLayout(space.layout->settings, extents, page, m_plan.statedPage);
         millimetresPerUnit = space.layout->settings.millimetresPerUnit;
@@ -112,8 +112,7 @@ PageLayout PlotJob::layOut(const DrawingPlot& plot, const Space& space) const {
     } else if (page.window && !page.window->intersects(extents)) {
         warn(QStringLiteral("nothing to plot in the window"));
     } else if (!layout.drawingFits) {
-        const QString subject = page.window ? QStringLiteral("window") : QStringLiteral("drawing");
-        warn(QStringLiteral("the %1 is larger than the paper at this scale").arg(subject));
+        warn(tooLarge(page.window.value_or(extents), millimetresPerUnit, layout, page.window.has_value()));
     }
     return layout;
 }

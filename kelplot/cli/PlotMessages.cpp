@@ -2,6 +2,7 @@
 #include "cli/PlotMessages.h"
 
 #include <QMap>
+#include <cmath>
 #include <set>
 
 namespace kelplot {
@@ -115,6 +116,22 @@ QStringList missingParts(const Drawing& drawing, const PlotReport& report) {
         messages << QStringLiteral("blocks are nested too deeply; the plot is incomplete");
     }
     return messages;
+}
+
+QString tooLarge(const Box2& subject, double millimetresPerUnit, const PageLayout& layout, bool isWindow) {
+    const auto lengthText = [&](double units) {
+        return QString::number(units * millimetresPerUnit, 'g', 6);
+    };
+    // A scale of whole numbers that is surely small enough.
+    const double fitting = layout.fittingScale;
+    const QString scale = fitting >= 1.0 ? QStringLiteral("%1:1").arg(std::floor(fitting), 0, 'g', 6)
+                                         : QStringLiteral("1:%1").arg(std::ceil(1.0 / fitting), 0, 'g', 6);
+    return QStringLiteral(
+               "the %1 is larger than the paper at this scale: %2 x %3 mm with a unit of %4 mm; --scale %5 fits")
+        .arg(isWindow ? QStringLiteral("window") : QStringLiteral("drawing"), lengthText(subject.width()),
+             lengthText(subject.height()))
+        .arg(millimetresPerUnit, 0, 'g', 6)
+        .arg(scale);
 }
 
 QString replacedFonts(const FontReport& fonts) {

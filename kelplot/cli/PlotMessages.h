@@ -3,6 +3,7 @@
 
 #include <QStringList>
 
+#include "page/PageSetup.h"
 #include "plot/DrawingPlot.h"
 
 namespace kelplot {
@@ -10,6 +11,9 @@ namespace kelplot {
 /// What a plot leaves out, a message each.
 QStringList missingParts(const Drawing& drawing, const ExtentsReport& report);
 QStringList missingParts(const Drawing& drawing, const PlotReport& report);
+
+/// That a plot is larger than its paper: how large it is, in which unit, and the scale that would fit.
+QString tooLarge(const Box2& subject, double millimetresPerUnit, const PageLayout& layout, bool isWindow);
 
 /// Which families stand for fonts that are not installed; empty where none do.
 QString replacedFonts(const FontReport& fonts);

@@ -179,6 +179,7 @@ PlotPlan planFor(const Request& request) {
     choosePaper(request, plan);
     plan.statedPage = statedBy(request);
     plan.layout = request.layout;
+    plan.millimetresPerUnit = request.millimetresPerUnit;
     if (!request.savedPaper.isEmpty()) {
         plan.savedName = request.savedPaper;
         plan.savedPaper = savableRecord(request, plan);

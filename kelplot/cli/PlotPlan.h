@@ -21,7 +21,8 @@ struct PlotPlan {
     int dotsPerInch = 200;
     PageOptions page;
     StatedPage statedPage;
-    QString layout; ///< as in the request
+    QString layout;                           ///< as in the request
+    std::optional<double> millimetresPerUnit; ///< of model space; none: as the drawing says
     PlotStyleOptions style;
     QStringList layers;         ///< patterns; empty: all
     QStringList excludedLayers; ///< patterns

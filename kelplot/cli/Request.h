@@ -48,6 +48,7 @@ struct Request {
     QStringList pensFiles;    ///< the last to state a pen counts; empty: the drawing's pens
     QStringList patternFiles; ///< the last to state a pattern counts
     bool monochrome = false;
+    std::optional<double> millimetresPerUnit; ///< none: as the drawing says
     double lineWeightScale = 1.0;
     TextMode texts = TextMode::outlines;
     FontTable fonts;

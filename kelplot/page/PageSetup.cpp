@@ -177,6 +177,7 @@ PageLayout layOutPage(const Box2& extents, double millimetresPerUnit, const Page
     const auto fitting = fittingFactor(subject, room);
     const double factor = options.scale ? *options.scale * millimetresPerUnit : fitting.value_or(millimetresPerUnit);
     layout.scale = factor / millimetresPerUnit;
+    layout.fittingScale = fitting.value_or(factor) / millimetresPerUnit;
     layout.drawingFits = !fitting || factor <= *fitting * (1.0 + fitTolerance);
     if (!options.scale || options.centred) {
         layout.toSheet = anchoredMap(subject.center(), room.center(), factor);

@@ -34,10 +34,11 @@ struct PageOptions {
 
 /// Where a drawing lies on its sheet.
 struct PageLayout {
-    SheetSize sheet;         ///< as the sheet lies before the drawing
-    Affine2 toSheet;         ///< from drawing units to millimetres from the sheet's upper left corner, y downwards
-    double scale = 1.0;      ///< paper millimetres a drawing millimetre
-    bool drawingFits = true; ///< false: the scaled drawing is larger than the margins leave
+    SheetSize sheet;           ///< as the sheet lies before the drawing
+    Affine2 toSheet;           ///< from drawing units to millimetres from the sheet's upper left corner, y downwards
+    double scale = 1.0;        ///< paper millimetres a drawing millimetre
+    double fittingScale = 1.0; ///< the largest at which the drawing fits
+    bool drawingFits = true;   ///< false: the scaled drawing is larger than the margins leave
     /// Millimetres from the sheet's upper left corner; only what lies in all of them shows. A drawing
     /// that fits may use the margins: its outermost lines reach half their width beyond its extents.
     std::vector<Box2> limits;

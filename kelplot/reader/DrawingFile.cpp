@@ -15,21 +15,55 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// Binary drawings start with a sentence that has this part at this offset.
-constexpr std::string_view binaryMark = " Binary DXF\r\n\x1A\0"sv;
-constexpr size_t binaryMarkOffset = 7;
+/// What other files begin with, and what to tell of them.
+constexpr struct {
+    size_t offset;
+    std::string_view mark;
+    std::string_view told;
+} otherFiles[] = {
+    {7, " Binary DXF\r\n\x1A\0"sv, "binary drawings cannot be read; save it as text"},
+    {0, "\x1F\x8B", "is compressed by gzip; unpack it first"},
+    {0, "PK\x03\x04", "is a ZIP archive; unpack it first"},
+    {0, "%PDF-", "is a PDF document, not a drawing"},
+    {0, "\x89PNG\r\n", "is a PNG picture, not a drawing"},
+    {0, "\xFF\xD8\xFF", "is a JPEG picture, not a drawing"},
+};
+
+/// DWG drawings begin with the number of their format.
+constexpr struct {
+    std::string_view mark;
+    std::string_view release;
+} dwgReleases[] = {
+    {"AC1032", "2018"}, {"AC1027", "2013"}, {"AC1024", "2010"}, {"AC1021", "2007"},     {"AC1018", "2004"},
+    {"AC1015", "2000"}, {"AC1014", "14"},   {"AC1012", "13"},   {"AC1009", "11 or 12"},
+};
 
 [[noreturn]] void refuse(ReadError::Reason reason, const std::string& path, const std::string& text) {
     throw ReadError(reason, path + ": " + text);
 }
 
-bool isBinaryDrawing(std::istream& stream) {
-    std::array<char, binaryMarkOffset + binaryMark.size()> start{};
+std::string beginningOf(std::istream& stream) {
+    std::array<char, 32> start{};
     stream.read(start.data(), start.size());
-    const std::string_view read(start.data(), static_cast<size_t>(stream.gcount()));
+    std::string read(start.data(), static_cast<size_t>(stream.gcount()));
     stream.clear();
     stream.seekg(0);
-    return read.size() == start.size() && read.substr(binaryMarkOffset) == binaryMark;
+    return read;
+}
+
+/// What a file that begins so is, where it is no drawing as text; empty for all others.
+std::string otherKind(std::string_view beginning) {
+    for (const auto& kind : otherFiles) {
+        if (beginning.size() > kind.offset && beginning.compare(kind.offset, kind.mark.size(), kind.mark) == 0) {
+            return std::string(kind.told);
+        }
+    }
+    for (const auto& dwg : dwgReleases) {
+        if (beginning.compare(0, dwg.mark.size(), dwg.mark) == 0) {
+            return "is a DWG (release " + std::string(dwg.release) + ") drawing; save it as DXF";
+        }
+    }
+    return {};
 }
 
 } // namespace
@@ -59,8 +93,8 @@ DrawingFile openDrawingFile(const std::string& path) {
     if (file.size == 0) {
         refuse(ReadError::Reason::notADrawing, path, "the file is empty");
     }
-    if (isBinaryDrawing(file.stream)) {
-        refuse(ReadError::Reason::notADrawing, path, "binary drawings cannot be read; save it as text");
+    if (const std::string kind = otherKind(beginningOf(file.stream)); !kind.empty()) {
+        refuse(ReadError::Reason::notADrawing, path, kind);
     }
     return file;
 }
