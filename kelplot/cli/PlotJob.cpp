@@ -103,7 +103,12 @@ PageLayout PlotJob::layOut(const DrawingPlot& plot, const Space& space) const {
     PageOptions page = m_plan.page;
     double millimetresPerUnit = m_plan.millimetresPerUnit.value_or(m_drawing.millimetresPerUnit);
     if (space.layout) {
-        page = pageOfLayout(space.layout->settings, extents, page, m_plan.statedPage);
+        const auto own = pageOfLayout(space.layout->settings, extents, page, m_plan.statedPage);
+        if (own) {
+            page = *own;
+        } else {
+            warn(QStringLiteral("the paper and margins of the layout leave no room; it is fitted to the usual paper"));
+        }
         millimetresPerUnit = space.layout->settings.millimetresPerUnit;
     }
     PageLayout layout = layOutPage(extents, millimetresPerUnit, page);

@@ -48,7 +48,8 @@ std::vector<Space> chosenSpaces(const Drawing& drawing, const QString& wanted) {
     const bool all = wanted.compare(allLayouts, Qt::CaseInsensitive) == 0;
     std::vector<Space> spaces;
     for (const Layout& layout : drawing.layouts) {
-        const bool isNamed = wanted.compare(QString::fromStdString(layout.name), Qt::CaseInsensitive) == 0;
+        const bool isNamed =
+            spaces.empty() && wanted.compare(QString::fromStdString(layout.name), Qt::CaseInsensitive) == 0;
         if (isNamed || (all && !entitiesOf(layout, drawing).empty())) {
             spaces.push_back(spaceOf(layout, drawing));
         }

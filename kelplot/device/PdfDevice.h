@@ -7,7 +7,7 @@
 
 namespace kelplot {
 
-/// A PDF file of one page.
+/// A PDF file of one page or more.
 class PdfDevice final : public OutputDevice {
 public:
     explicit PdfDevice(const OutputSetup& setup);

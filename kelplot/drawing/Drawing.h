@@ -58,7 +58,7 @@ struct PlotSettings {
 
     double paperWidth = 0.0; ///< before it is turned; 0: none stated
     double paperHeight = 0.0;
-    int quarterTurns = 0; ///< by which the paper is turned to the left
+    int quarterTurns = 0; ///< by which the drawing is turned to the left on the paper
     double leftMargin = 0.0, bottomMargin = 0.0, rightMargin = 0.0, topMargin = 0.0; ///< before it is turned
     Vec2 origin;                     ///< of the plot, from the lower left corner of what the margins leave
     double millimetresPerUnit = 1.0; ///< of the sheet's coordinates, at full scale

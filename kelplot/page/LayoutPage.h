@@ -13,10 +13,11 @@ struct StatedPage {
     bool placement = false; ///< scale, window, or how the drawing or the paper lies
 };
 
-/// The options of a page for a layout: its plot settings but for what the caller stated.
+/// The options of a page for a layout: its plot settings but for what the caller stated. Nothing where these settings
+/// give no sheet that can be plotted on.
 ///
 /// @param extents  of what is on the sheet, in its coordinates
-PageOptions pageOfLayout(const PlotSettings& settings, const Box2& extents, const PageOptions& asked,
-                         const StatedPage& stated);
+std::optional<PageOptions> pageOfLayout(const PlotSettings& settings, const Box2& extents, const PageOptions& asked,
+                                        const StatedPage& stated);
 
 } // namespace kelplot

@@ -16,12 +16,14 @@ bool isSheetSide(double length) {
 
 } // namespace
 
+bool isSheet(const SheetSize& size) {
+    return isSheetSide(size.width) && isSheetSide(size.height);
+}
+
 std::optional<SheetSize> sheetSizeFromText(const std::string& text) {
     const auto sides = numberPairFromText(text, "xX");
-    if (!sides || !isSheetSide(sides->first) || !isSheetSide(sides->second)) {
-        return std::nullopt;
-    }
-    return SheetSize{sides->first, sides->second};
+    const SheetSize size = sides ? SheetSize{sides->first, sides->second} : SheetSize();
+    return isSheet(size) ? std::optional(size) : std::nullopt;
 }
 
 } // namespace kelplot

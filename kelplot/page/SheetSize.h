@@ -31,6 +31,9 @@ struct Paper {
     bool keepsPosition = false; ///< the caller gave width and height, so it is not turned unasked
 };
 
+/// Tells whether a sheet can have this size.
+bool isSheet(const SheetSize& size);
+
 /// Reads a size "WIDTHxHEIGHT" in millimetres. Nothing when the text is not a size, or not one that a sheet can have.
 std::optional<SheetSize> sheetSizeFromText(const std::string& text);
 

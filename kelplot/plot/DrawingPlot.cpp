@@ -12,7 +12,7 @@ namespace kelplot {
 namespace {
 
 /// Each draws the whole model again; sheets of real drawings have a few.
-constexpr size_t mostViewports = 500;
+constexpr size_t mostViewports = 100;
 
 /// Collects what the entities that a walk meets leave out of a plot.
 class UnplottedFinder : public EntityVisitor {
@@ -20,8 +20,10 @@ public:
     UnplottedFinder(const Drawing& drawing, const PatternTable& patterns) : m_drawing(drawing), m_patterns(patterns) {}
 
     void visit(const Entity& entity, const EntityStyle&, const PlanMap&) override {
-        if (const std::string kind = unplottedPart(entity, m_drawing, m_patterns); !kind.empty()) {
-            m_kinds[kind].insert(&entity);
+        constexpr size_t mostKinds = 100; // the patterns of a damaged drawing may have any number of names
+        const std::string kind = unplottedPart(entity, m_drawing, m_patterns);
+        if (!kind.empty()) {
+            m_kinds[m_kinds.size() < mostKinds ? kind : "other entities"].insert(&entity);
         }
     }
     UnplottedKinds& kinds() { return m_kinds; }
@@ -80,15 +82,15 @@ public:
 
     /// Draws entities, carried on by `map`.
     void run(const std::vector<Entity>& entities, const PlanMap& map, std::vector<uint32_t> frozenLayers,
-             const Progress& progress) {
+             size_t visitsSpent, const Progress& progress) {
         WalkRules rules;
+        rules.visitsSpent = visitsSpent;
         rules.frozenLayers = std::move(frozenLayers);
         rules.visible = VisiblePart{m_tools.target.visibleBox(),
                                     [this](const auto& entity, const auto& style, const auto& entityMap) {
                                         return inkBox(entity, style, entityMap);
                                     }};
         report.add(EntityWalk(m_tools.drawing, std::move(rules), *this).run(entities, map, progress));
-        report.missingPictures.insert(m_tools.pictures.missing().begin(), m_tools.pictures.missing().end());
         report.tintedHatches += m_tools.tintedHatches;
     }
 
@@ -123,10 +125,11 @@ private:
         renderer.SetClipRgn(visibleRegion(target).get());
         const auto lineTypeUnits =
             m_tools.drawing.paperLineTypes ? std::optional<double>(m_tools.lineTypeUnits()) : std::nullopt;
-        PlotTools tools(m_tools.drawing, target, m_tools.options, m_tools.typesetter, m_tools.surface, lineTypeUnits);
+        PlotTools tools(m_tools.drawing, target, m_tools.options, m_tools.typesetter, m_tools.pictures.store(),
+                        m_tools.surface, lineTypeUnits);
         tools.patternDashesLeft = m_tools.patternDashesLeft;
         EntityPlotter plotter(tools, false);
-        plotter.run(m_tools.drawing.modelSpace, view, viewport.frozenLayers, {});
+        plotter.run(m_tools.drawing.modelSpace, view, viewport.frozenLayers, report.visitsInBlocks, {});
         m_tools.patternDashesLeft = tools.patternDashesLeft;
         report.add(plotter.report);
         ++report.viewports;
@@ -142,7 +145,6 @@ private:
 
 void PlotReport::add(const PlotReport& other) {
     WalkReport::add(other);
-    missingPictures.insert(other.missingPictures.begin(), other.missingPictures.end());
     tintedHatches += other.tintedHatches;
     viewports += other.viewports;
     tooManyViewports = tooManyViewports || other.tooManyViewports;
@@ -169,9 +171,11 @@ Box2 DrawingPlot::extents(const std::vector<Entity>& entities, ExtentsReport* re
 PlotReport DrawingPlot::draw(const std::vector<Entity>& entities, const PlotTarget& target, const PlotSurface& surface,
                              const Progress& progress) const {
     surface.renderer.SetClipRgn(visibleRegion(target).get());
-    PlotTools tools(m_drawing, target, m_style, m_texts, surface);
+    PictureStore pictures(m_drawing);
+    PlotTools tools(m_drawing, target, m_style, m_texts, pictures, surface);
     EntityPlotter plotter(tools, &entities != &m_drawing.modelSpace);
-    plotter.run(entities, PlanMap(target.toDevice), {}, progress);
+    plotter.run(entities, PlanMap(target.toDevice), {}, 0, progress);
+    plotter.report.missingPictures = pictures.missing();
     return std::move(plotter.report);
 }
 

@@ -43,6 +43,7 @@ private:
 void WalkReport::add(const WalkReport& other) {
     tooManyCopies = tooManyCopies || other.tooManyCopies;
     tooDeep = tooDeep || other.tooDeep;
+    visitsInBlocks += other.visitsInBlocks;
     undefined.insert(other.undefined.begin(), other.undefined.end());
     external.insert(other.external.begin(), other.external.end());
 }
@@ -55,8 +56,12 @@ EntityWalk::EntityWalk(const Drawing& drawing, WalkRules rules, EntityVisitor& v
 WalkReport EntityWalk::run(const std::vector<Entity>& entities, const PlanMap& map, const Progress& progress) {
     m_report = {};
     m_progress = progress ? &progress : nullptr;
-    m_visitsLeft = m_rules.limits.visitsInBlocks +
-                   m_rules.limits.moreForEachEntity * (entities.size() + entitiesInBlocks(m_drawing));
+    constexpr size_t walksOfAPlot = 8; // viewports may show a model of blocks so often in full
+    const size_t most = m_rules.limits.visitsInBlocks +
+                        m_rules.limits.moreForEachEntity * (entities.size() + entitiesInBlocks(m_drawing));
+    const size_t spent = std::min(m_rules.visitsSpent, walksOfAPlot * most);
+    const size_t allowed = std::min(most, walksOfAPlot * most - spent);
+    m_visitsLeft = allowed;
     const auto count = static_cast<double>(entities.size());
     for (size_t i = 0; i < entities.size(); ++i) {
         const Stretch stretch = Stretch().part(static_cast<double>(i), count);
@@ -65,6 +70,7 @@ WalkReport EntityWalk::run(const std::vector<Entity>& entities, const PlanMap& m
     if (progress) {
         progress(1.0);
     }
+    m_report.visitsInBlocks = allowed - m_visitsLeft;
     return m_report;
 }
 

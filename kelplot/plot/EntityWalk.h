@@ -46,6 +46,7 @@ struct WalkRules {
     VisiblePart visible = {}; ///< all shows where it cannot tell what entities cover
     WalkLimits limits = {};
     std::vector<uint32_t> frozenLayers = {}; ///< besides those that the drawing says
+    size_t visitsSpent = 0;                  ///< in blocks, by the walks of the same plot before
 };
 
 /// What a walk did not visit.
@@ -54,6 +55,8 @@ struct WalkReport {
     bool tooDeep = false;
     std::set<const Insert*> undefined; ///< references to blocks that the drawing does not define
     std::set<uint32_t> external;       ///< blocks that stand for other drawings, which are not read
+
+    size_t visitsInBlocks = 0; ///< of entities and rows of copies
 
     void add(const WalkReport& other);
 };

@@ -4,9 +4,11 @@
 #include <QByteArray>
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 #include "base/Angles.h"
+#include "geometry/PlanMap.h"
 #include "reader/RecordHeader.h"
 
 namespace kelplot {
@@ -28,13 +30,20 @@ Vec3 usableExtrusion(const Vec3& direction) {
     return length > shortest ? direction : Vec3{0.0, 0.0, 1.0};
 }
 
-/// The border that a closed curve makes; nothing for entities that are none.
-std::optional<HatchLoop> closedLoopOf(const Geometry& geometry) {
+/// The border that a closed curve makes, in the coordinates of its space; nothing for entities that are none.
+std::optional<HatchLoop> closedLoopOf(const Entity& entity) {
+    const Geometry& geometry = entity.geometry;
+    const Frame3 plane = frameOfPlane(entity.extrusion);
     HatchLoop loop;
     if (const auto* const polyline = std::get_if<Polyline>(&geometry)) {
-        loop.polyline = polyline->vertices;
+        for (PolylineVertex vertex : polyline->vertices) {
+            vertex.position = plane.mapPoint(vertex.position);
+            vertex.bulge *= plane.z.z < 0.0 ? -1.0 : 1.0;
+            loop.polyline.push_back(vertex);
+        }
     } else if (const auto* const circle = std::get_if<Circle>(&geometry)) {
-        loop.edges.emplace_back(HatchArc{{circle->center.x, circle->center.y}, circle->radius, 0.0, turn, true});
+        const Vec3 center = plane.mapPoint(circle->center);
+        loop.edges.emplace_back(HatchArc{{center.x, center.y}, circle->radius, 0.0, turn, true});
     } else if (const auto* const ellipse = std::get_if<Ellipse>(&geometry)) {
         loop.edges.emplace_back(HatchEllipse{{ellipse->center.x, ellipse->center.y},
                                              {ellipse->majorAxis.x, ellipse->majorAxis.y},
@@ -150,9 +159,8 @@ uint32_t DrawingBuilder::unplottedKind(std::string_view name) {
     return static_cast<uint32_t>(found - kinds.begin());
 }
 
-// Programs that had to avoid the asterisk wrote a dollar sign instead.
-
 bool DrawingBuilder::isModelSpace(std::string_view block) {
+    // Programs that had to avoid the asterisk wrote a dollar sign instead.
     return equalsIgnoringCase(block, "*MODEL_SPACE") || equalsIgnoringCase(block, "$MODEL_SPACE");
 }
 
@@ -181,6 +189,7 @@ void DrawingBuilder::beginBlock(std::string_view name, const Vec3& basePoint, st
     Block& defined = m_drawing.blocks[m_currentBlock];
     defined.basePoint = basePoint;
     defined.entities.clear();
+    forgetSheet(m_currentBlock);
     defined.externalPath = m_decoder.decode(externalPath);
     defined.defined = true;
     m_destination = Destination::block;
@@ -247,6 +256,17 @@ std::optional<DrawingBuilder::SheetEntity> DrawingBuilder::nextOnSheet(bool inPa
     return std::nullopt;
 }
 
+/// Forgets what is known of the entities of a block.
+void DrawingBuilder::forgetSheet(uint32_t block) {
+    for (auto entity = m_sheetEntities.begin(); entity != m_sheetEntities.end();) {
+        entity = entity->block == block ? m_sheetEntities.erase(entity) : std::next(entity);
+    }
+    const auto isOfBlock = [&](const PendingClip& pending) {
+        return pending.viewport.block == block;
+    };
+    m_pendingClips.erase(std::remove_if(m_pendingClips.begin(), m_pendingClips.end(), isOfBlock), m_pendingClips.end());
+}
+
 Entity& DrawingBuilder::entityAt(const SheetEntity& place) {
     return place.block == noBlock ? m_drawing.paperSpace[place.index]
                                   : m_drawing.blocks[place.block].entities[place.index];
@@ -265,7 +285,7 @@ void DrawingBuilder::resolveClips() {
     for (const PendingClip& pending : m_pendingClips) {
         const auto border = m_sheetEntities.constFind(pending.border);
         if (border != m_sheetEntities.constEnd()) {
-            std::get<Viewport>(entityAt(pending.viewport).geometry).clip = closedLoopOf(entityAt(*border).geometry);
+            std::get<Viewport>(entityAt(pending.viewport).geometry).clip = closedLoopOf(entityAt(*border));
         }
     }
 }

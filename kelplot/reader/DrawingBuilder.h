@@ -113,6 +113,7 @@ private:
 
     std::vector<Entity>* destinationFor(bool inPaperSpace);
     std::optional<SheetEntity> nextOnSheet(bool inPaperSpace);
+    void forgetSheet(uint32_t block);
     Entity& entityAt(const SheetEntity& place);
     void resolveClips();
     Entity* append(const RecordHeader& header, Geometry&& geometry);

@@ -94,10 +94,9 @@ uint8_t partOf(uint8_t opacity, double part) {
 }
 
 /// Draws one family of lines over the loops. Lines or dashes that are finer than the device shows become their mean
-/// tint, and so does what would take too many.
-void drawFamily(const LineFamily& family, const std::vector<AreaLoop>& loops, const EntityStyle& style,
+/// tint, and so does what would take too many. False where it took too many.
+bool drawFamily(const LineFamily& family, const std::vector<AreaLoop>& loops, const EntityStyle& style,
                 PlotTools& tools) {
-    constexpr size_t mostLines = 100'000;
     const double finest = 1.5 * tools.target.hairlineWidth;
     Pen pen = tools.linePen(style);
     pen.lineType = nullptr;
@@ -108,7 +107,8 @@ void drawFamily(const LineFamily& family, const std::vector<AreaLoop>& loops, co
         pen.opacity = partOf(pen.opacity, density);
         drawn.period = 0.0;
     }
-    const auto stretches = family.spacing < finest ? std::nullopt : stretchesIn(loops, drawn, mostLines);
+    const bool isFine = family.spacing < finest;
+    const auto stretches = isFine ? std::nullopt : stretchesIn(loops, drawn, tools.patternDashesLeft);
     const double dashes = stretches ? dashCount(*stretches, drawn) : 0.0;
     if (stretches && dashes <= tools.patternDashesLeft) {
         tools.patternDashesLeft -= dashes;
@@ -116,11 +116,22 @@ void drawFamily(const LineFamily& family, const std::vector<AreaLoop>& loops, co
         forEachDash(*stretches, drawn, [&](Vec2 from, Vec2 to) {
             from == to ? tools.canvas.drawDot(from) : tools.canvas.drawSegment(from, to);
         });
-        return;
+        return true;
     }
-    tools.tintedHatches += family.spacing < finest ? 0 : 1;
     tools.pens.setFill(pen.ink, partOf(style.opacity, density * pen.width / family.spacing));
     fill(loops, tools.canvas);
+    return isFine;
+}
+
+void drawPattern(const Hatch& hatch, const std::vector<AreaLoop>& loops, const EntityStyle& style, const PlanMap& map,
+                 PlotTools& tools) {
+    bool isComplete = true;
+    for (const PatternLine& line : linesOf(hatch, tools)) {
+        if (const auto family = familyOf(line, map)) {
+            isComplete = drawFamily(*family, loops, style, tools) && isComplete;
+        }
+    }
+    tools.tintedHatches += isComplete ? 0 : 1;
 }
 
 QColor colourOf(HT_Color ink) {
@@ -135,8 +146,8 @@ HT_Color gradientInk(const Colour& colour, const EntityStyle& style, const PlotT
 }
 
 /// Without a painter that knows gradients, the first colour stands for all.
-void drawGradient(const HatchGradient& gradient, const std::vector<AreaLoop>& loops, const PlacedEntity& place,
-                  PlotTools& tools) {
+void drawGradient(const Hatch& hatch, const std::vector<AreaLoop>& loops, const PlacedEntity& place, PlotTools& tools) {
+    const HatchGradient& gradient = *hatch.gradient;
     const HT_Color first = gradientInk(gradient.first, place.style, tools);
     if (tools.surface.direct == nullptr) {
         tools.pens.setFill(first, place.style.opacity);
@@ -144,20 +155,21 @@ void drawGradient(const HatchGradient& gradient, const std::vector<AreaLoop>& lo
         return;
     }
     QPainterPath area;
-    Box2 box;
     for (const std::vector<Vec2>& polygon : joinEvenOdd(loops)) {
         QPolygonF points;
         for (const Vec2 point : polygon) {
             points << QPointF(point.x, point.y);
-            box.add(point);
         }
         area.addPolygon(points);
         area.closeSubpath();
     }
-    const double turned = std::atan2(place.map.x.y, place.map.x.x);
+    // The colours spread over all of it, whatever part of it shows.
+    const Box2 whole = boxOf(hatch, MeasuredEntity{place.entity, place.map, CurveBox::hull, tools.typesetter});
+    const Vec2 direction{std::cos(gradient.angle), std::sin(gradient.angle)};
     const HT_Color second = gradientInk(gradient.second, place.style, tools);
-    tools.surface.direct->fill(area, gradientBrush(gradient, box, turned, colourOf(first), colourOf(second)),
-                               place.style.opacity / 255.0);
+    tools.surface.direct->fill(
+        area, gradientBrush(gradient, whole, place.map.mapDirection(direction), colourOf(first), colourOf(second)),
+        place.style.opacity / 255.0);
 }
 
 } // namespace
@@ -169,16 +181,12 @@ void draw(const Hatch& hatch, const PlacedEntity& place, PlotTools& tools) {
         return;
     }
     if (hatch.gradient) {
-        drawGradient(*hatch.gradient, loops, place, tools);
+        drawGradient(hatch, loops, place, tools);
     } else if (hatch.solid) {
         tools.useFill(place.style);
         fill(loops, tools.canvas);
     } else {
-        for (const PatternLine& line : linesOf(hatch, tools)) {
-            if (const auto family = familyOf(line, map)) {
-                drawFamily(*family, loops, place.style, tools);
-            }
-        }
+        drawPattern(hatch, loops, place.style, map, tools);
     }
 }
 

@@ -37,9 +37,9 @@ std::optional<std::pair<size_t, size_t>> outermost(const Mline& mline) {
 void drawPieces(const MlineVertex& from, const MlineVertex& to, size_t line, const PlanMap& map, Canvas& canvas) {
     const Vec3 start = pointOf(from, line);
     const Vec3 end = pointOf(to, line);
-    const std::vector<double> whole{0.0, 0.0};
-    const std::vector<double>& stated =
-        line < from.lines.size() && from.lines[line].size() > 1 ? from.lines[line] : whole;
+    static const std::vector<double> whole{0.0, 0.0};
+    const bool isStated = line < from.lines.size() && from.lines[line].size() > 1;
+    const std::vector<double>& stated = isStated ? from.lines[line] : whole;
     for (size_t i = 1; i < stated.size(); i += 2) {
         const Vec3 pieceEnd = i + 1 < stated.size() ? start + from.direction * stated[i + 1] : end;
         canvas.drawSegment(map.mapPoint(start + from.direction * stated[i]), map.mapPoint(pieceEnd));

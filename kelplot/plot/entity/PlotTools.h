@@ -24,7 +24,7 @@ public:
     ///
     /// @param lineTypeUnits  device units in a unit of line types; none: those in a drawing unit
     PlotTools(const Drawing& plotted, const PlotTarget& plotTarget, const PlotStyleOptions& plotStyle,
-              const Typesetter& layouts, const PlotSurface& surface,
+              const Typesetter& layouts, PictureStore& pictureStore, const PlotSurface& plotSurface,
               std::optional<double> lineTypeUnits = std::nullopt);
 
     HT_Color inkOf(const EntityStyle& style, InkUse use) const;

@@ -1,7 +1,39 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plot/entity/EntityKinds.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace kelplot {
+
+namespace {
+
+/// Tells whether any of the lines have a distance from one to the next.
+bool canBeDrawn(const std::vector<PatternLine>& lines) {
+    return std::any_of(lines.begin(), lines.end(), [](const PatternLine& line) {
+        const Vec2 along{std::cos(line.angle), std::sin(line.angle)};
+        return std::isnormal(cross(along, line.offset));
+    });
+}
+
+bool canBeDrawn(const Hatch& hatch, const PatternTable& patterns) {
+    if (hatch.solid || hatch.gradient || !hatch.pattern.lines.empty()) {
+        return hatch.solid || hatch.gradient || canBeDrawn(hatch.pattern.lines);
+    }
+    const auto* const named = patterns.find(QString::fromStdString(hatch.pattern.name));
+    return named != nullptr && hatch.pattern.scale != 0.0 && canBeDrawn(*named);
+}
+
+/// A name as a message can show it.
+std::string shownName(const std::string& name) {
+    constexpr size_t longest = 40;
+    std::string result = name.substr(0, longest);
+    std::replace_if(
+        result.begin(), result.end(), [](char c) { return c >= 0 && c < ' '; }, '?');
+    return result;
+}
+
+} // namespace
 
 std::string unplottedPart(const Entity& entity, const Drawing& drawing, const PatternTable& patterns) {
     if (const auto* const unplotted = std::get_if<Unplotted>(&entity.geometry)) {
@@ -11,12 +43,11 @@ std::string unplottedPart(const Entity& entity, const Drawing& drawing, const Pa
     if (viewport && viewport->on && viewport->perspective) {
         return "VIEWPORT in perspective";
     }
-    const auto* const hatch = std::get_if<Hatch>(&entity.geometry);
-    if (hatch && !hatch->solid && !hatch->gradient && hatch->pattern.lines.empty() &&
-        patterns.find(QString::fromStdString(hatch->pattern.name)) == nullptr) {
-        return "HATCH with the pattern " + hatch->pattern.name;
+    if (viewport && viewport->on && !(viewport->viewHeight > 0.0)) {
+        return "VIEWPORT without a view";
     }
-    return {};
+    const auto* const hatch = std::get_if<Hatch>(&entity.geometry);
+    return hatch && !canBeDrawn(*hatch, patterns) ? "HATCH with the pattern " + shownName(hatch->pattern.name) : "";
 }
 
 } // namespace kelplot

@@ -29,7 +29,11 @@ public:
     void setFill(HT_Color ink, uint8_t opacity) { setPen({ink, opacity, m_hairlineWidth, nullptr, 1.0, false}); }
 
     /// Sends everything anew: somebody else has set styles of the renderer.
-    void forget() { m_width = 0, m_ends = -1, m_joins = -1; }
+    void forget() {
+        m_width = 0;
+        m_ends = -1;
+        m_joins = -1;
+    }
 
     /// Tells whether the pen in force draws dashes.
     bool isDashed() const { return m_dashed; }

@@ -17,15 +17,14 @@ public:
     ///
     /// @param grey    colours come out as greys
     /// @param direct  what turns pictures; null: those that are turned are left out
-    PicturePlotter(const Drawing& drawing, const PlotTarget& target, bool grey, HT_Renderer& renderer,
+    PicturePlotter(PictureStore& store, const PlotTarget& target, bool grey, HT_Renderer& renderer,
                    DirectPainter* direct)
-        : m_store(drawing), m_target(target), m_grey(grey), m_renderer(renderer), m_direct(direct) {}
+        : m_store(store), m_target(target), m_grey(grey), m_renderer(renderer), m_direct(direct) {}
 
     /// Draws a picture. False where its file cannot be loaded.
     bool draw(const Image& image, uint8_t opacity, const PlanMap& map);
 
-    /// The pictures that could not be loaded.
-    const PictureFaults& missing() const { return m_store.missing(); }
+    PictureStore& store() { return m_store; }
 
 private:
     /// Where a picture lies, in device units.
@@ -43,7 +42,7 @@ private:
     void drawTurned(const Place& place, HT_RasterImage& picture);
     ClipRegion pageRegion() const { return visibleRegion(m_target); }
 
-    PictureStore m_store;
+    PictureStore& m_store;
     const PlotTarget& m_target;
     bool m_grey;
     HT_Renderer& m_renderer;

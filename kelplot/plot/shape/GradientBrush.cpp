@@ -16,8 +16,8 @@ QPointF pointOf(Vec2 p) {
 
 /// The colours along a gradient of a name. "INV" before a name exchanges them.
 QGradientStops stopsFor(const std::string& shape, QColor first, QColor second) {
-    if (shape == "CYLINDER") { // the first colour in the middle
-        return {{0.0, second}, {0.5, first}, {1.0, second}};
+    if (shape == "CYLINDER") { // the second colour in the middle, as if light fell there
+        return {{0.0, first}, {0.5, second}, {1.0, first}};
     }
     if (shape == "SPHERICAL" || shape == "HEMISPHERICAL") { // from the middle outwards
         return {{0.0, second}, {1.0, first}};
@@ -39,7 +39,7 @@ QGradientStops stopsFor(const std::string& shape, QColor first, QColor second) {
 
 } // namespace
 
-QBrush gradientBrush(const HatchGradient& gradient, const Box2& box, double turned, const QColor& first,
+QBrush gradientBrush(const HatchGradient& gradient, const Box2& box, Vec2 direction, const QColor& first,
                      const QColor& second) {
     const bool inverted = gradient.name.compare(0, 3, "INV") == 0;
     const std::string shape = inverted ? gradient.name.substr(3) : gradient.name;
@@ -47,8 +47,8 @@ QBrush gradientBrush(const HatchGradient& gradient, const Box2& box, double turn
     const Vec2 size{box.width(), box.height()};
     // Moved by a quarter of the area to the upper left where it is shifted.
     const Vec2 centre = box.center() + Vec2{-size.x, -size.y} * (0.25 * gradient.shift);
-    const double angle = turned - gradient.angle;
-    const Vec2 along{std::cos(angle), std::sin(angle)};
+    const double length = direction.length();
+    const Vec2 along = length > 0.0 ? direction * (1.0 / length) : Vec2{1.0, 0.0};
     const double reach = (std::abs(along.x) * size.x + std::abs(along.y) * size.y) / 2.0;
     if (shape == "SPHERICAL") {
         QRadialGradient radial(pointOf(centre), size.length() / 2.0);

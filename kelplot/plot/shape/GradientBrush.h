@@ -10,8 +10,8 @@ namespace kelplot {
 
 /// The brush of a gradient for an area that fills `box`, both in device units.
 ///
-/// @param turned  by how much the page turns the plane of the hatch, in radians, y downwards
-QBrush gradientBrush(const HatchGradient& gradient, const Box2& box, double turned, const QColor& first,
+/// @param direction  in which the colours run, of any length
+QBrush gradientBrush(const HatchGradient& gradient, const Box2& box, Vec2 direction, const QColor& first,
                      const QColor& second);
 
 } // namespace kelplot

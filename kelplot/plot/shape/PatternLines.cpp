@@ -36,19 +36,28 @@ void addCrossings(Vec2 a, Vec2 b, bool ofHole, std::vector<Crossing>& crossings)
     }
 }
 
-double linesAcross(const std::vector<AreaLoop>& loops, const LineFamily& family) {
-    constexpr double farthest = 1e15; // whole numbers are exact up to there
-    double lowest = farthest;
-    double highest = -farthest;
+/// Calls `visit` with the ends of each edge, as `inFamily` gives them, and whether it belongs to a hole.
+template <typename Visit>
+void forEachEdge(const std::vector<AreaLoop>& loops, const LineFamily& family, Visit visit) {
     for (const AreaLoop& loop : loops) {
+        Vec2 before = inFamily(loop.points.back(), family);
         for (const Vec2 point : loop.points) {
-            const double number = inFamily(point, family).y;
-            lowest = std::min(lowest, number);
-            highest = std::max(highest, number);
+            const Vec2 here = inFamily(point, family);
+            visit(before, here, loop.alwaysHole);
+            before = here;
         }
     }
-    const bool exact = lowest > -farthest && highest < farthest;
-    return exact ? std::max(highest - lowest, 0.0) : HUGE_VAL;
+}
+
+/// How often the lines cross the edges, at most; infinite where their numbers are too large to be told apart.
+double crossingCount(const std::vector<AreaLoop>& loops, const LineFamily& family) {
+    constexpr double farthest = 1e15; // whole numbers are exact up to there
+    double count = 0.0;
+    forEachEdge(loops, family, [&](Vec2 a, Vec2 b, bool) {
+        const bool exact = std::abs(a.y) < farthest && std::abs(b.y) < farthest;
+        count += exact ? std::abs(b.y - a.y) + 1.0 : HUGE_VAL;
+    });
+    return count;
 }
 
 std::vector<LineStretch> insideOf(const std::vector<Crossing>& crossings) {
@@ -106,19 +115,12 @@ std::optional<LineFamily> familyOf(const PatternLine& line, const PlanMap& map) 
 }
 
 std::optional<std::vector<LineStretch>> stretchesIn(const std::vector<AreaLoop>& loops, const LineFamily& family,
-                                                    size_t most) {
-    if (!(linesAcross(loops, family) <= static_cast<double>(most))) {
+                                                    double most) {
+    if (!(crossingCount(loops, family) <= most)) {
         return std::nullopt;
     }
     std::vector<Crossing> crossings;
-    for (const AreaLoop& loop : loops) {
-        Vec2 before = inFamily(loop.points.back(), family);
-        for (const Vec2 point : loop.points) {
-            const Vec2 here = inFamily(point, family);
-            addCrossings(before, here, loop.alwaysHole, crossings);
-            before = here;
-        }
-    }
+    forEachEdge(loops, family, [&](Vec2 a, Vec2 b, bool ofHole) { addCrossings(a, b, ofHole, crossings); });
     std::sort(crossings.begin(), crossings.end());
     return insideOf(crossings);
 }
@@ -127,7 +129,7 @@ double dashCount(const std::vector<LineStretch>& stretches, const LineFamily& fa
     const double perUnit = family.period > 0.0 ? static_cast<double>(family.dashes.size()) / family.period : 0.0;
     double count = 0.0;
     for (const LineStretch& stretch : stretches) {
-        count += 1.0 + (stretch.end - stretch.start) * perUnit;
+        count += 1.0 + static_cast<double>(family.dashes.size()) + (stretch.end - stretch.start) * perUnit;
     }
     return count;
 }
@@ -139,11 +141,13 @@ void forEachDash(const std::vector<LineStretch>& stretches, const LineFamily& fa
         const auto place = [&](double at) {
             return onLine + family.along * at;
         };
-        if (family.period == 0.0) {
+        constexpr double mostPeriods = 1e15; // whole numbers are exact up to there
+        const bool tellsDashes = std::abs(stretch.start) < mostPeriods * family.period;
+        if (family.period == 0.0 || !tellsDashes) {
             draw(place(stretch.start), place(stretch.end));
             continue;
         }
-        const double begin = stretch.number * family.shift;
+        const double begin = std::fmod(stretch.number * family.shift, family.period);
         const double first = std::floor((stretch.start - begin) / family.period);
         for (double turns = 0.0; begin + (first + turns) * family.period <= stretch.end; turns += 1.0) {
             double at = begin + (first + turns) * family.period;

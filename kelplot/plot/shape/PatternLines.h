@@ -34,9 +34,9 @@ struct LineStretch {
 };
 
 /// The stretches of a family's lines in the area of `loops` by the even-odd rule, less those that are always holes.
-/// Nothing when there would be more than `most` lines.
+/// Nothing when the lines would cross the loops more than `most` times.
 std::optional<std::vector<LineStretch>> stretchesIn(const std::vector<AreaLoop>& loops, const LineFamily& family,
-                                                    size_t most);
+                                                    double most);
 
 /// How many dashes and dots the stretches hold, roughly; a stretch counts for at least one.
 double dashCount(const std::vector<LineStretch>& stretches, const LineFamily& family);

@@ -3,6 +3,7 @@
 
 #include "base/Angles.h"
 
+#include <QByteArray>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -159,14 +160,22 @@ void HatchEdgeDecoder::finish(std::vector<HatchEdge>& edges) {
     }
 }
 
+void HatchGradientDecoder::addColour(const Colour& colour) {
+    (m_colours == 0 ? m_gradient.first : m_gradient.second) = colour;
+    ++m_colours;
+}
+
 void HatchGradientDecoder::take(const Group& group) {
     switch (group.code) {
-    case 421: {
-        Colour& colour = m_colours == 0 ? m_gradient.first : m_gradient.second;
-        colour = {Colour::Kind::trueColour, static_cast<uint32_t>(toInteger(group.value)) & 0xFFFFFF};
-        ++m_colours;
+    case 63: // followed by 421 where there is a true colour too
+        addColour({Colour::Kind::index, static_cast<uint32_t>(std::clamp(toInteger(group.value), 1, 255))});
         break;
-    }
+    case 421:
+        if (m_lastCode == 63 && m_colours > 0) {
+            --m_colours;
+        }
+        addColour({Colour::Kind::trueColour, static_cast<uint32_t>(toInteger(group.value)) & 0xFFFFFF});
+        break;
     case 450:
         m_isGradient = toInteger(group.value) == 1;
         break;
@@ -183,11 +192,12 @@ void HatchGradientDecoder::take(const Group& group) {
         m_tint = std::clamp(toReal(group.value), 0.0, 1.0);
         break;
     case 470:
-        m_gradient.name = trimmed(group.value);
+        m_gradient.name = QByteArray::fromStdString(std::string(trimmed(group.value))).toUpper().toStdString();
         break;
     default:
         break;
     }
+    m_lastCode = group.code;
 }
 
 std::optional<HatchGradient> HatchGradientDecoder::finish() const {

@@ -47,6 +47,9 @@ public:
     std::optional<HatchGradient> finish() const;
 
 private:
+    void addColour(const Colour& colour);
+
+    int m_lastCode = 0;
     bool m_isGradient = false;
     bool m_hasOneColour = false;
     double m_tint = 0.0; ///< of the second colour, where there is one only

@@ -5,6 +5,8 @@ namespace kelplot {
 
 namespace {
 
+constexpr size_t mostLines = 16; ///< of a multiline
+
 // Bits of a multiline's code 71.
 constexpr int closedLine = 2;
 constexpr int withoutStartCap = 4;
@@ -57,7 +59,7 @@ void MlineDecoder::takeOfVertex(const Group& group) {
         takePoint(group, 13, vertex.miter)) {
         return;
     }
-    if (group.code == 74) {
+    if (group.code == 74 && vertex.lines.size() < mostLines) {
         vertex.lines.emplace_back();
     } else if (group.code == 41 && !vertex.lines.empty()) {
         vertex.lines.back().push_back(toReal(group.value));

@@ -13,7 +13,7 @@ std::string namedType(std::string_view type) {
     const auto isOfName = [](char c) {
         return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '-';
     };
-    const bool sound = std::all_of(type.begin(), type.end(), isOfName) && type.front() != '-';
+    const bool sound = !type.empty() && std::all_of(type.begin(), type.end(), isOfName) && type.front() != '-';
     return sound && type.size() <= longest ? std::string(type) : "entity of a damaged type";
 }
 

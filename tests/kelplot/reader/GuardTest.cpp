@@ -40,7 +40,7 @@ TEST(Refused, WhatIsNoDrawing) {
         {"empty", "", "empty"},
         {"binary", "Program Binary DXF\r\n\x1A\0\0\0SECTION"s, "binary"},
         {"prose", "Dear all,\nthe meeting is at 3.\n", "line 1: 'Dear all,' is not a group"},
-        {"other bytes", "\x89PNG\r\n\x1A\n\0\0\0"s, "line 1: '?PNG' is not a group code"},
+        {"other bytes", "\x89PNG\r\n\x1A\n\0\0\0"s, "a PNG picture"},
         {"no line end", std::string(1u << 20, '7'), "too long"},
         {"numbers only", "0\n1\n2\n3\n", "no sections"},
         {"just an end", "0\nEOF\n", "no sections"},
