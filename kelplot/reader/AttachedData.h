@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-namespace kelplot {
-
 /// Group codes of the data that programs attach to a record.
-namespace attached {
+namespace kelplot::attached {
 
 constexpr int text = 1000;
 constexpr int application = 1001; ///< whose data follow
@@ -13,6 +11,4 @@ constexpr int firstOther = 1004;  ///< from here on: values that are neither tex
 constexpr int shortInteger = 1070;
 constexpr int integer = 1071;
 
-} // namespace attached
-
-} // namespace kelplot
+} // namespace kelplot::attached

@@ -68,17 +68,17 @@ int paperCount(const QString& path) {
     return HT_DefaultDeviceCapabilities(wholeRecords, nullptr, nullptr, path.toStdWString().c_str());
 }
 
-std::vector<PaperSize> paperRecords(const QString& original) {
+std::vector<PaperSize> paperRecords(const QString& path) {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QFileInfo(original).fileName());
-    QFile source(original);
-    if (!source.copy(path)) {
-        throw SettingsError(original, source.errorString());
+    const QString copy = folder.filePath(QFileInfo(path).fileName());
+    QFile source(path);
+    if (!source.copy(copy)) {
+        throw SettingsError(path, source.errorString());
     }
-    std::vector<PaperSize> records(static_cast<size_t>(std::max(paperCount(path), 0)), PaperSize{});
+    std::vector<PaperSize> records(static_cast<size_t>(std::max(paperCount(copy), 0)), PaperSize{});
     if (!records.empty()) {
         HT_DefaultDeviceCapabilities(wholeRecords, reinterpret_cast<char*>(records.data()), nullptr,
-                                     path.toStdWString().c_str());
+                                     copy.toStdWString().c_str());
     }
     return records;
 }

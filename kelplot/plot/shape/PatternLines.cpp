@@ -10,8 +10,8 @@ namespace {
 
 /// Where a line of a family passes the border of an area.
 struct Crossing {
-    double number; ///< of the line
-    double at;     ///< along it
+    int64_t number; ///< of the line
+    double at;      ///< along it
     bool ofHole;
 
     friend bool operator<(const Crossing& a, const Crossing& b) {
@@ -30,8 +30,8 @@ void addCrossings(Vec2 a, Vec2 b, bool ofHole, std::vector<Crossing>& crossings)
     if (a.y > b.y) {
         std::swap(a, b);
     }
-    for (double number = std::ceil(a.y); number < b.y; number += 1.0) {
-        const double part = (number - a.y) / (b.y - a.y);
+    for (auto number = static_cast<int64_t>(std::ceil(a.y)); static_cast<double>(number) < b.y; ++number) {
+        const double part = (static_cast<double>(number) - a.y) / (b.y - a.y);
         crossings.push_back({number, a.x + part * (b.x - a.x), ofHole});
     }
 }
@@ -137,7 +137,8 @@ double dashCount(const std::vector<LineStretch>& stretches, const LineFamily& fa
 void forEachDash(const std::vector<LineStretch>& stretches, const LineFamily& family,
                  const std::function<void(Vec2 from, Vec2 to)>& draw) {
     for (const LineStretch& stretch : stretches) {
-        const Vec2 onLine = family.base + leftNormal(family.along) * (stretch.number * family.spacing);
+        const Vec2 onLine =
+            family.base + leftNormal(family.along) * (static_cast<double>(stretch.number) * family.spacing);
         const auto place = [&](double at) {
             return onLine + family.along * at;
         };
@@ -147,10 +148,11 @@ void forEachDash(const std::vector<LineStretch>& stretches, const LineFamily& fa
             draw(place(stretch.start), place(stretch.end));
             continue;
         }
-        const double begin = std::fmod(stretch.number * family.shift, family.period);
+        const double begin = std::fmod(static_cast<double>(stretch.number) * family.shift, family.period);
         const double first = std::floor((stretch.start - begin) / family.period);
-        for (double turns = 0.0; begin + (first + turns) * family.period <= stretch.end; turns += 1.0) {
-            double at = begin + (first + turns) * family.period;
+        const auto periods = static_cast<int64_t>((stretch.end - stretch.start) / family.period) + 2;
+        for (int64_t i = 0; i < periods; ++i) {
+            double at = begin + (first + static_cast<double>(i)) * family.period;
             for (const double dash : family.dashes) {
                 const double next = at + std::abs(dash);
                 const double from = std::max(at, stretch.start);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <vector>
 
@@ -28,7 +29,7 @@ std::optional<LineFamily> familyOf(const PatternLine& line, const PlanMap& map);
 
 /// What of one line of a family lies in an area: from `start` to `end` along it, from where line 0 begins.
 struct LineStretch {
-    double number = 0.0; ///< of the line
+    int64_t number = 0; ///< of the line
     double start = 0.0;
     double end = 0.0;
 };

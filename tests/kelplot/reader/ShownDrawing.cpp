@@ -282,7 +282,7 @@ public:
                (image.clipInverted ? " inverted" : "");
     }
     static std::string text(const Wipeout& wipeout) { return list("wipeout", wipeout.boundary); }
-    std::string text(const Mline& mline) const {
+    static std::string text(const Mline& mline) {
         return (mline.closed ? "closed mline" : "mline") + std::string(mline.startCap ? "" : " without start cap") +
                (mline.endCap ? "" : " without end cap") + " style " + text(double(mline.style)) +
                list("", mline.vertices);
