@@ -24,6 +24,7 @@ for target in "${targets[@]}"; do
         { echo "no such target: $target" >&2; exit 2; }
     dictionary=fuzz/dict/$target.dict
     [ "$target" = settings ] && dictionary=fuzz/dict/ini.dict
+    [ "$target" = plot ] && dictionary=fuzz/dict/dxf.dict
     options=(-max_total_time=$((minutes * 60)) -timeout=20 -print_final_stats=1)
     [ -f "$dictionary" ] && options+=(-dict="$dictionary")
     mkdir -p build/fuzz/findings "build/fuzz/corpus/$target"

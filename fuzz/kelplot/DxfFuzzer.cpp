@@ -51,6 +51,15 @@ public:
         require(!text.paragraphs.empty() && text.attachment >= 1 && text.attachment <= 9);
     }
     void operator()(const Image& image) const { require(image.definition < m_drawing.images.size()); }
+    void operator()(const Viewport& viewport) const {
+        for (const uint32_t layer : viewport.frozenLayers) {
+            require(layer < m_drawing.layers.size());
+        }
+    }
+    void operator()(const Mline& mline) const {
+        require(!mline.vertices.empty() && mline.style < m_drawing.mlineStyles.size());
+    }
+    void operator()(const Unplotted& entity) const { require(entity.kind < m_drawing.unplottedKinds.size()); }
     void operator()(const Insert& insert) const {
         require(insert.block < m_drawing.blocks.size() || insert.block == noBlock);
     }
