@@ -1,21 +1,12 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #pragma once
 
-#include <fstream>
-#include <iterator>
-#include <string>
 #include <vector>
 
 #include <QBuffer>
 #include <QImage>
 
 #include "keldriver/RasterImage.h"
-
-/// The bytes of a file with an image in it.
-inline std::vector<unsigned char> fileBytes(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// The bytes of a file that an image would be written to.
 inline std::vector<unsigned char> imageBytes(const QImage& image, const char* format = "PNG") {
