@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 #include <memory>
 #include <ostream>
 #include <utility>
@@ -33,17 +34,18 @@ public:
     void run(const QString& output);
 
 private:
-    void warn(const QString& text) const;
-    void warn(const QStringList& texts) const;
+    void warn(const QString& text);
+    void warn(const QStringList& texts);
     void applyLayers();
-    void tellOfFonts(const FontReport& fonts) const;
-    PageLayout layOut(const DrawingPlot& plot, const Space& space) const;
-    void draw(const DrawingPlot& plot, const Space& space, const PageLayout& layout, OutputDevice& device) const;
+    void tellOfFonts(const FontReport& fonts);
+    PageLayout layOut(const DrawingPlot& plot, const Space& space);
+    void draw(const DrawingPlot& plot, const Space& space, const PageLayout& layout, OutputDevice& device);
 
     QString m_input;
     const PlotPlan& m_plan;
     Console& m_console;
     Drawing m_drawing;
+    QSet<QString> m_told; ///< warnings
 };
 
 void PlotJob::run(const QString& output) {
@@ -66,7 +68,12 @@ void PlotJob::run(const QString& output) {
     device->finish();
 }
 
-void PlotJob::warn(const QString& text) const {
+/// Once for each text, however many layouts it is true of.
+void PlotJob::warn(const QString& text) {
+    if (m_told.contains(text)) {
+        return;
+    }
+    m_told.insert(text);
     const std::string full = (m_input + QStringLiteral(": ") + text).toStdString();
     if (m_plan.strict) {
         throw StrictFailure(full);
@@ -81,13 +88,13 @@ void PlotJob::applyLayers() {
     }
 }
 
-void PlotJob::warn(const QStringList& texts) const {
+void PlotJob::warn(const QStringList& texts) {
     for (const QString& text : texts) {
         warn(text);
     }
 }
 
-void PlotJob::tellOfFonts(const FontReport& fonts) const {
+void PlotJob::tellOfFonts(const FontReport& fonts) {
     if (const QString replaced = replacedFonts(fonts); !replaced.isEmpty()) {
         m_console.note((m_input + QStringLiteral(": ") + replaced).toStdString());
     }
@@ -96,7 +103,7 @@ void PlotJob::tellOfFonts(const FontReport& fonts) const {
     }
 }
 
-PageLayout PlotJob::layOut(const DrawingPlot& plot, const Space& space) const {
+PageLayout PlotJob::layOut(const DrawingPlot& plot, const Space& space) {
     ExtentsReport report;
     const Box2 extents = plot.extents(space.entities, &report);
     warn(missingParts(m_drawing, report));
@@ -122,7 +129,7 @@ PageLayout PlotJob::layOut(const DrawingPlot& plot, const Space& space) const {
     return layout;
 }
 
-void PlotJob::draw(const DrawingPlot& plot, const Space& space, const PageLayout& layout, OutputDevice& device) const {
+void PlotJob::draw(const DrawingPlot& plot, const Space& space, const PageLayout& layout, OutputDevice& device) {
     RenderSession session(device);
     const PlotTarget target = plotTargetFor(layout, device.grid());
     const PlotReport report = plot.draw(space.entities, target, session.surface(),

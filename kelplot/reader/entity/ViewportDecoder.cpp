@@ -2,6 +2,7 @@
 #include "reader/entity/ViewportDecoder.h"
 
 #include "base/Angles.h"
+#include "reader/AttachedData.h"
 
 namespace kelplot {
 
@@ -22,6 +23,11 @@ void ViewportDecoder::begin(std::string_view) {
     m_usesClip = false;
     m_clipHandle = 0;
     m_frozenLayers.clear();
+    m_frozenNames.clear();
+    m_inView = false;
+    m_points = 0;
+    m_reals = 0;
+    m_integers = 0;
 }
 
 void ViewportDecoder::take(const Group& group) {
@@ -83,6 +89,64 @@ bool ViewportDecoder::takeOfView(const Group& group) {
     }
 }
 
+/// The target and the direction, four numbers, and the way of looking, each in its place.
+void ViewportDecoder::takeExtended(const Group& group) {
+    if (group.code == attached::text) {
+        m_inView = trimmed(group.value) == "MVIEW";
+    }
+    if (!m_inView) {
+        return;
+    }
+    Vec3& point = m_points < 2 ? m_viewport.viewTarget : m_viewport.viewDirection;
+    switch (group.code) {
+    case attached::layer:
+        m_frozenNames.emplace_back(trimmed(group.value));
+        break;
+    case attached::point:
+        ++m_points;
+        (m_points < 2 ? m_viewport.viewTarget : m_viewport.viewDirection).x = toReal(group.value);
+        break;
+    case attached::point + 10:
+        point.y = toReal(group.value);
+        break;
+    case attached::point + 20:
+        point.z = toReal(group.value);
+        break;
+    case attached::real:
+        takeExtendedReal(toReal(group.value));
+        break;
+    case attached::shortInteger: {
+        constexpr int viewMode = 2; // the first states the version of these data
+        ++m_integers;
+        m_viewport.perspective =
+            m_integers == viewMode ? (toInteger(group.value) & perspectiveView) != 0 : m_viewport.perspective;
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void ViewportDecoder::takeExtendedReal(double value) {
+    ++m_reals;
+    switch (m_reals) {
+    case 1:
+        m_viewport.twist = radiansFromDegrees(value);
+        break;
+    case 2:
+        m_viewport.viewHeight = value;
+        break;
+    case 3:
+        m_viewport.viewCenter.x = value;
+        break;
+    case 4:
+        m_viewport.viewCenter.y = value;
+        break;
+    default:
+        break;
+    }
+}
+
 void ViewportDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
     const bool hasArea = m_viewport.width > 0.0 && m_viewport.height > 0.0;
     if (m_number == sheetNumber || !hasArea) {
@@ -92,6 +156,9 @@ void ViewportDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
         if (const auto layer = builder.layerOf(handle)) {
             m_viewport.frozenLayers.push_back(*layer);
         }
+    }
+    for (const std::string& name : m_frozenNames) {
+        m_viewport.frozenLayers.push_back(builder.layer(name));
     }
     builder.addViewport(header, std::move(m_viewport), m_usesClip ? m_clipHandle : 0);
 }
