@@ -13,8 +13,7 @@
 #include <string_view>
 #include <variant>
 
-#include <QGuiApplication>
-
+#include "Application.h"
 #include "FuzzInput.h"
 #include "Require.h"
 #include "plot/text/FontSet.h"
@@ -25,18 +24,6 @@
 using namespace kelplot;
 
 namespace {
-
-/// Fonts need an application; where this is the whole program it makes one, without a display, and keeps it to the end.
-void needApplication() {
-    if (QCoreApplication::instance() == nullptr) {
-        static int count = 1;
-        static char name[] = "mtext_fuzzer";
-        static char* arguments[] = {name, nullptr};
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        static const auto* const application = new QGuiApplication(count, arguments);
-        static_cast<void>(application);
-    }
-}
 
 TextEncoding encodingFor(bool unicode) {
     TextEncoding encoding;

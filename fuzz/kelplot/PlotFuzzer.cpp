@@ -3,13 +3,13 @@
 // Reads any bytes as a drawing and plots what it holds on a small page: model space, and each of its sheets. The whole
 // input is the file.
 
-#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <cstdint>
 #include <memory>
 #include <string_view>
 
+#include "Application.h"
 #include "MemoryFile.h"
 #include "Require.h"
 #include "keldriver/Renderer.h"
@@ -22,18 +22,6 @@ using namespace kelplot;
 namespace {
 
 constexpr int side = 200; // pixels
-
-/// Texts need an application; where this is the whole program it makes one, without a display, and keeps it to the end.
-void needApplication() {
-    if (QCoreApplication::instance() == nullptr) {
-        static int count = 1;
-        static char name[] = "plot_fuzzer";
-        static char* arguments[] = {name, nullptr};
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        static const auto* const application = new QGuiApplication(count, arguments);
-        static_cast<void>(application);
-    }
-}
 
 void plot(const Drawing& drawing, const std::vector<Entity>& entities) {
     QImage page(side, side, QImage::Format_RGB32);

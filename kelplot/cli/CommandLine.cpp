@@ -74,7 +74,7 @@ void deriveFormat(Request& request) {
     }
     const auto format = formatFromName(ending);
     if (!format) {
-        throw UsageError(QStringLiteral("--output: \"%1\" tells no format; end it in one of %2, or give --format")
+        throw UsageError(QStringLiteral("--output: \"%1\" has an unknown ending; use one of %2, or give --format")
                              .arg(request.outputFile, formatNames()));
     }
     request.format = *format;

@@ -7,7 +7,7 @@
 
 #include "cli/Request.h"
 #include "page/LayoutPage.h"
-#include "plot/entity/PlotOptions.h"
+#include "plot/entity/PlotStyleOptions.h"
 #include "settings/PaperTable.h"
 
 namespace kelplot {

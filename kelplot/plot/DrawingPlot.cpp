@@ -34,6 +34,12 @@ private:
     UnplottedKinds m_kinds;
 };
 
+/// Tells whether an entity is a viewport through which the model is drawn.
+bool showsModel(const Entity& entity) {
+    const auto* const viewport = std::get_if<Viewport>(&entity.geometry);
+    return viewport != nullptr && viewport->on && !viewport->perspective;
+}
+
 class ExtentsFinder : public EntityVisitor {
 public:
     ExtentsFinder(const Drawing& drawing, const Typesetter& texts, UnplottedFinder& unplotted)
@@ -49,11 +55,6 @@ public:
     const Box2& extents() const { return m_extents; }
     /// Whether the model shows through a viewport.
     bool seesModel() const { return m_seesModel; }
-
-    static bool showsModel(const Entity& entity) {
-        const auto* const viewport = std::get_if<Viewport>(&entity.geometry);
-        return viewport != nullptr && viewport->on && !viewport->perspective;
-    }
 
 private:
     const Typesetter& m_texts;
@@ -73,7 +74,7 @@ public:
         if (!m_tools.canvas.mayShow(inkBox(entity, style, map), 0.0)) {
             return;
         }
-        if (m_isSheet && ExtentsFinder::showsModel(entity)) {
+        if (m_isSheet && showsModel(entity)) {
             drawModel(std::get<Viewport>(entity.geometry), map);
         }
         const PlacedEntity place{entity, style, map};

@@ -86,6 +86,17 @@ DrawingBuilder::DrawingBuilder() {
     textStyle(standardTextStyle);
 }
 
+/// The number of a name, with a place in `items` for what it stands for.
+template <typename Item>
+uint32_t DrawingBuilder::numbered(NameTable& names, std::string_view name, std::vector<Item>& items) {
+    std::string newName;
+    const NameTable::Found found = names.find(name, m_decoder, newName);
+    if (found.added) {
+        items.emplace_back();
+    }
+    return found.index;
+}
+
 uint32_t DrawingBuilder::layer(std::string_view name) {
     std::string newName;
     const NameTable::Found found = m_layers.find(name.empty() ? defaultLayer : name, m_decoder, newName);
@@ -131,21 +142,11 @@ uint32_t DrawingBuilder::block(std::string_view name) {
 }
 
 uint32_t DrawingBuilder::mlineStyle(std::string_view name) {
-    std::string newName;
-    const NameTable::Found found = m_mlineStyles.find(name, m_decoder, newName);
-    if (found.added) {
-        m_drawing.mlineStyles.emplace_back();
-    }
-    return found.index;
+    return numbered(m_mlineStyles, name, m_drawing.mlineStyles);
 }
 
 uint32_t DrawingBuilder::image(std::string_view handle) {
-    std::string newHandle;
-    const NameTable::Found found = m_images.find(handle, m_decoder, newHandle);
-    if (found.added) {
-        m_drawing.images.emplace_back();
-    }
-    return found.index;
+    return numbered(m_images, handle, m_drawing.images);
 }
 
 uint32_t DrawingBuilder::unplottedKind(std::string_view name) {

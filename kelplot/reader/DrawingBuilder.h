@@ -111,6 +111,8 @@ private:
         uint64_t border;
     };
 
+    template <typename Item>
+    uint32_t numbered(NameTable& names, std::string_view name, std::vector<Item>& items);
     std::vector<Entity>* destinationFor(bool inPaperSpace);
     std::optional<SheetEntity> nextOnSheet(bool inPaperSpace);
     void forgetSheet(uint32_t block);

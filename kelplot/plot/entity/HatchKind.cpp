@@ -134,10 +134,6 @@ void drawPattern(const Hatch& hatch, const std::vector<AreaLoop>& loops, const E
     tools.tintedHatches += isComplete ? 0 : 1;
 }
 
-QColor colourOf(HT_Color ink) {
-    return {static_cast<int>(ink & 0xFF), static_cast<int>(ink >> 8 & 0xFF), static_cast<int>(ink >> 16 & 0xFF)};
-}
-
 /// The ink for a colour of a gradient; white is meant as it stands.
 HT_Color gradientInk(const Colour& colour, const EntityStyle& style, const PlotTools& tools) {
     EntityStyle coloured = style;

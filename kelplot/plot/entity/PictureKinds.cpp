@@ -24,13 +24,9 @@ std::vector<Vec2> onPage(const Image& image, const std::vector<Vec2>& pixels, co
     return points;
 }
 
-void drawFrame(std::vector<Vec2> corners, const EntityStyle& style, PlotTools& tools) {
-    if (!corners.empty()) {
-        const Vec2 first = corners.front();
-        corners.push_back(first);
-        tools.useLinePen(style);
-        tools.canvas.drawPolyline(corners);
-    }
+void drawFrame(const std::vector<Vec2>& corners, const EntityStyle& style, PlotTools& tools) {
+    tools.useLinePen(style);
+    tools.canvas.drawOutline(corners);
 }
 
 } // namespace

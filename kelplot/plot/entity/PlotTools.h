@@ -2,7 +2,7 @@
 #pragma once
 
 #include "plot/entity/EntityStyle.h"
-#include "plot/entity/PlotOptions.h"
+#include "plot/entity/PlotStyleOptions.h"
 #include "plot/pen/Canvas.h"
 #include "plot/pen/Ink.h"
 #include "plot/pen/PenControl.h"

@@ -51,10 +51,8 @@ void drawBackground(const MText& text, const PlacedEntity& place, PlotTools& too
         tools.canvas.fillPolygon(corners);
     }
     if (text.framed) {
-        const Vec2 first = corners.front();
-        corners.push_back(first);
         tools.useLinePen(place.style);
-        tools.canvas.drawPolyline(corners);
+        tools.canvas.drawOutline(corners);
     }
 }
 

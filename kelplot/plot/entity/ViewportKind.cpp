@@ -56,11 +56,8 @@ std::vector<Vec2> borderOf(const Viewport& viewport, const PlanMap& map, const F
 /// Its frame; a border of another shape is an entity of its own.
 void draw(const Viewport& viewport, const PlacedEntity& place, PlotTools& tools) {
     if (!viewport.clip) {
-        std::vector<Vec2> corners = borderOf(viewport, place.map, tools.canvas.flattening());
-        const Vec2 first = corners.front();
-        corners.push_back(first);
         tools.useLinePen(place.style);
-        tools.canvas.drawPolyline(corners);
+        tools.canvas.drawOutline(borderOf(viewport, place.map, tools.canvas.flattening()));
     }
 }
 

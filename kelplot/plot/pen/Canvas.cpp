@@ -109,6 +109,14 @@ void Canvas::drawPolyline(const std::vector<Vec2>& points) {
     }
 }
 
+void Canvas::drawOutline(std::vector<Vec2> corners) {
+    if (!corners.empty()) {
+        const Vec2 first = corners.front();
+        corners.push_back(first);
+        drawPolyline(corners);
+    }
+}
+
 /// A dashed line stays whole: its dashes would start again at every cut.
 void Canvas::drawNearPolyline(const std::vector<Vec2>& points, const Box2& box) {
     constexpr size_t fewPoints = 32; // a line of so few is quicker to draw than to cut

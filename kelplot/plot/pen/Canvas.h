@@ -24,6 +24,8 @@ public:
     void drawDot(Vec2 at);
     void drawSegment(Vec2 from, Vec2 to);
     void drawPolyline(const std::vector<Vec2>& points);
+    /// Draws a polygon's sides; nothing without points.
+    void drawOutline(std::vector<Vec2> corners);
     void drawArc(const EllipticArc& arc);
     /// Fills by the even-odd rule.
     void fillPolygon(const std::vector<Vec2>& points);

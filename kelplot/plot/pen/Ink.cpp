@@ -55,4 +55,11 @@ HT_Color inkFor(const Colour& colour, InkUse use, const PenRule& rule, bool mono
     return screened(ink, rule.screening);
 }
 
+QColor colourOf(HT_Color ink, uint8_t opacity) {
+    const auto part = [ink](int shift) {
+        return static_cast<int>(ink >> shift & 0xFF);
+    };
+    return {part(0), part(8), part(16), opacity};
+}
+
 } // namespace kelplot

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <QColor>
+
 #include "drawing/Entity.h"
 #include "keldriver/Types.h"
 #include "settings/PenTable.h"
@@ -9,6 +11,9 @@ namespace kelplot {
 
 /// The colour of the paper, for areas that cover what lies below them.
 constexpr HT_Color paperInk = 0xFFFFFF;
+
+/// An ink as painters take it, opaque unless told otherwise.
+QColor colourOf(HT_Color ink, uint8_t opacity = opaque);
 
 enum class InkUse { line, fill };
 

@@ -141,7 +141,7 @@ void PicturePlotter::drawClipped(const Image& image, const PlanMap& map, const P
         }
         return;
     }
-    const ClipRegion page = pageRegion();
+    const ClipRegion page = visibleRegion(m_target);
     const ClipRegion clip = combined(page, clipOf(image, map), HT_RGN_AND);
     if (!clip) {
         return;

@@ -40,7 +40,6 @@ private:
     void drawClipped(const Image& image, const PlanMap& map, const Place& place, HT_RasterImage& picture);
     void drawPixels(const Place& place, HT_RasterImage& picture);
     void drawTurned(const Place& place, HT_RasterImage& picture);
-    ClipRegion pageRegion() const { return visibleRegion(m_target); }
 
     PictureStore& m_store;
     const PlotTarget& m_target;

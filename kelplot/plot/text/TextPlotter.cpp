@@ -2,8 +2,8 @@
 #include "plot/text/TextPlotter.h"
 
 #include "base/Angles.h"
+#include "plot/pen/Ink.h"
 
-#include <QColor>
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -81,7 +81,7 @@ void TextPlotter::draw(const TextRun& run, const PlanMap& block, HT_Color ink, u
         const Vec2 down = square.down * (1.0 / emUnits);
         m_direct->drawText(run.text, m_texts.metric(run.face).font(),
                            {right.x, right.y, down.x, down.y, square.corner.x, square.corner.y},
-                           QColor(ink & 0xFF, ink >> 8 & 0xFF, ink >> 16 & 0xFF, opacity));
+                           colourOf(ink, opacity));
     }
 }
 

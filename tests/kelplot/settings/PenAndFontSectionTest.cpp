@@ -9,7 +9,7 @@
 namespace kelplot {
 namespace {
 
-TEST(PenFile, GoesBeforeAnotherPenByPen) {
+TEST(PenSection, GoesBeforeAnotherPenByPen) {
     const TemporaryDirectory directory;
     const PenTable table =
         penTableFrom({QString::fromStdString(directory.write("device.ini", "[Pens]\n1=1\n2=2\nother=3\n")),
@@ -28,7 +28,7 @@ QString rulesOf(const FontTable& table, const char* key) {
            (rule->symbols ? " symbols" : "");
 }
 
-TEST(FontFile, TheUsersFontsGoBeforeTheDevices) {
+TEST(FontSection, TheUsersFontsGoBeforeTheDevices) {
     const TemporaryDirectory directory;
     const std::string device = directory.write("device.ini", "[Fonts]\nother=A, B\nsimplex=C\nGDT=symbols, D\n"
                                                              "arial bold = bold, E F, italic,, G\n");
@@ -44,7 +44,7 @@ TEST(FontFile, TheUsersFontsGoBeforeTheDevices) {
     EXPECT_EQ(rulesOf(table, "txt"), "none");
 }
 
-TEST(PenFile, FaultsAreToldWithFileAndLine) {
+TEST(PenSection, FaultsAreToldWithFileAndLine) {
     const std::pair<const char*, const char*> rows[] = {
         {"[Defaults]\ndpi=200\n", "[Pens]"},
         {"[Pens]\n1 0.35\n", "1 0.35"},
