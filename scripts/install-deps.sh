@@ -13,7 +13,7 @@ packages=(
     libbenchmark-dev
     poppler-utils
     locales
-    fonts-dejavu-core fonts-droid-fallback
+    fonts-dejavu-core fonts-droid-fallback fonts-liberation2 fonts-osifont
 )
 [ "${1:-}" = lint ] && packages+=(clang clang-format clang-tidy doxygen python3)
 [ "${1:-}" = fuzz ] && packages+=(clang libclang-rt-14-dev)

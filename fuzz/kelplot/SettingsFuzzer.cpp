@@ -3,6 +3,7 @@
 // Reads any bytes as a file of kelplot's settings. The first byte tells which, as a digit: 0 a pen table, 1 a table of
 // fonts, 2 papers as people edit them, 3 the binary cache of papers. The rest is the file.
 
+#include <algorithm>
 #include <cstdint>
 #include <iterator>
 #include <string>
@@ -50,7 +51,9 @@ void readFonts(std::string_view text) {
         const QString key = setting.key.toLower();
         const FontRule* const rule = table.find(key);
         require(rule != nullptr || key == QLatin1String("other"));
-        require(rule == nullptr || !rule->families.contains(QString()));
+        require(rule == nullptr ||
+                std::none_of(rule->standIns.begin(), rule->standIns.end(),
+                             [](const FontStandIn& standIn) { return !(standIn.widthRatio > 0.0); }));
     }
 }
 

@@ -132,6 +132,7 @@ struct MText {
     double rotation = 0.0; ///< radians, in the plane that the extrusion names
     double height = 1.0;   ///< of a capital letter where nothing inside says otherwise
     double width = 0.0;    ///< lines are wrapped at it; 0: they are not
+    double depth = 0.0;    ///< from the upper edge to the last base line, in the fonts it is meant for; 0: not known
     double lineSpacing = 1.0;
     bool exactLineSpacing = false; ///< else a line with higher characters pushes the next one down
     bool vertical = false;

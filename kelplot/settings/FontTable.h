@@ -4,14 +4,21 @@
 #include <QHash>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 #include "drawing/Text.h"
 
 namespace kelplot {
 
+/// A font that may take the place of another.
+struct FontStandIn {
+    QString family;
+    double widthRatio = 1.0; ///< how wide its letters are set, as a part of their own width
+};
+
 /// What takes the place of a font that drawings name.
 struct FontRule {
-    QStringList families; ///< of installed fonts, the best first
+    QVector<FontStandIn> standIns; ///< the best first
     bool bold = false;
     bool italic = false;
     bool symbols = false; ///< its letters are the signs of geometric tolerances

@@ -36,11 +36,11 @@ void drawPlaced(const PlacedText& text, const PlacedEntity& place, PlotTools& to
 /// Draws the rectangle that a text stands on.
 void drawBackground(const MText& text, const PlacedEntity& place, PlotTools& tools) {
     const PlacedText& placed = tools.typesetter.place(text);
-    if (placed.block.ink.isEmpty()) {
+    if (placed.frame.isEmpty()) {
         return;
     }
     const PlanMap map = placed.through(place.map);
-    const Box2 box = placed.block.ink.inflated(text.border);
+    const Box2 box = placed.frame.inflated(text.border);
     std::vector<Vec2> corners;
     for (const Vec2 corner : {box.min, Vec2{box.max.x, box.min.y}, box.max, Vec2{box.min.x, box.max.y}}) {
         corners.push_back(map.mapPoint(corner));
@@ -70,11 +70,14 @@ void draw(const MText& text, const PlacedEntity& place, PlotTools& tools) {
 }
 
 Box2 boxOf(const Text& text, const MeasuredEntity& place) {
-    return place.texts.place(text).boxThrough(place.map);
+    const PlacedText& placed = place.texts.place(text);
+    return placed.boxThrough(placed.block.ink, place.map);
 }
 
 Box2 boxOf(const MText& text, const MeasuredEntity& place) {
-    return place.texts.place(text).boxThrough(place.map);
+    const PlacedText& placed = place.texts.place(text);
+    const bool hasRectangle = (text.masked || text.framed) && !placed.frame.isEmpty();
+    return placed.boxThrough(hasRectangle ? placed.frame.inflated(text.border) : placed.block.ink, place.map);
 }
 
 } // namespace kelplot

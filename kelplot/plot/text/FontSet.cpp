@@ -87,7 +87,17 @@ QString FontSet::installed(const QString& family) {
     return m_installed.value(family.toLower());
 }
 
-QString FontSet::installedOf(const QStringList& families) {
+/// The first stand-in that is installed; without a family where none is.
+FontStandIn FontSet::installedOf(const QVector<FontStandIn>& standIns) {
+    for (const FontStandIn& standIn : standIns) {
+        if (QString name = installed(standIn.family); !name.isEmpty()) {
+            return {name, standIn.widthRatio};
+        }
+    }
+    return {};
+}
+
+QString FontSet::firstInstalled(const QStringList& families) {
     for (const QString& family : families) {
         if (QString name = installed(family); !name.isEmpty()) {
             return name;
@@ -97,13 +107,13 @@ QString FontSet::installedOf(const QStringList& families) {
 }
 
 /// The family for a font, or else the first of the others; where none of those is there either, Qt's own choice.
-QString FontSet::familyFor(const QString& key, const FontRule* rule) {
-    QString own = rule ? installedOf(rule->families) : installed(key);
-    if (!own.isEmpty()) {
+FontStandIn FontSet::standInFor(const QString& key, const FontRule* rule) {
+    FontStandIn own = rule ? installedOf(rule->standIns) : FontStandIn{installed(key)};
+    if (!own.family.isEmpty()) {
         return own;
     }
-    const QString other = installedOf(m_table.others());
-    return other.isEmpty() ? QFont().defaultFamily() : other;
+    const QString other = firstInstalled(m_table.others());
+    return {other.isEmpty() ? QFont().defaultFamily() : other};
 }
 
 FontChoice FontSet::choose(const FontName& name, const std::string& bigFontFile) {
@@ -114,18 +124,21 @@ FontChoice FontSet::choose(const FontName& name, const std::string& bigFontFile)
 FontChoice FontSet::find(const FontName& name, const std::string& bigFontFile) {
     const QString key = FontTable::keyOf(name);
     const FontRule* const rule = m_table.find(key);
+    const FontStandIn standIn = standInFor(key, rule);
     FontChoice choice;
-    choice.face.family = familyFor(key, rule);
+    choice.face.family = standIn.family;
+    choice.widthRatio = standIn.widthRatio;
+    choice.standIn = !key.isEmpty() && standIn.family.toLower() != key;
     choice.face.bold = name.bold || (rule && rule->bold);
     choice.face.italic = name.italic || (rule && rule->italic);
     choice.symbols = rule && rule->symbols;
-    if (!key.isEmpty() && choice.face.family.toLower() != key && m_report.replaced.size() < mostReported) {
+    if (choice.standIn && m_report.replaced.size() < mostReported) {
         m_report.replaced[QString::fromStdString(name.name)] = choice.face.family;
     }
     if (!bigFontFile.empty()) {
         const QString bigKey = FontTable::keyOf({bigFontFile, true, false, false});
         const FontRule* const bigRule = m_table.find(bigKey);
-        choice.bigFont = bigRule ? installedOf(bigRule->families) : installed(bigKey);
+        choice.bigFont = bigRule ? installedOf(bigRule->standIns).family : installed(bigKey);
     }
     return choice;
 }
@@ -153,7 +166,9 @@ std::vector<FontRun> FontSet::runsOf(const QString& text, const FontChoice& choi
     const HT_Text subTexts(shown.toStdWString().c_str(), recordOf(choice.face), fallbacks(choice.bigFont));
     std::vector<FontRun> runs;
     for (const HT_SubText& run : subTexts.GetSubTexts()) {
-        runs.push_back({QString::fromStdWString(subTexts.GetRunText(run)), faceOf(run.font)});
+        const FontFace face = faceOf(run.font);
+        runs.push_back(
+            {QString::fromStdWString(subTexts.GetRunText(run)), face, face == choice.face ? choice.widthRatio : 1.0});
         noteMissing(runs.back());
     }
     if (shown.isRightToLeft()) { // the renderer turns each run by itself

@@ -25,11 +25,13 @@ QString toleranceSignsFor(const QString& letters);
 /// The font that was chosen for a text.
 struct FontChoice {
     FontFace face;
-    QString bigFont;      ///< family for the characters that the face lacks; may be empty
-    bool symbols = false; ///< letters are signs of tolerances
+    QString bigFont;         ///< family for the characters that the face lacks; may be empty
+    bool symbols = false;    ///< letters are signs of tolerances
+    bool standIn = false;    ///< the font that the drawing names is not installed
+    double widthRatio = 1.0; ///< of the letters of the face
 
     friend bool operator==(const FontChoice& a, const FontChoice& b) {
-        return a.face == b.face && a.bigFont == b.bigFont && a.symbols == b.symbols;
+        return a.face == b.face && a.bigFont == b.bigFont && a.symbols == b.symbols && a.widthRatio == b.widthRatio;
     }
 };
 
@@ -41,6 +43,7 @@ inline uint qHash(const FontChoice& choice, uint seed = 0) {
 struct FontRun {
     QString text;
     FontFace face;
+    double widthRatio = 1.0;
 };
 
 /// What texts look other than their drawing says.
@@ -73,9 +76,10 @@ private:
 
     FontChoice find(const FontName& name, const std::string& bigFontFile);
     std::vector<FontRun> runsOf(const QString& text, const FontChoice& choice);
-    QString installedOf(const QStringList& families);
+    FontStandIn installedOf(const QVector<FontStandIn>& standIns);
+    QString firstInstalled(const QStringList& families);
     QString installed(const QString& family);
-    QString familyFor(const QString& key, const FontRule* rule);
+    FontStandIn standInFor(const QString& key, const FontRule* rule);
     const HT_FontMap& fallbacks(const QString& bigFont);
 
     void noteMissing(const FontRun& run);

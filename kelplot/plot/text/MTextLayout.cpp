@@ -5,23 +5,12 @@
 #include <cmath>
 
 #include "plot/text/ParagraphLines.h"
+#include "plot/text/TextPlace.h"
+#include "plot/text/UprightLayout.h"
 
 namespace kelplot {
 
 namespace {
-
-constexpr double usualDistance = 5.0 / 3.0; ///< from line to line, in heights of a capital letter
-
-/// Where a text hangs on its point: 0 at its left or upper edge, 1 in the middle, 2 at the other edge.
-struct Attachment {
-    int across;
-    int down;
-};
-
-Attachment attachmentOf(const MText& text) {
-    const int index = text.attachment >= 1 && text.attachment <= 9 ? text.attachment - 1 : 0;
-    return {index % 3, index / 3};
-}
 
 Paragraph::Alignment alignmentOf(const Attachment& attachment) {
     constexpr Paragraph::Alignment alignments[] = {Paragraph::Alignment::left, Paragraph::Alignment::center,
@@ -39,7 +28,7 @@ struct ColumnLine {
 /// Puts lines one below the other, and into the next column where one is full.
 class ColumnFiller {
 public:
-    explicit ColumnFiller(const MText& text) : m_text(text) {}
+    explicit ColumnFiller(const MText& text) : m_text(&text) {}
 
     void add(ParagraphLine line);
     void breakColumn();
@@ -53,7 +42,7 @@ private:
     double baseLineFor(const ParagraphLine& line) const;
     bool isFull(double baseLine) const;
 
-    const MText& m_text;
+    const MText* m_text;
     std::vector<ColumnLine> m_lines;
     int m_column = 0;
     bool m_begun = false; ///< the current column has a line
@@ -62,17 +51,16 @@ private:
 };
 
 double ColumnFiller::spacing() const {
-    const double stated = m_text.lineSpacing;
-    return usualDistance * (stated > 0.0 && std::isfinite(stated) ? stated : 1.0);
+    return lineDistanceOf(*m_text);
 }
 
 double ColumnFiller::baseLineFor(const ParagraphLine& line) const {
-    return m_begun && m_text.exactLineSpacing ? m_next : m_next + line.height;
+    return m_begun && m_text->exactLineSpacing ? m_next : m_next + line.height;
 }
 
 bool ColumnFiller::isFull(double baseLine) const {
     constexpr double tolerance = 1.0 + 1e-6;
-    const std::vector<double>& heights = m_text.columns.heights;
+    const std::vector<double>& heights = m_text->columns.heights;
     if (!m_begun || heights.empty()) {
         return false;
     }
@@ -81,7 +69,7 @@ bool ColumnFiller::isFull(double baseLine) const {
 }
 
 void ColumnFiller::breakColumn() {
-    if (m_column + 1 < m_text.columns.count) {
+    if (m_column + 1 < m_text->columns.count) {
         ++m_column;
         m_begun = false;
         m_next = 0.0;
@@ -93,8 +81,8 @@ void ColumnFiller::add(ParagraphLine line) {
         breakColumn();
     }
     const double baseLine = baseLineFor(line);
-    m_next = m_text.exactLineSpacing ? baseLine + spacing() * m_text.height
-                                     : baseLine - line.height + spacing() * line.height;
+    m_next = m_text->exactLineSpacing ? baseLine + spacing() * m_text->height
+                                      : baseLine - line.height + spacing() * line.height;
     m_begun = true;
     m_depth = std::max(m_depth, baseLine);
     m_lines.push_back({std::move(line), m_column, baseLine});
@@ -133,40 +121,104 @@ double startOf(const ParagraphLine& line, double width) {
     }
 }
 
-void fill(ColumnFiller& filler, const MText& text, const ParagraphFrame& frame) {
+// How wide a font that stands for another is set where it takes too much room at its own width.
+constexpr double standInRatios[] = {0.97, 0.94, 0.91};
+constexpr double narrowestStandIn = 0.88;
+
+ParagraphFrame narrowed(ParagraphFrame frame, double ratio) {
+    frame.standInRatio = ratio;
+    return frame;
+}
+
+/// The lines of a paragraph. Where a font is wider than the one that it stands for, a paragraph of one line would
+/// break: it is set narrower if it fits its line then.
+std::vector<ParagraphLine> linesKeptWhole(const Paragraph& paragraph, const ParagraphFrame& frame) {
+    constexpr size_t mostLines = 3; // into which a little too much can fall
+    std::vector<ParagraphLine> natural = linesOf(paragraph, frame);
+    if (natural.size() < 2 || natural.size() > mostLines) {
+        return natural;
+    }
+    if (linesOf(paragraph, narrowed(frame, narrowestStandIn)).size() > 1) {
+        return natural;
+    }
+    for (const double ratio : standInRatios) {
+        std::vector<ParagraphLine> lines = linesOf(paragraph, narrowed(frame, ratio));
+        if (lines.size() == 1) {
+            return lines;
+        }
+    }
+    return linesOf(paragraph, narrowed(frame, narrowestStandIn));
+}
+
+/// Puts all lines of a text in their places, single ones kept whole if `keepLines` says so.
+ColumnFiller filled(const MText& text, const ParagraphFrame& frame, bool keepLines) {
+    ColumnFiller filler(text);
     for (const Paragraph& paragraph : text.paragraphs) {
-        for (ParagraphLine& line : linesOf(paragraph, frame)) {
+        for (ParagraphLine& line : keepLines ? linesKeptWhole(paragraph, frame) : linesOf(paragraph, frame)) {
             filler.add(std::move(line));
         }
         if (paragraph.columnBreakAfter) {
             filler.breakColumn();
         }
     }
+    return filler;
 }
 
-TextBlock blockOf(const ColumnFiller& filler, const MText& text) {
+/// Puts the lines of a text in their places, with as many as the drawing has where it says how deep the text is.
+ColumnFiller filled(const MText& text, const ParagraphFrame& frame) {
+    constexpr double slack = 0.5; // heights of a capital letter; a line more takes five thirds
+    if (!(text.depth > 0.0) || hasColumns(text)) {
+        return filled(text, frame, true);
+    }
+    const double deepest = text.depth + slack * text.height;
+    ColumnFiller natural = filled(text, frame, false);
+    if (natural.depth() <= deepest) {
+        return natural;
+    }
+    ColumnFiller narrowest = filled(text, narrowed(frame, narrowestStandIn), false);
+    if (!(narrowest.depth() < natural.depth())) {
+        return natural;
+    }
+    for (const double ratio : standInRatios) {
+        ColumnFiller narrower = filled(text, narrowed(frame, ratio), false);
+        if (narrower.depth() <= deepest) {
+            return narrower;
+        }
+    }
+    return narrowest;
+}
+
+/// Puts the columns of a text about the point that it hangs on.
+void place(const ColumnFiller& filler, const MText& text, PlacedText& placed) {
     const Attachment attachment = attachmentOf(text);
     const double width = columnWidth(text, filler.lines());
     const double step = width + text.columns.gutter;
     const int count = hasColumns(text) ? text.columns.count : 1;
-    const double left = -attachment.across / 2.0 * (width + (count - 1) * step);
+    const double whole = width + (count - 1) * step;
+    const double left = -attachment.across / 2.0 * whole;
     const double top = attachment.down / 2.0 * filler.depth();
-    TextBlock block;
     for (const ColumnLine& line : filler.lines()) {
-        const int place = text.columns.reversed ? count - 1 - line.column : line.column;
-        block.add(line.content.line.block, {left + place * step + startOf(line.content, width), top - line.baseLine});
+        const int column = text.columns.reversed ? count - 1 - line.column : line.column;
+        placed.block.add(line.content.line.block,
+                         {left + column * step + startOf(line.content, width), top - line.baseLine});
     }
-    return block;
+    if (!placed.block.ink.isEmpty()) {
+        placed.frame = placed.block.ink;
+        placed.frame.add(Vec2{left, top});
+        placed.frame.add(Vec2{left + whole, top - filler.depth()});
+    }
 }
 
 } // namespace
 
 PlacedText layOut(const MText& text, const TextStyle& style, FontSet& fonts) {
     const ParagraphFrame frame{style, fonts, wrapWidthOf(text), text.height, alignmentOf(attachmentOf(text))};
-    ColumnFiller filler(text);
-    fill(filler, text, frame);
     PlacedText placed;
-    placed.block = blockOf(filler, text);
+    if (text.vertical) {
+        placeUpright(text, frame, placed);
+    } else {
+        place(filled(text, frame), text, placed);
+    }
     placed.toPlane =
         Affine2::translation({text.position.x, text.position.y}).after(Affine2::rotationRadians(text.rotation));
     placed.elevation = text.position.z;

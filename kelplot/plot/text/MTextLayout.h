@@ -7,7 +7,7 @@
 
 namespace kelplot {
 
-/// Lays out a text of paragraphs. Its lines run level, whatever it says of vertical text.
+/// Lays out a text of paragraphs.
 PlacedText layOut(const MText& text, const TextStyle& style, FontSet& fonts);
 
 } // namespace kelplot

@@ -14,6 +14,7 @@ struct ParagraphFrame {
     double width = 0.0;                                          ///< at which lines are wrapped; 0: they are not
     double usualHeight = 1.0;                                    ///< of a capital letter
     Paragraph::Alignment alignment = Paragraph::Alignment::left; ///< of paragraphs that leave it to the text
+    double standInRatio = 1.0;                                   ///< how wide fonts are set that stand for others
 };
 
 /// One line of a paragraph, from the origin of its base line. Justified lines are spread already.

@@ -103,7 +103,7 @@ TextLook lookOf(const CharacterFormat& format, const ParagraphFrame& frame) {
     TextLook look;
     look.font = frame.fonts.choose(format.font.value_or(frame.style.font), frame.style.bigFontFile);
     look.height = format.height;
-    look.widthFactor = format.widthFactor;
+    look.widthFactor = format.widthFactor * (look.font.standIn ? frame.standInRatio : 1.0);
     look.obliqueAngle = format.obliqueAngle;
     look.tracking = format.tracking;
     look.colour = format.colour;

@@ -36,15 +36,13 @@ PlanMap PlacedText::through(const PlanMap& map) const {
     return result;
 }
 
-Box2 PlacedText::boxThrough(const PlanMap& map) const {
+Box2 PlacedText::boxThrough(const Box2& part, const PlanMap& map) const {
     Box2 box;
-    if (block.ink.isEmpty()) {
+    if (part.isEmpty()) {
         return box;
     }
     const PlanMap whole = through(map);
-    const Vec2 min = block.ink.min;
-    const Vec2 max = block.ink.max;
-    for (const Vec2 corner : {min, Vec2{max.x, min.y}, max, Vec2{min.x, max.y}}) {
+    for (const Vec2 corner : {part.min, Vec2{part.max.x, part.min.y}, part.max, Vec2{part.min.x, part.max.y}}) {
         const Vec2 p = whole.mapPoint(corner);
         if (!p.isFinite()) {
             return {};

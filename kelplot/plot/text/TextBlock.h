@@ -52,13 +52,14 @@ struct TextBlock {
 /// A text as it lies in the plane of its entity.
 struct PlacedText {
     TextBlock block;
+    Box2 frame;      ///< of a text of paragraphs: the rectangle that it was given
     Affine2 toPlane; ///< from the block's coordinates
     double elevation = 0.0;
 
     /// From the block's coordinates to where `map` takes those of the entity.
     PlanMap through(const PlanMap& map) const;
-    /// What it covers, as seen through `map`.
-    Box2 boxThrough(const PlanMap& map) const;
+    /// What `part` of the block covers, as seen through `map`.
+    Box2 boxThrough(const Box2& part, const PlanMap& map) const;
 };
 
 } // namespace kelplot

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "base/Angles.h"
 #include "plot/text/TextLine.h"
 
 namespace kelplot {
@@ -39,14 +40,27 @@ TextLine lineOf(const Text& text, TextLook look, bool vertical, FontSet& fonts) 
     return vertical ? uprightLineOf(whole, look, fonts) : line;
 }
 
-/// Makes the line as long as its two points ask for: wider letters, or larger ones.
-TextLook stretched(const Text& text, TextLook look, FontSet& fonts) {
+/// How far letters one below the other reach down.
+double depthOf(const TextLine& line) {
+    return line.block.ink.isEmpty() ? 0.0 : -line.block.ink.min.y;
+}
+
+/// Makes the line as long as its two points ask for: with letters stretched along it, or larger ones.
+TextLook stretched(const Text& text, TextLook look, bool vertical, FontSet& fonts) {
     const double length = (inPlane(text.alignment) - inPlane(text.position)).length();
-    const double natural = lineOf(text, look, false, fonts).width;
-    if (!(length > 0.0) || !(natural > 0.0) || !std::isfinite(length / natural)) {
+    const TextLine line = lineOf(text, look, vertical, fonts);
+    const double natural = vertical ? depthOf(line) : line.width;
+    const double ratio = length / natural;
+    if (!(length > 0.0) || !(natural > 0.0) || !std::isfinite(ratio)) {
         return look;
     }
-    (text.column == TextColumn::fit ? look.widthFactor : look.height) *= length / natural;
+    const bool fits = text.column == TextColumn::fit;
+    if (vertical || !fits) {
+        look.height *= ratio;
+    }
+    if (fits) {
+        look.widthFactor *= vertical ? 1.0 / ratio : ratio;
+    }
     return look;
 }
 
@@ -90,17 +104,17 @@ Vec2 startOf(const Text& text, const TextLook& look, const TextLine& line, FontS
 
 /// The same for letters one below the other, which run downwards: they start, are centred or end there.
 Vec2 columnStartOf(TextColumn column, const TextLine& line) {
-    const Box2& ink = line.block.ink;
-    return {0.0, ink.isEmpty() ? 0.0 : -startOf(column, -ink.min.y)};
+    return {0.0, -startOf(column, depthOf(line))};
 }
 
-Affine2 planeOf(const Text& text) {
+Affine2 planeOf(const Text& text, bool vertical) {
     const bool hangs = text.column != TextColumn::left || text.row != TextRow::baseline;
     const Vec2 start = inPlane(text.position);
     const Vec2 end = inPlane(text.alignment);
     const bool stretches = isStretched(text.column);
     const Vec2 along = end - start;
-    const double angle = stretches && along.length() > 0.0 ? std::atan2(along.y, along.x) : text.rotation;
+    const double upright = vertical ? turn / 4.0 : 0.0; // from the way that a column runs to its base lines
+    const double angle = stretches && along.length() > 0.0 ? std::atan2(along.y, along.x) + upright : text.rotation;
     const Affine2 mirror = Affine2::scaling(text.backward ? -1.0 : 1.0, text.upsideDown ? -1.0 : 1.0);
     return Affine2::translation(hangs && !stretches ? end : start).after(Affine2::rotationRadians(angle)).after(mirror);
 }
@@ -109,13 +123,13 @@ Affine2 planeOf(const Text& text) {
 
 PlacedText layOut(const Text& text, const TextStyle& style, FontSet& fonts) {
     TextLook look = lookOf(text, style, fonts);
-    if (isStretched(text.column) && !style.vertical) {
-        look = stretched(text, look, fonts);
+    if (isStretched(text.column)) {
+        look = stretched(text, look, style.vertical, fonts);
     }
     const TextLine line = lineOf(text, look, style.vertical, fonts);
     PlacedText placed;
     placed.block.add(line.block, style.vertical ? columnStartOf(text.column, line) : startOf(text, look, line, fonts));
-    placed.toPlane = planeOf(text);
+    placed.toPlane = planeOf(text, style.vertical);
     placed.elevation = text.position.z;
     return placed;
 }

@@ -13,7 +13,6 @@ namespace {
 constexpr double strokeWidth = 0.07;
 constexpr double underDistance = 0.25;
 constexpr double overDistance = 0.25;
-constexpr double verticalStep = 1.5;
 
 double finiteOr(double value, double otherwise) {
     return std::isfinite(value) ? value : otherwise;
@@ -32,19 +31,9 @@ Box2 inkOf(const TextRun& run, const Box2& emBox) {
     return box;
 }
 
-QStringList charactersOf(const QString& text) {
-    QStringList characters;
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
-    int start = 0;
-    for (int end = finder.toNextBoundary(); end > 0; end = finder.toNextBoundary()) {
-        characters << text.mid(start, end - start);
-        start = end;
-    }
-    return characters;
-}
-
 double widthOf(const FontRun& part, const TextLook& look, const FontMetric& metric) {
-    return metric.advanceOf(part.text) * (look.height / metric.capHeight()) * look.widthFactor * look.tracking;
+    return metric.advanceOf(part.text) * (look.height / metric.capHeight()) * look.widthFactor * part.widthRatio *
+           look.tracking;
 }
 
 /// Adds a run at the end and advances the end.
@@ -56,7 +45,7 @@ void addRun(const FontRun& part, const TextLook& look, FontSet& fonts, TextLine&
     run.face = part.face;
     run.origin = {line.width, 0.0};
     run.emSize = look.height / metric.capHeight();
-    run.widthFactor = look.widthFactor;
+    run.widthFactor = look.widthFactor * part.widthRatio;
     run.obliqueAngle = look.obliqueAngle;
     run.colour = look.colour;
     line.width += widthOf(part, look, metric);
@@ -105,13 +94,24 @@ void forEachPart(const QString& text, const TextLook& look, FontSet& fonts, Use 
             use(part);
             continue;
         }
-        for (const QString& character : charactersOf(part.text)) {
-            use(FontRun{character, part.face});
+        for (const QString& character : graphemesOf(part.text)) {
+            use(FontRun{character, part.face, part.widthRatio});
         }
     }
 }
 
 } // namespace
+
+QStringList graphemesOf(const QString& text) {
+    QStringList characters;
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    int start = 0;
+    for (int end = finder.toNextBoundary(); end > 0; end = finder.toNextBoundary()) {
+        characters << text.mid(start, end - start);
+        start = end;
+    }
+    return characters;
+}
 
 void TextLine::append(const TextLine& next) {
     block.add(next.block, {width, 0.0});
@@ -137,10 +137,10 @@ double widthOf(const QString& text, const TextLook& look, FontSet& fonts) {
 TextLine uprightLineOf(const QString& text, const TextLook& look, FontSet& fonts) {
     TextLine column;
     double y = -look.height;
-    for (const QString& character : charactersOf(text)) {
+    for (const QString& character : graphemesOf(text)) {
         const TextLine line = lineOf(character, look, fonts);
         column.block.add(line.block, {-line.width / 2.0, y});
-        y -= verticalStep * look.height;
+        y -= uprightStep * look.height;
     }
     return column;
 }

@@ -31,6 +31,12 @@ TextLine lineOf(const QString& text, const TextLook& look, FontSet& fonts);
 /// The width of that line, which is found faster than all of it.
 double widthOf(const QString& text, const TextLook& look, FontSet& fonts);
 
+/// The characters of a text as people see them, with their marks.
+QStringList graphemesOf(const QString& text);
+
+/// From a character to the one below it, in heights of a capital letter.
+constexpr double uprightStep = 1.5;
+
 /// The characters one below the other, centred on the origin and down from it. `width` stays 0.
 TextLine uprightLineOf(const QString& text, const TextLook& look, FontSet& fonts);
 

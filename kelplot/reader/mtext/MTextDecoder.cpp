@@ -134,6 +134,9 @@ void MTextRecord::takeOfColumns(const Group& group) {
     case 41:
         m_definedHeight = nonNegative(group.value);
         break;
+    case 43:
+        m_depth = nonNegative(group.value);
+        break;
     case 44:
         m_columns.width = nonNegative(group.value);
         break;
@@ -178,17 +181,29 @@ TextColumns MTextRecord::columns() const {
     return columns;
 }
 
+/// The angle of the base lines in the text's plane. Without a direction they run along the world's x axis before they
+/// are turned, which in a mirrored text is not the axis of the plane.
+double MTextRecord::rotation(const Vec3& extrusion) const {
+    constexpr double across = 1e-9; // of its length: what is left of a direction that stands upright on the plane
+    const auto angleOf = [&](const Vec3& inWorld) {
+        const Vec3 direction = toPlane(inWorld, extrusion);
+        const bool inPlane = std::hypot(direction.x, direction.y) > across * inWorld.length();
+        return inPlane ? std::optional(std::atan2(direction.y, direction.x)) : std::nullopt;
+    };
+    const std::optional<double> stated = angleOf(m_direction);
+    return stated ? *stated : angleOf({1.0, 0.0, 0.0}).value_or(0.0) + m_rotation;
+}
+
 MText MTextRecord::build(const Vec3& extrusion, DrawingBuilder& builder) const {
     MText text;
     text.style = builder.textStyle(m_style);
     const TextStyle& style = builder.drawing().textStyles[text.style];
     text.height = m_height > 0.0 ? m_height : (style.height > 0.0 ? style.height : text.height);
     text.position = toPlane(m_position, extrusion);
-    const Vec3 direction = toPlane(m_direction, extrusion);
-    const bool directed = direction.x != 0.0 || direction.y != 0.0;
-    text.rotation = directed ? std::atan2(direction.y, direction.x) : m_rotation;
+    text.rotation = rotation(extrusion);
     text.attachment = m_attachment >= 1 && m_attachment <= lastAttachment ? m_attachment : 1;
     text.width = m_width;
+    text.depth = m_depth;
     text.lineSpacing = m_lineSpacing > 0.0 ? m_lineSpacing : 1.0;
     text.exactLineSpacing = m_lineSpacingStyle == exactSpacing;
     text.vertical = m_flow == downward || (m_flow == asItsStyle && style.vertical);

@@ -38,6 +38,7 @@ private:
     void takeText(std::string_view chunk);
     bool takeColumnGroup(const Group& group);
     TextColumns columns() const;
+    double rotation(const Vec3& extrusion) const;
 
     std::string m_markup; ///< as the file has it
     std::string m_style;
@@ -47,6 +48,7 @@ private:
     double m_height = 0.0;
     double m_width = 0.0;
     double m_definedHeight = 0.0;
+    double m_depth = 0.0;
     double m_lineSpacing = 1.0;
     int m_lineSpacingStyle = 0;
     int m_attachment = 1;

@@ -66,6 +66,54 @@ TEST(MTextPlot, LinesAreWrappedWhereTheScriptLetsThem) {
     }
 }
 
+TEST(MTextPlot, FontsThatStandForOthersAreSetNarrowerBeforeTheyBreakALine) {
+    const double line = widthOf("mmmm␣mmmm");
+    const std::string standIn = "{\\Fno-such-font;mmmm␣mmmm}", twoLines = " 101=x 43=8", oneLine = " 101=x 43=3";
+    const struct {
+        const char* name;
+        std::string text, groups;
+        size_t runs;
+        double narrowest, widest; ///< of the first run, as a part of its natural width
+    } cases[] = {
+        {"fits", standIn, within(1.01 * line), 1, 1.0, 1.0},
+        {"a little narrower", standIn, within(0.95 * line), 1, 0.9, 0.95},
+        {"as narrow as can be", standIn, within(0.885 * line), 1, 0.88, 0.885},
+        {"too narrow", standIn, within(0.87 * line), 2, 0.4, 0.5},
+        {"the font itself", "mmmm␣mmmm", within(0.95 * line), 2, 0.4, 0.5},
+        {"breaks in the drawing too", standIn, within(0.95 * line) + twoLines, 2, 0.4, 0.5},
+        {"does not break in the drawing", standIn, within(0.95 * line) + oneLine, 1, 0.9, 0.95},
+        {"two lines of which one would break", standIn + "\\P" + standIn, within(0.95 * line) + twoLines, 2, 0.9, 0.95},
+    };
+    for (const auto& row : cases) {
+        const Shapes runs = shapesFor(row.text, row.groups);
+        ASSERT_EQ(runs.size(), row.runs) << row.name;
+        const double part = runs[0].path.boundingRect().width() / 10.0 / line;
+        EXPECT_GE(part, row.narrowest - 0.03) << row.name << ": " << part;
+        EXPECT_LE(part, row.widest + 0.005) << row.name << ": " << part;
+    }
+}
+
+TEST(MTextPlot, VerticalTextRunsDownInColumnsFromTheRight) {
+    const struct {
+        const char* groups;
+        std::vector<std::pair<double, double>> letters; ///< middle and base line of each, from (50, 50)
+    } cases[] = {
+        // Letters are 3 high and 4.5 apart, columns 5.
+        {"", {{6.5, 3.0}, {6.5, 7.5}, {1.5, 3.0}}},
+        {"71=5", {{2.5, -0.75}, {2.5, 3.75}, {-2.5, 1.5}}},
+        {"71=3 41=4", {{-1.5, 3.0}, {-6.5, 3.0}, {-11.5, 3.0}}},
+    };
+    for (const auto& row : cases) {
+        const Shapes runs = shapesFor("HH\\PH", std::string("72=3 ") + row.groups);
+        ASSERT_EQ(runs.size(), row.letters.size()) << row.groups;
+        for (size_t i = 0; i < runs.size(); ++i) {
+            EXPECT_NEAR(runs[i].path.boundingRect().center().x() / 10.0 - 50.0, row.letters[i].first, 0.3)
+                << row.groups;
+            EXPECT_NEAR(runs[i].origin.y / 10.0 - 50.0, row.letters[i].second, 1e-3) << row.groups;
+        }
+    }
+}
+
 TEST(MTextPlot, LinesStandWhereTheirAlignmentSays) {
     const double word = widthOf("mm");
     const double blank = widthOf("mm␣mm") - 2.0 * word;
@@ -142,10 +190,10 @@ TEST(FontSet, FindsFontsByTheTable) {
     ASSERT_FALSE(families.isEmpty());
     const QString &first = families.front(), &last = families.back();
     FontTable table;
-    table.set("simplex", {{"no such font", first}, true, false, false});
-    table.set("italic", {{first}, false, true, false});
-    table.set("gdt", {{first}, false, false, true});
-    table.set("arial-like", {{"no such font"}, false, false, false});
+    table.set("simplex", {{{"no such font"}, {first, 1.5}}, true, false, false});
+    table.set("italic", {{{first}}, false, true, false});
+    table.set("gdt", {{{first}}, false, false, true});
+    table.set("arial-like", {{{"no such font"}}, false, false, false});
     table.setOthers({"no such font", last});
     FontSet fonts(table);
     const struct {
@@ -165,6 +213,7 @@ TEST(FontSet, FindsFontsByTheTable) {
         EXPECT_EQ(face.bold, row.bold) << row.name.name;
         EXPECT_EQ(face.italic, row.italic) << row.name.name;
     }
+    EXPECT_EQ(fonts.split("a", fonts.choose(cases[0].name, "")).front().widthRatio, 1.5);
     const auto runs = fonts.split("n5", fonts.choose({"gdt.shx", true, false, false}, ""));
     QString text;
     for (const FontRun& run : runs) {

@@ -85,6 +85,12 @@ TEST(Text, OfAVerticalStyleRunsDown) {
         EXPECT_NEAR(ink.max.y, top, 0.3) << groups;
         EXPECT_NEAR(ink.height(), 40.0, 0.3) << groups << ": one and a half heights from letter to letter";
     }
+    for (const auto& [column, width] : {std::pair("72=5", 8.0), {"72=3", 16.0}}) { // from (50, 50) to (50, -30)
+        const Box2 ink = inkOf(textOf(std::string(column) + " 21=-30", "3=no-such-font.shx 70=4"));
+        EXPECT_NEAR(ink.max.y, 50.0, 0.5) << column;
+        EXPECT_NEAR(ink.min.y, -30.0, 0.5) << column;
+        EXPECT_NEAR(ink.width(), width, 3.0) << column << ": as wide as ever, or twice as large";
+    }
 }
 
 TEST(Text, ExtentsAreWhatItCovers) {

@@ -24,14 +24,18 @@ QString rulesOf(const FontTable& table, const char* key) {
     if (!rule) {
         return QStringLiteral("none");
     }
-    return rule->families.join('|') + (rule->bold ? " bold" : "") + (rule->italic ? " italic" : "") +
+    QStringList standIns;
+    for (const FontStandIn& standIn : rule->standIns) {
+        standIns << standIn.family + (standIn.widthRatio == 1.0 ? "" : QString(" x %1").arg(standIn.widthRatio));
+    }
+    return standIns.join('|') + (rule->bold ? " bold" : "") + (rule->italic ? " italic" : "") +
            (rule->symbols ? " symbols" : "");
 }
 
 TEST(FontSection, TheUsersFontsGoBeforeTheDevices) {
     const TemporaryDirectory directory;
     const std::string device = directory.write("device.ini", "[Fonts]\nother=A, B\nsimplex=C\nGDT=symbols, D\n"
-                                                             "arial bold = bold, E F, italic,, G\n");
+                                                             "arial bold = bold, E F, italic,, G * 1.25\n");
     const std::string own = directory.write("own.ini", "[Fonts]\nsimplex=H\n");
     FontTable table;
     addFonts(QString::fromStdString(device), table);
@@ -40,11 +44,11 @@ TEST(FontSection, TheUsersFontsGoBeforeTheDevices) {
     EXPECT_EQ(table.others(), QStringList({"A", "B"}));
     EXPECT_EQ(rulesOf(table, "simplex"), "H");
     EXPECT_EQ(rulesOf(table, "gdt"), "D symbols");
-    EXPECT_EQ(rulesOf(table, "arial bold"), "E F|G bold italic");
+    EXPECT_EQ(rulesOf(table, "arial bold"), "E F|G x 1.25 bold italic");
     EXPECT_EQ(rulesOf(table, "txt"), "none");
 }
 
-TEST(PenSection, FaultsAreToldWithFileAndLine) {
+TEST(PenAndFontSections, FaultsAreToldWithFileAndLine) {
     const std::pair<const char*, const char*> rows[] = {
         {"[Defaults]\ndpi=200\n", "[Pens]"},
         {"[Pens]\n1 0.35\n", "1 0.35"},
@@ -58,11 +62,16 @@ TEST(PenSection, FaultsAreToldWithFileAndLine) {
         {"[Pens]\nother=0,35,black,50\n", "pen other=0,35,black,50"},
         {"[Pens]\n0=1\n", "pen 0"},
         {"[Pens]\n3=100.5\n", "\"100.5\""},
+        {"[Fonts]\ntxt=A, B*wide\n", "font B*wide"},
+        {"[Fonts]\ntxt=A*0.01\n", "font A*0.01"},
     };
     for (const auto& [text, part] : rows) {
         const TemporaryDirectory directory;
+        const QString path = QString::fromStdString(directory.write("pens.ini", text));
+        FontTable fonts;
         try {
-            penTableFrom({QString::fromStdString(directory.write("pens.ini", text))});
+            addFonts(path, fonts);
+            penTableFrom({path});
             ADD_FAILURE() << text << ": accepted";
         } catch (const SettingsError& error) {
             const std::string told = error.what();
