@@ -25,6 +25,14 @@ Drawing readDrawing(const QString& input, const Progress& progress) {
     return reader.read(QFile::encodeName(input).toStdString(), progress);
 }
 
+QStringList namesOf(const std::vector<Space>& spaces) {
+    QStringList names;
+    for (const Space& space : spaces) {
+        names << (space.layout ? QString::fromStdString(space.layout->name) : QString(modelSpaceName));
+    }
+    return names;
+}
+
 /// One drawing on its way to paper.
 class PlotJob {
 public:
@@ -53,13 +61,18 @@ void PlotJob::run(const QString& output) {
     applyLayers();
     const DrawingPlot plot(m_drawing, m_plan.style);
     std::unique_ptr<OutputDevice> device;
-    for (const Space& space : chosenSpaces(m_drawing, m_plan.layout)) {
+    const std::vector<Space> spaces = chosenSpaces(m_drawing, m_plan.layout);
+    for (const Space& space : spaces) {
         const PageLayout layout = layOut(plot, space);
         if (device) {
             device->nextPage(layout.sheet);
         } else {
-            const OutputSetup setup{output, QFileInfo(m_input).completeBaseName(), layout.sheet, m_plan.dotsPerInch,
-                                    layout.visiblePart()};
+            const OutputSetup setup{output,
+                                    QFileInfo(m_input).completeBaseName(),
+                                    layout.sheet,
+                                    m_plan.dotsPerInch,
+                                    layout.visiblePart(),
+                                    namesOf(spaces)};
             device = createOutputDevice(m_plan.format, setup);
         }
         draw(plot, space, layout, *device);

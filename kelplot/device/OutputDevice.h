@@ -2,7 +2,7 @@
 #pragma once
 
 #include <QPainter>
-#include <QString>
+#include <QStringList>
 #include <memory>
 #include <optional>
 #include <string>
@@ -44,6 +44,7 @@ struct OutputSetup {
     int dotsPerInch = 200;
     /// Millimetres from the sheet's upper left corner: the part that shows, for formats whose painter knows no clip.
     std::optional<Box2> visible = std::nullopt;
+    QStringList pageNames = {}; ///< of all pages, in their order, for formats of several
 };
 
 enum class OutputFormat { pdf, png, svg };

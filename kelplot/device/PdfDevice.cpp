@@ -3,6 +3,7 @@
 
 #include <QPageLayout>
 
+#include "device/PdfOutline.h"
 #include "page/DeviceGrid.h"
 
 namespace kelplot {
@@ -18,7 +19,12 @@ QPageLayout pageLayoutFor(const SheetSize& sheet) {
 
 } // namespace
 
-PdfDevice::PdfDevice(const OutputSetup& setup) : m_path(setup.path), m_file(setup.path), m_writer(&m_file.device()) {
+PdfDevice::PdfDevice(const OutputSetup& setup)
+    : m_path(setup.path), m_file(setup.path), m_pageNames(setup.pageNames), m_pagesStream(m_pages),
+      m_writer(hasOutline() ? &m_pagesStream : &m_file.device()) {
+    if (hasOutline() && !m_pages.open()) {
+        throw outputError(m_path, QStringLiteral("no temporary file: ") + m_pages.errorString());
+    }
     m_writer.setPageLayout(pageLayoutFor(setup.sheet));
     m_writer.setResolution(fineDotsPerInch);
     m_writer.setTitle(setup.title);
@@ -41,9 +47,29 @@ void PdfDevice::nextPage(const SheetSize& sheet) {
     m_painter.setViewport(page);
 }
 
+/// Moves the pages into the output file.
+void PdfDevice::addOutline() {
+    if (!m_pagesStream.failure().isEmpty() || !m_pages.flush()) {
+        throw outputError(m_path, QStringLiteral("temporary file: ") + m_pages.errorString());
+    }
+    m_pages.seek(0);
+    try {
+        copyWithOutline(m_pages, m_pageNames, m_file);
+    } catch (const OutputError&) {
+        throw;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& error) {
+        throw outputError(m_path, QString::fromStdString(error.what()));
+    }
+}
+
 void PdfDevice::finish() {
     if (!m_painter.end()) {
         throw outputError(m_path, QStringLiteral("cannot finish the PDF document"));
+    }
+    if (hasOutline()) {
+        addOutline();
     }
     m_file.commit();
 }

@@ -2,12 +2,13 @@
 #pragma once
 
 #include <QPdfWriter>
+#include <QTemporaryFile>
 
 #include "device/OutputDevice.h"
 
 namespace kelplot {
 
-/// A PDF file of one page or more.
+/// A PDF file of one page or more. An outline names the pages where there are several.
 class PdfDevice final : public OutputDevice {
 public:
     explicit PdfDevice(const OutputSetup& setup);
@@ -18,8 +19,14 @@ public:
     void finish() override;
 
 private:
+    bool hasOutline() const { return m_pageNames.size() > 1; }
+    void addOutline();
+
     QString m_path;
     OutputFile m_file;
+    QStringList m_pageNames;
+    QTemporaryFile m_pages; ///< open where they get an outline
+    WholeStream m_pagesStream;
     QPdfWriter m_writer;
     QPainter m_painter;
 };

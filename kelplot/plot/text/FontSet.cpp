@@ -59,6 +59,29 @@ FontFace faceOf(const tagLOGFONTW& record) {
             record.lfWeight >= semiBold, record.lfItalic != 0};
 }
 
+/// Tells whether a character, or the first half of one, is an ideograph or written with them: their signs, kana,
+/// hangul.
+bool isEastAsian(QChar character) {
+    const ushort code = character.unicode();
+    return (code >= 0x2E80 && code <= 0xD7AF) || (code >= 0xD840 && code <= 0xD8FF) ||
+           (code >= 0xF900 && code <= 0xFAFF) || (code >= 0xFE30 && code <= 0xFE4F) ||
+           (code >= 0xFF00 && code <= 0xFFEF);
+}
+
+/// A text cut where ideographs begin or end. Marks stay with what they are written on.
+QStringList stretchesOf(const QString& text) {
+    QStringList stretches;
+    int start = 0;
+    for (int i = 1; i < text.size(); ++i) {
+        const bool continues = text[i].isLowSurrogate() || text[i].isMark();
+        if (!continues && isEastAsian(text[i]) != isEastAsian(text[start])) {
+            stretches << text.mid(start, i - start);
+            start = i;
+        }
+    }
+    return text.isEmpty() ? stretches : stretches << text.mid(start);
+}
+
 /// Families of several foundries are listed as "Family [foundry]".
 QString withoutFoundry(const QString& name) {
     return name.left(name.indexOf(QLatin1String(" [")));
@@ -161,15 +184,46 @@ const std::vector<FontRun>& FontSet::split(const QString& text, const FontChoice
     return m_splits.get({text, choice}, [&] { return runsOf(text, choice); });
 }
 
+/// The face for a stretch of a text. One of ideographs stays in one font: where the face of the choice lacks some of
+/// them, that is the first of the others that has all.
+FontFace FontSet::faceOfStretch(const QString& stretch, const FontChoice& choice) {
+    if (!isEastAsian(stretch[0])) {
+        return choice.face;
+    }
+    const QVector<uint> characters = stretch.toUcs4();
+    const auto hasAll = [&](const FontFace& face) {
+        const FontMetric& font = metric(face);
+        return std::all_of(characters.begin(), characters.end(), [&](uint each) { return font.has(each); });
+    };
+    if (!hasAll(choice.face)) {
+        for (const QString& family : QStringList{choice.bigFont} + m_table.others()) {
+            const FontFace face{installed(family), false, false};
+            if (!face.family.isEmpty() && hasAll(face)) {
+                return face;
+            }
+        }
+    }
+    return choice.face;
+}
+
 std::vector<FontRun> FontSet::runsOf(const QString& text, const FontChoice& choice) {
     const QString shown = choice.symbols ? toleranceSignsFor(text) : text;
-    const HT_Text subTexts(shown.toStdWString().c_str(), recordOf(choice.face), fallbacks(choice.bigFont));
     std::vector<FontRun> runs;
-    for (const HT_SubText& run : subTexts.GetSubTexts()) {
-        const FontFace face = faceOf(run.font);
-        runs.push_back(
-            {QString::fromStdWString(subTexts.GetRunText(run)), face, face == choice.face ? choice.widthRatio : 1.0});
-        noteMissing(runs.back());
+    for (const QString& stretch : stretchesOf(shown)) {
+        const FontFace wanted = faceOfStretch(stretch, choice);
+        const HT_Text subTexts(stretch.toStdWString().c_str(), recordOf(wanted), fallbacks(choice.bigFont));
+        for (const HT_SubText& run : subTexts.GetSubTexts()) {
+            const FontFace face = faceOf(run.font);
+            const QString part = QString::fromStdWString(subTexts.GetRunText(run));
+            if (!runs.empty() && runs.back().face == face) {
+                runs.back().text += part;
+            } else {
+                runs.push_back({part, face, face == choice.face ? choice.widthRatio : 1.0});
+            }
+        }
+    }
+    for (const FontRun& run : runs) {
+        noteMissing(run);
     }
     if (shown.isRightToLeft()) { // the renderer turns each run by itself
         std::reverse(runs.begin(), runs.end());

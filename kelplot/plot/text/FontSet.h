@@ -75,6 +75,7 @@ private:
     };
 
     FontChoice find(const FontName& name, const std::string& bigFontFile);
+    FontFace faceOfStretch(const QString& stretch, const FontChoice& choice);
     std::vector<FontRun> runsOf(const QString& text, const FontChoice& choice);
     FontStandIn installedOf(const QVector<FontStandIn>& standIns);
     QString firstInstalled(const QStringList& families);
