@@ -149,15 +149,15 @@ uint32_t DrawingBuilder::image(std::string_view handle) {
     return numbered(m_images, handle, m_drawing.images);
 }
 
-uint32_t DrawingBuilder::unplottedKind(std::string_view name) {
-    constexpr size_t mostKinds = 100; // a damaged file may hold any number of names
+void DrawingBuilder::addUnplotted(const RecordHeader& header, std::string_view kind) {
+    constexpr size_t mostKinds = 100; // a damaged file may hold any number of them
     std::vector<std::string>& kinds = m_drawing.unplottedKinds;
-    const std::string_view wanted = kinds.size() < mostKinds ? name : "other entities";
+    const std::string_view wanted = kinds.size() < mostKinds ? kind : "other entities";
     auto found = std::find(kinds.begin(), kinds.end(), wanted);
     if (found == kinds.end()) {
         found = kinds.emplace(kinds.end(), wanted);
     }
-    return static_cast<uint32_t>(found - kinds.begin());
+    addInWorld(header, Unplotted{static_cast<uint32_t>(found - kinds.begin())});
 }
 
 bool DrawingBuilder::isModelSpace(std::string_view block) {

@@ -54,8 +54,6 @@ public:
     uint32_t textStyle(std::string_view name);
     /// Index of the block of this name.
     uint32_t block(std::string_view name);
-    /// Index of a kind of entities that are not plotted.
-    uint32_t unplottedKind(std::string_view name);
     /// Keeps the handle of a layer.
     void nameLayer(uint64_t handle, uint32_t layer) { m_layerHandles.insert(handle, layer); }
     /// The layer that has this handle.
@@ -91,6 +89,9 @@ public:
     void add(const RecordHeader& header, Geometry&& geometry);
     /// Adds an entity whose coordinates are the world's, whatever extrusion the file gives it.
     void addInWorld(const RecordHeader& header, Geometry&& geometry);
+
+    /// Adds an entity that cannot be plotted, named by what it is.
+    void addUnplotted(const RecordHeader& header, std::string_view kind);
 
     /// Adds a viewport, its border being the entity of a handle; 0: its rectangle.
     void addViewport(const RecordHeader& header, Viewport&& viewport, uint64_t clipHandle);

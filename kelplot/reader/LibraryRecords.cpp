@@ -149,6 +149,8 @@ void LibraryRecords::addArc(const DL_ArcData& data) {
     const Arc arc{point(data.cx, data.cy, data.cz), saneReal(data.radius), radians(data.angle1), radians(data.angle2)};
     if (arc.radius > 0.0) {
         m_builder.add(m_header, arc);
+    } else {
+        m_builder.addUnplotted(m_header, "ARC without a radius");
     }
 }
 
@@ -156,6 +158,8 @@ void LibraryRecords::addCircle(const DL_CircleData& data) {
     const Circle circle{point(data.cx, data.cy, data.cz), saneReal(data.radius)};
     if (circle.radius > 0.0) {
         m_builder.add(m_header, circle);
+    } else {
+        m_builder.addUnplotted(m_header, "CIRCLE without a radius");
     }
 }
 
@@ -168,6 +172,8 @@ void LibraryRecords::addEllipse(const DL_EllipseData& data) {
     ellipse.endParam = saneReal(data.angle2);
     if (!(ellipse.majorAxis == Vec3())) {
         m_builder.add(m_header, ellipse);
+    } else {
+        m_builder.addUnplotted(m_header, "ELLIPSE without an axis");
     }
 }
 

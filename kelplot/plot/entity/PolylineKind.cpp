@@ -56,10 +56,27 @@ void drawVaryingWidth(const std::vector<PolylineSegment>& segments, bool closed,
     }
 }
 
+/// Where a polyline without any length is, as seen through `map`.
+std::optional<Vec2> dotOf(const Polyline& polyline, const PlanMap& map) {
+    for (const PolylineVertex& vertex : polyline.vertices) {
+        if (const Vec2 dot = map.mapPoint(vertex.position); dot.isFinite()) {
+            return dot;
+        }
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 void draw(const Polyline& polyline, const PlacedEntity& place, PlotTools& tools) {
     const std::vector<PolylineSegment> segments = segmentsOf(polyline.vertices, polyline.closed);
+    if (segments.empty()) {
+        tools.useLinePen(place.style);
+        if (const auto dot = dotOf(polyline, place.map)) {
+            tools.canvas.drawSegment(*dot, *dot);
+        }
+        return;
+    }
     const std::optional<double> width = commonWidth(segments);
     if (width && !(*width > 0.0)) {
         tools.useLinePen(place.style);
@@ -78,6 +95,12 @@ void draw(const Polyline& polyline, const PlacedEntity& place, PlotTools& tools)
 Box2 boxOf(const Polyline& polyline, const MeasuredEntity& place) {
     const std::vector<PolylineSegment> segments = segmentsOf(polyline.vertices, polyline.closed);
     Box2 box = boxOfSegments(segments, place.map);
+    if (segments.empty()) {
+        if (const auto dot = dotOf(polyline, place.map)) {
+            box.add(*dot);
+        }
+        return box;
+    }
     if (std::none_of(segments.begin(), segments.end(), [](const auto& segment) { return segment.isWide(); })) {
         return box;
     }

@@ -33,7 +33,7 @@ void DimensionDecoder::take(const Group& group) {
 
 void DimensionDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
     if (m_block.empty()) {
-        builder.addInWorld(header, Unplotted{builder.unplottedKind("DIMENSION without a block")});
+        builder.addUnplotted(header, "DIMENSION without a block");
         return;
     }
     Insert insert;

@@ -374,6 +374,8 @@ void HatchDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
         finishPattern(builder);
         m_hatch.gradient = m_gradient.finish();
         builder.add(header, std::move(m_hatch));
+    } else {
+        builder.addUnplotted(header, "HATCH without a boundary");
     }
 }
 

@@ -87,6 +87,8 @@ void SplineDecoder::take(const Group& group) {
 void SplineDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
     if (completeSpline(m_spline)) {
         builder.addInWorld(header, std::move(m_spline));
+    } else {
+        builder.addUnplotted(header, "SPLINE without a shape");
     }
 }
 

@@ -27,7 +27,7 @@ void TableDecoder::take(const Group& group) {
 
 void TableDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
     if (m_block.empty()) {
-        builder.add(header, Unplotted{builder.unplottedKind("ACAD_TABLE without a block")});
+        builder.addUnplotted(header, "ACAD_TABLE without a block");
         return;
     }
     const Vec3 direction = toPlane(m_direction, header.extrusion);

@@ -24,7 +24,7 @@ void UnplottedDecoder::begin(std::string_view type) {
 }
 
 void UnplottedDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
-    builder.add(header, Unplotted{builder.unplottedKind(m_type)});
+    builder.addUnplotted(header, m_type);
 }
 
 } // namespace kelplot

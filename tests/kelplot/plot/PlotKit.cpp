@@ -18,8 +18,8 @@ const std::vector<Entity>& spaceOf(const Drawing& drawing) {
     return drawing.paperSpace.empty() ? drawing.modelSpace : drawing.paperSpace;
 }
 
-PlotReport plotOn(QPaintDevice& device, const Drawing& drawing, const PlotTarget& target, const PlotStyleOptions& style,
-                  const Progress& progress) {
+PlotReport plotOn(QPaintDevice& device, const DrawingPlot& plot, const std::vector<Entity>& entities,
+                  const PlotTarget& target, const Progress& progress) {
     QPainter painter(&device);
     painter.setRenderHint(QPainter::Antialiasing);
     const std::unique_ptr<HT_Renderer, void (*)(HT_Renderer*)> renderer(HT_RendererFactory::CreateRenderer(4, 0),
@@ -27,8 +27,6 @@ PlotReport plotOn(QPaintDevice& device, const Drawing& drawing, const PlotTarget
     renderer->AttachDriver(&painter, {pageSize, pageSize}, false);
     DirectPainter direct(painter);
     renderer->StartRender();
-    const DrawingPlot plot(drawing, style);
-    const std::vector<Entity>& entities = spaceOf(drawing);
     plot.extents(entities); // as the program does, which keeps the layouts of the texts
     PlotReport report = plot.draw(entities, target, {*renderer, &direct}, progress);
     renderer->FinishRender();
@@ -99,8 +97,13 @@ PlotTarget tenfoldTarget() {
 
 Shapes shapesOf(const Drawing& drawing, const PlotTarget& target, const PlotStyleOptions& style, PlotReport* report,
                 const Progress& progress) {
+    return shapesOf(DrawingPlot(drawing, style), spaceOf(drawing), target, report, progress);
+}
+
+Shapes shapesOf(const DrawingPlot& plot, const std::vector<Entity>& entities, const PlotTarget& target,
+                PlotReport* report, const Progress& progress) {
     PlotRecorder recorder;
-    const PlotReport told = plotOn(recorder, drawing, target, style, progress);
+    const PlotReport told = plotOn(recorder, plot, entities, target, progress);
     if (report != nullptr) {
         *report = told;
     }
@@ -113,7 +116,7 @@ QImage paintedPage(const Drawing& drawing, const PlotTarget& target, const PlotS
                    PlotReport* report) {
     QImage page(pageSize, pageSize, QImage::Format_RGB32);
     page.fill(Qt::white);
-    const PlotReport told = plotOn(page, drawing, target, style, {});
+    const PlotReport told = plotOn(page, DrawingPlot(drawing, style), spaceOf(drawing), target, {});
     if (report != nullptr) {
         *report = told;
     }

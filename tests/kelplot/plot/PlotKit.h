@@ -33,6 +33,10 @@ PlotTarget tenfoldTarget();
 Shapes shapesOf(const Drawing& drawing, const PlotTarget& target = tenfoldTarget(), const PlotStyleOptions& style = {},
                 PlotReport* report = nullptr, const Progress& progress = {});
 
+/// What it draws for some entities of a plot's drawing.
+Shapes shapesOf(const DrawingPlot& plot, const std::vector<Entity>& entities, const PlotTarget& target,
+                PlotReport* report = nullptr, const Progress& progress = {});
+
 /// The page of a target as a device paints it, a pixel for each of its units.
 QImage paintedPage(const Drawing& drawing, const PlotTarget& target = tenfoldTarget(),
                    const PlotStyleOptions& style = {}, PlotReport* report = nullptr);
