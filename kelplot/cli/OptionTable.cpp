@@ -55,6 +55,10 @@ void setPens(Request& request, const QString& value) {
     request.pensFiles = QStringList(orRefuseEmpty(value, QStringLiteral("a file name")));
 }
 
+void setPlotStyle(Request& request, const QString& value) {
+    request.plotStyleFile = orRefuseEmpty(value, QStringLiteral("a file name or none"));
+}
+
 void setPatterns(Request& request, const QString& value) {
     request.patternFiles << orRefuseEmpty(value, QStringLiteral("a file name"));
 }
@@ -169,6 +173,9 @@ const std::vector<OptionRow> rows = {
     {nullptr, "window", "X1,Y1,X2,Y2", "Plot only this part: two opposite corners in drawing units.", setWindow},
     {nullptr, "pens", "FILE", "Take widths, colours and screening by colour number from FILE.", setPens,
      Default::inSettings},
+    {nullptr, "plot-style", "FILE",
+     "Plot by the plot styles of FILE (CTB or STB), or by none. [as the layout says, from beside the drawing]",
+     setPlotStyle},
     {nullptr, "patterns", "FILE", "Take the lines of hatch patterns that a drawing only names from FILE.", setPatterns},
     {nullptr, "lineweight-scale", "FACTOR", "Multiply all line weights. [1]", setWeightScale, Default::inSettings},
     {nullptr, "text", "MODE", "outlines, or fonts for texts that can be searched in PDF and SVG files. [outlines]",

@@ -8,6 +8,7 @@
 #include <ostream>
 #include <utility>
 
+#include "cli/ChosenPens.h"
 #include "cli/LayerFilter.h"
 #include "cli/PlotMessages.h"
 #include "cli/RenderSession.h"
@@ -45,6 +46,8 @@ private:
     void warn(const QString& text);
     void warn(const QStringList& texts);
     void applyLayers();
+    void note(const QString& text);
+    void usePens(const Space& space, DrawingPlot& plot);
     void tellOfFonts(const FontReport& fonts);
     PageLayout layOut(const DrawingPlot& plot, const Space& space);
     void draw(const DrawingPlot& plot, const Space& space, const PageLayout& layout, OutputDevice& device);
@@ -53,16 +56,17 @@ private:
     const PlotPlan& m_plan;
     Console& m_console;
     Drawing m_drawing;
-    QSet<QString> m_told; ///< warnings
+    QSet<QString> m_told; ///< warnings and notes
 };
 
 void PlotJob::run(const QString& output) {
     m_drawing = readDrawing(m_input, [&](double fraction) { m_console.showProgress(fraction / 2.0); });
     applyLayers();
-    const DrawingPlot plot(m_drawing, m_plan.style);
+    DrawingPlot plot(m_drawing, m_plan.style);
     std::unique_ptr<OutputDevice> device;
     const std::vector<Space> spaces = chosenSpaces(m_drawing, m_plan.layout);
     for (const Space& space : spaces) {
+        usePens(space, plot);
         const PageLayout layout = layOut(plot, space);
         if (device) {
             device->nextPage(layout.sheet);
@@ -107,10 +111,23 @@ void PlotJob::warn(const QStringList& texts) {
     }
 }
 
-void PlotJob::tellOfFonts(const FontReport& fonts) {
-    if (const QString replaced = replacedFonts(fonts); !replaced.isEmpty()) {
-        m_console.note((m_input + QStringLiteral(": ") + replaced).toStdString());
+/// Once for each text, as `warn`.
+void PlotJob::note(const QString& text) {
+    if (!text.isEmpty() && !m_told.contains(text)) {
+        m_told.insert(text);
+        m_console.note((m_input + QStringLiteral(": ") + text).toStdString());
     }
+}
+
+void PlotJob::usePens(const Space& space, DrawingPlot& plot) {
+    const ChosenPens pens = chosenPens(m_drawing, space, m_plan);
+    plot.usePens(pens.table);
+    note(pens.note);
+    warn(pens.warnings);
+}
+
+void PlotJob::tellOfFonts(const FontReport& fonts) {
+    note(replacedFonts(fonts));
     if (const QString missing = missingCharacters(fonts); !missing.isEmpty()) {
         warn(missing);
     }

@@ -13,6 +13,7 @@
 #include "settings/PaperFile.h"
 #include "settings/PaperTable.h"
 #include "settings/PenSection.h"
+#include "settings/PlotStyleFile.h"
 #include "settings/SettingsFile.h"
 
 namespace kelplot {
@@ -120,6 +121,19 @@ PatternTable patternsFor(const Request& request) {
     return table;
 }
 
+/// A table of plot styles that was asked for replaces the pens of the settings, and so do pens those of a layout.
+void choosePens(const Request& request, PlotPlan& plan) {
+    const bool pensGiven = request.given.contains(QStringLiteral("pens"));
+    const QString& file = request.plotStyleFile;
+    const bool statesTable = !file.isEmpty() && file.compare(QLatin1String("none"), Qt::CaseInsensitive) != 0;
+    if (statesTable && pensGiven) {
+        throw UsageError(QStringLiteral("--plot-style: give either it or --pens"));
+    }
+    plan.plotStyleFile = statesTable ? file : QString();
+    plan.layoutPlotStyles = file.isEmpty() && !pensGiven;
+    plan.style.pens = statesTable ? plotStylesFrom(file) : penTableFrom(request.pensFiles);
+}
+
 StatedPage statedBy(const Request& request) {
     const auto anyOf = [&](std::initializer_list<const char*> names) {
         return std::any_of(names.begin(), names.end(),
@@ -186,7 +200,7 @@ PlotPlan planFor(const Request& request) {
     }
     plan.style.monochrome = request.monochrome;
     plan.style.lineWeightScale = request.lineWeightScale;
-    plan.style.pens = penTableFrom(request.pensFiles);
+    choosePens(request, plan);
     plan.style.fonts = request.fonts;
     plan.style.patterns = patternsFor(request);
     plan.style.texts = plan.format == OutputFormat::png ? TextMode::outlines : request.texts; // an image has no texts

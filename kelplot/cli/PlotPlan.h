@@ -24,8 +24,10 @@ struct PlotPlan {
     QString layout;                           ///< as in the request
     std::optional<double> millimetresPerUnit; ///< of model space; none: as the drawing says
     PlotStyleOptions style;
-    QStringList layers;         ///< patterns; empty: all
-    QStringList excludedLayers; ///< patterns
+    QString plotStyleFile;        ///< whose plot styles the pens are; empty: none
+    bool layoutPlotStyles = true; ///< where a layout names a table of plot styles, its pens go before those of `style`
+    QStringList layers;           ///< patterns; empty: all
+    QStringList excludedLayers;   ///< patterns
     bool strict = false;
     QString savedName;                   ///< of the paper to save
     std::optional<PaperSize> savedPaper; ///< none: no paper is saved

@@ -46,6 +46,7 @@ struct Request {
     std::optional<Box2> window;
     QString savedPaper;       ///< the name under which the paper's size is to be kept; empty: not at all
     QStringList pensFiles;    ///< the last to state a pen counts; empty: the drawing's pens
+    QString plotStyleFile;    ///< a table of plot styles, or "none"; empty: those of the layouts
     QStringList patternFiles; ///< the last to state a pattern counts
     bool monochrome = false;
     std::optional<double> millimetresPerUnit; ///< none: as the drawing says

@@ -15,6 +15,7 @@ struct Layer {
     uint32_t lineType = 0; ///< index into Drawing::lineTypes
     LineWeight lineWeight = lineWeightDefault;
     Opacity opacity = opaque;
+    PlotStyleIndex plotStyle = 0; ///< index into Drawing::plotStyles
     bool on = true;
     bool frozen = false;
     bool plotted = true; ///< false: shown on screen, kept off paper
@@ -91,9 +92,11 @@ struct Drawing {
     std::vector<Layout> layouts;    ///< in their order; none where the drawing does not name them
     bool paperIsActive = false;     ///< the drawing was saved with a layout before its user's eyes
     bool paperLineTypes = true;     ///< dashes have their lengths on the sheet, whatever the scale of a viewport
-    std::vector<std::string> unplottedKinds; ///< what `Unplotted` entities are, for a message
-    std::string unknownCodePage;             ///< UTF-8; the code page that it names, if it cannot be decoded
-    std::string folder;                      ///< UTF-8, where its file lies
+    bool namesPlotStyles = false;   ///< plot styles go by their names; else by colours
+    std::vector<std::string> plotStyles{"Normal"}; ///< names in UTF-8; empty where the drawing does not tell one
+    std::vector<std::string> unplottedKinds;       ///< what `Unplotted` entities are, for a message
+    std::string unknownCodePage;                   ///< UTF-8; the code page that it names, if it cannot be decoded
+    std::string folder;                            ///< UTF-8, where its file lies
     bool imageFrames = true;
     bool wipeoutFrames = false;
     double lineTypeScale = 1.0;

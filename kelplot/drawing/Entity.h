@@ -33,6 +33,11 @@ constexpr uint32_t lineTypeByLayer = std::numeric_limits<uint32_t>::max();
 constexpr uint32_t lineTypeByBlock = lineTypeByLayer - 1;
 constexpr uint32_t noBlock = std::numeric_limits<uint32_t>::max();
 
+/// Index into Drawing::plotStyles, or one of the marks below.
+using PlotStyleIndex = uint16_t;
+constexpr PlotStyleIndex plotStyleByLayer = std::numeric_limits<PlotStyleIndex>::max();
+constexpr PlotStyleIndex plotStyleByBlock = plotStyleByLayer - 1;
+
 /// What every entity has besides its geometry.
 struct Attributes {
     uint32_t layer = 0;                  ///< index into Drawing::layers
@@ -41,6 +46,7 @@ struct Attributes {
     LineWeight lineWeight = lineWeightByLayer;
     Opacity opacity = opacityByLayer;
     bool visible = true;
+    PlotStyleIndex plotStyle = plotStyleByLayer;
     double lineTypeScale = 1.0;
 };
 

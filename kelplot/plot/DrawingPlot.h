@@ -43,6 +43,9 @@ public:
     DrawingPlot(const Drawing& drawing, PlotStyleOptions style)
         : m_drawing(drawing), m_style(std::move(style)), m_texts(drawing, m_style.fonts) {}
 
+    /// The pens of the plots from here on.
+    void usePens(const PenTable& pens) { m_style.pens = pens; }
+
     /// The extents of what `draw` would draw, in drawing units; empty when that is nothing. `report`, if given,
     /// receives what is left out of them.
     Box2 extents(const std::vector<Entity>& entities, ExtentsReport* report = nullptr) const;

@@ -160,6 +160,28 @@ void DrawingBuilder::addUnplotted(const RecordHeader& header, std::string_view k
     addInWorld(header, Unplotted{static_cast<uint32_t>(found - kinds.begin())});
 }
 
+PlotStyleIndex DrawingBuilder::plotStyle(uint64_t handle) {
+    const auto known = m_plotStyles.constFind(handle);
+    if (known != m_plotStyles.constEnd()) {
+        return *known;
+    }
+    std::vector<std::string>& styles = m_drawing.plotStyles;
+    if (handle == 0 || styles.size() >= plotStyleByBlock) {
+        return 0;
+    }
+    const auto index = static_cast<PlotStyleIndex>(styles.size());
+    styles.emplace_back();
+    m_plotStyles.insert(handle, index);
+    return index;
+}
+
+void DrawingBuilder::namePlotStyle(uint64_t handle, std::string_view name) {
+    const auto known = m_plotStyles.constFind(handle);
+    if (known != m_plotStyles.constEnd()) {
+        m_drawing.plotStyles[*known] = m_decoder.decode(name);
+    }
+}
+
 bool DrawingBuilder::isModelSpace(std::string_view block) {
     // Programs that had to avoid the asterisk wrote a dollar sign instead.
     return equalsIgnoringCase(block, "*MODEL_SPACE") || equalsIgnoringCase(block, "$MODEL_SPACE");

@@ -54,6 +54,10 @@ public:
     uint32_t textStyle(std::string_view name);
     /// Index of the block of this name.
     uint32_t block(std::string_view name);
+    /// Index of the plot style that has this handle.
+    PlotStyleIndex plotStyle(uint64_t handle);
+    /// Keeps the name of the plot style that has this handle, as the file writes it.
+    void namePlotStyle(uint64_t handle, std::string_view name);
     /// Keeps the handle of a layer.
     void nameLayer(uint64_t handle, uint32_t layer) { m_layerHandles.insert(handle, layer); }
     /// The layer that has this handle.
@@ -134,6 +138,7 @@ private:
     uint32_t m_currentBlock = noBlock;
     bool m_inSheetBlock = false; ///< the block is a layout's
     QHash<uint64_t, uint32_t> m_layerHandles;
+    QHash<uint64_t, PlotStyleIndex> m_plotStyles; ///< by their handles
     QHash<uint64_t, SheetEntity> m_sheetEntities; ///< by their handles
     std::vector<PendingClip> m_pendingClips;
 };

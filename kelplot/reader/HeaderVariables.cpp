@@ -74,6 +74,8 @@ void HeaderVariables::setInteger(std::string_view key, int value) {
         m_builder.drawing().paperIsActive = value == 0;
     } else if (key == "$PSLTSCALE") {
         m_builder.drawing().paperLineTypes = value != 0;
+    } else if (key == "$PSTYLEMODE") {
+        m_builder.drawing().namesPlotStyles = value == 0;
     } else if (key == "$PDMODE") {
         m_builder.drawing().pointMode = value;
     } else if (key == "$IMAGEFRAME") {

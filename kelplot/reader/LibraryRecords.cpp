@@ -19,6 +19,7 @@ constexpr int frozenFlag = 1;
 constexpr int externalFlag = 4;
 constexpr int mostCopies = 32767;
 constexpr int lineWeightCode = 370;
+constexpr int flagCode = 290;
 
 Vec3 point(double x, double y, double z) {
     return {saneReal(x), saneReal(y), saneReal(z)};
@@ -82,7 +83,7 @@ void LibraryRecords::endSection() {
 
 void LibraryRecords::setVariableString(const std::string& key, const std::string& value, int code) {
     // The library hands over numbers of newer codes as text.
-    if (code == lineWeightCode) {
+    if (code == lineWeightCode || code == flagCode) {
         m_variables.setInteger(key, toInteger(value));
     } else {
         m_variables.setText(key, value);
@@ -111,6 +112,8 @@ void LibraryRecords::addLayer(const DL_LayerData& data) {
     layer.lineType =
         m_header.attributes.lineType < m_builder.drawing().lineTypes.size() ? m_header.attributes.lineType : 0;
     layer.opacity = m_header.attributes.opacity >= 0 ? m_header.attributes.opacity : opaque;
+    const PlotStyleIndex plotStyle = m_header.attributes.plotStyle;
+    layer.plotStyle = plotStyle < m_builder.drawing().plotStyles.size() ? plotStyle : Layer().plotStyle;
     layer.lineWeight = m_header.attributes.lineWeight >= 0 ? m_header.attributes.lineWeight : lineWeightDefault;
 }
 

@@ -21,6 +21,16 @@ double lineTypeScaleOf(double scale) {
 constexpr int opacityOfBlock = 1;
 constexpr int ownOpacity = 2;
 
+/// The plot style of an entity that does not name its own.
+PlotStyleIndex plotStyleOf(int rule) {
+    constexpr int byBlock = 1;
+    constexpr int usual = 2;
+    if (rule == usual) {
+        return 0;
+    }
+    return rule == byBlock ? plotStyleByBlock : plotStyleByLayer;
+}
+
 } // namespace
 
 Opacity opacityOf(int number) {
@@ -75,6 +85,12 @@ void RecordHeader::take(const Group& group, DrawingBuilder& builder) {
         break;
     case 370:
         attributes.lineWeight = lineWeightOf(toInteger(group.value));
+        break;
+    case 380:
+        attributes.plotStyle = plotStyleOf(toInteger(group.value));
+        break;
+    case 390:
+        attributes.plotStyle = builder.plotStyle(toHandle(group.value));
         break;
     case 420:
         trueColour = toInteger(group.value) & 0xFFFFFF;

@@ -70,7 +70,11 @@ PenRule ruleFrom(const QString& text) {
     for (QString& part : parts) {
         part = part.trimmed().toLower();
     }
-    return {widthFrom(parts[0]), inkFrom(parts[1]), screeningFrom(parts[2])};
+    PenRule rule;
+    rule.width = widthFrom(parts[0]);
+    rule.ink = inkFrom(parts[1]);
+    rule.screening = screeningFrom(parts[2]);
+    return rule;
 }
 
 PenRule ruleAt(const QString& path, const Setting& pen) {

@@ -65,6 +65,9 @@ EntityStyle StyleResolver::resolve(const Attributes& attributes, const EntitySty
     const Opacity opacity = attributes.opacity == opacityByLayer ? layer.opacity : attributes.opacity;
     style.opacity = opacity >= 0 ? static_cast<uint8_t>(opacity) : reference.opacity;
 
+    const PlotStyleIndex plotStyle = attributes.plotStyle == plotStyleByLayer ? layer.plotStyle : attributes.plotStyle;
+    style.plotStyle = plotStyle == plotStyleByBlock ? reference.plotStyle : plotStyle;
+
     style.lineTypeScale = orOne(attributes.lineTypeScale) * orOne(m_drawing.lineTypeScale);
     return style;
 }

@@ -15,7 +15,8 @@ struct EntityStyle {
     uint32_t lineType = 0;                 ///< index into Drawing::lineTypes
     LineWeight lineWeight = 0;             ///< hundredths of a millimetre, not negative
     uint8_t opacity = opaque;
-    double lineTypeScale = 1.0; ///< of the entity and the drawing together
+    PlotStyleIndex plotStyle = 0; ///< index into Drawing::plotStyles
+    double lineTypeScale = 1.0;   ///< of the entity and the drawing together
 };
 
 /// The style of a part of an entity that may have a colour of its own.

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include "plot/entity/AreaFill.h"
 #include "plot/entity/KindBoxes.h"
 #include "plot/entity/PlotTools.h"
 
@@ -10,8 +11,7 @@ void draw(const Solid& solid, const PlacedEntity& place, PlotTools& tools) {
     for (const Vec3& corner : solid.corners) {
         corners.push_back(place.map.mapPoint(corner));
     }
-    tools.useFill(place.style);
-    tools.canvas.fillPolygon(corners);
+    fillStyled(corners, place.style, tools);
 }
 
 Box2 boxOf(const Solid& solid, const MeasuredEntity& place) {

@@ -6,6 +6,7 @@
 
 #include "geometry/EvenOddJoin.h"
 #include "geometry/LoopNesting.h"
+#include "plot/entity/AreaFill.h"
 #include "plot/entity/KindBoxes.h"
 #include "plot/entity/PlotTools.h"
 #include "plot/shape/EntityCurves.h"
@@ -16,14 +17,6 @@
 namespace kelplot {
 
 namespace {
-
-/// On the grid of the device, where the renderer puts the points anyway, it is certain which loops touch.
-void snapToGrid(std::vector<Vec2>& points) {
-    for (Vec2& point : points) {
-        point = {std::round(point.x), std::round(point.y)};
-    }
-    points.erase(std::unique(points.begin(), points.end()), points.end());
-}
 
 Box2 boxOfEdge(const HatchEdge& edge, const PlanMap& map, CurveBox curves) {
     if (const auto* arc = std::get_if<HatchArc>(&edge)) {
@@ -44,23 +37,12 @@ Box2 boxOfEdge(const HatchEdge& edge, const PlanMap& map, CurveBox curves) {
 std::vector<AreaLoop> visibleLoops(const Hatch& hatch, const PlanMap& map, const Canvas& canvas) {
     std::vector<AreaLoop> loops;
     for (const HatchLoop& loop : hatch.loops) {
-        std::vector<Vec2> points = canvas.visiblePart(loopPoints(loop, map, canvas.flattening()));
-        snapToGrid(points);
-        if (points.size() > 2) {
-            loops.push_back({std::move(points), loop.textBox});
-        }
+        addVisibleLoop(loopPoints(loop, map, canvas.flattening()), loop.textBox, canvas, loops);
     }
     if (hatch.style != HatchStyle::normal) {
         dropNested(loops, hatch.style == HatchStyle::outer ? 1 : 0);
     }
     return loops;
-}
-
-/// Fills areas with the pen's ink in force.
-void fill(const std::vector<AreaLoop>& loops, Canvas& canvas) {
-    for (const std::vector<Vec2>& polygon : joinEvenOdd(loops)) {
-        canvas.fillPolygon(polygon);
-    }
 }
 
 /// The lines of a named pattern as a hatch turns and scales them.
@@ -89,49 +71,12 @@ std::vector<PatternLine> linesOf(const Hatch& hatch, const PlotTools& tools) {
                                                 : hatch.pattern.lines;
 }
 
-uint8_t partOf(uint8_t opacity, double part) {
-    return static_cast<uint8_t>(std::lround(opacity * std::clamp(part, 0.0, 1.0)));
-}
-
-/// Draws one family of lines over the loops. Lines or dashes that are finer than the device shows become their mean
-/// tint, and so does what would take too many. False where it took too many.
-bool drawFamily(const LineFamily& family, const std::vector<AreaLoop>& loops, const EntityStyle& style,
-                PlotTools& tools) {
-    const double finest = 1.5 * tools.target.hairlineWidth;
-    Pen pen = tools.linePen(style);
-    pen.lineType = nullptr;
-    pen.cornered = true; // lines end at the border
-    const double density = family.density(pen.width);
-    LineFamily drawn = family;
-    if (family.period > 0.0 && family.period < finest) {
-        pen.opacity = partOf(pen.opacity, density);
-        drawn.period = 0.0;
-    }
-    const bool isFine = family.spacing < finest;
-    const auto stretches = isFine ? std::nullopt : stretchesIn(loops, drawn, tools.patternDashesLeft);
-    const double dashes = stretches ? dashCount(*stretches, drawn) : 0.0;
-    if (stretches && dashes <= tools.patternDashesLeft) {
-        tools.patternDashesLeft -= dashes;
-        tools.pens.setPen(pen);
-        forEachDash(*stretches, drawn, [&](Vec2 from, Vec2 to) {
-            from == to ? tools.canvas.drawDot(from) : tools.canvas.drawSegment(from, to);
-        });
-        return true;
-    }
-    tools.pens.setFill(pen.ink, partOf(style.opacity, density * pen.width / family.spacing));
-    fill(loops, tools.canvas);
-    return isFine;
-}
-
 void drawPattern(const Hatch& hatch, const std::vector<AreaLoop>& loops, const EntityStyle& style, const PlanMap& map,
                  PlotTools& tools) {
-    bool isComplete = true;
-    for (const PatternLine& line : linesOf(hatch, tools)) {
-        if (const auto family = familyOf(line, map)) {
-            isComplete = drawFamily(*family, loops, style, tools) && isComplete;
-        }
-    }
-    tools.tintedHatches += isComplete ? 0 : 1;
+    Pen pen = tools.linePen(style);
+    pen.lineType = nullptr;
+    pen.makeCornered(); // lines end at the border
+    tools.tintedHatches += drawPatternLines(linesOf(hatch, tools), map, loops, pen, tools) ? 0 : 1;
 }
 
 /// The ink for a colour of a gradient; white is meant as it stands.
@@ -147,7 +92,7 @@ void drawGradient(const Hatch& hatch, const std::vector<AreaLoop>& loops, const 
     const HT_Color first = gradientInk(gradient.first, place.style, tools);
     if (tools.surface.direct == nullptr) {
         tools.pens.setFill(first, place.style.opacity);
-        fill(loops, tools.canvas);
+        fillAreas(loops, tools.canvas);
         return;
     }
     QPainterPath area;
@@ -179,8 +124,7 @@ void draw(const Hatch& hatch, const PlacedEntity& place, PlotTools& tools) {
     if (hatch.gradient) {
         drawGradient(hatch, loops, place, tools);
     } else if (hatch.solid) {
-        tools.useFill(place.style);
-        fill(loops, tools.canvas);
+        fillStyled(loops, place.style, tools);
     } else {
         drawPattern(hatch, loops, place.style, map, tools);
     }

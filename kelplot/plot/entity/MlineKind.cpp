@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "base/Angles.h"
+#include "plot/entity/AreaFill.h"
 #include "plot/entity/KindBoxes.h"
 #include "plot/entity/PlotTools.h"
 
@@ -95,13 +96,13 @@ void fillBetween(const Mline& mline, const PlacedEntity& place, const Colour& co
     if (!ends) {
         return;
     }
-    tools.useFill(withColour(place.style, colour, tools.drawing));
+    const EntityStyle look = withColour(place.style, colour, tools.drawing);
     forEachSegment(mline, [&](const MlineVertex& from, const MlineVertex& to) {
         const auto at = [&](const MlineVertex& vertex, size_t line) {
             return place.map.mapPoint(pointOf(vertex, line));
         };
-        tools.canvas.fillPolygon(
-            {at(from, ends->first), at(to, ends->first), at(to, ends->second), at(from, ends->second)});
+        fillStyled({at(from, ends->first), at(to, ends->first), at(to, ends->second), at(from, ends->second)}, look,
+                   tools);
     });
 }
 

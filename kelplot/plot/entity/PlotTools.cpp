@@ -26,20 +26,36 @@ PlotTools::PlotTools(const Drawing& plotted, const PlotTarget& plotTarget, const
       texts(layouts, surface.renderer, options.texts == TextMode::fonts ? surface.direct : nullptr),
       m_lineTypeUnits(lineTypeUnits.value_or(PlanMap(target.toDevice).meanScale())),
       m_pointSize(pointSizeOn(target, drawing.pointSize, PlanMap(target.toDevice).meanScale())) {
+    for (const std::string& name : drawing.plotStyles) {
+        m_namedRules.push_back(options.pens.ruleFor(QString::fromStdString(name)));
+    }
+}
+
+const PenRule& PlotTools::ruleFor(const EntityStyle& style) const {
+    if (options.pens.goesByNames()) {
+        return m_namedRules[style.plotStyle < m_namedRules.size() ? style.plotStyle : 0];
+    }
+    return options.pens.ruleFor(style.colour);
 }
 
 HT_Color PlotTools::inkOf(const EntityStyle& style, InkUse use) const {
-    return inkFor(style.colour, use, options.pens.ruleFor(style.colour), options.monochrome);
+    return inkFor(style.colour, use, ruleFor(style), options.monochrome);
 }
 
 Pen PlotTools::linePen(const EntityStyle& style) const {
-    const PenRule& rule = options.pens.ruleFor(style.colour);
+    const PenRule& rule = ruleFor(style);
     const double millimetres = rule.width.value_or(style.lineWeight / 100.0) * options.lineWeightScale;
     Pen pen;
     pen.ink = inkOf(style, InkUse::line);
     pen.opacity = style.opacity;
     pen.width = std::max(millimetres * target.deviceUnitsPerMillimetre, target.hairlineWidth);
-    if (style.lineType < drawing.lineTypes.size() && !drawing.lineTypes[style.lineType].pattern.empty()) {
+    pen.ends = rule.ends.value_or(pen.ends);
+    pen.joins = rule.joins.value_or(pen.joins);
+    if (rule.lineType) {
+        pen.lineType = rule.lineType->pattern.empty() ? nullptr : &*rule.lineType;
+        pen.patternScale = target.deviceUnitsPerMillimetre;
+        pen.fitsLineType = rule.fitsLineType;
+    } else if (style.lineType < drawing.lineTypes.size() && !drawing.lineTypes[style.lineType].pattern.empty()) {
         pen.lineType = &drawing.lineTypes[style.lineType];
         pen.patternScale = style.lineTypeScale * m_lineTypeUnits;
     }

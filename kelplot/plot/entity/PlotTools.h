@@ -27,6 +27,8 @@ public:
               const Typesetter& layouts, PictureStore& pictureStore, const PlotSurface& plotSurface,
               std::optional<double> lineTypeUnits = std::nullopt);
 
+    /// How the pens plot what has a style.
+    const PenRule& ruleFor(const EntityStyle& style) const;
     HT_Color inkOf(const EntityStyle& style, InkUse use) const;
     /// The pen for the lines of an entity.
     Pen linePen(const EntityStyle& style) const;
@@ -51,6 +53,7 @@ public:
 private:
     double m_lineTypeUnits;
     double m_pointSize;
+    std::vector<PenRule> m_namedRules; ///< of the drawing's plot styles, in their order
 };
 
 } // namespace kelplot

@@ -84,7 +84,7 @@ void draw(const Polyline& polyline, const PlacedEntity& place, PlotTools& tools)
     } else if (width && place.map.keepsShapes()) {
         Pen pen = tools.linePen(place.style);
         pen.width = std::max(*width * place.map.meanScale(), tools.target.hairlineWidth);
-        pen.cornered = true;
+        pen.makeCornered();
         tools.pens.setPen(pen);
         strokeSegments(polyline, segments, LineWidth::own, place.map, tools);
     } else {

@@ -30,6 +30,14 @@ HT_Color drawnInk(const Colour& colour, InkUse use) {
     return redBlueExchanged(rgb);
 }
 
+/// The grey that is as light as the ink.
+HT_Color greyOf(HT_Color ink) {
+    const uint32_t red = ink & 0xFF;
+    const uint32_t green = ink >> 8 & 0xFF;
+    const uint32_t blue = ink >> 16 & 0xFF;
+    return (299 * red + 587 * green + 114 * blue + 500) / 1000 * 0x010101;
+}
+
 /// The ink with the part of the paper's white that screening lets through.
 HT_Color screened(HT_Color ink, int screening) {
     constexpr int half = fullInk / 2;
@@ -49,6 +57,9 @@ HT_Color inkFor(const Colour& colour, InkUse use, const PenRule& rule, bool mono
         return white;
     }
     HT_Color ink = rule.ink.value_or(drawn);
+    if (rule.grey) {
+        ink = greyOf(ink);
+    }
     if (monochrome && ink != white) {
         ink = black;
     }

@@ -44,7 +44,9 @@ void PenControl::sendLineType(const Pen& pen, int width) {
 
 double PenControl::reach() const {
     constexpr double mitreLength = 6.0; // pen widths; no device draws longer ones
-    return m_pen.cornered ? m_width * mitreLength : m_width / 2.0;
+    const bool mitred = m_pen.joins == HT_PlotStyle::LineJoinMiter;
+    const double endReach = m_pen.ends == HT_PlotStyle::LineEndSquare ? 0.7072 : 0.5; // pen widths
+    return m_width * (mitred ? mitreLength : endReach);
 }
 
 void PenControl::setPen(const Pen& pen) {
@@ -61,18 +63,17 @@ void PenControl::setPen(const Pen& pen) {
         sendLineType(pen, width);
     }
     // Round ends would lengthen each dash by the pen's width.
-    const auto ends = pen.cornered || m_dashed ? HT_PlotStyle::LineEndFlat : HT_PlotStyle::LineEndRound;
+    const auto ends = m_dashed ? HT_PlotStyle::LineEndFlat : pen.ends;
     if (ends != m_ends) {
         m_renderer.SetLineEndStyle(ends);
     }
-    const auto joins = pen.cornered ? HT_PlotStyle::LineJoinMiter : HT_PlotStyle::LineJoinRound;
-    if (joins != m_joins) {
-        m_renderer.SetLineJoinStyle(joins);
+    if (pen.joins != m_joins) {
+        m_renderer.SetLineJoinStyle(pen.joins);
     }
     m_pen = pen;
     m_width = width;
     m_ends = ends;
-    m_joins = joins;
+    m_joins = pen.joins;
 }
 
 } // namespace kelplot

@@ -13,7 +13,15 @@ struct Pen {
     double width = 1.0;                 ///< device units
     const LineType* lineType = nullptr; ///< null: continuous
     double patternScale = 1.0;          ///< device units in a unit of the line type's pattern
-    bool cornered = false;              ///< flat ends and mitred corners, for areas drawn as wide lines
+    bool fitsLineType = false;          ///< the pattern's gaps are made to suit the length of each line
+    HT_PlotStyle::LineEndStyle ends = HT_PlotStyle::LineEndRound; ///< of lines without dashes
+    HT_PlotStyle::LineJoinStyle joins = HT_PlotStyle::LineJoinRound;
+
+    /// Gives it flat ends and mitred corners, for areas drawn as wide lines.
+    void makeCornered() {
+        ends = HT_PlotStyle::LineEndFlat;
+        joins = HT_PlotStyle::LineJoinMiter;
+    }
 };
 
 /// Hands styles to a renderer, and only what differs from the last ones: each setter costs the renderer a
@@ -26,7 +34,7 @@ public:
     void setPen(const Pen& pen);
     /// Prepares for filling. A polygon too small to be an area is drawn with the pen, which therefore becomes a
     /// hairline.
-    void setFill(HT_Color ink, uint8_t opacity) { setPen({ink, opacity, m_hairlineWidth, nullptr, 1.0, false}); }
+    void setFill(HT_Color ink, uint8_t opacity) { setPen({ink, opacity, m_hairlineWidth}); }
 
     /// Sends everything anew: somebody else has set styles of the renderer.
     void forget() {

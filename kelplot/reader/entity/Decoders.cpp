@@ -15,6 +15,7 @@
 #include "reader/entity/LeaderDecoder.h"
 #include "reader/entity/LwPolylineDecoder.h"
 #include "reader/entity/MlineDecoder.h"
+#include "reader/entity/PlotStyleNames.h"
 #include "reader/entity/PolylineDecoder.h"
 #include "reader/entity/SplineDecoder.h"
 #include "reader/entity/TableDecoder.h"
@@ -73,6 +74,7 @@ constexpr Row rows[] = {
     {RecordPlace::objects, {"MLINESTYLE"}, make<MlineStyles>},
     {RecordPlace::entities, {"VIEWPORT"}, make<ViewportDecoder>},
     {RecordPlace::objects, {"LAYOUT"}, makeForLayouts},
+    {RecordPlace::objects, {"ACDBDICTIONARYWDFLT"}, make<PlotStyleNames>},
     {RecordPlace::objects, {"IMAGEDEF", "RASTERVARIABLES", "WIPEOUTVARIABLES"}, make<ImageObjects>},
 };
 

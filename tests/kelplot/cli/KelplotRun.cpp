@@ -6,9 +6,9 @@
 
 namespace {
 
-/// Notes tell of fonts, which are others on every machine.
-QString withoutNotes(QString messages) {
-    static const QRegularExpression note(QStringLiteral("kelplot: note: [^\n]*\n"));
+/// The notes on fonts differ from machine to machine.
+QString withoutFontNotes(QString messages) {
+    static const QRegularExpression note(QStringLiteral("kelplot: note: [^\n]*: fonts replaced: [^\n]*\n"));
     return messages.remove(note);
 }
 
@@ -29,5 +29,5 @@ Outcome run(const TemporaryDirectory& directory, const QStringList& arguments, c
     process.start(program, arguments);
     const bool ended = process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit;
     return {ended ? process.exitCode() : -1, QString::fromUtf8(process.readAllStandardOutput()),
-            withoutNotes(QString::fromUtf8(process.readAllStandardError()))};
+            withoutFontNotes(QString::fromUtf8(process.readAllStandardError()))};
 }

@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 
+#include "kelplot/PlotStyleBytes.h"
 #include "kelplot/cli/KelplotRun.h"
 
 // What the program makes of command lines, held against a file of cases; cli/runs.cases says how that is written.
@@ -46,8 +47,11 @@ public:
         if (name.endsWith(".dxf")) {
             text = QString("0 SECTION 2 %1 0 ENDSEC 0 EOF ").arg(text).replace(' ', '\n');
         }
+        const bool isStyles = name.endsWith(".ctb") || name.endsWith(".stb");
         QDir(m_path).mkpath(QFileInfo(name).path());
-        m_directory.write(name.toStdString(), text.toStdString());
+        m_directory.write(name.toStdString(),
+                          isStyles ? plotStyleBytes(name.right(3).toUpper().toStdString(), text.toStdString())
+                                   : text.toStdString());
     }
 
     void expectRun(const QStringList& columns) const {

@@ -17,7 +17,8 @@ struct Settings {
 };
 
 /// "window LEFT TOP RIGHT BOTTOM" in device units, "map SCALE X Y", "hairline WIDTH", "scale FACTOR" of line weights,
-/// "monochrome", "fonts", or "pen NUMBER WIDTH COLOUR INK", of which "-" leaves a part to the drawing.
+/// "monochrome", "fonts", "look NUMBER ENDS JOINS FILL" of pens by the numbers of what these are, "grey NUMBER", or
+/// "pen NUMBER WIDTH COLOUR INK", of which "-" leaves a part to the drawing.
 void apply(const std::string& option, Settings& to) {
     std::istringstream words(option);
     std::string name;
@@ -33,6 +34,20 @@ void apply(const std::string& option, Settings& to) {
         words >> to.target.hairlineWidth;
     } else if (name == "scale") {
         words >> to.style.lineWeightScale;
+    } else if (name == "look") {
+        int number = 0, ends = 0, joins = 0, fill = 0;
+        words >> number >> ends >> joins >> fill;
+        PenRule rule;
+        rule.ends = static_cast<HT_PlotStyle::LineEndStyle>(ends);
+        rule.joins = static_cast<HT_PlotStyle::LineJoinStyle>(joins);
+        rule.fill = static_cast<HT_PlotStyle::FillStyle>(fill);
+        to.style.pens.set(number, rule);
+    } else if (name == "grey") {
+        int number = 0;
+        PenRule rule;
+        rule.grey = true;
+        words >> number;
+        to.style.pens.set(number, rule);
     } else if (name == "pen") {
         int number = 0;
         std::string width, colour;

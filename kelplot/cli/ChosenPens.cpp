@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "cli/ChosenPens.h"
+
+#include <QFileInfo>
+
+#include "plot/picture/PictureStore.h"
+#include "settings/PlotStyleFile.h"
+#include "settings/SettingsFile.h"
+
+namespace kelplot {
+namespace {
+
+/// Takes the pens of the table that a layout names, where there is one to be read.
+void useTableOfLayout(const std::string& name, const Drawing& drawing, ChosenPens& pens, QString& file) {
+    const QString path = pictureFile(name, QString::fromStdString(drawing.folder));
+    if (path.isEmpty()) {
+        pens.note = QStringLiteral("plot styles not found: ") + QString::fromStdString(name);
+        return;
+    }
+    try {
+        pens.table = plotStylesFrom(path);
+        file = path;
+    } catch (const SettingsError& error) {
+        pens.warnings << QStringLiteral("plot styles left out, ") + QString::fromUtf8(error.what());
+    }
+}
+
+} // namespace
+
+ChosenPens chosenPens(const Drawing& drawing, const Space& space, const PlotPlan& plan) {
+    ChosenPens pens;
+    pens.table = plan.style.pens;
+    QString file = plan.plotStyleFile;
+    if (plan.layoutPlotStyles && space.layout != nullptr && !space.layout->settings.styleTable.empty()) {
+        useTableOfLayout(space.layout->settings.styleTable, drawing, pens, file);
+    }
+    if (!file.isEmpty() && pens.table.goesByNames() != drawing.namesPlotStyles) {
+        pens.warnings << QStringLiteral("the plot styles of %1 go by %2, those of the drawing by %3")
+                             .arg(QFileInfo(file).fileName(),
+                                  QLatin1String(drawing.namesPlotStyles ? "colours" : "names"),
+                                  QLatin1String(drawing.namesPlotStyles ? "names" : "colours"));
+    }
+    return pens;
+}
+
+} // namespace kelplot
