@@ -3,7 +3,7 @@
 
 #include "drawing/Entity.h"
 #include "reader/DrawingBuilder.h"
-#include "reader/GroupReader.h"
+#include "reader/GroupSource.h"
 
 namespace kelplot {
 
