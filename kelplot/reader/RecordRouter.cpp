@@ -102,7 +102,9 @@ void RecordRouter::takeForDecoder(const Group& group) {
         return;
     }
     // The common codes are those of entities.
-    if (m_section != Section::tables) {
+    if (m_section == Section::objects) {
+        m_header.takeOfObject(group);
+    } else if (m_section != Section::tables) {
         m_header.take(group, m_builder);
     }
     m_decoder->take(group);
