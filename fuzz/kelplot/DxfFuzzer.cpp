@@ -62,6 +62,7 @@ public:
     void operator()(const Unplotted& entity) const { require(entity.kind < m_drawing.unplottedKinds.size()); }
     void operator()(const Insert& insert) const {
         require(insert.block < m_drawing.blocks.size() || insert.block == noBlock);
+        require(insert.clip < m_drawing.clips.size() || insert.clip == noClip);
     }
 
     template <typename OfNumbersOnly>

@@ -19,9 +19,9 @@ QString firstOf(const QStringList& names) {
     return first.join(QStringLiteral(", ")) + QLatin1String(names.size() > mostNames ? ", ..." : "");
 }
 
-QString undefinedNames(const Drawing& drawing, const WalkReport& report) {
+QString blockNames(const Drawing& drawing, const std::set<const Insert*>& references) {
     std::set<uint32_t> blocks;
-    for (const Insert* reference : report.undefined) {
+    for (const Insert* reference : references) {
         if (reference->block < drawing.blocks.size()) {
             blocks.insert(reference->block);
         }
@@ -81,7 +81,11 @@ QStringList missingParts(const Drawing& drawing, const ExtentsReport& report) {
     QStringList messages;
     if (!report.undefined.empty()) {
         messages << counted(report.undefined.size(), "reference to blocks", "references to blocks") +
-                        QStringLiteral(" that the drawing does not define: ") + undefinedNames(drawing, report);
+                        QStringLiteral(" that the drawing does not define: ") + blockNames(drawing, report.undefined);
+    }
+    if (!report.uncut.empty()) {
+        messages << counted(report.uncut.size(), "reference shows", "references show") +
+                        QStringLiteral(" more than the clips in space leave: ") + blockNames(drawing, report.uncut);
     }
     if (!report.external.empty()) {
         messages << QStringLiteral("left out, external drawings: ") + externalPaths(drawing, report);

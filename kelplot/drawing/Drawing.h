@@ -34,6 +34,14 @@ struct Block {
     std::string externalPath; ///< UTF-8; not empty: its content is that of another drawing
 };
 
+/// What a reference shows of its block.
+struct ReferenceClip {
+    std::vector<Vec3> border;  ///< in the block's coordinates; empty: everything shows
+    Vec3 depth{0.0, 0.0, 1.0}; ///< along which the border cuts, in the block's coordinates
+    bool inverted = false;     ///< what lies within the border is left out
+    bool slices = false;       ///< the drawing wants it cut in ways that a plot cannot
+};
+
 /// How the lines of multilines look.
 struct MlineStyle {
     struct Line {
@@ -87,6 +95,7 @@ struct Drawing {
     std::vector<ImageDefinition> images;
     std::vector<MlineStyle> mlineStyles;
     std::vector<Block> blocks;
+    std::vector<ReferenceClip> clips;
     std::vector<Entity> modelSpace;
     std::vector<Entity> paperSpace; ///< of the layout that was looked at last
     std::vector<Layout> layouts;    ///< in their order; none where the drawing does not name them

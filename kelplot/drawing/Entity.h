@@ -32,6 +32,7 @@ constexpr Opacity opacityByBlock = -2;
 constexpr uint32_t lineTypeByLayer = std::numeric_limits<uint32_t>::max();
 constexpr uint32_t lineTypeByBlock = lineTypeByLayer - 1;
 constexpr uint32_t noBlock = std::numeric_limits<uint32_t>::max();
+constexpr uint32_t noClip = std::numeric_limits<uint32_t>::max();
 
 /// Index into Drawing::plotStyles, or one of the marks below.
 using PlotStyleIndex = uint16_t;
@@ -206,6 +207,7 @@ struct Insert {
     int rows = 1;
     double columnSpacing = 0.0;
     double rowSpacing = 0.0;
+    uint32_t clip = noClip; ///< index into Drawing::clips
 };
 
 /// A place where the lines of a multiline bend, in world coordinates.
@@ -256,6 +258,7 @@ struct Entity {
     Attributes attributes;
     Vec3 extrusion{0.0, 0.0, 1.0};
     Geometry geometry;
+    uint64_t handle = 0; ///< by which the drawing refers to it; 0: none
 };
 
 } // namespace kelplot

@@ -19,6 +19,21 @@ Frame3 frameOfPlane(const Vec3& normal) {
     return frame;
 }
 
+std::optional<Frame3> inverseOf(const Frame3& frame) {
+    const Vec3 rows[] = {cross(frame.y, frame.z), cross(frame.z, frame.x), cross(frame.x, frame.y)};
+    const double volume = dot(frame.x, rows[0]);
+    if (!std::isnormal(volume)) {
+        return std::nullopt;
+    }
+    const double k = 1.0 / volume;
+    Frame3 inverse;
+    inverse.x = Vec3{rows[0].x, rows[1].x, rows[2].x} * k;
+    inverse.y = Vec3{rows[0].y, rows[1].y, rows[2].y} * k;
+    inverse.z = Vec3{rows[0].z, rows[1].z, rows[2].z} * k;
+    inverse.origin = inverse.mapDirection(frame.origin) * -1.0;
+    return inverse;
+}
+
 bool PlanMap::keepsShapes() const {
     constexpr double tolerance = 1e-6;
     const double square = dot(x, x) + dot(y, y);
@@ -26,11 +41,8 @@ bool PlanMap::keepsShapes() const {
 }
 
 Vec3 toPlane(const Vec3& world, const Vec3& extrusion) {
-    const auto along = [&](const Vec3& axis) {
-        return axis.x * world.x + axis.y * world.y + axis.z * world.z;
-    };
     const Frame3 frame = frameOfPlane(extrusion);
-    return {along(frame.x), along(frame.y), along(frame.z)};
+    return {dot(frame.x, world), dot(frame.y, world), dot(frame.z, world)};
 }
 
 } // namespace kelplot

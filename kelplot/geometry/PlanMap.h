@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <optional>
+
 #include "geometry/Affine2.h"
 #include "geometry/Vec.h"
 
@@ -21,6 +23,9 @@ struct Frame3 {
 /// "arbitrary axis" rule that all programs share, so that a normal gives the same frame everywhere.
 /// A normal without a direction counts as straight up.
 Frame3 frameOfPlane(const Vec3& normal);
+
+/// The frame that takes everything back; nothing where this one is flat.
+std::optional<Frame3> inverseOf(const Frame3& frame);
 
 /// A point or direction of the world in the plane that `extrusion` names; z is the height above it.
 Vec3 toPlane(const Vec3& world, const Vec3& extrusion);

@@ -17,7 +17,6 @@ struct PlotTarget {
     double thinnestDashed = 0.0;  ///< device units; thinner lines would not get their dashes right
     Box2 pageBox;                 ///< the page in device units
     std::vector<Box2> limits;     ///< device units; only what lies in all of them shows
-    std::vector<Vec2> border;     ///< device units; where it is not empty, only what lies in this polygon shows
 
     /// The part of the page that shows, as a box; empty when nothing does.
     Box2 visibleBox() const;

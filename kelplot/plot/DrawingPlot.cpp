@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plot/DrawingPlot.h"
 
+#include <algorithm>
+
 #include "plot/entity/EntityKinds.h"
 #include "plot/entity/KindBoxes.h"
 #include "plot/entity/ViewportKind.h"
-#include "plot/pen/ClipRegion.h"
+#include "plot/pen/ClipStack.h"
 #include "plot/shape/PointMark.h"
 
 namespace kelplot {
@@ -34,6 +36,16 @@ private:
     UnplottedKinds m_kinds;
 };
 
+/// Tells whether a polygon is a rectangle with sides along the axes.
+bool isUprightRectangle(const std::vector<Vec2>& polygon) {
+    const auto isUpright = [&](size_t from) {
+        const Vec2 side = polygon[(from + 1) % 4] - polygon[from];
+        const Vec2 opposite = polygon[(from + 2) % 4] - polygon[(from + 3) % 4];
+        return side == opposite && (side.x == 0.0 || side.y == 0.0);
+    };
+    return polygon.size() == 4 && isUpright(0) && isUpright(1);
+}
+
 /// Tells whether an entity is a viewport through which the model is drawn.
 bool showsModel(const Entity& entity) {
     const auto* const viewport = std::get_if<Viewport>(&entity.geometry);
@@ -47,17 +59,34 @@ public:
 
     void visit(const Entity& entity, const EntityStyle& style, const PlanMap& map) override {
         if (m_pointsShow || !std::holds_alternative<PointEntity>(entity.geometry)) {
-            m_extents.add(boxOf(MeasuredEntity{entity, map, CurveBox::exact, m_texts}));
+            m_extents.add(visiblePart(boxOf(MeasuredEntity{entity, map, CurveBox::exact, m_texts})));
         }
         m_unplotted.visit(entity, style, map);
         m_seesModel = m_seesModel || showsModel(entity);
     }
+    void beginClip(const WalkClip& clip) override { m_clips.push_back(clip); }
+    void endClip() override { m_clips.pop_back(); }
+
     const Box2& extents() const { return m_extents; }
     /// Whether the model shows through a viewport.
     bool seesModel() const { return m_seesModel; }
 
 private:
+    /// What the clips leave of a box, or a little more; empty where that is nothing.
+    Box2 visiblePart(Box2 box) const {
+        for (const WalkClip& clip : m_clips) {
+            const Box2 border = boxOfPoints(clip.border);
+            if (!clip.inverted) {
+                box = box.intersected(border);
+            } else if (isUprightRectangle(clip.border) && border.contains(box)) {
+                return {};
+            }
+        }
+        return box;
+    }
+
     const Typesetter& m_texts;
+    std::vector<WalkClip> m_clips; ///< that the walk is in
     UnplottedFinder& m_unplotted;
     bool m_pointsShow;
     bool m_seesModel = false;
@@ -71,7 +100,8 @@ public:
     EntityPlotter(PlotTools& tools, bool isSheet) : m_tools(tools), m_isSheet(isSheet) {}
 
     void visit(const Entity& entity, const EntityStyle& style, const PlanMap& map) override {
-        if (!m_tools.canvas.mayShow(inkBox(entity, style, map), 0.0)) {
+        const bool isHidden = std::find(m_hiding.begin(), m_hiding.end(), true) != m_hiding.end();
+        if (isHidden || !m_tools.canvas.mayShow(inkBox(entity, style, map), 0.0)) {
             return;
         }
         if (m_isSheet && showsModel(entity)) {
@@ -79,6 +109,16 @@ public:
         }
         const PlacedEntity place{entity, style, map};
         std::visit([&](const auto& geometry) { draw(geometry, place, m_tools); }, entity.geometry);
+    }
+
+    void beginClip(const WalkClip& clip) override {
+        const std::vector<Vec2> border = m_tools.canvas.visiblePart(clip.border);
+        m_hiding.push_back(!clip.inverted && border.size() < 3);
+        m_tools.clips.push(border, clip.inverted ? ClipStack::Keeps::outside : ClipStack::Keeps::inside);
+    }
+    void endClip() override {
+        m_hiding.pop_back();
+        m_tools.clips.pop();
     }
 
     /// Draws entities, carried on by `map`.
@@ -121,25 +161,24 @@ private:
         target.toDevice =
             target.toDevice.after(Affine2::scaling(scale, scale)); // for lengths alone: views may be askew
         target.limits.push_back(boxOfPoints(border));
-        target.border = border;
-        HT_Renderer& renderer = m_tools.surface.renderer;
-        renderer.SetClipRgn(visibleRegion(target).get());
+        m_tools.clips.push(border, ClipStack::Keeps::inside);
         const auto lineTypeUnits =
             m_tools.drawing.paperLineTypes ? std::optional<double>(m_tools.lineTypeUnits()) : std::nullopt;
         PlotTools tools(m_tools.drawing, target, m_tools.options, m_tools.typesetter, m_tools.pictures.store(),
-                        m_tools.surface, lineTypeUnits);
+                        m_tools.surface, m_tools.clips, lineTypeUnits);
         tools.patternDashesLeft = m_tools.patternDashesLeft;
         EntityPlotter plotter(tools, false);
         plotter.run(m_tools.drawing.modelSpace, view, viewport.frozenLayers, report.visitsInBlocks, {});
         m_tools.patternDashesLeft = tools.patternDashesLeft;
         report.add(plotter.report);
         ++report.viewports;
-        renderer.SetClipRgn(visibleRegion(m_tools.target).get());
+        m_tools.clips.pop();
         m_tools.pens.forget();
     }
 
     PlotTools& m_tools;
     bool m_isSheet;
+    std::vector<bool> m_hiding; ///< for each clip that the walk is in, whether it leaves nothing of the page
 };
 
 } // namespace
@@ -171,9 +210,9 @@ Box2 DrawingPlot::extents(const std::vector<Entity>& entities, ExtentsReport* re
 
 PlotReport DrawingPlot::draw(const std::vector<Entity>& entities, const PlotTarget& target, const PlotSurface& surface,
                              const Progress& progress) const {
-    surface.renderer.SetClipRgn(visibleRegion(target).get());
+    ClipStack clips(surface.renderer, target);
     PictureStore pictures(m_drawing);
-    PlotTools tools(m_drawing, target, m_style, m_texts, pictures, surface);
+    PlotTools tools(m_drawing, target, m_style, m_texts, pictures, surface, clips);
     EntityPlotter plotter(tools, &entities != &m_drawing.modelSpace);
     plotter.run(entities, PlanMap(target.toDevice), {}, 0, progress);
     plotter.report.missingPictures = pictures.missing();

@@ -45,6 +45,7 @@ void WalkReport::add(const WalkReport& other) {
     tooDeep = tooDeep || other.tooDeep;
     visitsInBlocks += other.visitsInBlocks;
     undefined.insert(other.undefined.begin(), other.undefined.end());
+    uncut.insert(other.uncut.begin(), other.uncut.end());
     external.insert(other.external.begin(), other.external.end());
 }
 
@@ -129,9 +130,41 @@ void EntityWalk::visitReference(const Entity& entity, const EntityStyle& style, 
     }
     m_open[insert.block] = 1;
     ++m_depth;
-    visitCopies(block, style, CopyGrid(insert, block.basePoint, mapOf(entity, map)), stretch);
+    const CopyGrid grid(insert, block.basePoint, mapOf(entity, map));
+    const std::optional<WalkClip> clip = clipOf(insert, grid.first);
+    if (clip) {
+        m_visitor->beginClip(*clip);
+    }
+    visitCopies(block, style, grid, stretch);
+    if (clip) {
+        m_visitor->endClip();
+    }
     --m_depth;
     m_open[insert.block] = 0;
+}
+
+/// The clip of a reference whose block is placed by `map`; nothing where it has none, or one that does not cut straight
+/// through the plane of the walk.
+std::optional<WalkClip> EntityWalk::clipOf(const Insert& insert, const PlanMap& map) {
+    constexpr double mostSlant = 1e-6;
+    if (insert.clip >= m_drawing.clips.size()) {
+        return std::nullopt;
+    }
+    const ReferenceClip& stated = m_drawing.clips[insert.clip];
+    const bool isSlanted = !stated.border.empty() && map.mapDirection(stated.depth).length() >
+                                                         mostSlant * map.meanScale() * stated.depth.length();
+    if (stated.slices || isSlanted) {
+        m_report.uncut.insert(&insert);
+    }
+    if (stated.border.empty() || isSlanted) {
+        return std::nullopt;
+    }
+    WalkClip clip;
+    clip.inverted = stated.inverted;
+    for (const Vec3& corner : stated.border) {
+        clip.border.push_back(map.mapPoint(corner));
+    }
+    return clip;
 }
 
 void EntityWalk::visitCopies(const Block& block, const EntityStyle& reference, const CopyGrid& grid,

@@ -15,12 +15,22 @@
 
 namespace kelplot {
 
+/// A border that cuts what a reference shows, in the coordinates of a walk.
+struct WalkClip {
+    std::vector<Vec2> border;
+    bool inverted = false; ///< what lies within the border is left out
+};
+
 /// Receives the entities of a walk, but never a reference to a block.
 class EntityVisitor {
 public:
     virtual ~EntityVisitor() = default;
     /// @param map  from the entity's own coordinates to those of the walk
     virtual void visit(const Entity& entity, const EntityStyle& style, const PlanMap& map) = 0;
+
+    /// Everything up to the end of this clip is cut by it.
+    virtual void beginClip(const WalkClip&) {}
+    virtual void endClip() {}
 };
 
 /// Which copies of a block in rows and columns a walk visits. The corner ones bound all.
@@ -54,6 +64,7 @@ struct WalkReport {
     bool tooManyCopies = false;
     bool tooDeep = false;
     std::set<const Insert*> undefined; ///< references to blocks that the drawing does not define
+    std::set<const Insert*> uncut;     ///< references that show more than their clips leave
     std::set<uint32_t> external;       ///< blocks that stand for other drawings, which are not read
 
     size_t visitsInBlocks = 0; ///< of entities and rows of copies
@@ -82,6 +93,7 @@ private:
     void tell(const Stretch& stretch);
     void visit(const Entity& entity, const EntityStyle& style, const PlanMap& map, const Stretch& stretch);
     void visitReference(const Entity& entity, const EntityStyle& style, const PlanMap& map, const Stretch& stretch);
+    std::optional<WalkClip> clipOf(const Insert& insert, const PlanMap& map);
     void visitCopies(const Block& block, const EntityStyle& reference, const CopyGrid& grid, const Stretch& stretch);
     void visitCopy(const Block& block, const EntityStyle& reference, const PlanMap& map, const Stretch& stretch);
     std::optional<Box2> inkOfFirst(const Block& block, const EntityStyle& reference, const CopyGrid& grid,

@@ -33,21 +33,17 @@ constexpr Count counts[] = {
     {"LTYPE", 73, 1, "dashes"},
 };
 
-/// A code of two digits, a value of one, and the ends of both lines.
-constexpr std::uintmax_t smallestGroup = 5;
-
 } // namespace
 
-void checkCount(std::string_view type, const Group& group, std::uintmax_t remaining) {
+void checkCount(std::string_view type, const Group& group, std::uintmax_t groupsLeft) {
     for (const Count& count : counts) {
         if (count.code != group.code || count.type != type) {
             continue;
         }
         const int announced = toInteger(group.value);
-        if (announced > 0 &&
-            static_cast<std::uintmax_t>(announced) > remaining / (smallestGroup * count.groupsPerItem)) {
-            throw DrawingFault(group.line + 1, std::string(type) + " announces " + std::to_string(announced) + " " +
-                                                   std::string(count.items) + ", more than the file holds");
+        if (announced > 0 && static_cast<std::uintmax_t>(announced) > groupsLeft / count.groupsPerItem) {
+            throw DrawingFault(group.place, std::string(type) + " announces " + std::to_string(announced) + " " +
+                                                std::string(count.items) + ", more than the file holds");
         }
         return;
     }

@@ -4,13 +4,13 @@
 #include <cstdint>
 #include <string_view>
 
-#include "reader/GroupReader.h"
+#include "reader/GroupSource.h"
 
 namespace kelplot {
 
 /// Throws `DrawingFault` where `group`, in a record of `type`, announces more items than the
-/// `remaining` bytes of the file can hold. A count that is wrong by less does no harm: records are
+/// `groupsLeft` of the file can state. A count that is wrong by less does no harm: records are
 /// built from the items that come.
-void checkCount(std::string_view type, const Group& group, std::uintmax_t remaining);
+void checkCount(std::string_view type, const Group& group, std::uintmax_t groupsLeft);
 
 } // namespace kelplot

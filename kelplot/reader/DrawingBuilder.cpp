@@ -10,6 +10,8 @@
 #include "base/Angles.h"
 #include "geometry/PlanMap.h"
 #include "reader/RecordHeader.h"
+#include "reader/object/DrawOrder.h"
+#include "reader/object/ReferenceClips.h"
 
 namespace kelplot {
 
@@ -264,6 +266,7 @@ Entity* DrawingBuilder::append(const RecordHeader& header, Geometry&& geometry) 
     entity.attributes = header.attributes;
     entity.attributes.colour = header.colour();
     entity.geometry = std::move(geometry);
+    entity.handle = header.handle;
     return &entity;
 }
 
@@ -295,6 +298,14 @@ Entity& DrawingBuilder::entityAt(const SheetEntity& place) {
                                   : m_drawing.blocks[place.block].entities[place.index];
 }
 
+void DrawingBuilder::addReference(const RecordHeader& header, Insert&& reference) {
+    if (header.extensionDictionary != 0) {
+        reference.clip = static_cast<uint32_t>(m_clipDictionaries.size());
+        m_clipDictionaries.push_back(header.extensionDictionary);
+    }
+    add(header, std::move(reference));
+}
+
 void DrawingBuilder::addViewport(const RecordHeader& header, Viewport&& viewport, uint64_t clipHandle) {
     const auto place = nextOnSheet(header.inPaperSpace);
     if (place && clipHandle != 0) {
@@ -313,8 +324,33 @@ void DrawingBuilder::resolveClips() {
     }
 }
 
+std::vector<Entity>* DrawingBuilder::entitiesOf(const std::string& block) {
+    if (isModelSpace(block)) {
+        return &m_drawing.modelSpace;
+    }
+    if (isPaperSpace(block)) {
+        return &m_drawing.paperSpace;
+    }
+    std::string newName;
+    const NameTable::Found found = m_blocks.find(block, m_decoder, newName);
+    return found.added ? nullptr : &m_drawing.blocks[found.index].entities;
+}
+
+/// Puts entities into the order of their handles, or those that the drawing gives them for this.
+void DrawingBuilder::orderEntities() {
+    for (const DrawOrder& order : m_objects.drawOrders) {
+        if (std::vector<Entity>* const entities = entitiesOf(order.block)) {
+            sortByHandles(*entities, order.handles);
+        }
+    }
+}
+
 Drawing DrawingBuilder::take() {
     resolveClips();
+    orderEntities();
+    for (const uint64_t dictionary : m_clipDictionaries) {
+        m_drawing.clips.push_back(clipOf(dictionary, m_objects));
+    }
     std::stable_sort(m_drawing.layouts.begin(), m_drawing.layouts.end(),
                      [](const Layout& a, const Layout& b) { return a.order < b.order; });
     m_drawing.unknownCodePage = m_decoder.unknownCodePage();

@@ -11,6 +11,7 @@
 
 #include "drawing/Drawing.h"
 #include "reader/TextEncoding.h"
+#include "reader/object/DrawingObjects.h"
 
 namespace kelplot {
 
@@ -60,6 +61,10 @@ public:
     void namePlotStyle(uint64_t handle, std::string_view name);
     /// Keeps the handle of a layer.
     void nameLayer(uint64_t handle, uint32_t layer) { m_layerHandles.insert(handle, layer); }
+    /// Keeps the handle of a line type.
+    void nameLineType(uint64_t handle, uint32_t lineType) { m_lineTypeHandles.insert(handle, lineType); }
+    /// Keeps the handle of the dictionary that lists what programs know of a layer.
+    void extendLayer(uint32_t layer, uint64_t dictionary) { m_layerExtensions.push_back({layer, dictionary}); }
     /// The layer that has this handle.
     std::optional<uint32_t> layerOf(uint64_t handle) const;
     /// Tells what a block's name, as the file writes it, means.
@@ -96,9 +101,14 @@ public:
 
     /// Adds an entity that cannot be plotted, named by what it is.
     void addUnplotted(const RecordHeader& header, std::string_view kind);
+    /// Adds a reference to a block, which a border may cut.
+    void addReference(const RecordHeader& header, Insert&& reference);
 
     /// Adds a viewport, its border being the entity of a handle; 0: its rectangle.
     void addViewport(const RecordHeader& header, Viewport&& viewport, uint64_t clipHandle);
+
+    /// What the drawing states apart from its entities and tables.
+    DrawingObjects& objects() { return m_objects; }
 
     /// Hands over the finished drawing.
     Drawing take();
@@ -116,6 +126,11 @@ private:
         uint64_t border;
     };
 
+    struct LayerExtension {
+        uint32_t layer;
+        uint64_t dictionary;
+    };
+
     template <typename Item>
     uint32_t numbered(NameTable& names, std::string_view name, std::vector<Item>& items);
     std::vector<Entity>* destinationFor(bool inPaperSpace);
@@ -123,6 +138,8 @@ private:
     void forgetSheet(uint32_t block);
     Entity& entityAt(const SheetEntity& place);
     void resolveClips();
+    void orderEntities();
+    std::vector<Entity>* entitiesOf(const std::string& block);
     Entity* append(const RecordHeader& header, Geometry&& geometry);
 
     Drawing m_drawing;
@@ -141,6 +158,10 @@ private:
     QHash<uint64_t, PlotStyleIndex> m_plotStyles; ///< by their handles
     QHash<uint64_t, SheetEntity> m_sheetEntities; ///< by their handles
     std::vector<PendingClip> m_pendingClips;
+    QHash<uint64_t, uint32_t> m_lineTypeHandles;
+    std::vector<LayerExtension> m_layerExtensions;
+    DrawingObjects m_objects;
+    std::vector<uint64_t> m_clipDictionaries; ///< one for each of Drawing::clips
 };
 
 } // namespace kelplot

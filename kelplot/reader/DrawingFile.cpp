@@ -7,26 +7,21 @@
 #include <string_view>
 #include <system_error>
 
+#include "reader/BinaryGroupReader.h"
 #include "reader/DrawingReader.h"
 
 namespace kelplot {
 
 namespace {
 
-using namespace std::string_view_literals;
-
 /// What other files begin with, and what to tell of them.
 constexpr struct {
-    size_t offset;
     std::string_view mark;
     std::string_view told;
 } otherFiles[] = {
-    {7, " Binary DXF\r\n\x1A\0"sv, "binary drawings cannot be read; save it as text"},
-    {0, "\x1F\x8B", "is compressed by gzip; unpack it first"},
-    {0, "PK\x03\x04", "is a ZIP archive; unpack it first"},
-    {0, "%PDF-", "is a PDF document, not a drawing"},
-    {0, "\x89PNG\r\n", "is a PNG picture, not a drawing"},
-    {0, "\xFF\xD8\xFF", "is a JPEG picture, not a drawing"},
+    {"\x1F\x8B", "is compressed by gzip; unpack it first"}, {"PK\x03\x04", "is a ZIP archive; unpack it first"},
+    {"%PDF-", "is a PDF document, not a drawing"},          {"\x89PNG\r\n", "is a PNG picture, not a drawing"},
+    {"\xFF\xD8\xFF", "is a JPEG picture, not a drawing"},
 };
 
 /// DWG drawings begin with the number of their format.
@@ -51,10 +46,10 @@ std::string beginningOf(std::istream& stream) {
     return read;
 }
 
-/// What a file that begins so is, where it is no drawing as text; empty for all others.
+/// What a file that begins so is, where it is no drawing that can be read; empty for all others.
 std::string otherKind(std::string_view beginning) {
     for (const auto& kind : otherFiles) {
-        if (beginning.size() > kind.offset && beginning.compare(kind.offset, kind.mark.size(), kind.mark) == 0) {
+        if (beginning.compare(0, kind.mark.size(), kind.mark) == 0) {
             return std::string(kind.told);
         }
     }
@@ -93,7 +88,9 @@ DrawingFile openDrawingFile(const std::string& path) {
     if (file.size == 0) {
         refuse(ReadError::Reason::notADrawing, path, "the file is empty");
     }
-    if (const std::string kind = otherKind(beginningOf(file.stream)); !kind.empty()) {
+    const std::string beginning = beginningOf(file.stream);
+    file.isBinary = isBinaryDrawing(beginning);
+    if (const std::string kind = otherKind(beginning); !kind.empty()) {
         refuse(ReadError::Reason::notADrawing, path, kind);
     }
     return file;

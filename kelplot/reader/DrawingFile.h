@@ -11,10 +11,11 @@ namespace kelplot {
 struct DrawingFile {
     std::ifstream stream; ///< at the first byte
     std::uintmax_t size = 0;
+    bool isBinary = false; ///< else it is in text form
 };
 
 /// Opens `path`, or throws `ReadError`: `cannotOpen` where there is no readable regular file, and
-/// `notADrawing` where the file is empty or a binary drawing.
+/// `notADrawing` where the file is empty or of another known kind.
 DrawingFile openDrawingFile(const std::string& path);
 
 } // namespace kelplot

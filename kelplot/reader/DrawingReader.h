@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include <cstddef>
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 
@@ -29,12 +29,21 @@ public:
     virtual Drawing read(const std::string& path, const Progress& progress) = 0;
 };
 
+/// A place in a file, for a message.
+struct FilePlace {
+    enum class Unit { line, byte };
+
+    Unit unit = Unit::line;
+    std::uintmax_t number = 0; ///< of the line, from 1, or of bytes before it
+
+    std::string text() const { return (unit == Unit::line ? "line " : "byte ") + std::to_string(number); }
+};
+
 /// What is wrong with a drawing's content; the reader adds the file's name.
 class DrawingFault : public std::runtime_error {
 public:
     explicit DrawingFault(const std::string& text) : std::runtime_error(text) {}
-    DrawingFault(size_t line, const std::string& text)
-        : std::runtime_error("line " + std::to_string(line) + ": " + text) {}
+    DrawingFault(const FilePlace& place, const std::string& text) : std::runtime_error(place.text() + ": " + text) {}
 };
 
 } // namespace kelplot

@@ -6,10 +6,13 @@
 #include <QFile>
 #include <QFileInfo>
 #include <istream>
+#include <memory>
 
+#include "reader/BinaryGroupReader.h"
 #include "reader/DrawingFile.h"
 #include "reader/DrawingReader.h"
 #include "reader/GroupFilter.h"
+#include "reader/TextGroupReader.h"
 
 namespace kelplot {
 
@@ -24,11 +27,18 @@ void checkWhole(const RecordRouter& router) {
     }
 }
 
+std::unique_ptr<GroupSource> groupsOf(DrawingFile& file, const Progress& progress) {
+    if (file.isBinary) {
+        return std::make_unique<BinaryGroupReader>(file.stream, file.size, progress);
+    }
+    return std::make_unique<TextGroupReader>(file.stream, file.size, progress);
+}
+
 Drawing readGroups(DrawingFile& file, const Progress& progress) {
-    GroupReader groups(file.stream, file.size, progress);
+    const std::unique_ptr<GroupSource> groups = groupsOf(file, progress);
     DrawingBuilder builder;
     RecordRouter router(builder);
-    GroupFilter filter(groups, router);
+    GroupFilter filter(*groups, router);
     std::istream input(&filter);
     DL_Dxf().in(input, &router.libraryRecords());
     filter.rethrowFailure();

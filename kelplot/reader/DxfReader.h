@@ -5,7 +5,7 @@
 
 namespace kelplot {
 
-/// Reads drawings in the text form of DXF.
+/// Reads DXF drawings, in text or in binary form.
 class DxfReader : public DrawingReader {
 public:
     Drawing read(const std::string& path, const Progress& progress) override;

@@ -39,7 +39,7 @@ GroupFilter::int_type GroupFilter::underflow() {
 bool GroupFilter::fill() {
     Group group;
     while (!m_router.sawEnd() && m_groups.next(group)) {
-        if (m_router.take(group, m_groups.remaining())) {
+        if (m_router.take(group, m_groups.mostGroupsLeft())) {
             write(group);
             return true;
         }

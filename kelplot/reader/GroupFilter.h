@@ -5,7 +5,7 @@
 #include <streambuf>
 #include <string>
 
-#include "reader/GroupReader.h"
+#include "reader/GroupSource.h"
 #include "reader/RecordRouter.h"
 
 namespace kelplot {
@@ -14,7 +14,7 @@ namespace kelplot {
 /// the router leaves to it.
 class GroupFilter : public std::streambuf {
 public:
-    GroupFilter(GroupReader& groups, RecordRouter& router) : m_groups(groups), m_router(router) {}
+    GroupFilter(GroupSource& groups, RecordRouter& router) : m_groups(groups), m_router(router) {}
 
     /// Throws what went wrong while the library was reading; all it saw was the end of its input.
     void rethrowFailure() const;
@@ -26,7 +26,7 @@ private:
     bool fill();
     void write(const Group& group);
 
-    GroupReader& m_groups;
+    GroupSource& m_groups;
     RecordRouter& m_router;
     std::string m_text; ///< the group that the library is reading
     std::exception_ptr m_failure;

@@ -101,6 +101,9 @@ void LibraryRecords::setVariableDouble(const std::string& key, double value, int
 void LibraryRecords::addLayer(const DL_LayerData& data) {
     const uint32_t index = m_builder.layer(trimmed(data.name));
     m_builder.nameLayer(m_header.handle, index);
+    if (m_header.extensionDictionary != 0) {
+        m_builder.extendLayer(index, m_header.extensionDictionary);
+    }
     Layer& layer = m_builder.drawing().layers[index];
     const Colour colour = m_header.colour();
     const bool coloured = colour.kind == Colour::Kind::index || colour.kind == Colour::Kind::trueColour;
@@ -122,6 +125,7 @@ void LibraryRecords::addLinetype(const DL_LinetypeData& data) {
     if (index >= m_builder.drawing().lineTypes.size()) {
         return;
     }
+    m_builder.nameLineType(m_header.handle, index);
     // A pattern without length would never advance along a line.
     const bool advances = std::any_of(m_dashes.begin(), m_dashes.end(), [](double dash) { return dash != 0.0; });
     m_builder.drawing().lineTypes[index].pattern = advances ? m_dashes : std::vector<double>();
@@ -190,7 +194,7 @@ void LibraryRecords::addInsert(const DL_InsertData& data) {
     insert.rows = std::clamp(data.rows, 1, mostCopies);
     insert.columnSpacing = saneReal(data.colSp);
     insert.rowSpacing = saneReal(data.rowSp);
-    m_builder.add(m_header, insert);
+    m_builder.addReference(m_header, std::move(insert));
 }
 
 std::array<Vec3, 4> LibraryRecords::cornersOf(const DL_TraceData& data) const {

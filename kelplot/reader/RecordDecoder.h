@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "reader/DrawingBuilder.h"
-#include "reader/GroupReader.h"
+#include "reader/GroupSource.h"
 #include "reader/GroupValue.h"
 #include "reader/RecordHeader.h"
 

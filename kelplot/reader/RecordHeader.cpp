@@ -51,11 +51,24 @@ LineWeight lineWeightOf(int number) {
     return static_cast<LineWeight>(std::min(number, heaviestLine));
 }
 
+void RecordHeader::takeOfObject(const Group& group) {
+    switch (group.code) {
+    case 5: // the first; objects use the code for further handles
+        handle = handle == 0 ? toHandle(group.value) : handle;
+        break;
+    case 102:
+        m_inExtension = trimmed(group.value) == "{ACAD_XDICTIONARY";
+        break;
+    case 360:
+        extensionDictionary = m_inExtension ? toHandle(group.value) : extensionDictionary;
+        break;
+    default:
+        break;
+    }
+}
+
 void RecordHeader::take(const Group& group, DrawingBuilder& builder) {
     switch (group.code) {
-    case 5:
-        handle = toHandle(group.value);
-        break;
     case 6:
         attributes.lineType = builder.lineType(trimmed(group.value));
         break;
@@ -99,6 +112,7 @@ void RecordHeader::take(const Group& group, DrawingBuilder& builder) {
         attributes.opacity = opacityOf(toInteger(group.value));
         break;
     default:
+        takeOfObject(group);
         break;
     }
 }

@@ -3,7 +3,7 @@
 
 #include "drawing/Entity.h"
 #include "reader/DrawingBuilder.h"
-#include "reader/GroupReader.h"
+#include "reader/GroupSource.h"
 
 namespace kelplot {
 
@@ -25,11 +25,18 @@ struct RecordHeader {
     int trueColour = noTrueColour;
     bool inPaperSpace = false;
     uint64_t handle = 0; ///< 0: none
+    uint64_t extensionDictionary = 0;
 
     /// Takes `group` in if it is one of the common ones.
     void take(const Group& group, DrawingBuilder& builder);
 
+    /// Takes `group` in if it is one of those that objects have too.
+    void takeOfObject(const Group& group);
+
     Colour colour() const;
+
+private:
+    bool m_inExtension = false; ///< the groups being read name the extension dictionary
 };
 
 } // namespace kelplot

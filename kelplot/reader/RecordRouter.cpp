@@ -59,7 +59,7 @@ RecordRouter::RecordRouter(DrawingBuilder& builder)
     : m_builder(builder), m_libraryRecords(builder, [this] { beginRecord(); }) {
 }
 
-bool RecordRouter::take(Group& group, std::uintmax_t remaining) {
+bool RecordRouter::take(Group& group, std::uintmax_t groupsLeft) {
     if (group.code == recordCode) {
         return takeRecordStart(group);
     }
@@ -87,7 +87,7 @@ bool RecordRouter::take(Group& group, std::uintmax_t remaining) {
     if (m_reader == Reader::nobody || (m_embedded && forLibrary) || group.code == variableCode) {
         return false;
     }
-    checkCount(m_type, group, remaining);
+    checkCount(m_type, group, groupsLeft);
     if (forLibrary) {
         m_libraryRecords.take(group);
     } else {
@@ -102,7 +102,9 @@ void RecordRouter::takeForDecoder(const Group& group) {
         return;
     }
     // The common codes are those of entities.
-    if (m_section != Section::tables) {
+    if (m_section == Section::objects) {
+        m_header.takeOfObject(group);
+    } else if (m_section != Section::tables) {
         m_header.take(group, m_builder);
     }
     m_decoder->take(group);

@@ -16,9 +16,9 @@ class RecordRouter {
 public:
     explicit RecordRouter(DrawingBuilder& builder);
 
-    /// Routes `group`, after which `remaining` bytes follow in the file. True where the DXF library is to
+    /// Routes `group`, after which at most `groupsLeft` follow in the file. True where the DXF library is to
     /// read the group; its value may then be another than in the file. Throws `DrawingFault`.
-    bool take(Group& group, std::uintmax_t remaining);
+    bool take(Group& group, std::uintmax_t groupsLeft);
 
     /// Whether the mark that ends a drawing has come.
     bool sawEnd() const { return m_sawEnd; }

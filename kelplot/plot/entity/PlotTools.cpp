@@ -19,10 +19,11 @@ double pointSizeOn(const PlotTarget& target, double stated, double unitSize) {
 
 PlotTools::PlotTools(const Drawing& plotted, const PlotTarget& plotTarget, const PlotStyleOptions& plotStyle,
                      const Typesetter& layouts, PictureStore& pictureStore, const PlotSurface& plotSurface,
-                     std::optional<double> lineTypeUnits)
+                     ClipStack& clipStack, std::optional<double> lineTypeUnits)
     : drawing(plotted), target(plotTarget), options(plotStyle), typesetter(layouts), surface(plotSurface),
-      pens(surface.renderer, target.hairlineWidth, target.thinnestDashed), canvas(surface.renderer, target, pens),
-      pictures(pictureStore, target, options.monochrome, surface.renderer, surface.direct),
+      clips(clipStack), pens(surface.renderer, target.hairlineWidth, target.thinnestDashed),
+      canvas(surface.renderer, target, pens),
+      pictures(pictureStore, clips, options.monochrome, surface.renderer, surface.direct),
       texts(layouts, surface.renderer, options.texts == TextMode::fonts ? surface.direct : nullptr),
       m_lineTypeUnits(lineTypeUnits.value_or(PlanMap(target.toDevice).meanScale())),
       m_pointSize(pointSizeOn(target, drawing.pointSize, PlanMap(target.toDevice).meanScale())) {

@@ -25,7 +25,7 @@ public:
     /// @param lineTypeUnits  device units in a unit of line types; none: those in a drawing unit
     PlotTools(const Drawing& plotted, const PlotTarget& plotTarget, const PlotStyleOptions& plotStyle,
               const Typesetter& layouts, PictureStore& pictureStore, const PlotSurface& plotSurface,
-              std::optional<double> lineTypeUnits = std::nullopt);
+              ClipStack& clipStack, std::optional<double> lineTypeUnits = std::nullopt);
 
     /// How the pens plot what has a style.
     const PenRule& ruleFor(const EntityStyle& style) const;
@@ -43,6 +43,7 @@ public:
     const PlotStyleOptions& options;
     const Typesetter& typesetter;
     const PlotSurface surface;
+    ClipStack& clips;
     PenControl pens;
     Canvas canvas;
     PicturePlotter pictures;

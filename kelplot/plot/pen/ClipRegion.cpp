@@ -30,7 +30,7 @@ ClipRegion visibleRegion(const PlotTarget& target) {
     for (const Box2& limit : target.limits) {
         visible = combined(visible, regionOf(limit), HT_RGN_AND);
     }
-    return target.border.empty() ? std::move(visible) : combined(visible, polygonRegion(target.border), HT_RGN_AND);
+    return visible;
 }
 
 } // namespace kelplot

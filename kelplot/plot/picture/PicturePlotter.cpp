@@ -141,14 +141,9 @@ void PicturePlotter::drawClipped(const Image& image, const PlanMap& map, const P
         }
         return;
     }
-    const ClipRegion page = visibleRegion(m_target);
-    const ClipRegion clip = combined(page, clipOf(image, map), HT_RGN_AND);
-    if (!clip) {
-        return;
-    }
-    m_renderer.SetClipRgn(clip.get());
+    m_clips.push(clipOf(image, map), ClipStack::Keeps::inside);
     drawPixels(place, picture);
-    m_renderer.SetClipRgn(page.get());
+    m_clips.pop();
 }
 
 void PicturePlotter::drawPixels(const Place& place, HT_RasterImage& picture) {

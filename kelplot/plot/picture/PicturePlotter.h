@@ -5,7 +5,7 @@
 #include "geometry/PlanMap.h"
 #include "keldriver/Renderer.h"
 #include "page/PlotTarget.h"
-#include "plot/pen/ClipRegion.h"
+#include "plot/pen/ClipStack.h"
 #include "plot/picture/PictureStore.h"
 
 namespace kelplot {
@@ -17,9 +17,8 @@ public:
     ///
     /// @param grey    colours come out as greys
     /// @param direct  what turns pictures; null: those that are turned are left out
-    PicturePlotter(PictureStore& store, const PlotTarget& target, bool grey, HT_Renderer& renderer,
-                   DirectPainter* direct)
-        : m_store(store), m_target(target), m_grey(grey), m_renderer(renderer), m_direct(direct) {}
+    PicturePlotter(PictureStore& store, ClipStack& clips, bool grey, HT_Renderer& renderer, DirectPainter* direct)
+        : m_store(store), m_clips(clips), m_grey(grey), m_renderer(renderer), m_direct(direct) {}
 
     /// Draws a picture. False where its file cannot be loaded.
     bool draw(const Image& image, uint8_t opacity, const PlanMap& map);
@@ -42,7 +41,7 @@ private:
     void drawTurned(const Place& place, HT_RasterImage& picture);
 
     PictureStore& m_store;
-    const PlotTarget& m_target;
+    ClipStack& m_clips;
     bool m_grey;
     HT_Renderer& m_renderer;
     DirectPainter* m_direct;

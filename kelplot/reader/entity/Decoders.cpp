@@ -23,6 +23,7 @@
 #include "reader/entity/TextStyleDecoder.h"
 #include "reader/entity/ViewportDecoder.h"
 #include "reader/mtext/MTextDecoder.h"
+#include "reader/object/ObjectDecoders.h"
 
 namespace kelplot {
 
@@ -43,10 +44,11 @@ Decoder makeForLeaders(const Decoders& above) {
                                            static_cast<const BlockRecords&>(*blocks));
 }
 
-/// The entities of a layout are those of a block.
-Decoder makeForLayouts(const Decoders& above) {
+/// For objects that name a block by the handle of its record.
+template <typename Type>
+Decoder makeWithBlocks(const Decoders& above) {
     const RecordDecoder* const blocks = above.find(RecordPlace::tables, "BLOCK_RECORD");
-    return std::make_unique<LayoutDecoder>(static_cast<const BlockRecords&>(*blocks));
+    return std::make_unique<Type>(static_cast<const BlockRecords&>(*blocks));
 }
 
 struct Row {
@@ -73,8 +75,12 @@ constexpr Row rows[] = {
     {RecordPlace::entities, {"MLINE"}, make<MlineDecoder>},
     {RecordPlace::objects, {"MLINESTYLE"}, make<MlineStyles>},
     {RecordPlace::entities, {"VIEWPORT"}, make<ViewportDecoder>},
-    {RecordPlace::objects, {"LAYOUT"}, makeForLayouts},
+    {RecordPlace::objects, {"LAYOUT"}, makeWithBlocks<LayoutDecoder>},
     {RecordPlace::objects, {"ACDBDICTIONARYWDFLT"}, make<PlotStyleNames>},
+    {RecordPlace::objects, {"DICTIONARY"}, make<DictionaryDecoder>},
+    {RecordPlace::objects, {"SORTENTSTABLE"}, makeWithBlocks<DrawOrderDecoder>},
+    {RecordPlace::objects, {"SPATIAL_FILTER"}, make<SpatialFilterDecoder>},
+    {RecordPlace::objects, {"XRECORD"}, make<DataRecordDecoder>},
     {RecordPlace::objects, {"IMAGEDEF", "RASTERVARIABLES", "WIPEOUTVARIABLES"}, make<ImageObjects>},
 };
 

@@ -156,9 +156,13 @@ Text TextDecoder::build(std::string_view value, DrawingBuilder& builder) const {
     return text;
 }
 
-void TextDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
+void TextDecoder::end(const RecordHeader& stated, DrawingBuilder& builder) {
     if (!isShown(builder)) {
         return;
+    }
+    RecordHeader header = stated;
+    if (m_kind == Kind::attribute) {
+        header.handle = 0; // in the order of entities its place is that of the reference before it
     }
     const bool showsTag = m_kind == Kind::definition && !builder.inBlock();
     if (m_paragraphs.hasText() && !showsTag) {

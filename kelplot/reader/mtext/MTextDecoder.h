@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "reader/DrawingBuilder.h"
-#include "reader/GroupReader.h"
+#include "reader/GroupSource.h"
 #include "reader/RecordDecoder.h"
 
 namespace kelplot {

@@ -90,8 +90,8 @@ std::string text(const Box2& box) {
 }
 
 /// What comes of a drawing, as its case wants to see it: the points that are "covered" and those that are "bare", the
-/// "extents", and else all that is drawn, with its style where the first line has one. Where there are points or
-/// extents to see, and no other line, what is drawn is left open.
+/// "extents", and else all that is drawn, with its style where the first line has one and its clip where the last line
+/// has one. Where there are points or extents to see, and no other line, what is drawn is left open.
 std::vector<std::string> outcomeOf(const Case& given) {
     Settings settings;
     for (const std::string& option : given.options) {
@@ -100,6 +100,7 @@ std::vector<std::string> outcomeOf(const Case& given) {
     const Drawing drawing = readGroups(given.groups());
     const Shapes shapes = shapesOf(drawing, settings.target, settings.style);
     const bool withStyles = !given.expected.empty() && given.expected[0].find(" | ") != std::string::npos;
+    const bool withClips = !given.expected.empty() && given.expected.back().find(" within ") != std::string::npos;
     std::vector<std::string> lines;
     bool onlyChecks = !given.expected.empty();
     for (const std::string& line : given.expected) {
@@ -114,7 +115,8 @@ std::vector<std::string> outcomeOf(const Case& given) {
         }
     }
     for (size_t i = 0; !onlyChecks && i < shapes.size(); ++i) {
-        lines.push_back(shapes[i].text() + (withStyles ? " | " + shapes[i].style : ""));
+        lines.push_back(shapes[i].text() + (withStyles ? " | " + shapes[i].style : "") +
+                        (withClips ? " within " + shapes[i].clip : ""));
     }
     return lines;
 }

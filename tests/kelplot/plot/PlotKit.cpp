@@ -44,6 +44,9 @@ Shape shapeOf(const PlotRecorder::Call& call) {
     const std::string word = between(call.shape, "", " ");
     const QPointF origin = call.transform.map(QPointF());
     Shape shape{word, pen, call.transform.map(call.path), {origin.x(), origin.y()}};
+    if (call.state.find("| clip ") != std::string::npos) {
+        shape.clip = between(call.state, "| clip ", " |");
+    }
     if (word == "path") {
         const bool isArea = pen == "none";
         shape.kind = isArea ? "area" : "arc";

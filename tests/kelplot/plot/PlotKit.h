@@ -16,7 +16,8 @@ struct Shape {
     std::string kind;  ///< "line", "point", "area", "arc", "image", or "text" and the text
     std::string style; ///< of the pen; of the brush for an area
     QPainterPath path;
-    Vec2 origin; ///< where the painter's own origin is at the time; the start of a text
+    Vec2 origin;           ///< where the painter's own origin is at the time; the start of a text
+    std::string clip = {}; ///< what it is cut to
 
     /// Its corners, of a curve enough to follow it.
     std::vector<Vec2> points() const;

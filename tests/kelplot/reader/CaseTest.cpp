@@ -8,9 +8,11 @@
 namespace kelplot {
 namespace {
 
-std::vector<std::string> outcomeOf(const Case& given) {
+const char* const files[] = {"attributes", "entities", "oddities", "tables", "texts"};
+
+std::vector<std::string> outcomeOf(const std::string& text) {
     try {
-        return shown(readGroups(given.groups()));
+        return shown(readText(text));
     } catch (const ReadError& error) {
         const std::string message = error.what();
         return {"refused" + message.substr(message.find(": "))};
@@ -18,8 +20,21 @@ std::vector<std::string> outcomeOf(const Case& given) {
 }
 
 TEST(ReaderCases, AreReadAsExpected) {
-    for (const char* const file : {"attributes", "entities", "oddities", "tables", "texts"}) {
-        expectCases(std::string(CASES) + file + ".cases", outcomeOf);
+    for (const char* const file : files) {
+        expectCases(std::string(CASES) + file + ".cases",
+                    [](const Case& given) { return outcomeOf(linesOf(given.groups())); });
+    }
+}
+
+/// All but those that only text form can state.
+TEST(ReaderCases, AreReadAsExpectedInBinaryForm) {
+    for (const char* const file : files) {
+        for (const BinaryCodes codes : {BinaryCodes::wide, BinaryCodes::narrow}) {
+            expectCases(std::string(CASES) + file + ".cases", [&](const Case& given) {
+                const bool refused = !given.expected.empty() && given.expected[0].rfind("refused", 0) == 0;
+                return refused ? given.expected : outcomeOf(bytesOf(given.groups(), codes));
+            });
+        }
     }
 }
 

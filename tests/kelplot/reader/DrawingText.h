@@ -14,6 +14,11 @@ namespace kelplot {
 /// The lines of a file for such groups.
 std::string linesOf(const std::string& groups);
 
+/// The bytes of a file in binary form for such groups, with the codes of two bytes of newer releases or the shorter
+/// ones of older releases.
+enum class BinaryCodes { wide, narrow };
+std::string bytesOf(const std::string& groups, BinaryCodes codes);
+
 /// The groups of a section of this name around `content`.
 std::string section(const std::string& name, const std::string& content);
 

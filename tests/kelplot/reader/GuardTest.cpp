@@ -38,7 +38,6 @@ TEST(Refused, WhatIsNoDrawing) {
         const char* message; ///< a part of it
     } rows[] = {
         {"empty", "", "empty"},
-        {"binary", "Program Binary DXF\r\n\x1A\0\0\0SECTION"s, "binary"},
         {"prose", "Dear all,\nthe meeting is at 3.\n", "line 1: 'Dear all,' is not a group"},
         {"other bytes", "\x89PNG\r\n\x1A\n\0\0\0"s, "a PNG picture"},
         {"no line end", std::string(1u << 20, '7'), "too long"},
@@ -48,6 +47,12 @@ TEST(Refused, WhatIsNoDrawing) {
         {"amid a section", whole.substr(0, 40), "truncated"},
         {"amid the end mark", unended + "0\nEO", "truncated"},
         {"end mark without its value", unended + "0\n", "truncated"},
+        {"nothing but the mark of binary drawings", "Program Binary DXF\r\n\x1A\0"s, "no sections"},
+        {"binary, with a code of no known kind", bytesOf(section("ENTITIES", line + "85=1"), BinaryCodes::wide),
+         "byte 90: 85 is not a group code"},
+        {"binary, with too high a count", bytesOf(drawingOf("0=LWPOLYLINE 90=10"), BinaryCodes::narrow),
+         "byte 54: LWPOLYLINE announces 10 vertices"},
+        {"binary, with an endless text", bytesOf("0=" + std::string(1u << 20, 'x'), BinaryCodes::wide), "too long"},
     };
     const TemporaryDirectory directory;
     for (const auto& row : rows) {
@@ -55,6 +60,29 @@ TEST(Refused, WhatIsNoDrawing) {
         const std::string path = directory.write("refused.dxf", row.text);
         expectRefusal(path, ReadError::Reason::notADrawing, row.message);
     }
+}
+
+TEST(Refused, BinaryDrawingsThatAreCutOff) {
+    const TemporaryDirectory directory;
+    for (const BinaryCodes codes : {BinaryCodes::wide, BinaryCodes::narrow}) {
+        const std::string whole = bytesOf(drawingOf(line + "1071=5 310=FFFF"), codes);
+        for (size_t size = 30; size < whole.size(); ++size) {
+            const std::string path = directory.write("cut.dxf", whole.substr(0, size));
+            expectRefusal(path, ReadError::Reason::notADrawing, size < 49 ? "" : "truncated");
+        }
+    }
+}
+
+TEST(Tolerated, AnyNumberInBinaryForm) {
+    const std::string whole =
+        bytesOf(drawingOf("0=LINE 10=1e-300 20=0.1 30=nan 11=-1.7976931348623157e308 1=a\\x0Ab"), BinaryCodes::wide);
+    const Drawing drawing = readText(whole);
+    ASSERT_EQ(drawing.modelSpace.size(), 1u);
+    const auto& read = std::get<Line>(drawing.modelSpace[0].geometry);
+    EXPECT_EQ(read.start.x, 1e-300);
+    EXPECT_EQ(read.start.y, 0.1);
+    EXPECT_EQ(read.start.z, 0.0);
+    EXPECT_EQ(read.end.x, 0.0);
 }
 
 TEST(Refused, WhatCannotBeOpened) {
