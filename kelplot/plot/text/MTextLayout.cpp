@@ -51,7 +51,8 @@ private:
 };
 
 double ColumnFiller::spacing() const {
-    return lineDistanceOf(*m_text);
+    constexpr double usual = 5.0 / 3.0; // heights of a capital letter
+    return usual * relativeSpacingOf(*m_text);
 }
 
 double ColumnFiller::baseLineFor(const ParagraphLine& line) const {

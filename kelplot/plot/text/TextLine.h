@@ -35,7 +35,7 @@ double widthOf(const QString& text, const TextLook& look, FontSet& fonts);
 QStringList graphemesOf(const QString& text);
 
 /// From a character to the one below it, in heights of a capital letter.
-constexpr double uprightStep = 1.5;
+constexpr double uprightStep = 26.0 / 21.0;
 
 /// The characters one below the other, centred on the origin and down from it. `width` stays 0.
 TextLine uprightLineOf(const QString& text, const TextLook& look, FontSet& fonts);

@@ -18,10 +18,9 @@ inline Attachment attachmentOf(const MText& text) {
     return {index % 3, index / 3};
 }
 
-/// From line to line, in heights of a capital letter.
-inline double lineDistanceOf(const MText& text) {
-    constexpr double usual = 5.0 / 3.0;
-    return usual * (text.lineSpacing > 0.0 && std::isfinite(text.lineSpacing) ? text.lineSpacing : 1.0);
+/// The distance from line to line as a part of the usual one.
+inline double relativeSpacingOf(const MText& text) {
+    return text.lineSpacing > 0.0 && std::isfinite(text.lineSpacing) ? text.lineSpacing : 1.0;
 }
 
 } // namespace kelplot

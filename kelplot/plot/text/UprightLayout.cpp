@@ -12,6 +12,7 @@ namespace kelplot {
 namespace {
 
 constexpr int tabCells = 4;
+constexpr double columnDistance = 4.0 / 3.0; ///< in heights of a capital letter
 
 /// What stands on a line of its own.
 struct Cell {
@@ -23,6 +24,7 @@ struct Cell {
 struct Column {
     TextBlock block; ///< down from its upper edge, about its middle
     double length = 0.0;
+    double width = 0.0;  ///< of its widest letter
     double height = 0.0; ///< of its highest letter
 };
 
@@ -44,7 +46,7 @@ std::vector<Cell> cellsOf(const TextPiece& piece, const ParagraphFrame& frame) {
 
 /// Adds the columns of a paragraph: one at least.
 void addColumns(const Paragraph& paragraph, const ParagraphFrame& frame, std::vector<Column>& columns) {
-    columns.push_back({{}, 0.0, paragraph.format.height});
+    columns.push_back({{}, 0.0, 0.0, paragraph.format.height});
     double y = 0.0;
     for (const TextPiece& piece : paragraph.pieces) {
         for (const Cell& cell : cellsOf(piece, frame)) {
@@ -55,6 +57,7 @@ void addColumns(const Paragraph& paragraph, const ParagraphFrame& frame, std::ve
             Column& column = columns.back();
             column.block.add(cell.line.block, {-cell.line.width / 2.0, -y - cell.height});
             column.length = y + cell.height;
+            column.width = std::max(column.width, cell.line.block.ink.width());
             column.height = std::max(column.height, cell.height);
             y += cell.step;
         }
@@ -68,20 +71,22 @@ void placeUpright(const MText& text, const ParagraphFrame& frame, PlacedText& pl
     for (const Paragraph& paragraph : text.paragraphs) {
         addColumns(paragraph, frame, columns);
     }
-    double width = 0.0, length = frame.width;
+    std::vector<double> middles; // of the columns, from the left edge
+    double length = frame.width;
     for (const Column& column : columns) {
-        width += (&column == &columns.back() ? 1.0 : lineDistanceOf(text)) * column.height;
+        const double distance = columnDistance * column.height * relativeSpacingOf(text);
+        middles.push_back(middles.empty() ? column.width / 2.0 : middles.back() + distance);
         length = std::max(length, column.length);
     }
+    const double width = columns.empty() ? 0.0 : middles.back() + columns.back().width / 2.0;
     const Attachment attachment = attachmentOf(text);
+    const double left = -attachment.across / 2.0 * width;
     const double top = attachment.down / 2.0 * length;
-    double right = width - attachment.across / 2.0 * width;
-    placed.frame.add(Vec2{right - width, top - length});
-    placed.frame.add(Vec2{right, top});
-    for (const Column& column : columns) {
-        const double start = attachment.down / 2.0 * (length - column.length);
-        placed.block.add(column.block, {right - column.height / 2.0, top - start});
-        right -= lineDistanceOf(text) * column.height;
+    placed.frame.add(Vec2{left, top - length});
+    placed.frame.add(Vec2{left + width, top});
+    for (size_t i = 0; i < columns.size(); ++i) {
+        const double start = attachment.down / 2.0 * (length - columns[i].length);
+        placed.block.add(columns[i].block, {left + middles[i], top - start});
     }
     placed.frame.add(placed.block.ink);
 }

@@ -5,7 +5,7 @@
 
 namespace kelplot {
 
-/// Lays out a text of paragraphs whose characters stand one below the other, in columns from right to left, about the
+/// Lays out a text of paragraphs whose characters stand one below the other, in columns from left to right, about the
 /// point that it hangs on. Its width is the length of a column.
 void placeUpright(const MText& text, const ParagraphFrame& frame, PlacedText& placed);
 

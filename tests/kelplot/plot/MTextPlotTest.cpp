@@ -94,21 +94,22 @@ TEST(MTextPlot, FontsThatStandForOthersAreSetNarrowerBeforeTheyBreakALine) {
     }
 }
 
-TEST(MTextPlot, VerticalTextRunsDownInColumnsFromTheRight) {
+TEST(MTextPlot, VerticalTextRunsDownInColumns) {
+    const double half = shapesFor("H").at(0).path.boundingRect().width() / 20.0,
+                 step = 3.0 * 26.0 / 21.0; // of letters 3 high; columns are 4 apart
     const struct {
         const char* groups;
         std::vector<std::pair<double, double>> letters; ///< middle and base line of each, from (50, 50)
     } cases[] = {
-        // Letters are 3 high and 4.5 apart, columns 5.
-        {"", {{6.5, 3.0}, {6.5, 7.5}, {1.5, 3.0}}},
-        {"71=5", {{2.5, -0.75}, {2.5, 3.75}, {-2.5, 1.5}}},
-        {"71=3 41=4", {{-1.5, 3.0}, {-6.5, 3.0}, {-11.5, 3.0}}},
+        {"", {{half, 3.0}, {half, 3.0 + step}, {half + 4.0, 3.0}}},
+        {"71=5", {{-2.0, 1.5 - step / 2.0}, {-2.0, 1.5 + step / 2.0}, {2.0, 1.5}}},
+        {"71=3 41=4 44=2", {{-half - 16.0, 3.0}, {-half - 8.0, 3.0}, {-half, 3.0}}},
     };
     for (const auto& row : cases) {
         const Shapes runs = shapesFor("HH\\PH", std::string("72=3 ") + row.groups);
         ASSERT_EQ(runs.size(), row.letters.size()) << row.groups;
         for (size_t i = 0; i < runs.size(); ++i) {
-            EXPECT_NEAR(runs[i].path.boundingRect().center().x() / 10.0 - 50.0, row.letters[i].first, 0.3)
+            EXPECT_NEAR(runs[i].path.boundingRect().center().x() / 10.0 - 50.0, row.letters[i].first, 0.2)
                 << row.groups;
             EXPECT_NEAR(runs[i].origin.y / 10.0 - 50.0, row.letters[i].second, 1e-3) << row.groups;
         }

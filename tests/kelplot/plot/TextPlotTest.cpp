@@ -77,15 +77,15 @@ TEST(Text, StandsWhereItIsToAndAsLargeAsItIsTo) {
 }
 
 TEST(Text, OfAVerticalStyleRunsDown) {
-    const std::pair<const char*, double> tops[] = {{"72=0", 50.0}, {"72=1", 70.0}, {"72=4", 70.0}, {"72=2", 90.0}};
+    const std::pair<const char*, double> tops[] = {{"72=0", 50.0}, {"72=1", 67.4}, {"72=4", 67.4}, {"72=2", 84.8}};
     for (const auto& [groups, top] : tops) {
         const Box2 ink = inkOf(textOf(groups, "3=no-such-font.shx 70=4"));
         EXPECT_NEAR(ink.center().x, 50.0, 0.3) << groups;
         EXPECT_LT(ink.width(), 10.0) << groups;
         EXPECT_NEAR(ink.max.y, top, 0.3) << groups;
-        EXPECT_NEAR(ink.height(), 40.0, 0.3) << groups << ": one and a half heights from letter to letter";
+        EXPECT_NEAR(ink.height(), 10.0 + 2.0 * 10.0 * 26.0 / 21.0, 0.3) << groups;
     }
-    for (const auto& [column, width] : {std::pair("72=5", 8.0), {"72=3", 16.0}}) { // from (50, 50) to (50, -30)
+    for (const auto& [column, width] : {std::pair("72=5", 8.0), {"72=3", 18.0}}) { // from (50, 50) to (50, -30)
         const Box2 ink = inkOf(textOf(std::string(column) + " 21=-30", "3=no-such-font.shx 70=4"));
         EXPECT_NEAR(ink.max.y, 50.0, 0.5) << column;
         EXPECT_NEAR(ink.min.y, -30.0, 0.5) << column;
