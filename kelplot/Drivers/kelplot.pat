@@ -1,6 +1,6 @@
 ; Hatch patterns for drawings that name one without stating its lines. A file of this name in the folder kelplot of your
 ; own settings, and one given with --patterns, goes before this one, pattern by pattern. Lengths are millimetres of a
-; metric drawing, and become inches in one that is not.
+; metric drawing, and become inches in one that is not; after a line ";%UNITS=INCH" they are stated in inches.
 ;
 ; *NAME, what it is
 ; angle, x, y, shift, distance, dashes (gaps negative, dots 0)

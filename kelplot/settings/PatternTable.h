@@ -27,7 +27,8 @@ private:
 /// A pattern is a line "*NAME, what it is", and then a line for each of its families of lines:
 /// "angle, x, y, shift, distance, dash, dash...". The angle is in degrees; x and y are a point where dashes begin; the
 /// next line lies at the distance to the left and is shifted along the lines; dashes are positive, gaps negative, dots
-/// 0. What follows a semicolon is a comment. Throws `SettingsError`, which names the line.
+/// 0. What follows a semicolon is a comment, but ";%UNITS=INCH" and ";%UNITS=MM" state the unit of the lengths that
+/// follow, which are millimetres elsewhere. Throws `SettingsError`, which names the line.
 void addPatterns(const QString& path, PatternTable& table);
 
 } // namespace kelplot

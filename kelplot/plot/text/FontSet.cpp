@@ -155,15 +155,22 @@ FontChoice FontSet::find(const FontName& name, const std::string& bigFontFile) {
     choice.face.bold = name.bold || (rule && rule->bold);
     choice.face.italic = name.italic || (rule && rule->italic);
     choice.symbols = rule && rule->symbols;
-    if (choice.standIn && m_report.replaced.size() < mostReported) {
-        m_report.replaced[QString::fromStdString(name.name)] = choice.face.family;
-    }
+    noteReplaced(name.name, key, choice.face.family);
     if (!bigFontFile.empty()) {
         const QString bigKey = FontTable::keyOf({bigFontFile, true, false, false});
         const FontRule* const bigRule = m_table.find(bigKey);
         choice.bigFont = bigRule ? installedOf(bigRule->standIns).family : installed(bigKey);
+        const QString shown = choice.bigFont.isEmpty() ? firstInstalled(m_table.others()) : choice.bigFont;
+        noteReplaced(bigFontFile, bigKey, shown);
     }
     return choice;
+}
+
+/// Keeps the family that stands for a font of another name.
+void FontSet::noteReplaced(const std::string& font, const QString& key, const QString& family) {
+    if (!key.isEmpty() && family.toLower() != key && m_report.replaced.size() < mostReported) {
+        m_report.replaced[QString::fromStdString(font)] = family;
+    }
 }
 
 const HT_FontMap& FontSet::fallbacks(const QString& bigFont) {

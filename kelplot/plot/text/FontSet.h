@@ -83,6 +83,7 @@ private:
     FontStandIn standInFor(const QString& key, const FontRule* rule);
     const HT_FontMap& fallbacks(const QString& bigFont);
 
+    void noteReplaced(const std::string& font, const QString& key, const QString& family);
     void noteMissing(const FontRun& run);
 
     FontTable m_table;

@@ -217,6 +217,9 @@ TEST(FontSet, FindsFontsByTheTable) {
         EXPECT_EQ(face.italic, row.italic) << row.name.name;
     }
     EXPECT_EQ(fonts.split("a", fonts.choose(cases[0].name, "")).front().widthRatio, 1.5);
+    fonts.choose({"txt", true, false, false}, "big.shx");
+    EXPECT_EQ(fonts.report().replaced.at("big.shx"), last);
+    EXPECT_EQ(fonts.report().replaced.count('@' + first.toLower()), 0U) << "the font itself";
     const auto runs = fonts.split("n5", fonts.choose({"gdt.shx", true, false, false}, ""));
     QString text;
     for (const FontRun& run : runs) {

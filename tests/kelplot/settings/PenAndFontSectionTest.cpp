@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "settings/FontSection.h"
+#include "settings/PatternTable.h"
 #include "settings/PenSection.h"
 #include "settings/SettingsFile.h"
 #include "support/TemporaryDirectory.h"
@@ -46,6 +47,18 @@ TEST(FontSection, TheUsersFontsGoBeforeTheDevices) {
     EXPECT_EQ(rulesOf(table, "gdt"), "D symbols");
     EXPECT_EQ(rulesOf(table, "arial bold"), "E F|G x 1.25 bold italic");
     EXPECT_EQ(rulesOf(table, "txt"), "none");
+}
+
+TEST(PatternFile, StatesTheUnitOfItsLengths) {
+    const TemporaryDirectory directory;
+    PatternTable table;
+    addPatterns(QString::fromStdString(directory.write("own.pat", "*a\n0, 0,0, 0,2\n; %units=inch\n*B, twice\n"
+                                                                  "90, 0,0, 0,2, 1,-0.5\n0, 0,0, 0,1\n")),
+                table);
+    EXPECT_EQ(table.find("A")->front().offset.y, 2.0);
+    ASSERT_EQ(table.find("b")->size(), 2U);
+    EXPECT_NEAR(table.find("b")->front().offset.x, -50.8, 1e-9);
+    EXPECT_EQ(table.find("b")->front().dashes, (std::vector<double>{25.4, -12.7}));
 }
 
 TEST(PenAndFontSections, FaultsAreToldWithFileAndLine) {
