@@ -36,7 +36,9 @@ QString blockNames(const Drawing& drawing, const std::set<const Insert*>& refere
 QString externalPaths(const Drawing& drawing, const WalkReport& report) {
     QStringList paths;
     for (const uint32_t block : report.external) {
-        paths << QString::fromStdString(drawing.blocks[block].externalPath);
+        const Block& missing = drawing.blocks[block];
+        const std::string reason = missing.externalFault.empty() ? "" : " (" + missing.externalFault + ")";
+        paths << QString::fromStdString(missing.externalPath + reason);
     }
     return firstOf(paths);
 }

@@ -30,8 +30,10 @@ struct Block {
     std::string name; ///< UTF-8
     Vec3 basePoint;
     std::vector<Entity> entities;
-    bool defined = true;      ///< false: the drawing only refers to it
-    std::string externalPath; ///< UTF-8; not empty: its content is that of another drawing
+    bool defined = true;       ///< false: the drawing only refers to it
+    std::string externalPath;  ///< UTF-8; not empty: its content is that of another drawing, which was not read
+    std::string externalFault; ///< why not; empty: there is no such file
+    bool overlay = false;      ///< of another drawing, which only shows where this one is not such a drawing itself
 };
 
 /// What a reference shows of its block.
@@ -106,6 +108,7 @@ struct Drawing {
     std::vector<std::string> unplottedKinds;       ///< what `Unplotted` entities are, for a message
     std::string unknownCodePage;                   ///< UTF-8; the code page that it names, if it cannot be decoded
     std::string folder;                            ///< UTF-8, where its file lies
+    Vec3 basePoint;                                ///< for references to it
     bool imageFrames = true;
     bool wipeoutFrames = false;
     double lineTypeScale = 1.0;

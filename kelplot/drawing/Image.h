@@ -11,8 +11,9 @@ namespace kelplot {
 
 /// A picture that a drawing refers to.
 struct ImageDefinition {
-    std::string path; ///< UTF-8, as the drawing states it
-    Vec2 size;        ///< pixels, as the drawing states it
+    std::string path;        ///< UTF-8, as the drawing states it
+    Vec2 size;               ///< pixels, as the drawing states it
+    std::string folder = {}; ///< UTF-8, where the drawing lies that states it; empty: Drawing::folder
 };
 
 /// A placed picture, in world coordinates.

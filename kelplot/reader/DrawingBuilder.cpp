@@ -198,7 +198,7 @@ std::optional<uint32_t> DrawingBuilder::layerOf(uint64_t handle) const {
     return found == m_layerHandles.constEnd() ? std::nullopt : std::optional<uint32_t>(*found);
 }
 
-void DrawingBuilder::beginBlock(std::string_view name, const Vec3& basePoint, std::string_view externalPath) {
+void DrawingBuilder::beginBlock(std::string_view name, const Vec3& basePoint, const ExternalDrawing& external) {
     if (isModelSpace(name)) {
         m_destination = Destination::modelSpace;
         return;
@@ -215,7 +215,8 @@ void DrawingBuilder::beginBlock(std::string_view name, const Vec3& basePoint, st
     defined.basePoint = basePoint;
     defined.entities.clear();
     forgetSheet(m_currentBlock);
-    defined.externalPath = m_decoder.decode(externalPath);
+    defined.externalPath = m_decoder.decode(external.path);
+    defined.overlay = external.overlay;
     defined.defined = true;
     m_destination = Destination::block;
 }

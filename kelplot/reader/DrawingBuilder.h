@@ -37,6 +37,12 @@ private:
 
 struct RecordHeader;
 
+/// Another drawing that a block stands for.
+struct ExternalDrawing {
+    std::string path; ///< as the file writes it; empty: none
+    bool overlay = false;
+};
+
 /// Puts a drawing together from its records, in whatever order the file refers to things and defines
 /// them: what is named before it is defined, or never is, stands in the drawing with default values.
 class DrawingBuilder {
@@ -78,8 +84,8 @@ public:
     /// From here on entities go where block `name` says: into the block, or into the model or paper space, which files
     /// write as blocks too.
     ///
-    /// @param externalPath  as the file writes it; not empty where the block stands for another drawing
-    void beginBlock(std::string_view name, const Vec3& basePoint, std::string_view externalPath = {});
+    /// @param external  what the block stands for, if that is another drawing
+    void beginBlock(std::string_view name, const Vec3& basePoint, const ExternalDrawing& external = {});
     /// As `beginBlock`, for a block without a name: nothing can refer to it, so its content is dropped.
     void beginNamelessBlock();
     void endBlock();

@@ -13,6 +13,7 @@
 #include "reader/DrawingReader.h"
 #include "reader/GroupFilter.h"
 #include "reader/TextGroupReader.h"
+#include "reader/external/ExternalDrawings.h"
 
 namespace kelplot {
 
@@ -49,9 +50,8 @@ Drawing readGroups(DrawingFile& file, const Progress& progress) {
     return builder.take();
 }
 
-} // namespace
-
-Drawing DxfReader::read(const std::string& path, const Progress& progress) {
+/// Reads a drawing without those that it refers to.
+Drawing readOne(const std::string& path, const Progress& progress) {
     DrawingFile file = openDrawingFile(path);
     try {
         Drawing drawing = readGroups(file, progress);
@@ -60,6 +60,16 @@ Drawing DxfReader::read(const std::string& path, const Progress& progress) {
     } catch (const DrawingFault& fault) {
         throw ReadError(ReadError::Reason::notADrawing, path + ": " + fault.what());
     }
+}
+
+} // namespace
+
+Drawing DxfReader::read(const std::string& path, const Progress& progress) {
+    Drawing drawing = readOne(path, progress);
+    ExternalDrawings([](const std::string& reference) {
+        return readOne(reference, {});
+    }).resolve(drawing, QFile::decodeName(path.c_str()));
+    return drawing;
 }
 
 } // namespace kelplot

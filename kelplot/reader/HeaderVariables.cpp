@@ -96,6 +96,12 @@ void HeaderVariables::setReal(std::string_view key, double value) {
     }
 }
 
+void HeaderVariables::setPoint(std::string_view key, const Vec3& value) {
+    if (key == "$INSBASE") {
+        m_builder.drawing().basePoint = value;
+    }
+}
+
 void HeaderVariables::applyUnits() {
     m_builder.drawing().millimetresPerUnit = millimetresPerDrawingUnit(m_insertUnits, m_metric);
 }

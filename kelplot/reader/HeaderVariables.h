@@ -20,6 +20,7 @@ public:
 
     void setText(std::string_view key, std::string_view value);
     void setInteger(std::string_view key, int value);
+    void setPoint(std::string_view key, const Vec3& value);
     void setReal(std::string_view key, double value);
 
 private:

@@ -17,6 +17,7 @@ namespace {
 
 constexpr int frozenFlag = 1;
 constexpr int externalFlag = 4;
+constexpr int overlayFlag = 8;
 constexpr int mostCopies = 32767;
 constexpr int lineWeightCode = 370;
 constexpr int flagCode = 290;
@@ -98,6 +99,10 @@ void LibraryRecords::setVariableDouble(const std::string& key, double value, int
     m_variables.setReal(key, value);
 }
 
+void LibraryRecords::setVariableVector(const std::string& key, double x, double y, double z, int) {
+    m_variables.setPoint(key, point(x, y, z));
+}
+
 void LibraryRecords::addLayer(const DL_LayerData& data) {
     const uint32_t index = m_builder.layer(trimmed(data.name));
     m_builder.nameLayer(m_header.handle, index);
@@ -136,8 +141,9 @@ void LibraryRecords::addLinetypeDash(double length) {
 }
 
 void LibraryRecords::addBlock(const DL_BlockData& data) {
-    const bool isExternal = (m_flags & externalFlag) != 0;
-    m_builder.beginBlock(trimmed(data.name), point(data.bpx, data.bpy, data.bpz), isExternal ? m_path : std::string());
+    const bool isExternal = (m_flags & (externalFlag | overlayFlag)) != 0;
+    const ExternalDrawing external{isExternal ? m_path : std::string(), (m_flags & overlayFlag) != 0};
+    m_builder.beginBlock(trimmed(data.name), point(data.bpx, data.bpy, data.bpz), external);
 }
 
 void LibraryRecords::endBlock() {

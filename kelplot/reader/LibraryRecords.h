@@ -29,6 +29,8 @@ public:
     void setVariableInt(const std::string& key, int value, int code) override;
     void setVariableDouble(const std::string& key, double value, int code) override;
 
+    void setVariableVector(const std::string& key, double x, double y, double z, int code) override;
+
     void addLayer(const DL_LayerData& data) override;
     void addLinetype(const DL_LinetypeData& data) override;
     void addLinetypeDash(double length) override;

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plot/picture/PictureStore.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QImageReader>
-#include <algorithm>
 #include <cstdlib>
 #include <imgo.h>
 #include <optional>
 
+#include "base/StatedFile.h"
 #include "plot/picture/QImagePicture.h"
 
 namespace kelplot {
@@ -89,28 +87,11 @@ int64_t pixelCount(const HT_RasterImage& picture) {
 
 } // namespace
 
-QString pictureFile(const std::string& stated, const QString& folder) {
-    const QString path = QString::fromStdString(stated).replace(QLatin1Char('\\'), QLatin1Char('/'));
-    const QString name = path.section(QLatin1Char('/'), -1);
-    if (name.isEmpty()) {
-        return {};
-    }
-    const QDir directory(folder);
-    // Only regular files: a device or a pipe could block its reader.
-    QString direct = directory.filePath(path);
-    if (QFileInfo(direct).isFile()) {
-        return direct;
-    }
-    const QStringList beside = directory.entryList(QDir::Files);
-    const auto found = std::find_if(beside.begin(), beside.end(), [&](const QString& entry) {
-        return entry.compare(name, Qt::CaseInsensitive) == 0;
-    });
-    return found == beside.end() ? QString() : directory.filePath(*found);
-}
-
 HT_RasterImagePtr PictureStore::load(uint32_t definition, const PictureLook& look) {
-    const std::string stated = definition < m_drawing.images.size() ? m_drawing.images[definition].path : std::string();
-    QFile file(pictureFile(stated, QString::fromStdString(m_drawing.folder)));
+    const ImageDefinition stated =
+        definition < m_drawing.images.size() ? m_drawing.images[definition] : ImageDefinition();
+    const std::string& folder = stated.folder.empty() ? m_drawing.folder : stated.folder;
+    QFile file(statedFile(stated.path, QString::fromStdString(folder)));
     const std::optional<PictureFault> fault = faultOf(file);
     HT_RasterImagePtr picture = fault ? HT_RasterImagePtr() : changed(decoded(contentOf(file)), look);
     if (!picture) {

@@ -14,11 +14,6 @@
 
 namespace kelplot {
 
-/// The file that a drawing in `folder` means by `stated`, a path of this machine or another: what the path leads to
-/// from the folder, or else the file of its name that lies beside the drawing, in any case of letters. Empty where
-/// there is none.
-QString pictureFile(const std::string& stated, const QString& folder);
-
 /// Why a picture is left out.
 enum class PictureFault {
     notFound,

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <cmath>
 
+#include "base/StatedFile.h"
 #include "kelplot/plot/PlotKit.h"
 #include "plot/picture/PictureStore.h"
 #include "support/TemporaryDirectory.h"
@@ -197,7 +198,7 @@ TEST(PictureFiles, AreFoundByTheirPathOrBesideTheDrawing) {
         {"", ""},
     };
     for (const auto& [stated, found] : cases) {
-        const QString file = pictureFile(stated, folder);
+        const QString file = statedFile(stated, folder);
         EXPECT_EQ(QDir(folder).relativeFilePath(file).compare(found, Qt::CaseInsensitive), 0)
             << stated << ": " << file.toStdString();
         EXPECT_TRUE(file.isEmpty() || QFile::exists(file));

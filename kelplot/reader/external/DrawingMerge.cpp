@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "reader/external/DrawingMerge.h"
+
+#include <QHash>
+#include <QString>
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace kelplot {
+
+namespace {
+
+QString keyOf(const std::string& name) {
+    return QString::fromStdString(name).toCaseFolded();
+}
+
+/// The new index for each of the other drawing's.
+using Indices = std::vector<uint32_t>;
+
+uint32_t at(const Indices& indices, uint32_t index, uint32_t otherwise) {
+    return index < indices.size() ? indices[index] : otherwise;
+}
+
+/// Puts the indices of the drawing that entities go into in place of those of the drawing that they come from.
+struct Renumbering {
+    Indices layers, lineTypes, kinds;
+    uint32_t textStyles = 0; ///< by how much the others grow
+    uint32_t images = 0;
+    uint32_t mlineStyles = 0;
+    uint32_t blocks = 0;
+    uint32_t clips = 0;
+
+    void apply(std::vector<Entity>& entities) const {
+        for (Entity& entity : entities) {
+            entity.attributes.layer = at(layers, entity.attributes.layer, 0);
+            entity.attributes.lineType = at(lineTypes, entity.attributes.lineType, entity.attributes.lineType);
+            std::visit(*this, entity.geometry);
+        }
+    }
+
+    void operator()(Text& text) const { text.style += textStyles; }
+    void operator()(MText& text) const { text.style += textStyles; }
+    void operator()(Image& image) const { image.definition += images; }
+    void operator()(Mline& mline) const { mline.style += mlineStyles; }
+    void operator()(Unplotted& entity) const { entity.kind = at(kinds, entity.kind, 0); }
+    void operator()(Insert& insert) const {
+        insert.block += insert.block == noBlock ? 0 : blocks;
+        insert.clip += insert.clip == noClip ? 0 : clips;
+    }
+    void operator()(Viewport& viewport) const {
+        for (uint32_t& layer : viewport.frozenLayers) {
+            layer = at(layers, layer, 0);
+        }
+    }
+    // These refer to nothing.
+    void operator()(PointEntity&) const {}
+    void operator()(Line&) const {}
+    void operator()(ConstructionLine&) const {}
+    void operator()(Circle&) const {}
+    void operator()(Arc&) const {}
+    void operator()(Ellipse&) const {}
+    void operator()(Polyline&) const {}
+    void operator()(Spline&) const {}
+    void operator()(Solid&) const {}
+    void operator()(Face3d&) const {}
+    void operator()(Hatch&) const {}
+    void operator()(Wipeout&) const {}
+};
+
+template <typename Item>
+uint32_t moveAll(std::vector<Item>& from, std::vector<Item>& into) {
+    const auto offset = static_cast<uint32_t>(into.size());
+    into.insert(into.end(), std::make_move_iterator(from.begin()), std::make_move_iterator(from.end()));
+    return offset;
+}
+
+class Merge {
+public:
+    Merge(Drawing& from, uint32_t block, Drawing& into)
+        : m_from(from), m_block(block), m_into(into), m_prefix(into.blocks[block].name + '|') {}
+
+    void run() {
+        numberLineTypes();
+        numberLayers();
+        numberKinds();
+        moveStyles();
+        moveBlocks();
+        Block& block = m_into.blocks[m_block];
+        block.basePoint = m_from.basePoint;
+        block.entities = std::move(m_from.modelSpace);
+        m_numbers.apply(block.entities);
+        if (m_into.unknownCodePage.empty()) {
+            m_into.unknownCodePage = m_from.unknownCodePage;
+        }
+    }
+
+private:
+    /// Of types that both drawings know, the one with a pattern counts.
+    void numberLineTypes() {
+        QHash<QString, uint32_t> known;
+        for (uint32_t i = 0; i < m_into.lineTypes.size(); ++i) {
+            known.insert(keyOf(m_into.lineTypes[i].name), i);
+        }
+        m_numbers.lineTypes.push_back(0); // continuous
+        for (size_t i = 1; i < m_from.lineTypes.size(); ++i) {
+            LineType& type = m_from.lineTypes[i];
+            type.name = m_prefix + type.name;
+            const auto found = known.constFind(keyOf(type.name));
+            m_numbers.lineTypes.push_back(found == known.constEnd() ? static_cast<uint32_t>(m_into.lineTypes.size())
+                                                                    : *found);
+            if (found == known.constEnd()) {
+                m_into.lineTypes.push_back(std::move(type));
+            } else if (m_into.lineTypes[*found].pattern.empty()) {
+                m_into.lineTypes[*found] = std::move(type);
+            }
+        }
+    }
+
+    void numberLayers() {
+        QHash<QString, uint32_t> known;
+        for (uint32_t i = 0; i < m_into.layers.size(); ++i) {
+            known.insert(keyOf(m_into.layers[i].name), i);
+        }
+        m_numbers.layers.push_back(0); // "0"
+        for (size_t i = 1; i < m_from.layers.size(); ++i) {
+            Layer& layer = m_from.layers[i];
+            layer.name = m_prefix + layer.name;
+            layer.lineType = at(m_numbers.lineTypes, layer.lineType, 0);
+            const auto found = known.constFind(keyOf(layer.name));
+            m_numbers.layers.push_back(found == known.constEnd() ? static_cast<uint32_t>(m_into.layers.size())
+                                                                 : *found);
+            if (found == known.constEnd()) {
+                m_into.layers.push_back(std::move(layer));
+            }
+        }
+    }
+
+    void numberKinds() {
+        for (std::string& kind : m_from.unplottedKinds) {
+            const auto found = std::find(m_into.unplottedKinds.begin(), m_into.unplottedKinds.end(), kind);
+            m_numbers.kinds.push_back(static_cast<uint32_t>(found - m_into.unplottedKinds.begin()));
+            if (found == m_into.unplottedKinds.end()) {
+                m_into.unplottedKinds.push_back(std::move(kind));
+            }
+        }
+    }
+
+    void moveStyles() {
+        for (TextStyle& style : m_from.textStyles) {
+            style.name = m_prefix + style.name;
+        }
+        for (ImageDefinition& image : m_from.images) {
+            image.folder = image.folder.empty() ? m_from.folder : image.folder;
+        }
+        for (MlineStyle& style : m_from.mlineStyles) {
+            for (MlineStyle::Line& line : style.lines) {
+                line.lineType = at(m_numbers.lineTypes, line.lineType, line.lineType);
+            }
+        }
+        m_numbers.textStyles = moveAll(m_from.textStyles, m_into.textStyles);
+        m_numbers.images = moveAll(m_from.images, m_into.images);
+        m_numbers.mlineStyles = moveAll(m_from.mlineStyles, m_into.mlineStyles);
+        m_numbers.clips = moveAll(m_from.clips, m_into.clips);
+    }
+
+    void moveBlocks() {
+        for (const Layout& layout : m_from.layouts) {
+            if (layout.block != noBlock) {
+                m_from.blocks[layout.block].entities.clear(); // no reference shows a sheet
+            }
+        }
+        m_numbers.blocks = static_cast<uint32_t>(m_into.blocks.size());
+        for (Block& block : m_from.blocks) {
+            block.name = m_prefix + block.name;
+            m_numbers.apply(block.entities);
+        }
+        moveAll(m_from.blocks, m_into.blocks);
+    }
+
+    Drawing& m_from;
+    const uint32_t m_block;
+    Drawing& m_into;
+    const std::string m_prefix;
+    Renumbering m_numbers;
+};
+
+} // namespace
+
+void mergeAsBlock(Drawing&& from, uint32_t block, Drawing& into) {
+    Merge(from, block, into).run();
+}
+
+} // namespace kelplot

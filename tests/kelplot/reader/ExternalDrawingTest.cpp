@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFileInfo>
+
+#include "kelplot/reader/DrawingText.h"
+#include "reader/DxfReader.h"
+#include "support/TemporaryDirectory.h"
+
+namespace kelplot {
+namespace {
+
+/// Drawings in a folder, of which the one named "main.dxf" is read.
+class ExternalDrawings : public testing::Test {
+protected:
+    void write(const std::string& name, const std::string& groups) const {
+        QDir().mkpath(QFileInfo(QString::fromStdString(m_folder.path(name))).path());
+        m_folder.write(name, linesOf(groups));
+    }
+    Drawing read() const { return DxfReader().read(m_folder.path("main.dxf"), {}); }
+
+    /// The groups of a block that stands for another drawing, 4 being its kind, or 8 if it is an overlay.
+    static std::string block(const std::string& name, const std::string& path, int kind = 4) {
+        return " 0=BLOCK 2=" + name + " 70=" + std::to_string(kind) + " 1=" + path + " 0=ENDBLK";
+    }
+
+private:
+    TemporaryDirectory m_folder;
+};
+
+TEST_F(ExternalDrawings, AreBlocksWithNamesOfTheirOwn) {
+    write("main.dxf", section("TABLES", "0=LTYPE 2=A|Dots 73=1 49=1 49=-1 0=LTYPE 2=A|Own 0=LAYER 2=A|Off 62=-3") +
+                          section("BLOCKS", block("A", "C:\\work\\PART.DXF")) + drawingOf("0=INSERT 2=A 10=9"));
+    write("part.dxf",
+          section("HEADER", "9=$INSBASE 10=5 20=6 30=0") +
+              section("TABLES", "0=LTYPE 2=Dots 73=1 49=7 49=-7 0=LTYPE 2=Own 73=1 49=3 49=-3"
+                                " 0=LAYER 2=Off 62=1 0=LAYER 2=Walls 62=2 6=Own 0=STYLE 2=Notes 3=arial.ttf") +
+              section("BLOCKS", block("B", "deep/b.dxf") + " 0=BLOCK 2=Nut 0=LINE 10=3 0=ENDBLK") +
+              drawingOf("0=LINE 10=1 8=Off 6=Dots 0=LINE 10=2 8=Walls 0=LINE 8=0 0=INSERT 2=Nut 0=INSERT 2=B"
+                        " 0=TEXT 1=a 7=Notes 0=LINE 67=1 10=7"));
+    write("deep/b.dxf", drawingOf("0=MLINE 2=M 11=4 70=1 0=LINE 10=4 8=Deep"));
+    EXPECT_EQ(shown(read()), (std::vector<std::string>{
+                                 "block A at 9,0,0",
+                                 "block A about 5,6,0",
+                                 "A: line 1,0,0 0,0,0 on A|Off type A|Dots",
+                                 "A: line 2,0,0 0,0,0 on A|Walls",
+                                 "A: line 0,0,0 0,0,0",
+                                 "A: block A|Nut at 0,0,0",
+                                 "A: block A|B at 0,0,0",
+                                 "A: text 'a' at 0,0,0 in A|Notes",
+                                 "block A|B about 0,0,0",
+                                 "A|B: mline style 0 4,0,0 to 0,0,0 mitre 0,0,0",
+                                 "A|B: line 4,0,0 0,0,0 on A|B|Deep",
+                                 "block A|Nut about 0,0,0",
+                                 "A|Nut: line 3,0,0 0,0,0",
+                                 "layer A|Off colour index 3 off",
+                                 "layer A|Walls colour index 2 type A|Own",
+                                 "type A|Dots: 1 -1",
+                                 "type A|Own: 3 -3",
+                                 "style A|Standard: ",
+                                 "style A|Notes: file:arial.ttf",
+                                 "style A|B|Standard: ",
+                                 "mlines hollow start end",
+                             }));
+}
+
+TEST_F(ExternalDrawings, ThatCannotBeReadAreKeptWithTheReason) {
+    write("main.dxf", section("BLOCKS", block("A", "a.dxf") + block("J", "junk.dxf") + block("M", "missing.dxf") +
+                                            block("D", "dwg.dwg") + block("O", "over.dxf", 8)) +
+                          drawingOf("0=LINE"));
+    write("a.dxf", section("BLOCKS", block("Main", "MAIN.dxf") + block("Over", "over.dxf", 12)) + drawingOf("0=LINE"));
+    write("over.dxf", drawingOf("0=LINE 10=1"));
+    write("dwg.dxf", drawingOf("0=LINE 10=2"));
+    write("junk.dxf", "junk=junk");
+    std::vector<std::string> found;
+    for (const Block& each : read().blocks) {
+        found.push_back(each.name + ' ' + std::to_string(each.entities.size()) + ' ' + each.externalPath + ' ' +
+                        each.externalFault);
+    }
+    EXPECT_EQ(found, (std::vector<std::string>{
+                         "A 1  ",
+                         "J 0 junk.dxf line 1: 'junk' is not a group code, so this is not a drawing or a damaged one",
+                         "M 0 missing.dxf ",
+                         "D 1  ",
+                         "O 1  ",
+                         "A|Main 0 MAIN.dxf refers back to itself",
+                         "A|Over 0  ",
+                     }));
+}
+
+TEST_F(ExternalDrawings, AreReadUpToABound) {
+    std::string blocks;
+    for (int i = 0; i < 1500; ++i) {
+        blocks += block("B" + std::to_string(i), "part.dxf");
+    }
+    write("main.dxf", section("BLOCKS", blocks) + drawingOf("0=LINE"));
+    write("part.dxf", section("BLOCKS", block("C", "main.dxf") + block("D", "other.dxf")) + drawingOf("0=LINE"));
+    write("other.dxf", drawingOf("0=LINE"));
+    size_t filled = 0;
+    for (const Block& each : read().blocks) {
+        filled += each.entities.size();
+        EXPECT_EQ(each.entities.empty(), !each.externalFault.empty()) << each.name;
+    }
+    EXPECT_LE(filled, 1000U);
+    EXPECT_GE(filled, 500U);
+}
+
+} // namespace
+} // namespace kelplot
