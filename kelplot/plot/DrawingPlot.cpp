@@ -167,9 +167,11 @@ private:
         PlotTools tools(m_tools.drawing, target, m_tools.options, m_tools.typesetter, m_tools.pictures.store(),
                         m_tools.surface, m_tools.clips, lineTypeUnits);
         tools.patternDashesLeft = m_tools.patternDashesLeft;
+        tools.canvas.limitDashes(m_tools.canvas.dashesLeft());
         EntityPlotter plotter(tools, false);
         plotter.run(m_tools.drawing.modelSpace, view, viewport.frozenLayers, report.visitsInBlocks, {});
         m_tools.patternDashesLeft = tools.patternDashesLeft;
+        m_tools.canvas.limitDashes(tools.canvas.dashesLeft());
         report.add(plotter.report);
         ++report.viewports;
         m_tools.clips.pop();

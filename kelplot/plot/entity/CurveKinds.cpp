@@ -31,8 +31,8 @@ void draw(const Ellipse& ellipse, const PlacedEntity& place, PlotTools& tools) {
 void draw(const Spline& spline, const PlacedEntity& place, PlotTools& tools) {
     if (const auto curve = curveOf(spline, place.map)) {
         std::vector<Vec2> path;
-        curve->flatten(tools.canvas.flattening(), path);
         tools.useLinePen(place.style);
+        curve->flatten(tools.canvas.flattening(), path);
         tools.canvas.drawPolyline(path);
     }
 }

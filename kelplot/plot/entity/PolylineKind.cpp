@@ -12,26 +12,23 @@ namespace {
 /// Where the width of a polyline's lines comes from: the entity's weight, or the polyline itself.
 enum class LineWidth { ofEntity, own };
 
-/// Strokes with the pen in force. Dashes start again at each vertex unless the polyline says that they run on.
+/// Strokes with the pen in force. Dashes begin again at each vertex unless the polyline says that they run on.
 void strokeSegments(const Polyline& polyline, const std::vector<PolylineSegment>& segments, LineWidth width,
                     const PlanMap& map, PlotTools& tools) {
     std::vector<Vec2> path;
-    const bool restarts = tools.pens.isDashed() && !polyline.continuousPattern;
+    std::vector<size_t> corners;
     for (const PolylineSegment& segment : segments) {
-        flattenSegment(segment, map, tools.canvas.flattening(), path);
-        if (restarts) {
-            tools.canvas.drawPolyline(path);
-            path.clear();
+        if (!path.empty() && !polyline.continuousPattern) {
+            corners.push_back(path.size() - 1);
         }
+        flattenSegment(segment, map, tools.canvas.flattening(), path);
     }
     // A wide line gets its mitre at the vertex where it closes by running on over its beginning.
     if (width == LineWidth::own && polyline.closed && !tools.pens.isDashed() && path.size() > 3) {
         const Vec2 second = path[1];
         path.push_back(second);
     }
-    if (!path.empty()) {
-        tools.canvas.drawPolyline(path);
-    }
+    tools.canvas.drawPolyline(path, corners);
 }
 
 /// The wide pieces as areas, the others as lines.

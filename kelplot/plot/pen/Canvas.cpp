@@ -19,23 +19,18 @@ Box2 surroundingsOf(const Box2& visible) {
     return visible.inflated(std::max({leastMargin, visible.width(), visible.height()}));
 }
 
+/// Where the lengths of curves are measured well. It goes by the page, whatever part of it shows, so that dashes lie in
+/// the same places in a window as on the whole page.
+Box2 dashedSurroundingsOf(const PlotTarget& target) {
+    constexpr double pages = 20.0;
+    return target.pageBox.inflated(pages * std::max(target.pageBox.width(), target.pageBox.height()));
+}
+
 /// The visible box with room for the edge of an area that is cut off there: for rounding, the unit or two by which
 /// the renderer widens its clip, and the hairline that stands for an area of no size.
 Box2 areaBoxFor(const PlotTarget& target, const Box2& visible) {
     constexpr double slack = 4.0;
     return visible.inflated(target.hairlineWidth + slack);
-}
-
-/// Nothing when a point is not finite.
-std::optional<Box2> finiteBoxOf(const std::vector<Vec2>& points) {
-    Box2 box;
-    for (const Vec2 point : points) {
-        if (!point.isFinite()) {
-            return std::nullopt;
-        }
-        box.add(point);
-    }
-    return box;
 }
 
 HT_Double_Point sent(Vec2 p) {
@@ -62,10 +57,21 @@ std::optional<PageArc> inSixteenths(const PageArc& arc) {
 
 } // namespace
 
-Canvas::Canvas(HT_Renderer& renderer, const PlotTarget& target, const PenControl& pens)
+std::optional<Box2> Canvas::finiteBoxOf(const std::vector<Vec2>& points) {
+    Box2 box;
+    for (const Vec2 point : points) {
+        if (!point.isFinite()) {
+            return std::nullopt;
+        }
+        box.add(point);
+    }
+    return box;
+}
+
+Canvas::Canvas(HT_Renderer& renderer, const PlotTarget& target, PenControl& pens)
     : m_renderer(renderer), m_pens(pens), m_visible(target.visibleBox()),
       m_areas(areaBoxFor(target, m_visible)), m_flattening{target.flatteningError, surroundingsOf(m_visible)},
-      m_cutter(m_visible) {
+      m_dashedFlattening{target.flatteningError, dashedSurroundingsOf(target)}, m_cutter(m_visible) {
 }
 
 void Canvas::send(const std::vector<Vec2>& points) {
@@ -87,7 +93,7 @@ void Canvas::drawSegment(Vec2 from, Vec2 to) {
     Box2 box;
     box.add(from);
     box.add(to);
-    if (!m_flattening.interest.contains(box)) {
+    if (m_pens.isDashed() || !m_flattening.interest.contains(box)) {
         drawPolyline({from, to});
         return;
     }
@@ -95,13 +101,21 @@ void Canvas::drawSegment(Vec2 from, Vec2 to) {
     m_renderer.DrawPolyline(points, 2);
 }
 
-void Canvas::drawPolyline(const std::vector<Vec2>& points) {
+void Canvas::drawPolyline(const std::vector<Vec2>& points, const std::vector<size_t>& corners, DashStart start) {
     const std::optional<Box2> box = finiteBoxOf(points);
-    if (!box || !mayShow(*box, m_pens.reach())) {
+    if (!box || box->isEmpty() || !mayShow(*box, m_pens.reach())) {
         return;
     }
-    if (m_flattening.interest.contains(*box)) {
-        drawNearPolyline(points, *box);
+    if (m_pens.isDashed()) {
+        drawDashed(points, *box, corners, start);
+    } else {
+        drawContinuous(points, *box);
+    }
+}
+
+void Canvas::drawContinuous(const std::vector<Vec2>& points, const Box2& box) {
+    if (m_flattening.interest.contains(box)) {
+        drawNearPolyline(points, box);
         return;
     }
     for (const auto& piece : clipPolyline(points, m_flattening.interest)) {
@@ -117,11 +131,10 @@ void Canvas::drawOutline(std::vector<Vec2> corners) {
     }
 }
 
-/// A dashed line stays whole: its dashes would start again at every cut.
 void Canvas::drawNearPolyline(const std::vector<Vec2>& points, const Box2& box) {
     constexpr size_t fewPoints = 32; // a line of so few is quicker to draw than to cut
     send(points);
-    const bool worthCutting = points.size() > fewPoints && !m_pens.isDashed() && !m_visible.contains(box);
+    const bool worthCutting = points.size() > fewPoints && !m_visible.contains(box);
     if (!worthCutting || !drawPieces()) {
         m_renderer.DrawPolyline(m_sent.data(), static_cast<int>(m_sent.size()));
     }
@@ -148,20 +161,40 @@ void Canvas::drawArc(const EllipticArc& arc) {
     const PageArc page = pageArcOf(arc);
     // Dashes run from the start to the end; clockwise means as seen on a page with y downwards.
     const bool runsOtherWay = m_pens.isDashed() && cross(arc.u, arc.v) > 0.0;
-    if (!runsOtherWay && page.minorRadius >= leastRadius && m_flattening.interest.contains(arc.box())) {
-        if (arc.isWhole()) {
-            m_renderer.DrawEllipse(sent(page.center), page.majorRadius, page.minorRadius, page.rotation);
-            return;
-        }
-        if (const auto part = inSixteenths(page)) {
-            m_renderer.DrawArc(sent(part->center), part->majorRadius, part->minorRadius, part->rotation, part->start,
-                               part->end);
-            return;
-        }
+    if (!runsOtherWay && page.minorRadius >= leastRadius && m_flattening.interest.contains(arc.box()) &&
+        (arc.isWhole() ? drawWhole(page) : drawPart(page))) {
+        return;
     }
     m_flattened.clear();
-    arc.flatten(m_flattening, m_flattened);
-    drawPolyline(m_flattened);
+    arc.flatten(flattening(), m_flattened);
+    drawPolyline(m_flattened, {}, arc.isWhole() ? DashStart::plain : DashStart::aligned);
+}
+
+/// Draws an ellipse, its dashes from where its angles begin. False where the renderer cannot.
+bool Canvas::drawWhole(const PageArc& page) {
+    if (m_pens.isDashed() && page.majorRadius != page.minorRadius) {
+        return false;
+    }
+    if (m_pens.isDashed()) {
+        useDashesOn(page.majorRadius * turn, DashStart::plain);
+    }
+    m_renderer.DrawEllipse(sent(page.center), page.majorRadius, page.minorRadius, page.rotation);
+    return true;
+}
+
+/// Draws a part of an ellipse. False where the renderer cannot do that exactly.
+bool Canvas::drawPart(const PageArc& page) {
+    const auto part = inSixteenths(page);
+    if (!part) {
+        return false;
+    }
+    if (m_pens.isDashed() && (page.majorRadius != page.minorRadius ||
+                              !useDashesOn(page.majorRadius * (page.end - page.start), DashStart::aligned))) {
+        return false;
+    }
+    m_renderer.DrawArc(sent(part->center), part->majorRadius, part->minorRadius, part->rotation, part->start,
+                       part->end);
+    return true;
 }
 
 std::vector<Vec2> Canvas::visiblePart(const std::vector<Vec2>& polygon) const {

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "geometry/EllipticArc.h"
 #include "keldriver/Renderer.h"
 #include "page/PlotTarget.h"
 #include "plot/pen/LineCutter.h"
+#include "plot/pen/MeasuredPath.h"
 #include "plot/pen/PenControl.h"
 
 namespace kelplot {
@@ -19,11 +21,13 @@ namespace kelplot {
 class Canvas {
 public:
     /// @param pens  sets its pens on the same renderer; outlives this
-    Canvas(HT_Renderer& renderer, const PlotTarget& target, const PenControl& pens);
+    Canvas(HT_Renderer& renderer, const PlotTarget& target, PenControl& pens);
 
     void drawDot(Vec2 at);
     void drawSegment(Vec2 from, Vec2 to);
-    void drawPolyline(const std::vector<Vec2>& points);
+    /// @param corners  the numbers of points between the ends, in their order, at which dashes begin anew
+    void drawPolyline(const std::vector<Vec2>& points, const std::vector<size_t>& corners = {},
+                      DashStart start = DashStart::aligned);
     /// Draws a polygon's sides; nothing without points.
     void drawOutline(std::vector<Vec2> corners);
     void drawArc(const EllipticArc& arc);
@@ -32,21 +36,37 @@ public:
     /// The visible part of a polygon and a little around it; empty if it is not finite.
     std::vector<Vec2> visiblePart(const std::vector<Vec2>& polygon) const;
 
-    const Flattening& flattening() const { return m_flattening; }
+    /// How curves become polylines for the pen in force: where that draws dashes, lengths count far beyond the page.
+    const Flattening& flattening() const { return m_pens.isDashed() ? m_dashedFlattening : m_flattening; }
     /// Tells whether anything in `box` may show, lines in it being `width` wide.
     bool mayShow(const Box2& box, double width) const { return box.inflated(width).intersects(m_visible); }
 
+    /// How many dashes may still be laid out one by one; the lines of what is beyond that are left to the renderer.
+    double dashesLeft() const { return m_dashesLeft; }
+    void limitDashes(double most) { m_dashesLeft = most; }
+
 private:
+    /// Nothing when a point is not finite.
+    static std::optional<Box2> finiteBoxOf(const std::vector<Vec2>& points);
     void send(const std::vector<Vec2>& points);
+    void drawContinuous(const std::vector<Vec2>& points, const Box2& box);
     void drawNearPolyline(const std::vector<Vec2>& points, const Box2& box);
     bool drawPieces();
+    void drawDashed(const std::vector<Vec2>& points, const Box2& box, const std::vector<size_t>& corners,
+                    DashStart start);
+    void drawDashes(const MeasuredPath& path, const std::vector<LineSpan>& dashes);
+    bool drawWhole(const PageArc& page);
+    bool drawPart(const PageArc& page);
+    bool useDashesOn(double length, DashStart start);
 
     HT_Renderer& m_renderer;
-    const PenControl& m_pens;
+    PenControl& m_pens;
     Box2 m_visible;
     Box2 m_areas;            ///< what areas are cut to
     Flattening m_flattening; ///< its box of interest is the visible part of the page with a margin all round
+    Flattening m_dashedFlattening;
     LineCutter m_cutter;
+    double m_dashesLeft = 2e6;
     std::vector<HT_Double_Point> m_sent;
     std::vector<Vec2> m_flattened;
 };

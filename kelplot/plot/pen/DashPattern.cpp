@@ -8,51 +8,45 @@ namespace kelplot {
 
 namespace {
 
-/// A dash and the gap after it, in device units. A dot is a dash of length 0.
-struct Stroke {
-    double dash = 0.0;
-    double gap = 0.0;
-};
-
-/// The pattern as dashes and gaps in turn: neighbours of one kind become one, and what comes before the
-/// first dash goes to the end, since a renderer's pattern starts with a dash.
-std::vector<Stroke> strokesOf(const std::vector<double>& pattern, double scale) {
-    std::vector<Stroke> strokes;
-    double leadingGap = 0.0;
+/// Makes dashes and gaps in turn of a pattern: neighbours of one kind become one, and what comes before the first dash
+/// goes to the end, since a renderer's pattern starts with a dash.
+DashPattern strokesOf(const std::vector<double>& pattern, double scale) {
+    DashPattern result;
+    std::vector<DashStroke>& strokes = result.strokes;
     for (const double entry : pattern) {
-        if (!std::isfinite(entry)) {
+        const double length = entry * scale;
+        if (!std::isfinite(length)) {
             return {};
         }
+        result.period += std::abs(length);
         if (entry < 0.0) {
-            (strokes.empty() ? leadingGap : strokes.back().gap) -= entry * scale;
+            (strokes.empty() ? result.lead : strokes.back().gap) -= length;
         } else if (strokes.empty() || strokes.back().gap > 0.0) {
-            strokes.push_back({entry * scale, 0.0});
+            strokes.push_back({length, 0.0});
         } else {
-            strokes.back().dash += entry * scale;
+            strokes.back().dash += length;
         }
     }
     if (strokes.empty()) {
         return {};
     }
-    strokes.back().gap += leadingGap;
+    strokes.back().gap += result.lead;
     if (strokes.size() > 1 && strokes.back().gap <= 0.0) {
+        result.lead -= strokes.back().dash;
         strokes.front().dash += strokes.back().dash;
         strokes.pop_back();
     }
-    return strokes;
+    return result;
 }
 
-/// A dot is drawn as long as the pen is wide; the gaps on both sides make room for it.
-std::vector<Stroke> withDots(const std::vector<Stroke>& strokes, double dotLength) {
-    std::vector<Stroke> result = strokes;
+/// Makes short dashes as long as the pen is wide; the gaps on both sides make room for them.
+void makeDots(std::vector<DashStroke>& strokes, double penWidth) {
     for (size_t i = 0; i < strokes.size(); ++i) {
-        if (strokes[i].dash <= 0.0) {
-            const size_t before = (i + strokes.size() - 1) % strokes.size();
-            result[before].gap -= dotLength / 2.0;
-            result[i].gap -= dotLength / 2.0;
-        }
+        const double grown = std::max(0.0, penWidth - strokes[i].dash);
+        strokes[i].dash += grown;
+        strokes[i].gap -= grown / 2.0;
+        strokes[(i + strokes.size() - 1) % strokes.size()].gap -= grown / 2.0;
     }
-    return result;
 }
 
 /// Rounds lengths so that their sum stays true: on a long line the error of each would add up.
@@ -72,27 +66,27 @@ private:
 
 } // namespace
 
-std::vector<double> dashEntries(const std::vector<double>& pattern, double scale, int penWidth, double finestPeriod) {
-    const std::vector<Stroke> strokes = strokesOf(pattern, scale);
-    double period = 0.0;
-    for (const Stroke& stroke : strokes) {
-        period += stroke.dash + stroke.gap;
-    }
-    const bool hasGaps = !strokes.empty() && strokes.front().gap > 0.0;
-    if (!hasGaps || !(period >= finestPeriod) || !std::isfinite(period)) {
+DashPattern dashPatternOf(const std::vector<double>& pattern, const DashRules& rules) {
+    DashPattern result = strokesOf(pattern, rules.scale);
+    const bool hasGaps = !result.strokes.empty() && result.strokes.front().gap > 0.0;
+    if (!hasGaps || !(result.period >= rules.finestPeriod) || !std::isfinite(result.period)) {
         return {};
     }
-    // The renderer allows for ends that lengthen each dash by the pen's width and takes that off the gaps.
-    // With flat ends nothing is lengthened, so the width is added here. It draws an entry of 0 as long as
-    // the pen is wide.
+    constexpr double dotPart = 0.05; // of the period; some programs write a short dash for a dot
+    const double first = result.strokes.front().dash;
+    result.spreads = rules.fits || first < std::max(rules.penWidth, dotPart * result.period);
+    makeDots(result.strokes, rules.penWidth);
+    return result;
+}
+
+std::vector<double> dashEntries(const std::vector<DashStroke>& strokes, int penWidth) {
+    // The renderer allows for ends that lengthen each dash by the pen's width and takes that off the gaps. With flat
+    // ends nothing is lengthened, so the width is added here.
     std::vector<double> entries;
     LengthRounding rounding;
-    const std::vector<Stroke> drawn = withDots(strokes, penWidth);
-    for (size_t i = 0; i < drawn.size(); ++i) {
-        const bool isDot = strokes[i].dash <= 0.0;
-        const double dash = rounding.next(isDot ? penWidth : drawn[i].dash);
-        entries.push_back(isDot ? 0.0 : dash);
-        entries.push_back(rounding.next(drawn[i].gap) + penWidth);
+    for (const DashStroke& stroke : strokes) {
+        entries.push_back(rounding.next(stroke.dash));
+        entries.push_back(rounding.next(stroke.gap) + penWidth);
     }
     return entries;
 }

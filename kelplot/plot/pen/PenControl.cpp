@@ -30,16 +30,29 @@ void PenControl::sendInk(const Pen& pen) {
     }
 }
 
-/// The renderer works out the pattern for the weight in force, so this follows every change of weight.
-void PenControl::sendLineType(const Pen& pen, int width) {
-    constexpr double finestPeriod = 3.0; // hairline widths; a dash and a gap that can be told apart
-    std::vector<double> entries;
-    if (pen.lineType) {
-        entries = dashEntries(pen.lineType->pattern, pen.patternScale, width, finestPeriod * m_hairlineWidth);
+void PenControl::sendEnds(HT_PlotStyle::LineEndStyle ends) {
+    if (ends != m_ends) {
+        m_renderer.SetLineEndStyle(ends);
+        m_ends = ends;
     }
-    m_dashed = !entries.empty();
-    m_renderer.SetLineType(m_dashed ? HT_PlotStyle::LineTypeCustom : HT_PlotStyle::LineTypeSolid, entries.data(),
-                           static_cast<unsigned int>(entries.size()));
+}
+
+void PenControl::useSolid(bool flatEnds) {
+    if (!m_entries || !m_entries->empty()) {
+        m_renderer.SetLineType(HT_PlotStyle::LineTypeSolid, nullptr, 0);
+        m_entries = std::vector<double>();
+    }
+    sendEnds(flatEnds ? HT_PlotStyle::LineEndFlat : m_pen.ends);
+}
+
+/// Round ends would lengthen each dash by the pen's width.
+void PenControl::useDashes(const std::vector<double>& entries) {
+    if (m_entries != entries) {
+        m_entries = entries;
+        m_renderer.SetLineType(HT_PlotStyle::LineTypeCustom, m_entries->data(),
+                               static_cast<unsigned int>(m_entries->size()));
+    }
+    sendEnds(HT_PlotStyle::LineEndFlat);
 }
 
 double PenControl::reach() const {
@@ -58,22 +71,26 @@ void PenControl::setPen(const Pen& pen) {
     if (width != m_width) {
         m_renderer.SetLineWeight(width);
     }
-    const bool patterned = pen.lineType && (width != m_width || pen.patternScale != m_pen.patternScale);
-    if (fresh || patterned || pen.lineType != m_pen.lineType) {
-        sendLineType(pen, width);
+    const bool patterned = width != m_width || pen.lineType != m_pen.lineType ||
+                           pen.patternScale != m_pen.patternScale || pen.fitsLineType != m_pen.fitsLineType;
+    if (patterned && m_entries && !m_entries->empty()) {
+        m_entries.reset(); // the renderer works out its dashes for the weight in force
     }
-    // Round ends would lengthen each dash by the pen's width.
-    const auto ends = m_dashed ? HT_PlotStyle::LineEndFlat : pen.ends;
-    if (ends != m_ends) {
-        m_renderer.SetLineEndStyle(ends);
+    if (fresh || patterned) {
+        constexpr double finestPeriod = 3.0; // hairline widths; a dash and a gap that can be told apart
+        const DashRules rules{pen.patternScale, static_cast<double>(width), finestPeriod * m_hairlineWidth,
+                              pen.fitsLineType};
+        m_dashes = pen.lineType ? dashPatternOf(pen.lineType->pattern, rules) : DashPattern();
     }
     if (pen.joins != m_joins) {
         m_renderer.SetLineJoinStyle(pen.joins);
     }
     m_pen = pen;
     m_width = width;
-    m_ends = ends;
     m_joins = pen.joins;
+    if (!isDashed()) {
+        useSolid();
+    }
 }
 
 } // namespace kelplot

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <optional>
+#include <vector>
+
 #include "drawing/Drawing.h"
 #include "keldriver/Renderer.h"
+#include "plot/pen/DashPattern.h"
 
 namespace kelplot {
 
@@ -39,26 +43,36 @@ public:
     /// Sends everything anew: somebody else has set styles of the renderer.
     void forget() {
         m_width = 0;
+        m_entries.reset();
         m_ends = -1;
         m_joins = -1;
     }
 
-    /// Tells whether the pen in force draws dashes.
-    bool isDashed() const { return m_dashed; }
+    /// The dashes of the pen in force. Who draws with a pen that has some says for each line which of these it is to
+    /// have, with the next two.
+    const DashPattern& dashes() const { return m_dashes; }
+    bool isDashed() const { return !m_dashes.isContinuous(); }
+    /// From here on lines are drawn without dashes, by the pen's own ends or by flat ones.
+    void useSolid(bool flatEnds = false);
+    /// From here on lines are drawn with dashes, as the entries for a renderer say; they have flat ends.
+    void useDashes(const std::vector<double>& entries);
+    int width() const { return m_width; }
+    const Pen& pen() const { return m_pen; }
 
     /// How far the current pen's ink reaches from the line it draws, in device units.
     double reach() const;
 
 private:
     void sendInk(const Pen& pen);
-    void sendLineType(const Pen& pen, int width);
+    void sendEnds(HT_PlotStyle::LineEndStyle ends);
 
     HT_Renderer& m_renderer;
     double m_hairlineWidth;
     double m_thinnestDashed;
     Pen m_pen;
     int m_width = 0; ///< 0: nothing sent yet
-    bool m_dashed = false;
+    DashPattern m_dashes;
+    std::optional<std::vector<double>> m_entries; ///< that the renderer has; none at all: not known
     int m_ends = -1;
     int m_joins = -1;
 };
