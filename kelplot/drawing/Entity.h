@@ -32,6 +32,7 @@ constexpr Opacity opacityByBlock = -2;
 constexpr uint32_t lineTypeByLayer = std::numeric_limits<uint32_t>::max();
 constexpr uint32_t lineTypeByBlock = lineTypeByLayer - 1;
 constexpr uint32_t noBlock = std::numeric_limits<uint32_t>::max();
+constexpr uint32_t noAnnotation = std::numeric_limits<uint32_t>::max();
 
 /// What every entity has besides its geometry.
 struct Attributes {
@@ -192,7 +193,8 @@ struct Hatch {
 
 /// References to a block, in `rows` by `columns` copies. A dimension is a reference to its own block.
 struct Insert {
-    uint32_t block = noBlock; ///< index into Drawing::blocks
+    uint32_t block = noBlock;           ///< index into Drawing::blocks
+    uint32_t annotation = noAnnotation; ///< index into Drawing::annotations: what it shows without a block with content
     Vec3 position;
     Vec3 scale{1.0, 1.0, 1.0};
     double rotation = 0.0; ///< radians

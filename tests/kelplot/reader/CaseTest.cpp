@@ -18,7 +18,7 @@ std::vector<std::string> outcomeOf(const Case& given) {
 }
 
 TEST(ReaderCases, AreReadAsExpected) {
-    for (const char* const file : {"attributes", "entities", "oddities", "tables", "texts"}) {
+    for (const char* const file : {"annotations", "attributes", "entities", "oddities", "tables", "texts"}) {
         expectCases(std::string(CASES) + file + ".cases", outcomeOf);
     }
 }
