@@ -50,6 +50,19 @@ public:
         require(text.style < m_drawing.textStyles.size());
         require(!text.paragraphs.empty() && text.attachment >= 1 && text.attachment <= 9);
     }
+    void operator()(const Dimension& dimension) const {
+        if (dimension.text) {
+            (*this)(*dimension.text);
+        }
+        for (const DimensionEnd& end : dimension.look.ends) {
+            require(end.arrow < m_drawing.blocks.size());
+        }
+    }
+    void operator()(const ToleranceFrame& frame) const {
+        for (const auto& row : frame.rows) {
+            std::for_each(row.begin(), row.end(), [this](const MText& cell) { (*this)(cell); });
+        }
+    }
     void operator()(const Image& image) const { require(image.definition < m_drawing.images.size()); }
     void operator()(const Viewport& viewport) const {
         for (const uint32_t layer : viewport.frozenLayers) {
@@ -63,6 +76,7 @@ public:
     void operator()(const Insert& insert) const {
         require(insert.block < m_drawing.blocks.size() || insert.block == noBlock);
         require(insert.clip < m_drawing.clips.size() || insert.clip == noClip);
+        require(insert.annotation < m_drawing.annotations.size() || insert.annotation == noAnnotation);
     }
 
     template <typename OfNumbersOnly>
@@ -80,6 +94,9 @@ void check(const Drawing& drawing) {
     const EntityCheck checkEntity(drawing);
     std::for_each(drawing.modelSpace.begin(), drawing.modelSpace.end(), checkEntity);
     std::for_each(drawing.paperSpace.begin(), drawing.paperSpace.end(), checkEntity);
+    for (const Annotation& annotation : drawing.annotations) {
+        std::visit(checkEntity, annotation);
+    }
     for (const Block& block : drawing.blocks) {
         std::for_each(block.entities.begin(), block.entities.end(), checkEntity);
     }

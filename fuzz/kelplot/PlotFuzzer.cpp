@@ -15,6 +15,7 @@
 #include "keldriver/Renderer.h"
 #include "page/PageSetup.h"
 #include "plot/DrawingPlot.h"
+#include "plot/annotation/AnnotationBlocks.h"
 #include "reader/DxfReader.h"
 
 using namespace kelplot;
@@ -48,7 +49,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const MemoryFile file;
     file.write({reinterpret_cast<const char*>(data), size});
     try {
-        const Drawing drawing = DxfReader().read(file.path(), {});
+        Drawing drawing = DxfReader().read(file.path(), {});
+        buildAnnotations(drawing, {});
         plot(drawing, drawing.modelSpace);
         plot(drawing, drawing.paperSpace);
         for (const Layout& layout : drawing.layouts) {

@@ -3,7 +3,7 @@
 
 #include <QFileInfo>
 
-#include "plot/picture/PictureStore.h"
+#include "base/StatedFile.h"
 #include "settings/PlotStyleFile.h"
 #include "settings/SettingsFile.h"
 
@@ -12,7 +12,7 @@ namespace {
 
 /// Takes the pens of the table that a layout names, where there is one to be read.
 void useTableOfLayout(const std::string& name, const Drawing& drawing, ChosenPens& pens, QString& file) {
-    const QString path = pictureFile(name, QString::fromStdString(drawing.folder));
+    const QString path = statedFile(name, QString::fromStdString(drawing.folder));
     if (path.isEmpty()) {
         pens.note = QStringLiteral("plot styles not found: ") + QString::fromStdString(name);
         return;

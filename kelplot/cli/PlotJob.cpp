@@ -14,6 +14,7 @@
 #include "cli/RenderSession.h"
 #include "cli/SpaceChoice.h"
 #include "plot/DrawingPlot.h"
+#include "plot/annotation/AnnotationBlocks.h"
 #include "reader/DxfReader.h"
 
 namespace kelplot {
@@ -62,6 +63,7 @@ private:
 void PlotJob::run(const QString& output) {
     m_drawing = readDrawing(m_input, [&](double fraction) { m_console.showProgress(fraction / 2.0); });
     applyLayers();
+    buildAnnotations(m_drawing, m_plan.style.fonts);
     DrawingPlot plot(m_drawing, m_plan.style);
     std::unique_ptr<OutputDevice> device;
     const std::vector<Space> spaces = chosenSpaces(m_drawing, m_plan.layout);

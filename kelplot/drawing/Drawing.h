@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "drawing/Annotation.h"
 #include "drawing/Entity.h"
 #include "geometry/Box2.h"
 
@@ -98,6 +99,7 @@ struct Drawing {
     std::vector<MlineStyle> mlineStyles;
     std::vector<Block> blocks;
     std::vector<ReferenceClip> clips;
+    std::vector<Annotation> annotations;
     std::vector<Entity> modelSpace;
     std::vector<Entity> paperSpace; ///< of the layout that was looked at last
     std::vector<Layout> layouts;    ///< in their order; none where the drawing does not name them

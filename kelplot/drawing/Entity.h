@@ -33,6 +33,7 @@ constexpr uint32_t lineTypeByLayer = std::numeric_limits<uint32_t>::max();
 constexpr uint32_t lineTypeByBlock = lineTypeByLayer - 1;
 constexpr uint32_t noBlock = std::numeric_limits<uint32_t>::max();
 constexpr uint32_t noClip = std::numeric_limits<uint32_t>::max();
+constexpr uint32_t noAnnotation = std::numeric_limits<uint32_t>::max();
 
 /// Index into Drawing::plotStyles, or one of the marks below.
 using PlotStyleIndex = uint16_t;
@@ -199,7 +200,8 @@ struct Hatch {
 
 /// References to a block, in `rows` by `columns` copies. A dimension is a reference to its own block.
 struct Insert {
-    uint32_t block = noBlock; ///< index into Drawing::blocks
+    uint32_t block = noBlock;           ///< index into Drawing::blocks
+    uint32_t annotation = noAnnotation; ///< index into Drawing::annotations: what it shows without a block with content
     Vec3 position;
     Vec3 scale{1.0, 1.0, 1.0};
     double rotation = 0.0; ///< radians

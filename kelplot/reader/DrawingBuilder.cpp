@@ -307,6 +307,13 @@ void DrawingBuilder::addReference(const RecordHeader& header, Insert&& reference
     add(header, std::move(reference));
 }
 
+void DrawingBuilder::addAnnotation(const RecordHeader& header, Annotation&& annotation, Insert reference) {
+    reference.annotation = static_cast<uint32_t>(m_drawing.annotations.size());
+    if (append(header, reference) != nullptr) {
+        m_drawing.annotations.push_back(std::move(annotation));
+    }
+}
+
 void DrawingBuilder::addViewport(const RecordHeader& header, Viewport&& viewport, uint64_t clipHandle) {
     const auto place = nextOnSheet(header.inPaperSpace);
     if (place && clipHandle != 0) {

@@ -51,6 +51,7 @@ public:
 
     /// How the names in the file are to be read from here on.
     TextEncoding& decoder() { return m_decoder; }
+    const TextEncoding& decoder() const { return m_decoder; }
     Drawing& drawing() { return m_drawing; }
 
     /// Index of the layer of this name, as the file writes it.
@@ -67,8 +68,15 @@ public:
     void namePlotStyle(uint64_t handle, std::string_view name);
     /// Keeps the handle of a layer.
     void nameLayer(uint64_t handle, uint32_t layer) { m_layerHandles.insert(handle, layer); }
-    /// Keeps the handle of a line type.
+    /// Keeps the handle of a line type or of a text style.
     void nameLineType(uint64_t handle, uint32_t lineType) { m_lineTypeHandles.insert(handle, lineType); }
+    void nameTextStyle(uint64_t handle, uint32_t style) { m_textStyleHandles.insert(handle, style); }
+    /// The line type of a handle, or the mark where there is none.
+    uint32_t lineTypeOf(uint64_t handle, uint32_t otherwise) const {
+        return m_lineTypeHandles.value(handle, otherwise);
+    }
+    /// The text style of a handle; else the standard one.
+    uint32_t textStyleOf(uint64_t handle) const { return m_textStyleHandles.value(handle, 0); }
     /// Keeps the handle of the dictionary that lists what programs know of a layer.
     void extendLayer(uint32_t layer, uint64_t dictionary) { m_layerExtensions.push_back({layer, dictionary}); }
     /// The layer that has this handle.
@@ -115,6 +123,16 @@ public:
 
     /// What the drawing states apart from its entities and tables.
     DrawingObjects& objects() { return m_objects; }
+    /// Keeps a variable of the header that says how dimensions look, as the file has it.
+    void setDimensionVariable(const std::string& name, const std::string& value) {
+        m_dimensionVariables.insert(QString::fromStdString(name), value);
+    }
+    const QHash<QString, std::string>& dimensionVariables() const { return m_dimensionVariables; }
+
+    /// Adds what a plot draws with the help of its fonts, where the drawing has no block for it.
+    ///
+    /// @param reference  to its block, if it has one
+    void addAnnotation(const RecordHeader& header, Annotation&& annotation, Insert reference = {});
 
     /// Hands over the finished drawing.
     Drawing take();
@@ -162,6 +180,8 @@ private:
     bool m_inSheetBlock = false; ///< the block is a layout's
     QHash<uint64_t, uint32_t> m_layerHandles;
     QHash<uint64_t, PlotStyleIndex> m_plotStyles; ///< by their handles
+    QHash<uint64_t, uint32_t> m_textStyleHandles;
+    QHash<QString, std::string> m_dimensionVariables;
     QHash<uint64_t, SheetEntity> m_sheetEntities; ///< by their handles
     std::vector<PendingClip> m_pendingClips;
     QHash<uint64_t, uint32_t> m_lineTypeHandles;

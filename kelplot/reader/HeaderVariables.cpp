@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "reader/HeaderVariables.h"
 
+#include <QByteArray>
 #include <array>
 #include <cstddef>
+#include <string>
 
 #include "reader/GroupValue.h"
 #include "reader/RecordHeader.h"
@@ -44,6 +46,11 @@ constexpr std::array<double, 25> millimetres = {
     surveyFoot * 5280,
 };
 
+bool isOfDimensions(std::string_view key) {
+    constexpr std::string_view start = "$DIM";
+    return key.substr(0, start.size()) == start;
+}
+
 } // namespace
 
 double millimetresPerDrawingUnit(int insertUnits, bool metric) {
@@ -59,6 +66,8 @@ void HeaderVariables::setText(std::string_view key, std::string_view value) {
         m_builder.decoder().setVersion(trimmed(value));
     } else if (key == "$DWGCODEPAGE") {
         m_builder.decoder().setCodePage(trimmed(value));
+    } else if (isOfDimensions(key)) {
+        m_builder.setDimensionVariable(std::string(key), std::string(trimmed(value)));
     }
 }
 
@@ -84,6 +93,8 @@ void HeaderVariables::setInteger(std::string_view key, int value) {
         m_builder.drawing().defaultLineWeight = lineWeightOf(value);
     } else if (key == "$ATTMODE" && value >= 0 && value <= 2) {
         m_builder.setShownAttributes(static_cast<DrawingBuilder::ShownAttributes>(value));
+    } else if (isOfDimensions(key)) {
+        m_builder.setDimensionVariable(std::string(key), std::to_string(value));
     }
 }
 
@@ -93,6 +104,8 @@ void HeaderVariables::setReal(std::string_view key, double value) {
         m_builder.drawing().lineTypeScale = real;
     } else if (key == "$PDSIZE") {
         m_builder.drawing().pointSize = real;
+    } else if (isOfDimensions(key)) {
+        m_builder.setDimensionVariable(std::string(key), QByteArray::number(real, 'g', 17).toStdString());
     }
 }
 

@@ -127,6 +127,7 @@ void LibraryRecords::addLayer(const DL_LayerData& data) {
 
 void LibraryRecords::addLinetype(const DL_LinetypeData& data) {
     const uint32_t index = m_builder.lineType(trimmed(data.name));
+    m_builder.nameLineType(m_header.handle, index);
     if (index >= m_builder.drawing().lineTypes.size()) {
         return;
     }

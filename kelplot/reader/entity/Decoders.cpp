@@ -5,10 +5,11 @@
 #include <array>
 #include <iterator>
 
+#include "reader/annotation/DimensionDecoder.h"
+#include "reader/annotation/DimensionStyles.h"
+#include "reader/annotation/ToleranceDecoder.h"
 #include "reader/entity/BlockRecords.h"
 #include "reader/entity/ConstructionLineDecoder.h"
-#include "reader/entity/DimensionDecoder.h"
-#include "reader/entity/DimensionStyles.h"
 #include "reader/entity/HatchDecoder.h"
 #include "reader/entity/ImageDecoder.h"
 #include "reader/entity/LayoutDecoder.h"
@@ -36,12 +37,13 @@ Decoder make(const Decoders&) {
     return std::make_unique<Type>();
 }
 
-/// Leaders look as the dimension styles say.
-Decoder makeForLeaders(const Decoders& above) {
+/// Dimensions and leaders look as the dimension styles say.
+template <typename Type>
+Decoder makeStyled(const Decoders& above) {
     const RecordDecoder* const styles = above.find(RecordPlace::tables, "DIMSTYLE");
     const RecordDecoder* const blocks = above.find(RecordPlace::tables, "BLOCK_RECORD");
-    return std::make_unique<LeaderDecoder>(static_cast<const DimensionStyles&>(*styles),
-                                           static_cast<const BlockRecords&>(*blocks));
+    return std::make_unique<Type>(static_cast<const DimensionStyles&>(*styles),
+                                  static_cast<const BlockRecords&>(*blocks));
 }
 
 /// For objects that name a block by the handle of its record.
@@ -65,11 +67,12 @@ constexpr Row rows[] = {
     {RecordPlace::entities, {"VERTEX", "POLYLINE", "SEQEND"}, make<PolylineDecoder>},
     {RecordPlace::entities, {"HATCH", "MPOLYGON"}, make<HatchDecoder>},
     {RecordPlace::entities, {"SPLINE"}, make<SplineDecoder>},
-    {RecordPlace::entities, {"DIMENSION", "ARC_DIMENSION", "LARGE_RADIAL_DIMENSION"}, make<DimensionDecoder>},
+    {RecordPlace::entities, {"DIMENSION", "ARC_DIMENSION", "LARGE_RADIAL_DIMENSION"}, makeStyled<DimensionDecoder>},
+    {RecordPlace::entities, {"TOLERANCE"}, makeStyled<ToleranceDecoder>},
     {RecordPlace::entities, {"ACAD_TABLE"}, make<TableDecoder>},
     {RecordPlace::entities, {"TEXT", "ATTRIB", "ATTDEF"}, make<TextDecoder>},
     {RecordPlace::entities, {"MTEXT"}, make<MTextDecoder>},
-    {RecordPlace::entities, {"LEADER"}, makeForLeaders},
+    {RecordPlace::entities, {"LEADER"}, makeStyled<LeaderDecoder>},
     {RecordPlace::entities, {"RAY", "XLINE"}, make<ConstructionLineDecoder>},
     {RecordPlace::entities, {"IMAGE", "WIPEOUT"}, make<ImageDecoder>},
     {RecordPlace::entities, {"MLINE"}, make<MlineDecoder>},

@@ -8,16 +8,12 @@
 #include <cmath>
 #include <utility>
 
-#include "reader/AttachedData.h"
 #include "reader/GroupValue.h"
 #include "reader/entity/SplineDecoder.h"
 
 namespace kelplot {
 
 namespace {
-
-/// Many more values than a style has.
-constexpr size_t mostChanges = 256;
 
 /// An arrow head that takes more than this share of the leader's first stretch is left out.
 constexpr double largestArrowShare = 0.5;
@@ -36,8 +32,6 @@ bool lineReachesTip(const std::string& arrowBlock) {
 void LeaderDecoder::begin(std::string_view) {
     m_record = Record();
     m_changes.clear();
-    m_inChanges = false;
-    m_changedCode.reset();
 }
 
 void LeaderDecoder::take(const Group& group) {
@@ -74,36 +68,10 @@ void LeaderDecoder::take(const Group& group) {
     }
 }
 
-/// The values that differ from the style are pairs: the code that each has in the table, and itself.
-void LeaderDecoder::takeExtended(const Group& group) {
-    const std::string_view value = trimmed(group.value);
-    if (group.code == attached::application || (group.code == attached::brace && value == "}")) {
-        m_inChanges = false;
-    } else if (group.code == attached::text && value == "DSTYLE") {
-        m_inChanges = true;
-        m_changedCode.reset();
-    } else if (m_inChanges && m_changedCode && group.code >= attached::firstOther) {
-        if (m_changes.size() < mostChanges) {
-            m_changes.push_back({*m_changedCode, std::string(value)});
-        }
-        m_changedCode.reset();
-    } else if (m_inChanges && group.code == attached::shortInteger) {
-        m_changedCode = toInteger(value);
-    }
-}
-
-LeaderStyle LeaderDecoder::style(const TextEncoding& decoder) const {
-    LeaderStyle style = m_styles.styleOf(m_record.style, decoder);
-    for (const Change& change : m_changes) {
-        style.take(Group{change.code, change.value, {}});
-    }
-    return style;
-}
-
 /// A text above the line has the line below it.
-void LeaderDecoder::extendUnderText(const LeaderStyle& style) {
+void LeaderDecoder::extendUnderText(const StyleValues& style) {
     std::vector<Vec3>& vertices = m_record.vertices;
-    if (!m_record.hasText || !m_record.hasHook || style.textRow == 0) {
+    if (!m_record.hasText || !m_record.hasHook || style.integer(StyleCode::textRow) == 0) {
         return;
     }
     const Vec3 hook = vertices.back() - vertices[vertices.size() - 2];
@@ -112,15 +80,15 @@ void LeaderDecoder::extendUnderText(const LeaderStyle& style) {
     }
 }
 
-void LeaderDecoder::addArrow(const LeaderStyle& style, const RecordHeader& header, DrawingBuilder& builder) {
-    const double size = style.scaledArrowSize();
+void LeaderDecoder::addArrow(const StyleValues& style, const RecordHeader& header, DrawingBuilder& builder) {
+    const double size = style.length(StyleCode::arrowSize);
     const Vec3 first = m_record.vertices[1] - m_record.vertices[0];
     if (!m_record.arrow || !(size > 0.0) || size > first.length() * largestArrowShare) {
         return;
     }
     const Vec3 tip = toPlane(m_record.vertices[0], header.extrusion);
     const Vec3 back = toPlane(first, header.extrusion) * (size / first.length());
-    const std::string block = m_blocks.nameOf(style.arrowBlock);
+    const std::string block = m_blocks.nameOf(style.handle(StyleCode::leaderArrow));
     if (block.empty()) {
         const Vec3 across = Vec3{-back.y, back.x, 0.0} * arrowSlope;
         const Vec3 base = tip + back;
@@ -160,9 +128,10 @@ void LeaderDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
     if (m_record.vertices.size() < 2) {
         return;
     }
-    const LeaderStyle leaderStyle = style(builder.decoder());
-    extendUnderText(leaderStyle);
-    addArrow(leaderStyle, header, builder);
+    StyleValues style = m_styles.styleOf(m_record.style, builder);
+    m_changes.applyTo(style);
+    extendUnderText(style);
+    addArrow(style, header, builder);
     addPath(header, builder);
 }
 

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "reader/RecordDecoder.h"
+#include "reader/annotation/DimensionStyles.h"
 #include "reader/entity/BlockRecords.h"
-#include "reader/entity/DimensionStyles.h"
 
 namespace kelplot {
 
@@ -18,7 +17,7 @@ public:
 
     void begin(std::string_view type) override;
     void take(const Group& group) override;
-    void takeExtended(const Group& group) override;
+    void takeExtended(const Group& group) override { m_changes.take(group); }
     void end(const RecordHeader& header, DrawingBuilder& builder) override;
 
 private:
@@ -31,23 +30,15 @@ private:
         bool hasHook = false;
         double textWidth = 0.0;
     };
-    /// A value that the leader has other than its style.
-    struct Change {
-        int code = 0;
-        std::string value;
-    };
 
-    LeaderStyle style(const TextEncoding& decoder) const;
-    void extendUnderText(const LeaderStyle& style);
-    void addArrow(const LeaderStyle& style, const RecordHeader& header, DrawingBuilder& builder);
+    void extendUnderText(const StyleValues& style);
+    void addArrow(const StyleValues& style, const RecordHeader& header, DrawingBuilder& builder);
     void addPath(const RecordHeader& header, DrawingBuilder& builder);
 
     const DimensionStyles& m_styles;
     const BlockRecords& m_blocks;
     Record m_record;
-    std::vector<Change> m_changes;
-    bool m_inChanges = false;
-    std::optional<int> m_changedCode; ///< its value comes next
+    StyleChanges m_changes;
 };
 
 } // namespace kelplot

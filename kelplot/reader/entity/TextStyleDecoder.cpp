@@ -35,6 +35,9 @@ void TextStyleDecoder::take(const Group& group) {
     case 2:
         m_name = trimmed(group.value);
         break;
+    case 5:
+        m_handle = toHandle(group.value);
+        break;
     case 3:
         m_fontFile = trimmed(group.value);
         break;
@@ -86,7 +89,9 @@ void TextStyleDecoder::end(const RecordHeader&, DrawingBuilder& builder) {
     if (!(m_style.widthFactor > 0.0)) {
         m_style.widthFactor = 1.0;
     }
-    TextStyle& style = builder.drawing().textStyles[builder.textStyle(m_name)];
+    const uint32_t index = builder.textStyle(m_name);
+    builder.nameTextStyle(m_handle, index);
+    TextStyle& style = builder.drawing().textStyles[index];
     m_style.name = style.name;
     style = std::move(m_style);
 }

@@ -17,6 +17,7 @@ public:
 
 private:
     TextStyle m_style;
+    uint64_t m_handle = 0;
     std::string m_name; ///< this and the next ones as the file has them
     std::string m_fontFile;
     std::string m_bigFontFile;

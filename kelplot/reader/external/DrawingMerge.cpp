@@ -18,7 +18,10 @@ QString keyOf(const std::string& name) {
 /// The new index for each of the other drawing's.
 using Indices = std::vector<uint32_t>;
 
-uint32_t at(const Indices& indices, uint32_t index, uint32_t otherwise) {
+using PlotStyleIndices = std::vector<PlotStyleIndex>;
+
+template <typename Index>
+Index at(const std::vector<Index>& indices, Index index, Index otherwise) {
     return index < indices.size() ? indices[index] : otherwise;
 }
 
@@ -30,11 +33,14 @@ struct Renumbering {
     uint32_t mlineStyles = 0;
     uint32_t blocks = 0;
     uint32_t clips = 0;
+    uint32_t annotations = 0;
+    PlotStyleIndices plotStyles;
 
     void apply(std::vector<Entity>& entities) const {
         for (Entity& entity : entities) {
-            entity.attributes.layer = at(layers, entity.attributes.layer, 0);
+            entity.attributes.layer = at(layers, entity.attributes.layer, 0U);
             entity.attributes.lineType = at(lineTypes, entity.attributes.lineType, entity.attributes.lineType);
+            entity.attributes.plotStyle = at(plotStyles, entity.attributes.plotStyle, entity.attributes.plotStyle);
             std::visit(*this, entity.geometry);
         }
     }
@@ -43,14 +49,34 @@ struct Renumbering {
     void operator()(MText& text) const { text.style += textStyles; }
     void operator()(Image& image) const { image.definition += images; }
     void operator()(Mline& mline) const { mline.style += mlineStyles; }
-    void operator()(Unplotted& entity) const { entity.kind = at(kinds, entity.kind, 0); }
+    void operator()(Unplotted& entity) const { entity.kind = at(kinds, entity.kind, 0U); }
     void operator()(Insert& insert) const {
         insert.block += insert.block == noBlock ? 0 : blocks;
         insert.clip += insert.clip == noClip ? 0 : clips;
+        insert.annotation += insert.annotation == noAnnotation ? 0 : annotations;
     }
+    void operator()(Dimension& dimension) const {
+        for (DimensionEnd& end : dimension.look.ends) {
+            end.arrow += end.arrow == noBlock ? 0 : blocks;
+            renumber(end.extensionLine);
+        }
+        renumber(dimension.look.line);
+        if (dimension.text) {
+            (*this)(*dimension.text);
+        }
+    }
+    void operator()(ToleranceFrame& frame) const {
+        renumber(frame.line);
+        for (std::vector<MText>& row : frame.rows) {
+            for (MText& cell : row) {
+                (*this)(cell);
+            }
+        }
+    }
+    void renumber(PartLook& look) const { look.lineType = at(lineTypes, look.lineType, look.lineType); }
     void operator()(Viewport& viewport) const {
         for (uint32_t& layer : viewport.frozenLayers) {
-            layer = at(layers, layer, 0);
+            layer = at(layers, layer, 0U);
         }
     }
     // These refer to nothing.
@@ -82,6 +108,7 @@ public:
 
     void run() {
         numberLineTypes();
+        numberPlotStyles();
         numberLayers();
         numberKinds();
         moveStyles();
@@ -117,6 +144,20 @@ private:
         }
     }
 
+    void numberPlotStyles() {
+        std::vector<std::string>& styles = m_into.plotStyles;
+        for (std::string& style : m_from.plotStyles) {
+            const auto found = std::find(styles.begin(), styles.end(), style);
+            const bool isNew = found == styles.end() && styles.size() < plotStyleByBlock;
+            m_numbers.plotStyles.push_back(isNew || found != styles.end()
+                                               ? static_cast<PlotStyleIndex>(found - styles.begin())
+                                               : PlotStyleIndex{0});
+            if (isNew) {
+                styles.push_back(std::move(style));
+            }
+        }
+    }
+
     void numberLayers() {
         QHash<QString, uint32_t> known;
         for (uint32_t i = 0; i < m_into.layers.size(); ++i) {
@@ -126,7 +167,8 @@ private:
         for (size_t i = 1; i < m_from.layers.size(); ++i) {
             Layer& layer = m_from.layers[i];
             layer.name = m_prefix + layer.name;
-            layer.lineType = at(m_numbers.lineTypes, layer.lineType, 0);
+            layer.lineType = at(m_numbers.lineTypes, layer.lineType, 0U);
+            layer.plotStyle = at(m_numbers.plotStyles, layer.plotStyle, PlotStyleIndex{0});
             const auto found = known.constFind(keyOf(layer.name));
             m_numbers.layers.push_back(found == known.constEnd() ? static_cast<uint32_t>(m_into.layers.size())
                                                                  : *found);
@@ -171,6 +213,10 @@ private:
             }
         }
         m_numbers.blocks = static_cast<uint32_t>(m_into.blocks.size());
+        for (Annotation& annotation : m_from.annotations) {
+            std::visit(m_numbers, annotation);
+        }
+        m_numbers.annotations = moveAll(m_from.annotations, m_into.annotations);
         for (Block& block : m_from.blocks) {
             block.name = m_prefix + block.name;
             m_numbers.apply(block.entities);

@@ -5,6 +5,7 @@
 
 #include "kelplot/CaseFile.h"
 #include "kelplot/plot/PlotKit.h"
+#include "plot/annotation/AnnotationBlocks.h"
 #include "support/PlotText.h"
 
 namespace kelplot {
@@ -97,7 +98,8 @@ std::vector<std::string> outcomeOf(const Case& given) {
     for (const std::string& option : given.options) {
         apply(option, settings);
     }
-    const Drawing drawing = readGroups(given.groups());
+    Drawing drawing = readGroups(given.groups());
+    buildAnnotations(drawing, settings.style.fonts);
     const Shapes shapes = shapesOf(drawing, settings.target, settings.style);
     const bool withStyles = !given.expected.empty() && given.expected[0].find(" | ") != std::string::npos;
     const bool withClips = !given.expected.empty() && given.expected.back().find(" within ") != std::string::npos;
@@ -122,7 +124,7 @@ std::vector<std::string> outcomeOf(const Case& given) {
 }
 
 TEST(PlotCases, ArePlottedAsExpected) {
-    for (const char* const file : {"areas", "blocks", "extents", "lines", "sheets", "styles", "texts"}) {
+    for (const char* const file : {"areas", "blocks", "dimensions", "extents", "lines", "sheets", "styles", "texts"}) {
         expectCases(std::string(CASES) + file + ".cases", outcomeOf);
     }
 }

@@ -8,7 +8,7 @@
 namespace kelplot {
 namespace {
 
-const char* const files[] = {"attributes", "entities", "oddities", "tables", "texts"};
+const char* const files[] = {"annotations", "attributes", "entities", "oddities", "tables", "texts"};
 
 std::vector<std::string> outcomeOf(const std::string& text) {
     try {

@@ -148,11 +148,42 @@ public:
     }
 
     std::string text(const Insert& insert) const {
+        if (insert.annotation != noAnnotation) {
+            return std::visit([&](const auto& each) { return text(each); },
+                              m_drawing.annotations.at(insert.annotation)) +
+                   (insert.block == noBlock ? "" : " instead of " + m_drawing.blocks.at(insert.block).name);
+        }
         const Block& block = m_drawing.blocks.at(insert.block);
         return (block.defined ? "block " : "undefined block ") + block.name + " at " + text(insert.position) +
                unless(" scaled ", insert.scale, Vec3{1, 1, 1}) + unless(" turned ", insert.rotation / degree, 0.0) +
                unless(" columns ", double(insert.columns), 1.0) + unless(" rows ", double(insert.rows), 1.0) +
                unless(" by ", Vec3{insert.columnSpacing, insert.rowSpacing, 0}, Vec3{});
+    }
+
+    /// By its points, its text and its arrow heads.
+    std::string text(const Dimension& dimension) const {
+        constexpr const char* kinds[] = {"rotated", "aligned",         "angle of lines", "diameter",
+                                         "radius",  "angle of points", "ordinate",       "other"};
+        std::string result = kinds[static_cast<size_t>(dimension.kind)];
+        for (const Vec2& point : {dimension.line, dimension.first, dimension.second, dimension.side, dimension.arc}) {
+            result += ' ' + text(point);
+        }
+        result += unless(" turned ", dimension.direction / degree, 0.0) +
+                  unless(" oblique ", dimension.oblique / degree, 0.0) + (dimension.ordinateOfX ? " of x" : "") +
+                  unless(" extruded ", dimension.extrusion, Vec3{0, 0, 1});
+        for (const DimensionEnd& end : dimension.look.ends) {
+            result += ' ' + m_drawing.blocks.at(end.arrow).name;
+        }
+        return result + (dimension.text ? ' ' + text(*dimension.text) : "") + (dimension.textPlaced ? "" : " anywhere");
+    }
+    std::string text(const ToleranceFrame& frame) const {
+        std::string result = "frame at " + text(frame.position) + unless(" turned ", frame.rotation / degree, 0.0);
+        for (const auto& row : frame.rows) {
+            for (const MText& cell : row) {
+                result += (&cell == &row.front() ? " / " : " | ") + text(cell);
+            }
+        }
+        return result;
     }
 
     static std::string text(const HatchLine& line) { return "line " + text(line.start) + ' ' + text(line.end); }

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "plot/annotation/DimensionDraft.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/Angles.h"
+#include "drawing/ArrowHeads.h"
+#include "drawing/DimensionMeasure.h"
+
+namespace kelplot {
+
+namespace {
+
+LineEnd lineEndOf(const DimensionEnd& end, const DimensionLook& look, const Drawing& drawing) {
+    LineEnd result;
+    result.shown = end.hasLine;
+    result.block = end.arrow;
+    result.size = look.arrowSize;
+    if (look.tickSize > 0.0) {
+        result.isTick = result.isPlainTick = result.lineReachesTip = true;
+        result.size = look.tickSize;
+    } else if (end.arrow < drawing.blocks.size()) {
+        const std::string& name = drawing.blocks[end.arrow].name;
+        result.isTick = isTick(name);
+        result.lineReachesTip = lineReachesTip(name);
+    }
+    return result;
+}
+
+/// The direction of a text that runs along a line, so that it reads from below or from the right.
+double readable(double angle) {
+    constexpr double tolerance = 1e-6;
+    const double rest = std::remainder(angle, turn / 2.0); // within a quarter of a turn
+    return rest <= -turn / 4.0 + tolerance ? rest + turn / 2.0 : rest;
+}
+
+} // namespace
+
+double angleOf(Vec2 v) {
+    return std::atan2(v.y, v.x);
+}
+
+DimensionDraft::DimensionDraft(const Drawing& drawing, const Dimension& dimension, Vec2 textSize)
+    : m_dimension(dimension), m_textSize(textSize), m_parts(dimension.elevation) {
+    for (size_t i = 0; i < m_ends.size(); ++i) {
+        m_ends[i] = lineEndOf(dimension.look.ends[i], dimension.look, drawing);
+    }
+}
+
+double DimensionDraft::textAngle(double along, bool level) const {
+    if (m_dimension.textTurn) {
+        return *m_dimension.textTurn;
+    }
+    return level ? m_dimension.level : readable(along);
+}
+
+TextBox DimensionDraft::boxAt(Vec2 middle, double angle) const {
+    return {middle, unitVector(angle), m_textSize * 0.5};
+}
+
+Vec2 DimensionDraft::statedMiddle() const {
+    const Vec3& position = m_dimension.text->position;
+    return {position.x, position.y};
+}
+
+double DimensionDraft::textRise(double angle) const {
+    const TextBox box = boxAt({}, angle);
+    const double clear = box.halfExtent({0.0, 1.0}) + look().gap;
+    switch (look().textRow) {
+    case DimensionLook::TextRow::above:
+        return clear;
+    case DimensionLook::TextRow::below:
+        return -clear;
+    case DimensionLook::TextRow::inLine:
+        break;
+    }
+    return look().textRise * m_dimension.text->height;
+}
+
+void DimensionDraft::addText(const TextBox& box) {
+    m_parts.addText(*m_dimension.text, box.middle, angleOf(box.along), look().textColour);
+}
+
+void DimensionDraft::addEnd(size_t index, Vec2 tip, double direction) {
+    const LineEnd& end = m_ends[index];
+    if (!end.shown) {
+        return;
+    }
+    if (end.isPlainTick) {
+        const Vec2 stroke = (unitVector(direction) + leftNormal(unitVector(direction))) * end.size;
+        m_parts.addLine(tip - stroke, tip + stroke, look().line);
+    } else {
+        m_parts.addBlock(end.block, tip, direction, end.size, look().line);
+    }
+}
+
+void DimensionDraft::addLine(Vec2 from, Vec2 to, const TextBox* text) {
+    const double length = (to - from).length();
+    if (!(length > 0.0)) {
+        return;
+    }
+    const Vec2 along = (to - from) * (1.0 / length);
+    const bool isCut = text != nullptr && !text->onLine(from, along, 0.0).isEmpty();
+    const Interval cut = isCut ? text->onLine(from, along, look().gap) : Interval{length, length};
+    if (cut.low > 0.0) {
+        m_parts.addLine(from, from + along * std::min(cut.low, length), look().line);
+    }
+    if (cut.high < length) {
+        m_parts.addLine(from + along * std::max(cut.high, 0.0), to, look().line);
+    }
+}
+
+void DimensionDraft::addExtensionLine(size_t index, Vec2 measured, Vec2 end, Vec2 direction) {
+    const DimensionEnd& side = look().ends[index];
+    const double distance = dot(end - measured, direction);
+    const double shortened = look().extensionLength > 0.0 ? distance - look().extensionLength : 0.0;
+    const double start = std::max(look().extensionGap, shortened);
+    const double stop = distance + look().extensionBeyond;
+    if (side.hasExtensionLine && start < stop) {
+        m_parts.addLine(measured + direction * start, measured + direction * stop, side.extensionLine);
+    }
+}
+
+} // namespace kelplot

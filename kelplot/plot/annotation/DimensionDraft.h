@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <array>
+#include <optional>
+
+#include "drawing/Drawing.h"
+#include "plot/annotation/PartList.h"
+#include "plot/annotation/TextBox.h"
+
+namespace kelplot {
+
+/// What stands at an end of a dimension line.
+struct LineEnd {
+    uint32_t block = noBlock;
+    double size = 0.0;
+    bool isTick = false;         ///< a stroke across the line
+    bool isPlainTick = false;    ///< one without a block
+    bool lineReachesTip = false; ///< the line goes on through the arrow head
+    bool shown = true;
+
+    /// How much of the line the arrow head stands for.
+    double cover() const { return lineReachesTip ? 0.0 : size; }
+    /// How much of the line it takes up.
+    double room() const { return isTick ? 0.0 : size; }
+};
+
+/// A dimension that is being drawn.
+class DimensionDraft {
+public:
+    /// @param textSize  of the text of the dimension, which is empty where it has none
+    DimensionDraft(const Drawing& drawing, const Dimension& dimension, Vec2 textSize);
+
+    const Dimension& dimension() const { return m_dimension; }
+    const DimensionLook& look() const { return m_dimension.look; }
+    const LineEnd& end(size_t index) const { return m_ends[index]; }
+    PartList& parts() { return m_parts; }
+    bool hasText() const { return m_dimension.text.has_value(); }
+    Vec2 textSize() const { return m_textSize; }
+
+    /// The direction of a text beside a line of the direction `along`.
+    ///
+    /// @param level  as its style says for where the text is
+    double textAngle(double along, bool level) const;
+    TextBox boxAt(Vec2 middle, double angle) const;
+    /// The middle of the text as the drawing states it.
+    Vec2 statedMiddle() const;
+    /// How far the middle of a text lies above its dimension line where nothing else is said; `angle` is between the
+    /// two.
+    double textRise(double angle) const;
+
+    void addText(const TextBox& box);
+    /// Draws what stands at an end.
+    ///
+    /// @param direction  radians, of the arrow head
+    void addEnd(size_t index, Vec2 tip, double direction);
+    /// Draws a stretch of the dimension line but for what the text covers.
+    void addLine(Vec2 from, Vec2 to, const TextBox* text);
+    void addExtensionLine(size_t index, Vec2 measured, Vec2 end, Vec2 direction);
+
+private:
+    const Dimension& m_dimension;
+    Vec2 m_textSize;
+    std::array<LineEnd, 2> m_ends;
+    PartList m_parts;
+};
+
+// What the kinds of dimensions are drawn with.
+void addLinearParts(DimensionDraft& draft);
+void addAngleParts(DimensionDraft& draft);
+void addRadialParts(DimensionDraft& draft);
+void addOrdinateParts(DimensionDraft& draft);
+
+double angleOf(Vec2 v);
+
+} // namespace kelplot

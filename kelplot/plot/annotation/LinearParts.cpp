@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "drawing/DimensionMeasure.h"
+#include "plot/annotation/DimensionDraft.h"
+
+namespace kelplot {
+
+namespace {
+
+/// A straight dimension line, by distances from its first end.
+struct LineLayout {
+    Vec2 start;
+    Vec2 along;
+    double length;
+    std::optional<TextBox> text;
+    double textAt = 0.0; ///< of its middle, along the line
+    bool textMovedAway = false;
+
+    Vec2 at(double distance) const { return start + along * distance; }
+    bool textInside() const { return text && textAt >= 0.0 && textAt <= length; }
+    const TextBox* box() const { return text ? &*text : nullptr; }
+};
+
+/// How far the nearest edge of a text lies from the dimension line.
+double distanceFromLine(const TextBox& box, const LineLayout& line) {
+    const Vec2 up = leftNormal(line.along);
+    return std::abs(dot(box.middle - line.start, up)) - box.halfExtent(up);
+}
+
+/// The text beside a leader hangs on the end of that, not on its middle.
+TextBox besideLeader(const TextBox& box, const LineLayout& line) {
+    TextBox moved = box;
+    const double side = dot(box.middle - line.at(line.length / 2.0), box.along) < 0.0 ? -1.0 : 1.0;
+    moved.middle = box.middle + box.along * (side * box.halfSize.x);
+    return moved;
+}
+
+void placeText(const DimensionDraft& draft, LineLayout& line) {
+    const DimensionLook& look = draft.look();
+    const Dimension& dimension = draft.dimension();
+    const double direction = angleOf(line.along);
+    const double insideAngle = draft.textAngle(direction, look.levelInside);
+    if (!dimension.textPlaced) {
+        const Vec2 upright = leftNormal(unitVector(draft.textAngle(direction, false)));
+        const Vec2 up = leftNormal(line.along);
+        const double rise = draft.textRise(insideAngle - direction) * (dot(up, upright) < 0.0 ? -1.0 : 1.0);
+        line.textAt = line.length / 2.0;
+        line.text = draft.boxAt(line.at(line.textAt) + up * rise, insideAngle);
+        return;
+    }
+    const Vec2 middle = draft.statedMiddle();
+    line.textAt = dot(middle - line.start, line.along);
+    line.text = draft.boxAt(middle, insideAngle);
+    if (!line.textInside()) {
+        line.text = draft.boxAt(middle, draft.textAngle(direction, look.levelOutside));
+    }
+    line.textMovedAway = distanceFromLine(*line.text, line) > 2.0 * look.gap;
+    if (line.textMovedAway && look.textLeader) {
+        line.text = besideLeader(*line.text, line);
+    }
+}
+
+/// How far the line goes on beyond an end to a text there, from the end on; 0 where the text is elsewhere.
+double reachToText(const DimensionDraft& draft, const LineLayout& line, size_t end) {
+    if (!line.text || line.textInside() || line.textMovedAway || (line.textAt < 0.0) != (end == 0)) {
+        return 0.0;
+    }
+    const Vec2 out = line.along * (end == 0 ? -1.0 : 1.0);
+    const Vec2 tip = line.at(end == 0 ? 0.0 : line.length);
+    const Interval covered = line.text->onLine(tip, out, 0.0);
+    return covered.isEmpty() ? dot(line.text->middle - tip, out) + line.text->halfExtent(out)
+                             : line.text->onLine(tip, out, draft.look().gap).low;
+}
+
+void addTextLeader(DimensionDraft& draft, const LineLayout& line) {
+    const TextBox& box = *line.text;
+    const Vec2 start = line.at(line.length / 2.0);
+    const double side = dot(box.middle - start, box.along) < 0.0 ? -1.0 : 1.0;
+    const Vec2 edge = box.middle - box.along * (side * (box.halfSize.x + draft.look().gap));
+    const Vec2 knee = edge - box.along * (side * draft.look().arrowSize);
+    draft.addLine(start, knee, nullptr);
+    draft.addLine(knee, edge, nullptr);
+}
+
+/// Arrow heads within the extension lines, or ticks.
+void addLineInside(DimensionDraft& draft, const LineLayout& line) {
+    std::array<double, 2> reach{};
+    for (size_t i = 0; i < reach.size(); ++i) {
+        const LineEnd& end = draft.end(i);
+        const double beyond = end.isTick ? draft.look().lineBeyond : -end.cover();
+        reach[i] = std::max(beyond, 0.0);
+        const double toText = reachToText(draft, line, i);
+        if (end.shown && toText > reach[i]) {
+            draft.addLine(line.at(i == 0 ? -toText : line.length), line.at(i == 0 ? 0.0 : line.length + toText),
+                          line.box());
+        }
+        reach[i] = beyond;
+    }
+    const bool split = draft.end(0).shown != draft.end(1).shown;
+    const double half = line.textInside() ? line.textAt : line.length / 2.0;
+    const double from = split && !draft.end(0).shown ? half : -reach[0];
+    const double to = split && !draft.end(1).shown ? half : line.length + reach[1];
+    if ((draft.end(0).shown || draft.end(1).shown) && from < to) {
+        draft.addLine(line.at(from), line.at(to), line.box());
+    }
+    draft.addEnd(0, line.start, angleOf(line.along * -1.0));
+    draft.addEnd(1, line.at(line.length), angleOf(line.along));
+}
+
+/// Arrow heads that point at the extension lines from outside.
+void addLineOutside(DimensionDraft& draft, const LineLayout& line) {
+    for (size_t i = 0; i < 2; ++i) {
+        const LineEnd& end = draft.end(i);
+        const double out = i == 0 ? -1.0 : 1.0;
+        const double tip = i == 0 ? 0.0 : line.length;
+        const double tail = std::max(2.0 * end.size, reachToText(draft, line, i));
+        if (end.shown) {
+            draft.addLine(line.at(tip + out * end.cover()), line.at(tip + out * tail), nullptr);
+            draft.addEnd(i, line.at(tip), angleOf(line.along * -out));
+        }
+    }
+    if (draft.look().lineInside || (line.textMovedAway && draft.look().textLeader)) {
+        draft.addLine(line.start, line.at(line.length), line.box());
+    }
+}
+
+} // namespace
+
+void addLinearParts(DimensionDraft& draft) {
+    const Dimension& dimension = draft.dimension();
+    const LinearMeasure measure = linearMeasureOf(dimension);
+    LineLayout line{measure.ends[0], measure.along, measure.length, {}};
+    if (draft.hasText()) {
+        placeText(draft, line);
+    }
+    const Vec2 measured[] = {dimension.first, dimension.second};
+    for (size_t i = 0; i < 2; ++i) {
+        // A point on the dimension line has its extension line on the side of the other one.
+        Vec2 towards = measure.ends[i] - measured[i];
+        if (!(towards.length() > draft.look().extensionGap)) {
+            towards = measure.ends[1 - i] - measured[1 - i];
+        }
+        const double side = dot(towards, measure.extension) < 0.0 ? -1.0 : 1.0;
+        draft.addExtensionLine(i, measured[i], measure.ends[i], measure.extension * side);
+    }
+    const bool textBetween = line.textInside() && !line.textMovedAway;
+    const double forText = textBetween ? 2.0 * line.text->halfExtent(line.along) : 0.0;
+    const double room = draft.end(0).room() + draft.end(1).room() + 2.0 * draft.look().gap;
+    const bool areTicks = draft.end(0).isTick && draft.end(1).isTick;
+    if (areTicks || line.length >= room + forText) {
+        addLineInside(draft, line);
+    } else {
+        addLineOutside(draft, line);
+    }
+    if (line.text) {
+        if (line.textMovedAway && draft.look().textLeader) {
+            addTextLeader(draft, line);
+        }
+        draft.addText(*line.text);
+    }
+}
+
+} // namespace kelplot

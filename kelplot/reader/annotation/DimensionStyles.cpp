@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "reader/annotation/DimensionStyles.h"
+
+#include "reader/GroupValue.h"
+
+namespace kelplot {
+
+namespace {
+
+QString keyOf(std::string_view name, const TextEncoding& decoder) {
+    return QString::fromStdString(decoder.decode(name)).toCaseFolded();
+}
+
+constexpr int nameCode = 2;
+/// Of a style it is a number that says nothing of its look, of an entity the colour behind the text.
+constexpr int flagsCode = 70;
+
+struct Variable {
+    const char* name;
+    StyleCode code;
+};
+constexpr Variable variables[] = {
+    {"$DIMPOST", StyleCode::postfix},
+    {"$DIMAPOST", StyleCode::alternatePostfix},
+    {"$DIMBLK", StyleCode::arrowName},
+    {"$DIMBLK1", StyleCode::firstArrowName},
+    {"$DIMBLK2", StyleCode::secondArrowName},
+    {"$DIMSCALE", StyleCode::scale},
+    {"$DIMASZ", StyleCode::arrowSize},
+    {"$DIMEXO", StyleCode::extensionGap},
+    {"$DIMEXE", StyleCode::extensionBeyond},
+    {"$DIMRND", StyleCode::rounding},
+    {"$DIMDLE", StyleCode::lineBeyond},
+    {"$DIMTP", StyleCode::upperTolerance},
+    {"$DIMTM", StyleCode::lowerTolerance},
+    {"$DIMTOL", StyleCode::tolerances},
+    {"$DIMLIM", StyleCode::limits},
+    {"$DIMTIH", StyleCode::levelInside},
+    {"$DIMTOH", StyleCode::levelOutside},
+    {"$DIMSE1", StyleCode::noFirstExtension},
+    {"$DIMSE2", StyleCode::noSecondExtension},
+    {"$DIMTAD", StyleCode::textRow},
+    {"$DIMZIN", StyleCode::zeros},
+    {"$DIMAZIN", StyleCode::angleZeros},
+    {"$DIMTXT", StyleCode::textHeight},
+    {"$DIMCEN", StyleCode::centreMark},
+    {"$DIMTSZ", StyleCode::tickSize},
+    {"$DIMALTF", StyleCode::alternateFactor},
+    {"$DIMLFAC", StyleCode::lengthFactor},
+    {"$DIMTVP", StyleCode::textRise},
+    {"$DIMTFAC", StyleCode::toleranceHeight},
+    {"$DIMGAP", StyleCode::gap},
+    {"$DIMALTRND", StyleCode::alternateRounding},
+    {"$DIMALT", StyleCode::alternates},
+    {"$DIMALTD", StyleCode::alternateDigits},
+    {"$DIMTOFL", StyleCode::lineInside},
+    {"$DIMSAH", StyleCode::ownArrows},
+    {"$DIMCLRD", StyleCode::lineColour},
+    {"$DIMCLRE", StyleCode::extensionColour},
+    {"$DIMCLRT", StyleCode::textColour},
+    {"$DIMADEC", StyleCode::angleDigits},
+    {"$DIMUNIT", StyleCode::oldUnit},
+    {"$DIMDEC", StyleCode::digits},
+    {"$DIMTDEC", StyleCode::toleranceDigits},
+    {"$DIMALTU", StyleCode::alternateUnit},
+    {"$DIMALTTD", StyleCode::alternateToleranceDigits},
+    {"$DIMAUNIT", StyleCode::angleUnit},
+    {"$DIMFRAC", StyleCode::fractions},
+    {"$DIMLUNIT", StyleCode::unit},
+    {"$DIMDSEP", StyleCode::decimalSign},
+    {"$DIMTMOVE", StyleCode::textMoves},
+    {"$DIMSD1", StyleCode::noFirstLine},
+    {"$DIMSD2", StyleCode::noSecondLine},
+    {"$DIMTOLJ", StyleCode::toleranceLevel},
+    {"$DIMTZIN", StyleCode::toleranceZeros},
+    {"$DIMALTZ", StyleCode::alternateZeros},
+    {"$DIMALTTZ", StyleCode::alternateToleranceZeros},
+    {"$DIMLWD", StyleCode::lineWeight},
+    {"$DIMLWE", StyleCode::extensionWeight},
+};
+
+StyleValues valuesOf(const QHash<QString, std::string>& header) {
+    StyleValues style;
+    for (const Variable& variable : variables) {
+        const auto found = header.constFind(QLatin1String(variable.name));
+        if (found != header.constEnd()) {
+            style.set(static_cast<int>(variable.code), *found);
+        }
+    }
+    return style;
+}
+
+} // namespace
+
+void DimensionStyles::begin(std::string_view) {
+    m_name.clear();
+    m_style = StyleValues();
+}
+
+void DimensionStyles::take(const Group& group) {
+    if (group.code == nameCode) {
+        m_name = trimmed(group.value);
+    } else if (group.code != flagsCode || m_style.has(StyleCode::textFill)) {
+        m_style.set(group.code, trimmed(group.value));
+    }
+}
+
+void DimensionStyles::end(const RecordHeader&, DrawingBuilder& builder) {
+    m_styles.insert(keyOf(m_name, builder.decoder()), m_style);
+}
+
+StyleValues DimensionStyles::styleOf(std::string_view name, const DrawingBuilder& builder) const {
+    const std::string inUse = builder.dimensionVariables().value(QStringLiteral("$DIMSTYLE"));
+    const auto found = m_styles.constFind(keyOf(name.empty() ? std::string_view(inUse) : name, builder.decoder()));
+    return found == m_styles.constEnd() ? valuesOf(builder.dimensionVariables()) : *found;
+}
+
+} // namespace kelplot
