@@ -30,6 +30,14 @@ double radians(double degrees) {
     return radiansFromDegrees(saneReal(degrees));
 }
 
+/// Tells whether a layer holds what only helps to draw: the definition points of dimensions, or the constraints that
+/// shapes obey.
+bool neverPlots(const std::string& layer) {
+    constexpr const char* names[] = {"Defpoints", "*ADSK_CONSTRAINTS", "ADSK_CONSTRAINTS"};
+    return std::any_of(std::begin(names), std::end(names),
+                       [&](const char* name) { return qstricmp(layer.c_str(), name) == 0; });
+}
+
 } // namespace
 
 LibraryRecords::LibraryRecords(DrawingBuilder& builder, std::function<void()> recordDone)
@@ -115,8 +123,7 @@ void LibraryRecords::addLayer(const DL_LayerData& data) {
     layer.colour = coloured ? colour : Layer().colour;
     layer.on = m_header.colourNumber >= 0;
     layer.frozen = (m_flags & frozenFlag) != 0;
-    // Definition points of dimensions are kept on a layer of this name, which never plots.
-    layer.plotted = m_plotted && qstricmp(layer.name.c_str(), "Defpoints") != 0;
+    layer.plotted = m_plotted && !neverPlots(layer.name);
     layer.lineType =
         m_header.attributes.lineType < m_builder.drawing().lineTypes.size() ? m_header.attributes.lineType : 0;
     layer.opacity = m_header.attributes.opacity >= 0 ? m_header.attributes.opacity : opaque;
