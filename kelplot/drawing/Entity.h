@@ -223,6 +223,15 @@ struct Mline {
     std::vector<MlineVertex> vertices;
 };
 
+/// How a layer looks in one viewport, where it looks different from elsewhere.
+struct LayerOverride {
+    uint32_t layer = 0; ///< index into Drawing::layers
+    std::optional<Colour> colour;
+    std::optional<uint32_t> lineType; ///< index into Drawing::lineTypes
+    std::optional<LineWeight> lineWeight;
+    std::optional<Opacity> opacity;
+};
+
 /// A window from a sheet into model space. Its place is in the sheet's coordinates.
 struct Viewport {
     Vec3 center;
@@ -236,7 +245,8 @@ struct Viewport {
     double viewHeight = 0.0;            ///< of what shows
     double twist = 0.0;                 ///< radians by which the view is turned to the left
     std::vector<uint32_t> frozenLayers; ///< that do not show here; indices into Drawing::layers
-    std::optional<HatchLoop> clip;      ///< its border in the sheet's coordinates; none: the rectangle
+    std::vector<LayerOverride> overrides;
+    std::optional<HatchLoop> clip; ///< its border in the sheet's coordinates; none: the rectangle
 };
 
 /// An entity that kelplot does not know how to plot, kept so that a plot can say so.

@@ -315,6 +315,24 @@ std::vector<Entity>* DrawingBuilder::entitiesOf(const std::string& block) {
     return found.added ? nullptr : &m_drawing.blocks[found.index].entities;
 }
 
+void DrawingBuilder::resolveOverrides() {
+    const auto overrides = layerOverrides(m_layerExtensions, m_objects, m_lineTypeHandles);
+    const auto resolveIn = [&](std::vector<Entity>& entities) {
+        for (Entity& entity : entities) {
+            if (auto* const viewport = std::get_if<Viewport>(&entity.geometry)) {
+                viewport->overrides = overrides.value(entity.handle);
+            }
+        }
+    };
+    if (overrides.isEmpty()) {
+        return;
+    }
+    resolveIn(m_drawing.paperSpace);
+    for (Block& block : m_drawing.blocks) {
+        resolveIn(block.entities);
+    }
+}
+
 /// Puts entities into the order of their handles, or those that the drawing gives them for this.
 void DrawingBuilder::orderEntities() {
     for (const DrawOrder& order : m_objects.drawOrders) {
@@ -326,6 +344,7 @@ void DrawingBuilder::orderEntities() {
 
 Drawing DrawingBuilder::take() {
     resolveClips();
+    resolveOverrides();
     orderEntities();
     for (const uint64_t dictionary : m_clipDictionaries) {
         m_drawing.clips.push_back(clipOf(dictionary, m_objects));
