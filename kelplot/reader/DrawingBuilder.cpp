@@ -296,10 +296,12 @@ void DrawingBuilder::addViewport(const RecordHeader& header, Viewport&& viewport
 /// The borders of viewports may follow them in the file.
 void DrawingBuilder::resolveClips() {
     for (const PendingClip& pending : m_pendingClips) {
+        auto& viewport = std::get<Viewport>(entityAt(pending.viewport).geometry);
         const auto border = m_sheetEntities.constFind(pending.border);
         if (border != m_sheetEntities.constEnd()) {
-            std::get<Viewport>(entityAt(pending.viewport).geometry).clip = closedLoopOf(entityAt(*border));
+            viewport.clip = closedLoopOf(entityAt(*border));
         }
+        viewport.lostBorder = !viewport.clip;
     }
 }
 
@@ -333,8 +335,13 @@ void DrawingBuilder::resolveOverrides() {
     }
 }
 
-/// Puts entities into the order of their handles, or those that the drawing gives them for this.
+/// Puts viewports into the order in which they lie on one another, and then entities into that of their handles, or of
+/// those that the drawing gives them for this.
 void DrawingBuilder::orderEntities() {
+    stackViewports(m_drawing.paperSpace);
+    for (Block& block : m_drawing.blocks) {
+        stackViewports(block.entities);
+    }
     for (const DrawOrder& order : m_objects.drawOrders) {
         if (std::vector<Entity>* const entities = entitiesOf(order.block)) {
             sortByHandles(*entities, order.handles);
