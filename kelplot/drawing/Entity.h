@@ -196,6 +196,8 @@ struct Hatch {
     double elevation = 0.0;                ///< of all boundaries, above the plane that the extrusion names
     HatchPattern pattern;                  ///< of a hatch that is not solid
     std::optional<HatchGradient> gradient; ///< goes before the rest
+    std::optional<Colour> fillColour;      ///< of its solid filling or its pattern; none: that of the entity
+    bool outlined = false;                 ///< its boundaries are drawn as lines too
 };
 
 /// References to a block, in `rows` by `columns` copies. A dimension is a reference to its own block.
@@ -231,6 +233,15 @@ struct Mline {
     std::vector<MlineVertex> vertices;
 };
 
+/// How a layer looks in one viewport, where it looks different from elsewhere.
+struct LayerOverride {
+    uint32_t layer = 0; ///< index into Drawing::layers
+    std::optional<Colour> colour;
+    std::optional<uint32_t> lineType; ///< index into Drawing::lineTypes
+    std::optional<LineWeight> lineWeight;
+    std::optional<Opacity> opacity;
+};
+
 /// A window from a sheet into model space. Its place is in the sheet's coordinates.
 struct Viewport {
     Vec3 center;
@@ -244,7 +255,10 @@ struct Viewport {
     double viewHeight = 0.0;            ///< of what shows
     double twist = 0.0;                 ///< radians by which the view is turned to the left
     std::vector<uint32_t> frozenLayers; ///< that do not show here; indices into Drawing::layers
-    std::optional<HatchLoop> clip;      ///< its border in the sheet's coordinates; none: the rectangle
+    std::vector<LayerOverride> overrides;
+    std::optional<HatchLoop> clip; ///< its border in the sheet's coordinates; none: the rectangle
+    bool lostBorder = false;       ///< it has a border of another kind, such as a REGION
+    int stackNumber = 0;           ///< 1 lies on top, larger ones below it, 0 below all others
 };
 
 /// An entity that kelplot does not know how to plot, kept so that a plot can say so.

@@ -18,8 +18,9 @@ double withinTurn(double angle) {
 void addExtremes(const EllipticArc& arc, double from, double to, double u, double v, Box2& box) {
     const double extreme = std::atan2(v, u);
     const double first = extreme + std::ceil((from - extreme) / pi) * pi;
-    for (double t = first; t <= to && t <= first + turn; t += pi) {
-        box.add(arc.pointAt(t));
+    constexpr int mostExtremes = 3; // of an arc of a full turn; half a turn is nothing to an angle that is huge
+    for (int i = 0; i < mostExtremes && first + i * pi <= to; ++i) {
+        box.add(arc.pointAt(first + i * pi));
     }
 }
 

@@ -122,11 +122,11 @@ public:
     }
 
     /// Draws entities, carried on by `map`.
-    void run(const std::vector<Entity>& entities, const PlanMap& map, std::vector<uint32_t> frozenLayers,
-             size_t visitsSpent, const Progress& progress) {
+    void run(const std::vector<Entity>& entities, const PlanMap& map, LayerView layers, size_t visitsSpent,
+             const Progress& progress) {
         WalkRules rules;
         rules.visitsSpent = visitsSpent;
-        rules.frozenLayers = std::move(frozenLayers);
+        rules.layers = std::move(layers);
         rules.visible = VisiblePart{m_tools.target.visibleBox(),
                                     [this](const auto& entity, const auto& style, const auto& entityMap) {
                                         return inkBox(entity, style, entityMap);
@@ -169,7 +169,8 @@ private:
         tools.patternDashesLeft = m_tools.patternDashesLeft;
         tools.canvas.limitDashes(m_tools.canvas.dashesLeft());
         EntityPlotter plotter(tools, false);
-        plotter.run(m_tools.drawing.modelSpace, view, viewport.frozenLayers, report.visitsInBlocks, {});
+        plotter.run(m_tools.drawing.modelSpace, view, {viewport.frozenLayers, viewport.overrides},
+                    report.visitsInBlocks, {});
         m_tools.patternDashesLeft = tools.patternDashesLeft;
         m_tools.canvas.limitDashes(tools.canvas.dashesLeft());
         report.add(plotter.report);

@@ -50,7 +50,7 @@ void WalkReport::add(const WalkReport& other) {
 }
 
 EntityWalk::EntityWalk(const Drawing& drawing, WalkRules rules, EntityVisitor& visitor)
-    : m_drawing(drawing), m_styles(drawing, rules.frozenLayers), m_rules(std::move(rules)), m_visitor(&visitor),
+    : m_drawing(drawing), m_styles(drawing, rules.layers), m_rules(std::move(rules)), m_visitor(&visitor),
       m_open(drawing.blocks.size(), 0) {
 }
 

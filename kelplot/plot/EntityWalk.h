@@ -55,8 +55,8 @@ struct WalkRules {
     ArrayCopies copies = ArrayCopies::all;
     VisiblePart visible = {}; ///< all shows where it cannot tell what entities cover
     WalkLimits limits = {};
-    std::vector<uint32_t> frozenLayers = {}; ///< besides those that the drawing says
-    size_t visitsSpent = 0;                  ///< in blocks, by the walks of the same plot before
+    LayerView layers = {};
+    size_t visitsSpent = 0; ///< in blocks, by the walks of the same plot before
 };
 
 /// What a walk did not visit.

@@ -325,10 +325,12 @@ void DrawingBuilder::addViewport(const RecordHeader& header, Viewport&& viewport
 /// The borders of viewports may follow them in the file.
 void DrawingBuilder::resolveClips() {
     for (const PendingClip& pending : m_pendingClips) {
+        auto& viewport = std::get<Viewport>(entityAt(pending.viewport).geometry);
         const auto border = m_sheetEntities.constFind(pending.border);
         if (border != m_sheetEntities.constEnd()) {
-            std::get<Viewport>(entityAt(pending.viewport).geometry).clip = closedLoopOf(entityAt(*border));
+            viewport.clip = closedLoopOf(entityAt(*border));
         }
+        viewport.lostBorder = !viewport.clip;
     }
 }
 
@@ -344,8 +346,31 @@ std::vector<Entity>* DrawingBuilder::entitiesOf(const std::string& block) {
     return found.added ? nullptr : &m_drawing.blocks[found.index].entities;
 }
 
-/// Puts entities into the order of their handles, or those that the drawing gives them for this.
+void DrawingBuilder::resolveOverrides() {
+    const auto overrides = layerOverrides(m_layerExtensions, m_objects, m_lineTypeHandles);
+    const auto resolveIn = [&](std::vector<Entity>& entities) {
+        for (Entity& entity : entities) {
+            if (auto* const viewport = std::get_if<Viewport>(&entity.geometry)) {
+                viewport->overrides = overrides.value(entity.handle);
+            }
+        }
+    };
+    if (overrides.isEmpty()) {
+        return;
+    }
+    resolveIn(m_drawing.paperSpace);
+    for (Block& block : m_drawing.blocks) {
+        resolveIn(block.entities);
+    }
+}
+
+/// Puts viewports into the order in which they lie on one another, and then entities into that of their handles, or of
+/// those that the drawing gives them for this.
 void DrawingBuilder::orderEntities() {
+    stackViewports(m_drawing.paperSpace);
+    for (Block& block : m_drawing.blocks) {
+        stackViewports(block.entities);
+    }
     for (const DrawOrder& order : m_objects.drawOrders) {
         if (std::vector<Entity>* const entities = entitiesOf(order.block)) {
             sortByHandles(*entities, order.handles);
@@ -355,6 +380,7 @@ void DrawingBuilder::orderEntities() {
 
 Drawing DrawingBuilder::take() {
     resolveClips();
+    resolveOverrides();
     orderEntities();
     for (const uint64_t dictionary : m_clipDictionaries) {
         m_drawing.clips.push_back(clipOf(dictionary, m_objects));

@@ -12,6 +12,7 @@
 #include "drawing/Drawing.h"
 #include "reader/TextEncoding.h"
 #include "reader/object/DrawingObjects.h"
+#include "reader/object/LayerOverrides.h"
 
 namespace kelplot {
 
@@ -150,11 +151,6 @@ private:
         uint64_t border;
     };
 
-    struct LayerExtension {
-        uint32_t layer;
-        uint64_t dictionary;
-    };
-
     template <typename Item>
     uint32_t numbered(NameTable& names, std::string_view name, std::vector<Item>& items);
     std::vector<Entity>* destinationFor(bool inPaperSpace);
@@ -162,6 +158,7 @@ private:
     void forgetSheet(uint32_t block);
     Entity& entityAt(const SheetEntity& place);
     void resolveClips();
+    void resolveOverrides();
     void orderEntities();
     std::vector<Entity>* entitiesOf(const std::string& block);
     Entity* append(const RecordHeader& header, Geometry&& geometry);

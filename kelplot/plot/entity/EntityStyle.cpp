@@ -26,16 +26,27 @@ EntityStyle withColour(const EntityStyle& whole, const std::optional<Colour>& co
     return style;
 }
 
-StyleResolver::StyleResolver(const Drawing& drawing, const std::vector<uint32_t>& frozenLayers) : m_drawing(drawing) {
-    for (const Layer& layer : drawing.layers) {
+StyleResolver::StyleResolver(const Drawing& drawing, const LayerView& view)
+    : m_drawing(drawing), m_layers(drawing.layers) {
+    apply(view);
+    for (const Layer& layer : m_layers) {
         m_plotted.push_back(layer.on && !layer.frozen && layer.plotted);
         m_frozen.push_back(layer.frozen);
     }
-    for (const uint32_t layer : frozenLayers) {
-        m_plotted[layer] = 0;
-        m_frozen[layer] = 1;
-    }
     m_outside.lineWeight = weightOf(lineWeightDefault);
+}
+
+void StyleResolver::apply(const LayerView& view) {
+    for (const uint32_t layer : view.frozen) {
+        m_layers[layer].frozen = true;
+    }
+    for (const LayerOverride& change : view.overrides) {
+        Layer& layer = m_layers[change.layer];
+        layer.colour = change.colour.value_or(layer.colour);
+        layer.lineType = change.lineType.value_or(layer.lineType);
+        layer.lineWeight = change.lineWeight.value_or(layer.lineWeight);
+        layer.opacity = change.opacity.value_or(layer.opacity);
+    }
 }
 
 LineWeight StyleResolver::weightOf(LineWeight stated) const {
@@ -49,7 +60,7 @@ EntityStyle StyleResolver::resolve(const Attributes& attributes, const EntitySty
     EntityStyle style;
     const uint32_t stated = attributes.layer < m_drawing.layers.size() ? attributes.layer : floatingLayer;
     style.layer = stated == floatingLayer ? reference.layer : stated;
-    const Layer& layer = m_drawing.layers[style.layer];
+    const Layer& layer = m_layers[style.layer];
 
     const Colour colour = attributes.colour.kind == Colour::Kind::byLayer ? layer.colour : attributes.colour;
     const bool concrete = colour.kind == Colour::Kind::index || colour.kind == Colour::Kind::trueColour;

@@ -22,11 +22,16 @@ struct EntityStyle {
 /// The style of a part of an entity that may have a colour of its own.
 EntityStyle withColour(const EntityStyle& whole, const std::optional<Colour>& colour, const Drawing& drawing);
 
+/// The layers as one view shows them, where that is not as the drawing says.
+struct LayerView {
+    std::vector<uint32_t> frozen = {};
+    std::vector<LayerOverride> overrides = {};
+};
+
 /// Works out the styles of the entities of a drawing, which outlives this.
 class StyleResolver {
 public:
-    /// @param frozenLayers  that are frozen besides those that the drawing says
-    explicit StyleResolver(const Drawing& drawing, const std::vector<uint32_t>& frozenLayers = {});
+    explicit StyleResolver(const Drawing& drawing, const LayerView& view = {});
 
     /// The style of an entity that stands in the drawing itself.
     EntityStyle resolve(const Attributes& attributes) const { return resolve(attributes, m_outside); }
@@ -39,10 +44,12 @@ public:
     bool isFrozen(uint32_t layer) const { return m_frozen[layer] != 0; }
 
 private:
+    void apply(const LayerView& view);
     LineWeight weightOf(LineWeight stated) const;
 
     const Drawing& m_drawing;
     EntityStyle m_outside; ///< what "by block" means where there is no block
+    std::vector<Layer> m_layers;
     std::vector<char> m_plotted;
     std::vector<char> m_frozen;
 };

@@ -113,6 +113,13 @@ void drawGradient(const Hatch& hatch, const std::vector<AreaLoop>& loops, const 
         place.style.opacity / 255.0);
 }
 
+void drawBoundaries(const Hatch& hatch, const EntityStyle& style, const PlanMap& map, PlotTools& tools) {
+    tools.useLinePen(style);
+    for (const HatchLoop& loop : hatch.loops) {
+        tools.canvas.drawOutline(loopPoints(loop, map, tools.canvas.flattening()));
+    }
+}
+
 } // namespace
 
 void draw(const Hatch& hatch, const PlacedEntity& place, PlotTools& tools) {
@@ -121,18 +128,23 @@ void draw(const Hatch& hatch, const PlacedEntity& place, PlotTools& tools) {
     if (loops.empty()) {
         return;
     }
+    const EntityStyle style = withColour(place.style, hatch.fillColour, tools.drawing);
     if (hatch.gradient) {
         drawGradient(hatch, loops, place, tools);
     } else if (hatch.solid) {
-        fillStyled(loops, place.style, tools);
+        fillStyled(loops, style, tools);
     } else {
-        drawPattern(hatch, loops, place.style, map, tools);
+        drawPattern(hatch, loops, style, map, tools);
+    }
+    if (hatch.outlined) {
+        drawBoundaries(hatch, place.style, map, tools);
     }
 }
 
 Box2 boxOf(const Hatch& hatch, const MeasuredEntity& place) {
     Box2 box;
-    if (!hatch.solid && !hatch.gradient && hatch.pattern.lines.empty() && hatch.pattern.name.empty()) {
+    if (!hatch.outlined && !hatch.solid && !hatch.gradient && hatch.pattern.lines.empty() &&
+        hatch.pattern.name.empty()) {
         return box;
     }
     const PlanMap map = place.map.raised(hatch.elevation);

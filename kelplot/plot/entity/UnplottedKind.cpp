@@ -17,6 +17,9 @@ bool canBeDrawn(const std::vector<PatternLine>& lines) {
 }
 
 bool canBeDrawn(const Hatch& hatch, const PatternTable& patterns) {
+    if (hatch.outlined && !hatch.solid && hatch.pattern.lines.empty() && hatch.pattern.name.empty()) {
+        return true; // it has no filling
+    }
     if (hatch.solid || hatch.gradient || !hatch.pattern.lines.empty()) {
         return hatch.solid || hatch.gradient || canBeDrawn(hatch.pattern.lines);
     }
@@ -45,6 +48,9 @@ std::string unplottedPart(const Entity& entity, const Drawing& drawing, const Pa
     }
     if (viewport && viewport->on && !(viewport->viewHeight > 0.0)) {
         return "VIEWPORT without a view";
+    }
+    if (viewport && viewport->on && viewport->lostBorder) {
+        return "clip of a VIEWPORT";
     }
     const auto* const hatch = std::get_if<Hatch>(&entity.geometry);
     return hatch && !canBeDrawn(*hatch, patterns) ? "HATCH with the pattern " + shownName(hatch->pattern.name) : "";

@@ -215,7 +215,10 @@ void HatchDecoder::begin(std::string_view type) {
     m_hatch = Hatch();
     m_loop = HatchLoop();
     m_stretch = Stretch::head;
-    m_solidCode = type == "MPOLYGON" ? 71 : 70;
+    m_isPolygon = type == "MPOLYGON";
+    m_hatch.outlined = m_isPolygon;
+    m_patternOffset = Vec2();
+    m_solidCode = m_isPolygon ? 71 : 70;
     m_inLoop = false;
     m_isUserDefined = false;
     m_isDoubled = false;
@@ -293,10 +296,35 @@ void HatchDecoder::takeOfPattern(const Group& group) {
         m_isDoubled = toInteger(group.value) != 0;
         break;
     default:
+        if (m_isPolygon && takeOfPolygon(group)) {
+            return;
+        }
         if (!m_hatch.pattern.lines.empty()) {
             takeOfPatternLine(group);
         }
         break;
+    }
+}
+
+/// Takes what only polygons state: the colour of their filling, and how far its pattern is moved.
+bool HatchDecoder::takeOfPolygon(const Group& group) {
+    constexpr int lastColour = 255;
+    switch (group.code) {
+    case 11:
+        m_patternOffset.x = toReal(group.value);
+        return true;
+    case 21:
+        m_patternOffset.y = toReal(group.value);
+        return true;
+    case 63: {
+        const int number = toInteger(group.value);
+        if (number > 0 && number <= lastColour) {
+            m_hatch.fillColour = Colour{Colour::Kind::index, static_cast<uint32_t>(number)};
+        }
+        return true;
+    }
+    default:
+        return false;
     }
 }
 
@@ -332,6 +360,9 @@ void HatchDecoder::finishPattern(DrawingBuilder& builder) {
         crossing.angle += turn / 4.0;
         crossing.offset = leftNormal(crossing.offset);
         pattern.lines.push_back(std::move(crossing));
+    }
+    for (PatternLine& line : pattern.lines) {
+        line.base = line.base + m_patternOffset;
     }
 }
 

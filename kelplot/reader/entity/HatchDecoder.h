@@ -71,6 +71,7 @@ private:
     void takeOfBoundaries(const Group& group);
     void takeOfPolyline(const Group& group);
     void takeOfPattern(const Group& group);
+    bool takeOfPolygon(const Group& group);
     void takeOfPatternLine(const Group& group);
     void finishPattern(DrawingBuilder& builder);
     void beginLoop(int flags);
@@ -80,6 +81,8 @@ private:
     HatchLoop m_loop;
     HatchEdgeDecoder m_edge;
     Stretch m_stretch = Stretch::head;
+    bool m_isPolygon = false;
+    Vec2 m_patternOffset;
     int m_solidCode = 0;
     bool m_isUserDefined = false;
     bool m_isDoubled = false;  ///< a pattern of the user's own is crossed by itself

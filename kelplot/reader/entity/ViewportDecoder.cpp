@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "reader/entity/ViewportDecoder.h"
 
+#include <algorithm>
+
 #include "base/Angles.h"
 #include "reader/AttachedData.h"
 
@@ -43,6 +45,7 @@ void ViewportDecoder::take(const Group& group) {
         break;
     case 68:
         m_viewport.on = m_viewport.on && toInteger(group.value) != 0;
+        m_viewport.stackNumber = std::max(0, toInteger(group.value));
         break;
     case 69:
         m_number = toInteger(group.value);

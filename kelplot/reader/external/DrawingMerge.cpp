@@ -78,6 +78,7 @@ struct Renumbering {
         for (uint32_t& layer : viewport.frozenLayers) {
             layer = at(layers, layer, 0U);
         }
+        viewport.overrides.clear(); // their line types are those of a sheet, which is not shown
     }
     // These refer to nothing.
     void operator()(PointEntity&) const {}

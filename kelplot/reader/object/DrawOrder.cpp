@@ -27,4 +27,30 @@ void sortByHandles(std::vector<Entity>& entities, const SortHandles& handles) {
     entities = std::move(sorted);
 }
 
+void stackViewports(std::vector<Entity>& entities) {
+    std::vector<size_t> places;
+    for (size_t i = 0; i < entities.size(); ++i) {
+        if (std::holds_alternative<Viewport>(entities[i].geometry)) {
+            places.push_back(i);
+        }
+    }
+    const auto liesBelow = [&](size_t left, size_t right) {
+        const int below = std::get<Viewport>(entities[left].geometry).stackNumber;
+        const int above = std::get<Viewport>(entities[right].geometry).stackNumber;
+        return above != 0 && (below == 0 || below > above);
+    };
+    std::vector<size_t> order = places;
+    std::stable_sort(order.begin(), order.end(), liesBelow);
+    if (order == places) {
+        return;
+    }
+    std::vector<Entity> sorted;
+    for (const size_t place : order) {
+        sorted.push_back(std::move(entities[place]));
+    }
+    for (size_t i = 0; i < places.size(); ++i) {
+        entities[places[i]] = std::move(sorted[i]);
+    }
+}
+
 } // namespace kelplot

@@ -12,4 +12,7 @@ namespace kelplot {
 /// handle stays with the one before it.
 void sortByHandles(std::vector<Entity>& entities, const SortHandles& handles);
 
+/// Exchanges the viewports among entities so that those that lie below others come first.
+void stackViewports(std::vector<Entity>& entities);
+
 } // namespace kelplot

@@ -17,9 +17,7 @@ void DictionaryDecoder::take(const Group& group) {
     if (group.code == 3) {
         m_name = trimmed(group.value);
     } else if (group.code == 350 || group.code == 360) {
-        const bool needed =
-            std::find(std::begin(objectNames::all), std::end(objectNames::all), m_name) != std::end(objectNames::all);
-        if (needed) {
+        if (objectNames::isNeeded(m_name)) {
             m_entries.push_back({m_name, toHandle(group.value)});
         }
         m_name.clear();

@@ -208,7 +208,8 @@ public:
                " hatch at " + text(hatch.elevation) + list("", hatch.loops) + list(" lines", hatch.pattern.lines) +
                (hatch.solid || hatch.pattern.name.empty() ? "" : " of " + hatch.pattern.name) +
                unless(" turned ", hatch.pattern.angle / degree, 0.0) + unless(" scaled ", hatch.pattern.scale, 1.0) +
-               (hatch.gradient ? text(*hatch.gradient) : "");
+               (hatch.gradient ? text(*hatch.gradient) : "") +
+               (hatch.fillColour ? " filled " + text(*hatch.fillColour) : "") + (hatch.outlined ? " outlined" : "");
     }
     static std::string text(const PatternLine& line) {
         return text(line.angle / degree) + " from " + text(line.base) + " by " + text(line.offset) +
