@@ -83,7 +83,8 @@ void LibraryRecords::endSection() {
 
 void LibraryRecords::setVariableString(const std::string& key, const std::string& value, int code) {
     // The library hands over numbers of newer codes as text.
-    if (code == lineWeightCode) {
+    const bool isSmallNumber = code >= 280 && code < 300;
+    if (code == lineWeightCode || isSmallNumber) {
         m_variables.setInteger(key, toInteger(value));
     } else {
         m_variables.setText(key, value);
