@@ -167,9 +167,6 @@ void PlotJob::draw(const DrawingPlot& plot, const Space& space, const PageLayout
     const PlotReport report = plot.draw(space.entities, target, session.surface(),
                                         [&](double fraction) { m_console.showProgress(0.5 + fraction / 2.0); });
     warn(missingParts(m_drawing, report));
-    if (report.viewports > 0 && m_plan.format == OutputFormat::svg) {
-        warn(QStringLiteral("viewports are not cut off at their borders in SVG files"));
-    }
 }
 
 const char* stateOf(const Layer& layer) {

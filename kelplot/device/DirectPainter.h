@@ -6,6 +6,7 @@
 #include <QFont>
 #include <QString>
 #include <functional>
+#include <utility>
 
 #include "geometry/Affine2.h"
 #include "geometry/Vec.h"
@@ -19,8 +20,19 @@ namespace kelplot {
 /// gradients, and the transform for pictures that are turned. The renderer knows none of these.
 class DirectPainter {
 public:
+    /// Hears whether the painter has a clip besides that of the page.
+    using ClipListener = std::function<void(bool isCut)>;
+
     /// @param painter  borrowed; has no world transform except during the calls below
-    explicit DirectPainter(QPainter& painter) : m_painter(painter) {}
+    explicit DirectPainter(QPainter& painter, ClipListener listener = {})
+        : m_painter(painter), m_listener(std::move(listener)) {}
+
+    /// Tells the device that the painter's clip has changed.
+    void tellClip(bool isCut) const {
+        if (m_listener) {
+            m_listener(isCut);
+        }
+    }
 
     /// Draws a text as characters of its font, not as outlines.
     ///
@@ -43,6 +55,7 @@ public:
 
 private:
     QPainter& m_painter;
+    ClipListener m_listener;
 };
 
 } // namespace kelplot

@@ -26,6 +26,11 @@ public:
     /// The painter, begun and ready; lent until `finish`.
     virtual QPainter& painter() = 0;
 
+    /// Is to be called whenever the painter's clip has changed during a plot.
+    ///
+    /// @param isCut  false: to the part of the page that shows, as it was at first
+    virtual void clipChanged(bool isCut) { static_cast<void>(isCut); }
+
     /// Begins a further page, of this size. Throws `OutputError` for formats of one page.
     virtual void nextPage(const SheetSize& sheet);
 

@@ -35,6 +35,16 @@ DeviceGrid SvgDevice::grid() const {
     return fineGrid();
 }
 
+void SvgDevice::clipChanged(bool isCut) {
+    m_stream.addClip(isCut ? std::optional(m_painter.combinedTransform().map(m_painter.clipPath())) : std::nullopt);
+    m_painter.save();
+    m_painter.setPen(Qt::NoPen);
+    m_painter.setBrush(Qt::NoBrush);
+    m_painter.setOpacity(1.0);
+    m_painter.drawPath(SvgClipStream::mark());
+    m_painter.restore();
+}
+
 void SvgDevice::finish() {
     if (!m_painter.end()) {
         throw outputError(m_path, QStringLiteral("cannot finish the SVG document"));

@@ -15,6 +15,7 @@ public:
 
     DeviceGrid grid() const override;
     QPainter& painter() override { return m_painter; }
+    void clipChanged(bool isCut) override;
     void finish() override;
 
 private:

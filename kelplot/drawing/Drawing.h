@@ -113,6 +113,7 @@ struct Drawing {
     Vec3 basePoint;                                ///< for references to it
     bool imageFrames = true;
     bool wipeoutFrames = false;
+    bool clipFrames = false; ///< the borders of clips are lines on paper
     double lineTypeScale = 1.0;
     bool metric = true;     ///< named hatch patterns are meant in millimetres; else in inches
     int pointMode = 0;      ///< how points look: 0 dot, 1 nothing, 2 plus, 3 cross, 4 tick; +32 circle, +64 square

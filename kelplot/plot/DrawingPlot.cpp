@@ -64,7 +64,12 @@ public:
         m_unplotted.visit(entity, style, map);
         m_seesModel = m_seesModel || showsModel(entity);
     }
-    void beginClip(const WalkClip& clip) override { m_clips.push_back(clip); }
+    void beginClip(const WalkClip& clip) override {
+        if (clip.frame != nullptr) {
+            m_extents.add(visiblePart(boxOfPoints(clip.border)));
+        }
+        m_clips.push_back(clip);
+    }
     void endClip() override { m_clips.pop_back(); }
 
     const Box2& extents() const { return m_extents; }
@@ -112,6 +117,10 @@ public:
     }
 
     void beginClip(const WalkClip& clip) override {
+        if (clip.frame != nullptr) {
+            m_tools.useLinePen(*clip.frame);
+            m_tools.canvas.drawOutline(clip.border);
+        }
         const std::vector<Vec2> border = m_tools.canvas.visiblePart(clip.border);
         m_hiding.push_back(!clip.inverted && border.size() < 3);
         m_tools.clips.push(border, clip.inverted ? ClipStack::Keeps::outside : ClipStack::Keeps::inside);
@@ -213,7 +222,11 @@ Box2 DrawingPlot::extents(const std::vector<Entity>& entities, ExtentsReport* re
 
 PlotReport DrawingPlot::draw(const std::vector<Entity>& entities, const PlotTarget& target, const PlotSurface& surface,
                              const Progress& progress) const {
-    ClipStack clips(surface.renderer, target);
+    ClipStack clips(surface.renderer, target, [&](bool isCut) {
+        if (surface.direct != nullptr) {
+            surface.direct->tellClip(isCut);
+        }
+    });
     PictureStore pictures(m_drawing);
     PlotTools tools(m_drawing, target, m_style, m_texts, pictures, surface, clips);
     EntityPlotter plotter(tools, &entities != &m_drawing.modelSpace);

@@ -75,13 +75,13 @@ WalkReport EntityWalk::run(const std::vector<Entity>& entities, const PlanMap& m
     return m_report;
 }
 
-/// False when there has been enough.
-bool EntityWalk::spendVisit() {
-    if (m_visitsLeft == 0) {
+/// False, and nothing spent, when there has been enough.
+bool EntityWalk::spendVisits(size_t count) {
+    if (m_visitsLeft < count) {
         m_report.tooManyCopies = true;
         return false;
     }
-    --m_visitsLeft;
+    m_visitsLeft -= count;
     return true;
 }
 
@@ -131,13 +131,10 @@ void EntityWalk::visitReference(const Entity& entity, const EntityStyle& style, 
     m_open[insert.block] = 1;
     ++m_depth;
     const CopyGrid grid(insert, block.basePoint, mapOf(entity, map));
-    const std::optional<WalkClip> clip = clipOf(insert, grid.first);
-    if (clip) {
-        m_visitor->beginClip(*clip);
-    }
-    visitCopies(block, style, grid, stretch);
-    if (clip) {
-        m_visitor->endClip();
+    if (const auto clip = clipOf(insert, grid.first)) {
+        visitCut(block, style, grid, *clip, stretch);
+    } else {
+        visitCopies(block, style, grid, stretch);
     }
     --m_depth;
     m_open[insert.block] = 0;
@@ -167,6 +164,21 @@ std::optional<WalkClip> EntityWalk::clipOf(const Insert& insert, const PlanMap& 
     return clip;
 }
 
+/// Cutting takes time with every corner, so that clips count as much as their corners, and those around them, do.
+void EntityWalk::visitCut(const Block& block, const EntityStyle& style, const CopyGrid& grid, const WalkClip& clip,
+                          const Stretch& stretch) {
+    constexpr size_t leastCost = 16;
+    m_clipCorners += clip.border.size();
+    if (spendVisits(std::max(leastCost, m_clipCorners))) {
+        WalkClip framed = clip;
+        framed.frame = m_drawing.clipFrames && m_styles.isPlotted(style.layer) ? &style : nullptr;
+        m_visitor->beginClip(framed);
+        visitCopies(block, style, grid, stretch);
+        m_visitor->endClip();
+    }
+    m_clipCorners -= clip.border.size();
+}
+
 void EntityWalk::visitCopies(const Block& block, const EntityStyle& reference, const CopyGrid& grid,
                              const Stretch& stretch) {
     const bool all = m_rules.copies == ArrayCopies::all;
@@ -174,7 +186,7 @@ void EntityWalk::visitCopies(const Block& block, const EntityStyle& reference, c
     const int64_t rowStep = all ? 1 : std::max(grid.rows - 1, 1);
     const std::optional<Box2> ink = inkOfFirst(block, reference, grid, stretch);
     const auto count = static_cast<double>(grid.count());
-    for (int64_t row = 0; row < grid.rows && spendVisit(); row += rowStep) {
+    for (int64_t row = 0; row < grid.rows && spendVisits(1); row += rowStep) {
         const int rowIndex = static_cast<int>(row);
         const CopyGrid::Range columns =
             ink ? grid.columnsThatMeet(m_rules.visible.box, *ink, rowIndex) : CopyGrid::Range{0, grid.columns};
@@ -188,7 +200,7 @@ void EntityWalk::visitCopies(const Block& block, const EntityStyle& reference, c
 void EntityWalk::visitCopy(const Block& block, const EntityStyle& reference, const PlanMap& map,
                            const Stretch& stretch) {
     const auto count = static_cast<double>(block.entities.size());
-    for (size_t i = 0; i < block.entities.size() && spendVisit(); ++i) {
+    for (size_t i = 0; i < block.entities.size() && spendVisits(1); ++i) {
         const Entity& entity = block.entities[i];
         const Stretch part = stretch.part(static_cast<double>(i), count);
         visit(entity, m_styles.resolve(entity.attributes, reference), map, part);

@@ -89,6 +89,8 @@ void HeaderVariables::setInteger(std::string_view key, int value) {
         m_builder.drawing().pointMode = value;
     } else if (key == "$IMAGEFRAME") {
         m_builder.drawing().imageFrames = value == framesPlotted;
+    } else if (key == "$XCLIPFRAME") {
+        m_builder.drawing().clipFrames = value == framesPlotted;
     } else if (key == "$LWDEFAULT" && value >= 0) {
         m_builder.drawing().defaultLineWeight = lineWeightOf(value);
     } else if (key == "$ATTMODE" && value >= 0 && value <= 2) {

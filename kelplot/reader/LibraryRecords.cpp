@@ -20,7 +20,6 @@ constexpr int externalFlag = 4;
 constexpr int overlayFlag = 8;
 constexpr int mostCopies = 32767;
 constexpr int lineWeightCode = 370;
-constexpr int flagCode = 290;
 
 Vec3 point(double x, double y, double z) {
     return {saneReal(x), saneReal(y), saneReal(z)};
@@ -92,7 +91,8 @@ void LibraryRecords::endSection() {
 
 void LibraryRecords::setVariableString(const std::string& key, const std::string& value, int code) {
     // The library hands over numbers of newer codes as text.
-    if (code == lineWeightCode || code == flagCode) {
+    const bool isSmallNumber = code >= 280 && code < 300;
+    if (code == lineWeightCode || isSmallNumber) {
         m_variables.setInteger(key, toInteger(value));
     } else {
         m_variables.setText(key, value);

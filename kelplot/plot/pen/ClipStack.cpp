@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plot/pen/ClipStack.h"
 
+#include <utility>
+
 namespace kelplot {
 
-ClipStack::ClipStack(HT_Renderer& renderer, const PlotTarget& target) : m_renderer(renderer) {
+ClipStack::ClipStack(HT_Renderer& renderer, const PlotTarget& target, Listener listener)
+    : m_renderer(renderer), m_listener(std::move(listener)) {
     m_regions.push_back(visibleRegion(target));
-    apply();
+    m_renderer.SetClipRgn(m_regions.back().get());
 }
 
 void ClipStack::push(const ClipRegion& region, Keeps part) {
@@ -24,6 +27,9 @@ void ClipStack::pop() {
 
 void ClipStack::apply() {
     m_renderer.SetClipRgn(m_regions.back().get());
+    if (m_listener) {
+        m_listener(m_regions.size() > 1);
+    }
 }
 
 } // namespace kelplot

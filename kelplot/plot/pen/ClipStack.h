@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "keldriver/Renderer.h"
@@ -11,8 +12,11 @@ namespace kelplot {
 /// The regions that a plot is cut to, each within the one before it. The last one is in force on the renderer.
 class ClipStack {
 public:
+    /// Hears of every change, and whether anything but the page cuts the plot after it.
+    using Listener = std::function<void(bool isCut)>;
+
     /// Cuts the plot to the visible part of the target's page.
-    ClipStack(HT_Renderer& renderer, const PlotTarget& target);
+    ClipStack(HT_Renderer& renderer, const PlotTarget& target, Listener listener = {});
 
     /// Cuts what is drawn from here on to what `region` has in common with the region in force, or leaves out what
     /// lies in it.
@@ -27,6 +31,7 @@ private:
     void apply();
 
     HT_Renderer& m_renderer;
+    Listener m_listener;
     std::vector<ClipRegion> m_regions;
 };
 

@@ -3,6 +3,8 @@
 
 #include <QBuffer>
 #include <QImage>
+#include <QMap>
+#include <QXmlStreamReader>
 #include <cmath>
 
 #include "device/OutputDevice.h"
@@ -27,6 +29,54 @@ TEST(SvgClipStream, FindsItsPlaceHoweverTheDocumentArrives) {
         }
         EXPECT_EQ(target.data(), clipped) << "in chunks of " << chunk;
     }
+}
+
+/// For each line of an SVG document, the data of the paths that cut it, and its points.
+QStringList cutLines(const QByteArray& document) {
+    QXmlStreamReader reader(document);
+    QMap<QString, QString> clips;
+    QStringList groups, lines;
+    QString clip;
+    while (!reader.atEnd()) {
+        reader.readNext();
+        const QXmlStreamAttributes attributes = reader.attributes();
+        if (reader.isEndElement() && reader.name() == "g") {
+            groups.removeLast();
+        } else if (reader.isStartElement() && reader.name() == "g") {
+            groups << clips.value(attributes.value("clip-path").toString());
+        } else if (reader.isStartElement() && reader.name() == "clipPath") {
+            clip = "url(#" + attributes.value("id").toString() + ")";
+        } else if (reader.isStartElement() && reader.name() == "path") {
+            clips[clip] = attributes.value("d").toString();
+        } else if (reader.isStartElement() && reader.name() == "polyline") {
+            lines << groups.join("") + " " + attributes.value("points").toString().trimmed();
+        }
+    }
+    EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
+    return lines;
+}
+
+TEST(SvgDevice, CutsWhatIsDrawnUnderAClip) {
+    const TemporaryDirectory directory;
+    const auto device =
+        createOutputDevice(OutputFormat::svg, {QString::fromStdString(directory.path("plot.svg")), "", {25.4, 25.4}});
+    QPainter& painter = device->painter();
+    painter.drawLine(0, 0, 9, 0);
+    painter.setClipRect(QRect(5, 6, 70, 80));
+    device->clipChanged(true);
+    painter.drawLine(0, 1, 9, 1);
+    painter.setPen(Qt::red);
+    painter.drawLine(0, 2, 9, 2);
+    painter.setClipRect(QRect(1, 1, 1, 1));
+    device->clipChanged(true);
+    painter.drawLine(0, 3, 9, 3);
+    painter.setClipping(false);
+    device->clipChanged(false);
+    painter.drawLine(0, 4, 9, 4);
+    device->finish();
+    const QString first = "M5,6L75,6L75,86L5,86L5,6", second = "M1,1L2,1L2,2L1,2L1,1";
+    EXPECT_EQ(cutLines(QByteArray::fromStdString(directory.read("plot.svg"))),
+              QStringList({" 0,0 9,0", first + " 0,1 9,1", first + " 0,2 9,2", second + " 0,3 9,3", " 0,4 9,4"}));
 }
 
 TEST(PngDevice, GridIsFinerThanThePixels) {

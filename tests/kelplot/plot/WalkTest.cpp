@@ -21,6 +21,15 @@ std::string repeated(const char* groups, int count) {
     return QString(groups).repeated(count).toStdString();
 }
 
+/// References to a block of one line, each cut by a square.
+Drawing cutReferences(int count) {
+    return readGroups(section("BLOCKS", "0=BLOCK 2=B 0=LINE 11=1 0=ENDBLK") +
+                      section("ENTITIES", repeated(" 0=INSERT 2=B 102={ACAD_XDICTIONARY 360=1 102=}", count)) +
+                      section("OBJECTS", "0=DICTIONARY 5=1 3=ACAD_FILTER 360=2 0=DICTIONARY 5=2 3=SPATIAL 360=3"
+                                         " 0=SPATIAL_FILTER 5=3 10=0 20=0 10=1 20=1 71=1") +
+                      "0=EOF");
+}
+
 /// The placement of `count` by `count` copies.
 std::string copies(int count, const std::string& spacing = "2") {
     const std::string number = std::to_string(count);
@@ -56,6 +65,7 @@ TEST(Walk, EndsAtItsLimitsAndSaysSo) {
         {"copies of nothing", nestedDrawing(12, copies(5), 0), 0, 0, true},
         {"a large block", nestedDrawing(1, "", 5000), 5000, 5000},
         {"entities after too many copies", nestedDrawing(1, copies(32767), 1, " 0=LINE 11=1"), 900, 1010, true},
+        {"clips, each as costly as many visits", cutReferences(100), 50, 70, true},
         {"just not too deep", nestedDrawing(30, ""), 1, 1},
         {"too deep", nestedDrawing(31, ""), 0, 0, false, true},
     };
