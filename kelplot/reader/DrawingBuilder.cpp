@@ -315,6 +315,7 @@ void DrawingBuilder::resolveClips() {
 
 Drawing DrawingBuilder::take() {
     resolveClips();
+    m_inserts.resolve(m_drawing);
     std::stable_sort(m_drawing.layouts.begin(), m_drawing.layouts.end(),
                      [](const Layout& a, const Layout& b) { return a.order < b.order; });
     m_drawing.unknownCodePage = m_decoder.unknownCodePage();

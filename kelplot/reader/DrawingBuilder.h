@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "drawing/Drawing.h"
+#include "reader/LineTypeInserts.h"
 #include "reader/TextEncoding.h"
 
 namespace kelplot {
@@ -56,6 +57,13 @@ public:
     uint32_t block(std::string_view name);
     /// Index of a kind of entities that are not plotted.
     uint32_t unplottedKind(std::string_view name);
+    /// What stands in the patterns of a line type.
+    void setInserts(uint32_t lineType, std::vector<LineTypeInsert>&& inserts) {
+        m_inserts.set(lineType, std::move(inserts));
+    }
+    /// Keeps the handle of a text style, or of a file of shapes.
+    void nameTextStyle(uint64_t handle, uint32_t textStyle) { m_inserts.nameStyle(handle, textStyle); }
+    void nameShapes(uint64_t handle) { m_inserts.nameShapes(handle); }
     /// Index of the plot style that has this handle.
     PlotStyleIndex plotStyle(uint64_t handle);
     /// Keeps the name of the plot style that has this handle, as the file writes it.
@@ -138,6 +146,7 @@ private:
     bool m_inSheetBlock = false; ///< the block is a layout's
     QHash<uint64_t, uint32_t> m_layerHandles;
     QHash<uint64_t, PlotStyleIndex> m_plotStyles; ///< by their handles
+    LineTypeInserts m_inserts;
     QHash<uint64_t, SheetEntity> m_sheetEntities; ///< by their handles
     std::vector<PendingClip> m_pendingClips;
 };

@@ -41,6 +41,9 @@ void TextStyleDecoder::take(const Group& group) {
     case 4:
         m_bigFontFile = trimmed(group.value);
         break;
+    case 5:
+        m_handle = toHandle(group.value);
+        break;
     case 40:
         m_style.height = toReal(group.value);
         break;
@@ -75,6 +78,7 @@ void TextStyleDecoder::takeExtended(const Group& group) {
 
 void TextStyleDecoder::end(const RecordHeader&, DrawingBuilder& builder) {
     if (m_isShapes) {
+        builder.nameShapes(m_handle);
         return;
     }
     const TextEncoding& decoder = builder.decoder();
@@ -86,7 +90,9 @@ void TextStyleDecoder::end(const RecordHeader&, DrawingBuilder& builder) {
     if (!(m_style.widthFactor > 0.0)) {
         m_style.widthFactor = 1.0;
     }
-    TextStyle& style = builder.drawing().textStyles[builder.textStyle(m_name)];
+    const uint32_t index = builder.textStyle(m_name);
+    builder.nameTextStyle(m_handle, index);
+    TextStyle& style = builder.drawing().textStyles[index];
     m_style.name = style.name;
     style = std::move(m_style);
 }

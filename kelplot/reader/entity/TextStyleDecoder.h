@@ -21,6 +21,7 @@ private:
     std::string m_fontFile;
     std::string m_bigFontFile;
     std::string m_family;
+    uint64_t m_handle = 0;
     int m_fontFlags = 0;
     bool m_tellsFont = false; ///< the attached data being read names the font
     bool m_isShapes = false;  ///< a file of shapes for line types, not a style
