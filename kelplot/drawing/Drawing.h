@@ -22,9 +22,19 @@ struct Layer {
     bool plotted = true; ///< false: shown on screen, kept off paper
 };
 
+/// A text that stands in a line type.
+struct LineTypeText {
+    double at = 0.0;    ///< from where the pattern begins, in its units
+    Vec2 offset;        ///< from there along the line, and to its left
+    Text text;          ///< on a line that runs to the right
+    bool level = false; ///< it is turned as stated, whatever way the line runs
+};
+
 struct LineType {
     std::string name;            ///< UTF-8
     std::vector<double> pattern; ///< drawing units: positive a dash, negative a gap, 0 a dot; empty: continuous
+    std::vector<LineTypeText> texts{};
+    bool lacksShapes = false; ///< the pattern runs through where shapes should stand
 };
 
 struct Block {

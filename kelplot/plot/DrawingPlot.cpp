@@ -5,6 +5,7 @@
 
 #include "plot/entity/EntityKinds.h"
 #include "plot/entity/KindBoxes.h"
+#include "plot/entity/LineTypeTexts.h"
 #include "plot/entity/ViewportKind.h"
 #include "plot/pen/ClipStack.h"
 #include "plot/shape/PointMark.h"
@@ -21,7 +22,10 @@ class UnplottedFinder : public EntityVisitor {
 public:
     UnplottedFinder(const Drawing& drawing, const PatternTable& patterns) : m_drawing(drawing), m_patterns(patterns) {}
 
-    void visit(const Entity& entity, const EntityStyle&, const PlanMap&) override {
+    void visit(const Entity& entity, const EntityStyle& style, const PlanMap&) override {
+        if (lacksShapes(entity, style, m_drawing)) {
+            m_kinds["shapes in line types"].insert(&entity);
+        }
         constexpr size_t mostKinds = 100; // the patterns of a damaged drawing may have any number of names
         const std::string kind = unplottedPart(entity, m_drawing, m_patterns);
         if (!kind.empty()) {
@@ -114,6 +118,7 @@ public:
         }
         const PlacedEntity place{entity, style, map};
         std::visit([&](const auto& geometry) { draw(geometry, place, m_tools); }, entity.geometry);
+        drawLineTypeTexts(m_tools);
     }
 
     void beginClip(const WalkClip& clip) override {

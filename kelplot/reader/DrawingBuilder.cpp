@@ -380,6 +380,7 @@ void DrawingBuilder::orderEntities() {
 
 Drawing DrawingBuilder::take() {
     resolveClips();
+    m_inserts.resolve(m_textStyleHandles, m_drawing);
     resolveOverrides();
     orderEntities();
     for (const uint64_t dictionary : m_clipDictionaries) {

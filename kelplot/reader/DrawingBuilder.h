@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "drawing/Drawing.h"
+#include "reader/LineTypeInserts.h"
 #include "reader/TextEncoding.h"
 #include "reader/object/DrawingObjects.h"
 #include "reader/object/LayerOverrides.h"
@@ -63,6 +64,12 @@ public:
     uint32_t textStyle(std::string_view name);
     /// Index of the block of this name.
     uint32_t block(std::string_view name);
+    /// What stands in the patterns of a line type.
+    void setInserts(uint32_t lineType, std::vector<LineTypeInsert>&& inserts) {
+        m_inserts.set(lineType, std::move(inserts));
+    }
+    /// Keeps the handle of a file of shapes.
+    void nameShapes(uint64_t handle) { m_inserts.nameShapes(handle); }
     /// Index of the plot style that has this handle.
     PlotStyleIndex plotStyle(uint64_t handle);
     /// Keeps the name of the plot style that has this handle, as the file writes it.
@@ -179,6 +186,7 @@ private:
     QHash<uint64_t, PlotStyleIndex> m_plotStyles; ///< by their handles
     QHash<uint64_t, uint32_t> m_textStyleHandles;
     QHash<QString, std::string> m_dimensionVariables;
+    LineTypeInserts m_inserts;
     QHash<uint64_t, SheetEntity> m_sheetEntities; ///< by their handles
     std::vector<PendingClip> m_pendingClips;
     QHash<uint64_t, uint32_t> m_lineTypeHandles;

@@ -50,7 +50,6 @@ void LibraryRecords::begin(std::string_view type) {
     m_plotted = true;
     m_hasFourthCorner = false;
     m_statesOpacity = false;
-    m_dashes.clear();
     if (type == "BLOCK") {
         // Until the library tells the block's name it has none.
         m_builder.beginNamelessBlock();
@@ -130,22 +129,6 @@ void LibraryRecords::addLayer(const DL_LayerData& data) {
     const PlotStyleIndex plotStyle = m_header.attributes.plotStyle;
     layer.plotStyle = plotStyle < m_builder.drawing().plotStyles.size() ? plotStyle : Layer().plotStyle;
     layer.lineWeight = m_header.attributes.lineWeight >= 0 ? m_header.attributes.lineWeight : lineWeightDefault;
-}
-
-void LibraryRecords::addLinetype(const DL_LinetypeData& data) {
-    const uint32_t index = m_builder.lineType(trimmed(data.name));
-    m_builder.nameLineType(m_header.handle, index);
-    if (index >= m_builder.drawing().lineTypes.size()) {
-        return;
-    }
-    m_builder.nameLineType(m_header.handle, index);
-    // A pattern without length would never advance along a line.
-    const bool advances = std::any_of(m_dashes.begin(), m_dashes.end(), [](double dash) { return dash != 0.0; });
-    m_builder.drawing().lineTypes[index].pattern = advances ? m_dashes : std::vector<double>();
-}
-
-void LibraryRecords::addLinetypeDash(double length) {
-    m_dashes.push_back(saneReal(length));
 }
 
 void LibraryRecords::addBlock(const DL_BlockData& data) {

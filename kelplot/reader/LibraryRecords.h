@@ -32,8 +32,6 @@ public:
     void setVariableVector(const std::string& key, double x, double y, double z, int code) override;
 
     void addLayer(const DL_LayerData& data) override;
-    void addLinetype(const DL_LinetypeData& data) override;
-    void addLinetypeDash(double length) override;
     void addBlock(const DL_BlockData& data) override;
     void endBlock() override;
 
@@ -60,7 +58,6 @@ private:
     bool m_plotted = true;          ///< code 290 of a layer
     bool m_hasFourthCorner = false; ///< of an area or a face
     bool m_statesOpacity = false;   ///< the attached data being read states it
-    std::vector<double> m_dashes;
 };
 
 } // namespace kelplot

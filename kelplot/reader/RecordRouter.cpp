@@ -36,7 +36,6 @@ constexpr LibraryType libraryTypes[] = {
     {RecordPlace::entities, "3DFACE", "3DFACE"}, {RecordPlace::entities, "BLOCK", "BLOCK"},
     {RecordPlace::entities, "ENDBLK", "ENDBLK"}, {RecordPlace::tables, "LAYER", "LAYER"},
     {RecordPlace::entities, "3DLINE", "LINE"}, // as the oldest drawings called a line with a height
-    {RecordPlace::tables, "LTYPE", "LTYPE"},
 };
 
 const LibraryType* libraryTypeOf(RecordPlace place, std::string_view type) {
@@ -84,7 +83,7 @@ bool RecordRouter::take(Group& group, std::uintmax_t groupsLeft) {
     m_embedded = m_embedded || group.code == embeddedObjectCode;
     // To the library, the code of a variable would begin a record of any type.
     const bool forLibrary = m_reader == Reader::library;
-    if (m_reader == Reader::nobody || (m_embedded && forLibrary) || group.code == variableCode) {
+    if (m_reader == Reader::nobody || (forLibrary && (m_embedded || group.code == variableCode))) {
         return false;
     }
     checkCount(m_type, group, groupsLeft);

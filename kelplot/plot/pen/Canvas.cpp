@@ -172,11 +172,9 @@ void Canvas::drawArc(const EllipticArc& arc) {
 
 /// Draws an ellipse, its dashes from where its angles begin. False where the renderer cannot.
 bool Canvas::drawWhole(const PageArc& page) {
-    if (m_pens.isDashed() && page.majorRadius != page.minorRadius) {
+    if (m_pens.isDashed() &&
+        (page.majorRadius != page.minorRadius || !useDashesOn(page.majorRadius * turn, DashStart::plain))) {
         return false;
-    }
-    if (m_pens.isDashed()) {
-        useDashesOn(page.majorRadius * turn, DashStart::plain);
     }
     m_renderer.DrawEllipse(sent(page.center), page.majorRadius, page.minorRadius, page.rotation);
     return true;

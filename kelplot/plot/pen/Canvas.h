@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "geometry/EllipticArc.h"
@@ -12,6 +13,16 @@
 #include "plot/pen/PenControl.h"
 
 namespace kelplot {
+
+/// A place where a text of a line type is to stand.
+struct LineTypeMark {
+    const LineTypeText* text = nullptr;
+    Vec2 at;
+    Vec2 along;         ///< the way of the line, of length 1
+    double scale = 1.0; ///< device units in a unit of the line type
+    HT_Color ink = 0;   ///< of the line
+    uint8_t opacity = opaque;
+};
 
 /// Draws shapes in device coordinates, of any size and anywhere, through a renderer, with the pen in force.
 ///
@@ -41,6 +52,9 @@ public:
     /// Tells whether anything in `box` may show, lines in it being `width` wide.
     bool mayShow(const Box2& box, double width) const { return box.inflated(width).intersects(m_visible); }
 
+    /// The places of texts on the lines that were drawn since this was asked last.
+    std::vector<LineTypeMark> takeMarks() { return std::exchange(m_marks, {}); }
+
     /// How many dashes may still be laid out one by one; the lines of what is beyond that are left to the renderer.
     double dashesLeft() const { return m_dashesLeft; }
     void limitDashes(double most) { m_dashesLeft = most; }
@@ -54,6 +68,7 @@ private:
     bool drawPieces();
     void drawDashed(const std::vector<Vec2>& points, const Box2& box, const std::vector<size_t>& corners,
                     DashStart start);
+    void addMarks(const MeasuredPath& path, const DashLayout& layout, const LineSpan& part, double from);
     void drawDashes(const MeasuredPath& path, const std::vector<LineSpan>& dashes);
     bool drawWhole(const PageArc& page);
     bool drawPart(const PageArc& page);
@@ -67,6 +82,8 @@ private:
     Flattening m_dashedFlattening;
     LineCutter m_cutter;
     double m_dashesLeft = 2e6;
+    std::vector<LineTypeMark> m_marks;
+    size_t m_marksLeft = 100000; ///< each is a text to draw
     std::vector<HT_Double_Point> m_sent;
     std::vector<Vec2> m_flattened;
 };

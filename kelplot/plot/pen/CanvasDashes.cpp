@@ -13,28 +13,20 @@ namespace {
 
 constexpr size_t mostInGroup = 16; ///< dashes; painters take no more from a pattern
 
-/// The dashes on the part of a path near the page, which begin anew at the corners. Nothing where they would be more
-/// than `most`.
-std::optional<std::vector<LineSpan>> dashesOn(const MeasuredPath& path, const LineSpan& near,
-                                              const std::vector<size_t>& corners, const DashPattern& pattern,
-                                              DashStart start, double most) {
-    std::vector<LineSpan> dashes;
-    double count = 0.0;
+/// Calls `visit` for each side of a path, from corner to corner, of which a part is near the page: with the layout of
+/// its dashes, that part, and where on the path the side begins. Stops where `visit` gives false.
+template <typename Visit>
+void forEachSide(const MeasuredPath& path, const LineSpan& near, const std::vector<size_t>& corners,
+                 const DashPattern& pattern, DashStart start, Visit visit) {
     double from = 0.0;
     for (size_t i = 0; i <= corners.size(); ++i) {
         const double to = i < corners.size() ? path.distanceOf(corners[i]) : path.length();
         const LineSpan part{std::max(near.from, from) - from, std::min(near.to, to) - from};
-        if (part.from <= part.to) {
-            const DashLayout layout(pattern, to - from, start);
-            count += layout.dashCount(part);
-            if (!(count <= most)) {
-                return std::nullopt;
-            }
-            layout.addDashes(part, from, dashes);
+        if (part.from <= part.to && !visit(DashLayout(pattern, to - from, start), part, from)) {
+            return;
         }
         from = to;
     }
-    return dashes;
 }
 
 } // namespace
@@ -50,19 +42,43 @@ void Canvas::drawDashed(const std::vector<Vec2>& points, const Box2& box, const 
     }
     constexpr double mostOnLine = 1e5;
     const double most = std::min(mostOnLine + static_cast<double>(points.size()), m_dashesLeft);
-    const auto dashes = dashesOn(path, *near, corners, m_pens.dashes(), start, most);
-    m_dashesLeft -= dashes ? static_cast<double>(dashes->size()) : 0.0;
-    if (!dashes) {
+    std::vector<LineSpan> dashes;
+    double count = 0.0;
+    forEachSide(path, *near, corners, m_pens.dashes(), start,
+                [&](const DashLayout& layout, const LineSpan& part, double from) {
+                    count += layout.dashCount(part);
+                    if (count <= most) {
+                        layout.addDashes(part, from, dashes);
+                        addMarks(path, layout, part, from);
+                    }
+                    return count <= most;
+                });
+    m_dashesLeft -= static_cast<double>(dashes.size());
+    if (!(count <= most)) {
         m_pens.useDashes(dashEntries(m_pens.dashes().strokes, m_pens.width()));
         for (const auto& piece : clipPolyline(points, m_flattening.interest)) {
             send(piece);
             m_renderer.DrawPolyline(m_sent.data(), static_cast<int>(m_sent.size()));
         }
-    } else if (dashes->size() == 1 && dashes->front().from <= near->from && dashes->front().to >= near->to) {
+    } else if (dashes.size() == 1 && dashes[0].from <= near->from && dashes[0].to >= near->to) {
         m_pens.useSolid();
         drawContinuous(points, box);
     } else {
-        drawDashes(path, *dashes);
+        drawDashes(path, dashes);
+    }
+}
+
+/// Keeps the places of texts on one side of a path.
+void Canvas::addMarks(const MeasuredPath& path, const DashLayout& layout, const LineSpan& part, double from) {
+    const Pen& pen = m_pens.pen();
+    std::vector<double> places;
+    for (const LineTypeText& text : pen.lineType->texts) {
+        places.clear();
+        layout.addPlaces(text.at * pen.patternScale, part, from, places);
+        for (size_t i = 0; i < places.size() && m_marksLeft > 0; ++i, --m_marksLeft) {
+            m_marks.push_back(
+                {&text, path.pointAt(places[i]), path.directionAt(places[i]), pen.patternScale, pen.ink, pen.opacity});
+        }
     }
 }
 
@@ -90,9 +106,12 @@ void Canvas::drawDashes(const MeasuredPath& path, const std::vector<LineSpan>& d
     }
 }
 
-/// Has the renderer draw the next line, of this length, with its dashes. False where that takes more of them than fit
-/// into one pattern.
+/// Has the renderer draw the next line, of this length, with its dashes. False where there are texts between them, or
+/// more dashes than fit into one pattern.
 bool Canvas::useDashesOn(double length, DashStart start) {
+    if (!m_pens.pen().lineType->texts.empty()) {
+        return false;
+    }
     const DashLayout layout(m_pens.dashes(), length, start);
     if (layout.isContinuous()) {
         m_pens.useSolid();

@@ -93,7 +93,7 @@ void DashLayout::addPlaces(double at, const LineSpan& part, double offset, std::
     const double inPeriod = (fromDash < 0.0 ? fromDash + m_statedPeriod : fromDash) * (m_period / m_statedPeriod);
     forEachPeriod(part, [&](double number, double begin) {
         const double place = begin + inPeriod;
-        const bool isOnLine = !m_aligned || number < m_periods;
+        const bool isOnLine = number < m_periods; // a period that is cut off has no room for it
         if (isOnLine && place >= part.from && place <= part.to) {
             places.push_back(place + offset);
         }

@@ -14,6 +14,7 @@
 #include "reader/entity/ImageDecoder.h"
 #include "reader/entity/LayoutDecoder.h"
 #include "reader/entity/LeaderDecoder.h"
+#include "reader/entity/LineTypeDecoder.h"
 #include "reader/entity/LwPolylineDecoder.h"
 #include "reader/entity/MlineDecoder.h"
 #include "reader/entity/PlotStyleNames.h"
@@ -61,6 +62,7 @@ struct Row {
 
 constexpr Row rows[] = {
     {RecordPlace::tables, {"STYLE"}, make<TextStyleDecoder>},
+    {RecordPlace::tables, {"LTYPE"}, make<LineTypeDecoder>},
     {RecordPlace::tables, {"DIMSTYLE"}, make<DimensionStyles>},
     {RecordPlace::tables, {"BLOCK_RECORD"}, make<BlockRecords>},
     {RecordPlace::entities, {"LWPOLYLINE"}, make<LwPolylineDecoder>},

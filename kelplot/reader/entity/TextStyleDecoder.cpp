@@ -35,14 +35,14 @@ void TextStyleDecoder::take(const Group& group) {
     case 2:
         m_name = trimmed(group.value);
         break;
-    case 5:
-        m_handle = toHandle(group.value);
-        break;
     case 3:
         m_fontFile = trimmed(group.value);
         break;
     case 4:
         m_bigFontFile = trimmed(group.value);
+        break;
+    case 5:
+        m_handle = toHandle(group.value);
         break;
     case 40:
         m_style.height = toReal(group.value);
@@ -78,6 +78,7 @@ void TextStyleDecoder::takeExtended(const Group& group) {
 
 void TextStyleDecoder::end(const RecordHeader&, DrawingBuilder& builder) {
     if (m_isShapes) {
+        builder.nameShapes(m_handle);
         return;
     }
     const TextEncoding& decoder = builder.decoder();

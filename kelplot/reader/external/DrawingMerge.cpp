@@ -108,6 +108,7 @@ public:
         : m_from(from), m_block(block), m_into(into), m_prefix(into.blocks[block].name + '|') {}
 
     void run() {
+        m_numbers.textStyles = static_cast<uint32_t>(m_into.textStyles.size());
         numberLineTypes();
         numberPlotStyles();
         numberLayers();
@@ -134,6 +135,9 @@ private:
         for (size_t i = 1; i < m_from.lineTypes.size(); ++i) {
             LineType& type = m_from.lineTypes[i];
             type.name = m_prefix + type.name;
+            for (LineTypeText& text : type.texts) {
+                m_numbers(text.text);
+            }
             const auto found = known.constFind(keyOf(type.name));
             m_numbers.lineTypes.push_back(found == known.constEnd() ? static_cast<uint32_t>(m_into.lineTypes.size())
                                                                     : *found);
@@ -201,7 +205,7 @@ private:
                 line.lineType = at(m_numbers.lineTypes, line.lineType, line.lineType);
             }
         }
-        m_numbers.textStyles = moveAll(m_from.textStyles, m_into.textStyles);
+        moveAll(m_from.textStyles, m_into.textStyles);
         m_numbers.images = moveAll(m_from.images, m_into.images);
         m_numbers.mlineStyles = moveAll(m_from.mlineStyles, m_into.mlineStyles);
         m_numbers.clips = moveAll(m_from.clips, m_into.clips);

@@ -58,7 +58,17 @@ public:
                (m_drawing.unknownCodePage.empty() ? "" : " code page? " + m_drawing.unknownCodePage);
     }
 
-    static std::string text(const LineType& type) { return type.name + list(":", type.pattern); }
+    std::string text(const LineType& type) const {
+        std::string result = type.name + list(":", type.pattern) + (type.lacksShapes ? " lacks shapes" : "");
+        for (const LineTypeText& each : type.texts) {
+            result += " and " + each.text.stretches.at(0).text + " at " + text(each.at) + " beside " +
+                      text(each.offset) + " high " + text(each.text.height) +
+                      unless(" wide ", each.text.widthFactor, 1.0) +
+                      unless(" turned ", each.text.rotation / degree, 0.0) + (each.level ? " level" : "") + " in " +
+                      m_drawing.textStyles.at(each.text.style).name;
+        }
+        return result;
+    }
 
     static std::string text(double value) {
         char digits[32];
