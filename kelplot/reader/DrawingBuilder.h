@@ -105,6 +105,16 @@ public:
     /// Adds a viewport, its border being the entity of a handle; 0: its rectangle.
     void addViewport(const RecordHeader& header, Viewport&& viewport, uint64_t clipHandle);
 
+    /// Keeps the text of an attribute's definition, which references that are no INSERT put to use by its handle.
+    void keepAttributeDefinition(uint64_t handle, Text&& text) {
+        m_attributeDefinitions.insert(handle, std::move(text));
+    }
+    /// Null where there is none.
+    const Text* attributeDefinition(uint64_t handle) const {
+        const auto found = m_attributeDefinitions.constFind(handle);
+        return found == m_attributeDefinitions.constEnd() ? nullptr : &*found;
+    }
+
     /// Keeps a variable of the header that says how dimensions look, as the file has it.
     void setDimensionVariable(const std::string& name, const std::string& value) {
         m_dimensionVariables.insert(QString::fromStdString(name), value);
@@ -156,6 +166,7 @@ private:
     QHash<uint64_t, uint32_t> m_layerHandles;
     QHash<uint64_t, uint32_t> m_lineTypeHandles;
     QHash<uint64_t, uint32_t> m_textStyleHandles;
+    QHash<uint64_t, Text> m_attributeDefinitions;
     QHash<QString, std::string> m_dimensionVariables;
     QHash<uint64_t, SheetEntity> m_sheetEntities; ///< by their handles
     std::vector<PendingClip> m_pendingClips;

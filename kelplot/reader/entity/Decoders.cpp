@@ -7,6 +7,7 @@
 
 #include "reader/annotation/DimensionDecoder.h"
 #include "reader/annotation/DimensionStyles.h"
+#include "reader/annotation/MultileaderDecoder.h"
 #include "reader/annotation/ToleranceDecoder.h"
 #include "reader/entity/BlockRecords.h"
 #include "reader/entity/ConstructionLineDecoder.h"
@@ -15,6 +16,7 @@
 #include "reader/entity/LayoutDecoder.h"
 #include "reader/entity/LeaderDecoder.h"
 #include "reader/entity/LwPolylineDecoder.h"
+#include "reader/entity/MeshDecoder.h"
 #include "reader/entity/MlineDecoder.h"
 #include "reader/entity/PolylineDecoder.h"
 #include "reader/entity/SplineDecoder.h"
@@ -44,10 +46,11 @@ Decoder makeStyled(const Decoders& above) {
                                   static_cast<const BlockRecords&>(*blocks));
 }
 
-/// The entities of a layout are those of a block.
-Decoder makeForLayouts(const Decoders& above) {
+/// Layouts and multileaders refer to blocks by their handles.
+template <typename Type>
+Decoder makeWithBlocks(const Decoders& above) {
     const RecordDecoder* const blocks = above.find(RecordPlace::tables, "BLOCK_RECORD");
-    return std::make_unique<LayoutDecoder>(static_cast<const BlockRecords&>(*blocks));
+    return std::make_unique<Type>(static_cast<const BlockRecords&>(*blocks));
 }
 
 struct Row {
@@ -65,6 +68,8 @@ constexpr Row rows[] = {
     {RecordPlace::entities, {"HATCH", "MPOLYGON"}, make<HatchDecoder>},
     {RecordPlace::entities, {"SPLINE"}, make<SplineDecoder>},
     {RecordPlace::entities, {"DIMENSION", "ARC_DIMENSION", "LARGE_RADIAL_DIMENSION"}, makeStyled<DimensionDecoder>},
+    {RecordPlace::entities, {"MULTILEADER", "MLEADER"}, makeWithBlocks<MultileaderDecoder>},
+    {RecordPlace::entities, {"MESH"}, make<MeshDecoder>},
     {RecordPlace::entities, {"TOLERANCE"}, makeStyled<ToleranceDecoder>},
     {RecordPlace::entities, {"ACAD_TABLE"}, make<TableDecoder>},
     {RecordPlace::entities, {"TEXT", "ATTRIB", "ATTDEF"}, make<TextDecoder>},
@@ -75,7 +80,7 @@ constexpr Row rows[] = {
     {RecordPlace::entities, {"MLINE"}, make<MlineDecoder>},
     {RecordPlace::objects, {"MLINESTYLE"}, make<MlineStyles>},
     {RecordPlace::entities, {"VIEWPORT"}, make<ViewportDecoder>},
-    {RecordPlace::objects, {"LAYOUT"}, makeForLayouts},
+    {RecordPlace::objects, {"LAYOUT"}, makeWithBlocks<LayoutDecoder>},
     {RecordPlace::objects, {"IMAGEDEF", "RASTERVARIABLES", "WIPEOUTVARIABLES"}, make<ImageObjects>},
 };
 

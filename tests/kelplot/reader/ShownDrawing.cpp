@@ -325,6 +325,13 @@ public:
         }
         return result;
     }
+    static std::string text(const Mesh& mesh) {
+        std::string result = list("mesh", mesh.vertices) + " edges";
+        for (const auto& [from, to] : mesh.edges) {
+            result += ' ' + std::to_string(from) + '-' + std::to_string(to);
+        }
+        return result;
+    }
     std::string text(const Viewport& view) const {
         std::string result = "viewport " + text(view.center) + ' ' + text(view.width) + 'x' + text(view.height) +
                              (view.on ? "" : " off") + (view.perspective ? " perspective" : "") + " of " +
