@@ -32,4 +32,7 @@ struct RecordHeader {
     Colour colour() const;
 };
 
+/// A header with another colour: a number with its kind in the highest byte. By block means that of the header.
+RecordHeader withColour(const RecordHeader& header, int colour);
+
 } // namespace kelplot

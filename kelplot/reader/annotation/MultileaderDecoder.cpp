@@ -20,22 +20,6 @@ namespace {
 constexpr int curvedLines = 2;
 constexpr int exactSpacing = 2;
 
-/// A header with another colour: a number with its kind in the highest byte. By block means that of the whole.
-RecordHeader withColour(const RecordHeader& header, int colour) {
-    constexpr unsigned byLayer = 0xC0;
-    constexpr unsigned trueColour = 0xC2;
-    constexpr unsigned numbered = 0xC3;
-    RecordHeader result = header;
-    const unsigned kind = static_cast<unsigned>(colour) >> 24;
-    if (kind == byLayer || kind == numbered) {
-        result.trueColour = RecordHeader::noTrueColour;
-        result.colourNumber = kind == byLayer ? RecordHeader::colourByLayer : colour & 0xFF;
-    } else if (kind == trueColour) {
-        result.trueColour = colour & 0xFFFFFF;
-    }
-    return result;
-}
-
 /// A text of a block where a reference puts it.
 Text placed(const Text& text, const Insert& reference, const Vec3& basePoint) {
     const double cosine = std::cos(reference.rotation);
