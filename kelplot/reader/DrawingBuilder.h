@@ -106,9 +106,7 @@ public:
     void addViewport(const RecordHeader& header, Viewport&& viewport, uint64_t clipHandle);
 
     /// Keeps the text of an attribute's definition, which references that are no INSERT put to use by its handle.
-    void keepAttributeDefinition(uint64_t handle, Text&& text) {
-        m_attributeDefinitions.insert(handle, std::move(text));
-    }
+    void keepAttributeDefinition(uint64_t handle, const Text& text) { m_attributeDefinitions.insert(handle, text); }
     /// Null where there is none.
     const Text* attributeDefinition(uint64_t handle) const {
         const auto found = m_attributeDefinitions.constFind(handle);

@@ -16,28 +16,7 @@ namespace {
 
 constexpr size_t pointSize = 24; ///< bytes
 constexpr size_t indexSize = 4;
-constexpr int bottomLeft = 7; ///< where a text hangs on its position
 constexpr int filledAlways = 1;
-constexpr size_t mostMaps = 100;
-
-double dotOf(const Vec3& a, const Vec3& b) {
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
-/// A filled area of any number of corners, as it looks from above.
-Geometry areaOf(const std::vector<Vec3>& corners) {
-    if (corners.size() <= 4) {
-        return Solid{{corners[0], corners[1], corners[2], corners.back()}};
-    }
-    Hatch hatch;
-    hatch.solid = true;
-    hatch.elevation = corners.front().z;
-    HatchLoop& loop = hatch.loops.emplace_back();
-    for (const Vec3& corner : corners) {
-        loop.polyline.push_back(PolylineVertex{{corner.x, corner.y, 0.0}});
-    }
-    return hatch;
-}
 
 } // namespace
 
@@ -88,104 +67,26 @@ bool ProxyPainter::take(int32_t kind, ByteStream& data) {
     return !data.failed();
 }
 
-Vec3 ProxyPainter::mappedDirection(const Vec3& v) const {
-    if (m_maps.empty()) {
-        return v;
-    }
-    const Map& m = m_maps.back();
-    return {dotOf({m[0], m[1], m[2]}, v), dotOf({m[4], m[5], m[6]}, v), dotOf({m[8], m[9], m[10]}, v)};
-}
-
-Vec3 ProxyPainter::mapped(const Vec3& p) const {
-    return m_maps.empty() ? p : mappedDirection(p) + Vec3{m_maps.back()[3], m_maps.back()[7], m_maps.back()[11]};
-}
-
 std::vector<Vec3> ProxyPainter::points(ByteStream& data, size_t count) const {
     std::vector<Vec3> result;
     result.reserve(count);
     for (size_t i = 0; i < count; ++i) {
-        result.push_back(mapped(data.point()));
+        result.push_back(m_canvas.mapped(data.point()));
     }
     return result;
-}
-
-void ProxyPainter::add(Geometry&& geometry, const Vec3& extrusion) {
-    m_look.extrusion = extrusion;
-    m_builder.add(m_look, std::move(geometry));
-    m_hasDrawn = true;
-}
-
-void ProxyPainter::addPath(const std::vector<Vec3>& points, bool closed) {
-    if (points.size() < 2) {
-        return;
-    }
-    Polyline path;
-    path.spatial = true;
-    path.closed = closed;
-    for (const Vec3& point : points) {
-        path.vertices.push_back(PolylineVertex{point});
-    }
-    add(std::move(path), {0.0, 0.0, 1.0});
-}
-
-/// @param start  from the centre
-void ProxyPainter::addArc(const Vec3& centre, const Vec3& normal, const Vec3& start, double sweep) {
-    const double radius = start.length();
-    if (!(radius > 0.0)) {
-        return;
-    }
-    const bool isWhole = std::abs(sweep) >= turn;
-    if (m_maps.empty()) {
-        const Vec3 inPlane = toPlane(start, normal);
-        const double angle = std::atan2(inPlane.y, inPlane.x);
-        const Vec3 middle = toPlane(centre, normal);
-        if (isWhole) {
-            add(Circle{middle, radius}, normal);
-        } else {
-            add(Arc{middle, radius, std::min(angle, angle + sweep), std::max(angle, angle + sweep)}, normal);
-        }
-        return;
-    }
-    constexpr int stepsOfTurn = 128;
-    const Vec3 across = cross(frameOfPlane(normal).z, start);
-    const int steps = std::max(2, static_cast<int>(std::min(std::abs(sweep) / turn, 1.0) * stepsOfTurn));
-    std::vector<Vec3> path;
-    for (int i = 0; i <= steps; ++i) {
-        const double angle = (isWhole ? turn : sweep) * i / steps;
-        path.push_back(mapped(centre + start * std::cos(angle) + across * std::sin(angle)));
-    }
-    addPath(path, false);
-}
-
-/// A circle through three points, or an arc from the first of them to the last.
-void ProxyPainter::addArcThrough(const Vec3& first, const Vec3& second, const Vec3& third, bool whole) {
-    const Vec3 a = second - first;
-    const Vec3 b = third - first;
-    const Vec3 normal = cross(a, b);
-    const double square = dotOf(normal, normal);
-    if (!(square > 0.0)) {
-        return;
-    }
-    const Vec3 toCentre = (cross(normal, a) * dotOf(b, b) + cross(b, normal) * dotOf(a, a)) * (0.5 / square);
-    const Vec3 centre = first + toCentre;
-    const Vec3 start = first - centre;
-    const Vec3 end = third - centre;
-    const Vec3 up = normal * (1.0 / std::sqrt(square));
-    const double angle = std::atan2(dotOf(cross(start, end), up), dotOf(start, end));
-    addArc(centre, normal, start, whole ? turn : (angle > 0.0 ? angle : angle + turn));
 }
 
 void ProxyPainter::takeCircle(ByteStream& data) {
     const Vec3 centre = data.point();
     const double radius = data.real();
     const Vec3 normal = data.point();
-    addArc(centre, normal, frameOfPlane(normal).x * radius, turn);
+    m_canvas.addArc(centre, normal, frameOfPlane(normal).x * radius, turn);
 }
 
 void ProxyPainter::takeCircleOfPoints(ByteStream& data) {
     const Vec3 first = data.point();
     const Vec3 second = data.point();
-    addArcThrough(first, second, data.point(), true);
+    m_canvas.addArcThrough(first, second, data.point(), true);
 }
 
 void ProxyPainter::takeArc(ByteStream& data) {
@@ -196,26 +97,26 @@ void ProxyPainter::takeArc(ByteStream& data) {
     const double length = start.length();
     const double sweep = data.real();
     if (length > 0.0 && !data.failed()) {
-        addArc(centre, normal, start * (radius / length), sweep);
+        m_canvas.addArc(centre, normal, start * (radius / length), sweep);
     }
 }
 
 void ProxyPainter::takeArcOfPoints(ByteStream& data) {
     const Vec3 first = data.point();
     const Vec3 second = data.point();
-    addArcThrough(first, second, data.point(), false);
+    m_canvas.addArcThrough(first, second, data.point(), false);
 }
 
 void ProxyPainter::takePolyline(ByteStream& data) {
-    addPath(points(data, data.count(pointSize)), false);
+    m_canvas.addPath(points(data, data.count(pointSize)), false);
 }
 
 void ProxyPainter::takePolygon(ByteStream& data) {
     const std::vector<Vec3> corners = points(data, data.count(pointSize));
     if (m_filled && corners.size() > 2) {
-        add(areaOf(corners), {0.0, 0.0, 1.0});
+        m_canvas.addArea(corners);
     } else {
-        addPath(corners, true);
+        m_canvas.addPath(corners, true);
     }
 }
 
@@ -241,7 +142,7 @@ void ProxyPainter::takeMesh(ByteStream& data) {
             }
         }
     }
-    add(std::move(mesh), {0.0, 0.0, 1.0});
+    m_canvas.addMesh(std::move(mesh));
 }
 
 void ProxyPainter::takeShell(ByteStream& data) {
@@ -265,81 +166,56 @@ void ProxyPainter::takeShell(ByteStream& data) {
             mesh.edges.push_back({face[corner], face[(corner + 1) % face.size()]});
         }
         if (m_filled && stated > 0 && outline.size() > 2) {
-            add(areaOf(outline), {0.0, 0.0, 1.0});
+            m_canvas.addArea(outline);
         }
         i += count + 1;
     }
     if (!m_filled && !mesh.edges.empty()) {
         mesh.vertices = corners;
-        add(std::move(mesh), {0.0, 0.0, 1.0});
+        m_canvas.addMesh(std::move(mesh));
     }
-}
-
-void ProxyPainter::addText(const TextItem& item) {
-    const Vec3 direction = mappedDirection(item.direction);
-    const double scale = item.direction.length() > 0.0 ? direction.length() / item.direction.length() : 0.0;
-    if (item.text.empty() || !(item.height * scale > 0.0)) {
-        return;
-    }
-    MText text;
-    text.height = item.height * scale;
-    text.attachment = bottomLeft;
-    text.position = toPlane(mapped(item.position), item.normal);
-    const Vec3 along = toPlane(direction, item.normal);
-    text.rotation = std::atan2(along.y, along.x);
-    CharacterFormat format;
-    format.height = text.height;
-    format.widthFactor = item.widthFactor > 0.0 ? item.widthFactor : 1.0;
-    format.obliqueAngle = item.obliqueAngle;
-    if (!item.font.name.empty()) {
-        format.font = item.font;
-    }
-    Paragraph& paragraph = text.paragraphs.emplace_back();
-    paragraph.format = format;
-    paragraph.pieces.emplace_back(TextSpan{item.text, format});
-    add(std::move(text), item.normal);
 }
 
 /// Where it stands.
-ProxyPainter::TextItem ProxyPainter::itemIn(ByteStream& data) {
-    TextItem item;
+ProxyText ProxyPainter::itemIn(ByteStream& data) {
+    ProxyText item;
     item.position = data.point();
     item.normal = data.point();
     item.direction = data.point();
     return item;
 }
 
-void ProxyPainter::takeSizes(ByteStream& data, TextItem& item) {
+void ProxyPainter::takeSizes(ByteStream& data, ProxyText& item) {
     item.height = data.real();
     item.widthFactor = data.real();
     item.obliqueAngle = data.real();
 }
 
 void ProxyPainter::takeText(ByteStream& data) {
-    TextItem item = itemIn(data);
+    ProxyText item = itemIn(data);
     takeSizes(data, item);
     item.text = m_builder.decoder().decode(data.text());
-    addText(item);
+    m_canvas.addText(item);
 }
 
 void ProxyPainter::takeWideText(ByteStream& data) {
-    TextItem item = itemIn(data);
+    ProxyText item = itemIn(data);
     takeSizes(data, item);
     item.text = data.wideText();
-    addText(item);
+    m_canvas.addText(item);
 }
 
 void ProxyPainter::takeTextWithFont(ByteStream& data) {
-    TextItem item = itemIn(data);
+    ProxyText item = itemIn(data);
     item.text = m_builder.decoder().decode(data.text());
     data.integer(); // its length
     data.integer(); // whether codes in it are to be taken as they stand
     takeSizes(data, item);
-    addText(item);
+    m_canvas.addText(item);
 }
 
 void ProxyPainter::takeWideTextWithFont(ByteStream& data) {
-    TextItem item = itemIn(data);
+    ProxyText item = itemIn(data);
     item.text = data.wideText();
     data.integer(); // its length
     data.integer(); // whether codes in it are to be taken as they stand
@@ -354,14 +230,14 @@ void ProxyPainter::takeWideTextWithFont(ByteStream& data) {
     data.integer(); // character set
     data.integer(); // pitch
     item.font.name = data.wideText();
-    addText(item);
+    m_canvas.addText(item);
 }
 
 void ProxyPainter::addConstructionLine(ByteStream& data, bool bothWays) {
-    const Vec3 start = mapped(data.point());
-    const Vec3 through = mapped(data.point());
+    const Vec3 start = m_canvas.mapped(data.point());
+    const Vec3 through = m_canvas.mapped(data.point());
     if (!data.failed()) {
-        add(ConstructionLine{start, through - start, bothWays}, {0.0, 0.0, 1.0});
+        m_canvas.addConstructionLine(start, through, bothWays);
     }
 }
 
@@ -375,14 +251,15 @@ void ProxyPainter::takeRay(ByteStream& data) {
 
 void ProxyPainter::takeColour(ByteStream& data) {
     const int32_t number = data.integer();
-    m_look.colourNumber = number == RecordHeader::colourByBlock ? m_whole.colourNumber : number;
-    m_look.trueColour = number == RecordHeader::colourByBlock ? m_whole.trueColour : RecordHeader::noTrueColour;
+    m_canvas.look().colourNumber = number == RecordHeader::colourByBlock ? m_whole.colourNumber : number;
+    m_canvas.look().trueColour =
+        number == RecordHeader::colourByBlock ? m_whole.trueColour : RecordHeader::noTrueColour;
 }
 
 void ProxyPainter::takeTrueColour(ByteStream& data) {
     const RecordHeader coloured = withColour(m_whole, data.integer());
-    m_look.colourNumber = coloured.colourNumber;
-    m_look.trueColour = coloured.trueColour;
+    m_canvas.look().colourNumber = coloured.colourNumber;
+    m_canvas.look().trueColour = coloured.trueColour;
 }
 
 void ProxyPainter::takeFill(ByteStream& data) {
@@ -391,29 +268,21 @@ void ProxyPainter::takeFill(ByteStream& data) {
 
 void ProxyPainter::takeLineWeight(ByteStream& data) {
     const LineWeight weight = lineWeightOf(data.integer());
-    m_look.attributes.lineWeight = weight == lineWeightByBlock ? m_whole.attributes.lineWeight : weight;
+    m_canvas.look().attributes.lineWeight = weight == lineWeightByBlock ? m_whole.attributes.lineWeight : weight;
 }
 
-/// The maps of shapes in shapes apply one after the other.
 void ProxyPainter::pushMap(ByteStream& data) {
-    Map own{};
-    for (double& value : own) {
+    ProxyMap map{};
+    for (double& value : map) {
         value = data.real();
     }
-    if (data.failed() || m_maps.size() >= mostMaps) {
-        return;
+    if (!data.failed()) {
+        m_canvas.pushMap(map);
     }
-    const Vec3 x = mappedDirection({own[0], own[4], own[8]});
-    const Vec3 y = mappedDirection({own[1], own[5], own[9]});
-    const Vec3 z = mappedDirection({own[2], own[6], own[10]});
-    const Vec3 origin = mapped({own[3], own[7], own[11]});
-    m_maps.push_back({x.x, y.x, z.x, origin.x, x.y, y.y, z.y, origin.y, x.z, y.z, z.z, origin.z});
 }
 
-void ProxyPainter::popMap(ByteStream&) {
-    if (!m_maps.empty()) {
-        m_maps.pop_back();
-    }
+void ProxyPainter::popMap(ByteStream& /*data*/) {
+    m_canvas.popMap();
 }
 
 } // namespace kelplot
