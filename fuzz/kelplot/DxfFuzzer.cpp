@@ -69,6 +69,11 @@ public:
             require(layer < m_drawing.layers.size());
         }
     }
+    void operator()(const Mesh& mesh) const {
+        for (const auto& [from, to] : mesh.edges) {
+            require(from < mesh.vertices.size() && to < mesh.vertices.size());
+        }
+    }
     void operator()(const Mline& mline) const {
         require(!mline.vertices.empty() && mline.style < m_drawing.mlineStyles.size());
     }

@@ -111,11 +111,11 @@ LinearMeasure linearMeasureOf(const Dimension& dimension) {
         measure.extension = unitVector(direction + dimension.oblique);
     }
     const Vec2 normal = leftNormal(measure.along);
-    const Vec2 points[] = {dimension.first, dimension.second};
-    for (size_t i = 0; i < measure.ends.size(); ++i) {
-        const double distance = dot(dimension.line - points[i], normal) / dot(measure.extension, normal);
-        measure.ends[i] = points[i] + measure.extension * distance;
-    }
+    const auto endFor = [&](Vec2 measured) {
+        const double distance = dot(dimension.line - measured, normal) / dot(measure.extension, normal);
+        return measured + measure.extension * distance;
+    };
+    measure.ends = {endFor(dimension.first), endFor(dimension.second)};
     const double length = dot(measure.ends[1] - measure.ends[0], measure.along);
     measure.along = measure.along * (length < 0.0 ? -1.0 : 1.0);
     measure.length = std::abs(length);

@@ -130,6 +130,12 @@ struct Face3d {
     std::array<bool, 4> edgeVisible{true, true, true, true};
 };
 
+/// Edges between vertices in world coordinates.
+struct Mesh {
+    std::vector<Vec3> vertices;
+    std::vector<std::array<uint32_t, 2>> edges; ///< indices into `vertices`
+};
+
 struct HatchLine {
     Vec2 start;
     Vec2 end;
@@ -267,7 +273,7 @@ struct Unplotted {
 };
 
 using Geometry = std::variant<PointEntity, Line, Circle, Arc, Ellipse, Polyline, Spline, Solid, Face3d, Hatch, Text,
-                              MText, Image, Wipeout, ConstructionLine, Mline, Viewport, Unplotted, Insert>;
+                              MText, Image, Wipeout, ConstructionLine, Mline, Mesh, Viewport, Unplotted, Insert>;
 
 /// One entity; unless its type says otherwise, coordinates belong to the plane that `extrusion` names.
 struct Entity {

@@ -129,8 +129,17 @@ public:
     /// Adds a viewport, its border being the entity of a handle; 0: its rectangle.
     void addViewport(const RecordHeader& header, Viewport&& viewport, uint64_t clipHandle);
 
+    /// Keeps the text of an attribute's definition, which references that are no INSERT put to use by its handle.
+    void keepAttributeDefinition(uint64_t handle, const Text& text) { m_attributeDefinitions.insert(handle, text); }
+    /// Null where there is none.
+    const Text* attributeDefinition(uint64_t handle) const {
+        const auto found = m_attributeDefinitions.constFind(handle);
+        return found == m_attributeDefinitions.constEnd() ? nullptr : &*found;
+    }
+
     /// What the drawing states apart from its entities and tables.
     DrawingObjects& objects() { return m_objects; }
+
     /// Keeps a variable of the header that says how dimensions look, as the file has it.
     void setDimensionVariable(const std::string& name, const std::string& value) {
         m_dimensionVariables.insert(QString::fromStdString(name), value);
@@ -185,6 +194,7 @@ private:
     QHash<uint64_t, uint32_t> m_layerHandles;
     QHash<uint64_t, PlotStyleIndex> m_plotStyles; ///< by their handles
     QHash<uint64_t, uint32_t> m_textStyleHandles;
+    QHash<uint64_t, Text> m_attributeDefinitions;
     QHash<QString, std::string> m_dimensionVariables;
     LineTypeInserts m_inserts;
     QHash<uint64_t, SheetEntity> m_sheetEntities; ///< by their handles

@@ -131,4 +131,19 @@ Colour RecordHeader::colour() const {
     return {Colour::Kind::index, static_cast<uint32_t>(std::abs(colourNumber))};
 }
 
+RecordHeader withColour(const RecordHeader& header, int colour) {
+    constexpr unsigned byLayer = 0xC0;
+    constexpr unsigned trueColour = 0xC2;
+    constexpr unsigned numbered = 0xC3;
+    RecordHeader result = header;
+    const unsigned kind = static_cast<unsigned>(colour) >> 24;
+    if (kind == byLayer || kind == numbered) {
+        result.trueColour = RecordHeader::noTrueColour;
+        result.colourNumber = kind == byLayer ? RecordHeader::colourByLayer : colour & 0xFF;
+    } else if (kind == trueColour) {
+        result.trueColour = colour & 0xFFFFFF;
+    }
+    return result;
+}
+
 } // namespace kelplot

@@ -39,4 +39,7 @@ private:
     bool m_inExtension = false; ///< the groups being read name the extension dictionary
 };
 
+/// A header with another colour: a number with its kind in the highest byte. By block means that of the header.
+RecordHeader withColour(const RecordHeader& header, int colour);
+
 } // namespace kelplot

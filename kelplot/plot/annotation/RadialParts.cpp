@@ -76,15 +76,14 @@ void addLeader(DimensionDraft& draft, const Circle2& circle, const TextLayout& t
     const Vec2 base = box.middle - leftNormal(box.along) * draft.textRise(0.0);
     const Vec2 near = base - towards * (box.halfSize.x + (inLine || text.level ? look.gap : 0.0));
     const Vec2 far = inLine ? near : base + towards * box.halfSize.x;
-    const Vec2 knee = text.level ? near - towards * look.arrowSize : far;
     const Vec2 out = circle.outwards * (text.inside ? -1.0 : 1.0);
     const Vec2 back = circle.tip + out * draft.end(1).cover();
-    if (dot(knee - back, out) > 0.0) {
-        draft.addLine(back, knee, nullptr);
-    }
-    if (text.level) {
-        draft.addLine(knee, far, nullptr);
-    }
+    const Vec2 hook = near - towards * look.arrowSize;
+    // A text that was moved off the line through the centre may leave no room for the level stretch.
+    const bool hooked = text.level && dot(hook - back, towards) > 0.0;
+    const Vec2 knee = hooked ? hook : (text.level ? near : far);
+    draft.addLine(back, knee, nullptr);
+    draft.addLine(knee, far, nullptr);
 }
 
 void addCentreMark(DimensionDraft& draft, const Circle2& circle) {

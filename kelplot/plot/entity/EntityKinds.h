@@ -40,6 +40,7 @@ void draw(const MText& text, const PlacedEntity& place, PlotTools& tools);
 void draw(const Image& image, const PlacedEntity& place, PlotTools& tools);
 void draw(const Wipeout& wipeout, const PlacedEntity& place, PlotTools& tools);
 void draw(const Mline& mline, const PlacedEntity& place, PlotTools& tools);
+void draw(const Mesh& mesh, const PlacedEntity& place, PlotTools& tools);
 void draw(const Viewport& viewport, const PlacedEntity& place, PlotTools& tools); // its frame
 inline void draw(const Unplotted& /*entity*/, const PlacedEntity& /*place*/, PlotTools& /*tools*/) {
 }
@@ -84,6 +85,7 @@ Box2 boxOf(const MText& text, const MeasuredEntity& place);
 Box2 boxOf(const Image& image, const MeasuredEntity& place);
 Box2 boxOf(const Wipeout& wipeout, const MeasuredEntity& place);
 Box2 boxOf(const Mline& mline, const MeasuredEntity& place);
+Box2 boxOf(const Mesh& mesh, const MeasuredEntity& place);
 Box2 boxOf(const Viewport& viewport, const MeasuredEntity& place);
 inline Box2 boxOf(const Unplotted& /*entity*/, const MeasuredEntity& /*place*/) {
     return {};

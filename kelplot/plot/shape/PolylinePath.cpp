@@ -32,7 +32,8 @@ std::vector<Station> stationsOf(const PolylineSegment& segment, const PlanMap& m
     const double radius = (arc->u.length() + std::max(startHalf, endHalf)) * scale;
     const double step = std::sqrt(8.0 * rules.tolerance / radius);
     const double side = cross(arc->u, arc->v) > 0.0 ? -1.0 : 1.0; // the centre is to the left of a left turn
-    const int count = static_cast<int>(std::clamp(std::ceil(arc->end / step), 2.0, mostSteps));
+    const double steps = std::ceil(arc->end / step);
+    const int count = steps > 2.0 ? static_cast<int>(std::min(steps, mostSteps)) : 2; // of an arc without size, too
     std::vector<Station> stations;
     for (int i = 0; i <= count; ++i) {
         const double part = static_cast<double>(i) / count;

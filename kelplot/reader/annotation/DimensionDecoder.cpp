@@ -46,9 +46,11 @@ void DimensionDecoder::begin(std::string_view type) {
     m_record = Record();
     m_record.type = type;
     m_changes.clear();
+    m_picture.clear();
 }
 
 void DimensionDecoder::take(const Group& group) {
+    m_picture.take(group);
     if (takePoint(group, 10, m_record.line) || takePoint(group, 11, m_record.textPosition) ||
         takePoint(group, 12, m_record.copyPosition) || takePoint(group, 13, m_record.first) ||
         takePoint(group, 14, m_record.second) || takePoint(group, 15, m_record.side) ||
@@ -152,6 +154,10 @@ void DimensionDecoder::end(const RecordHeader& header, DrawingBuilder& builder) 
     if (reference.block != noBlock && !builder.drawing().blocks[reference.block].entities.empty()) {
         // The block holds world coordinates, whatever plane was dimensioned.
         builder.addInWorld(header, reference);
+        return;
+    }
+    const bool isOther = kindOf(m_record.type, m_record.flags) == Kind::other;
+    if (isOther && m_picture.draw(header, builder) == ProxyGraphics::Outcome::whole) {
         return;
     }
     StyleValues style = m_styles.styleOf(m_record.style, builder);

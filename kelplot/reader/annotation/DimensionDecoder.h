@@ -6,6 +6,7 @@
 #include "reader/RecordDecoder.h"
 #include "reader/annotation/DimensionStyles.h"
 #include "reader/entity/BlockRecords.h"
+#include "reader/proxy/ProxyGraphics.h"
 
 namespace kelplot {
 
@@ -51,6 +52,7 @@ private:
     const BlockRecords& m_blocks;
     Record m_record;
     StyleChanges m_changes;
+    ProxyGraphics m_picture;
 };
 
 } // namespace kelplot

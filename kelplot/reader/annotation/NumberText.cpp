@@ -137,7 +137,7 @@ std::string lengthText(double value, const NumberForm& form) {
 }
 
 std::string angleText(double radians, const NumberForm& form) {
-    const double degrees = degreesFromRadians(radians);
+    const double degrees = degreesFromRadians(std::min(radians, turn));
     switch (form.unit) {
     case 1:
     case 4:

@@ -7,6 +7,7 @@
 
 #include "reader/annotation/DimensionDecoder.h"
 #include "reader/annotation/DimensionStyles.h"
+#include "reader/annotation/MultileaderDecoder.h"
 #include "reader/annotation/ToleranceDecoder.h"
 #include "reader/entity/BlockRecords.h"
 #include "reader/entity/ConstructionLineDecoder.h"
@@ -16,6 +17,7 @@
 #include "reader/entity/LeaderDecoder.h"
 #include "reader/entity/LineTypeDecoder.h"
 #include "reader/entity/LwPolylineDecoder.h"
+#include "reader/entity/MeshDecoder.h"
 #include "reader/entity/MlineDecoder.h"
 #include "reader/entity/PlotStyleNames.h"
 #include "reader/entity/PolylineDecoder.h"
@@ -70,6 +72,8 @@ constexpr Row rows[] = {
     {RecordPlace::entities, {"HATCH", "MPOLYGON"}, make<HatchDecoder>},
     {RecordPlace::entities, {"SPLINE"}, make<SplineDecoder>},
     {RecordPlace::entities, {"DIMENSION", "ARC_DIMENSION", "LARGE_RADIAL_DIMENSION"}, makeStyled<DimensionDecoder>},
+    {RecordPlace::entities, {"MULTILEADER", "MLEADER"}, makeWithBlocks<MultileaderDecoder>},
+    {RecordPlace::entities, {"MESH"}, make<MeshDecoder>},
     {RecordPlace::entities, {"TOLERANCE"}, makeStyled<ToleranceDecoder>},
     {RecordPlace::entities, {"ACAD_TABLE"}, make<TableDecoder>},
     {RecordPlace::entities, {"TEXT", "ATTRIB", "ATTDEF"}, make<TextDecoder>},

@@ -3,11 +3,11 @@
 #include "geometry/PlanMap.h"
 #include "reader/RecordDecoder.h"
 
-#include <QByteArray>
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
+#include "drawing/ArrowHeads.h"
 #include "reader/GroupValue.h"
 #include "reader/entity/SplineDecoder.h"
 
@@ -19,13 +19,6 @@ namespace {
 constexpr double largestArrowShare = 0.5;
 /// Of the usual arrow head: half its width to its length.
 constexpr double arrowSlope = 1.0 / 6.0;
-
-/// Arrow heads through which the line goes on to its end.
-bool lineReachesTip(const std::string& arrowBlock) {
-    constexpr const char* names[] = {"_ArchTick", "_Oblique", "_None", "_Small", "_DotSmall", "_Integral"};
-    return std::any_of(std::begin(names), std::end(names),
-                       [&](const char* name) { return qstricmp(arrowBlock.c_str(), name) == 0; });
-}
 
 } // namespace
 

@@ -21,10 +21,15 @@ std::string namedType(std::string_view type) {
 
 void UnplottedDecoder::begin(std::string_view type) {
     m_type = namedType(type);
+    m_picture.clear();
 }
 
 void UnplottedDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
-    builder.addUnplotted(header, m_type);
+    const ProxyGraphics::Outcome drawn = m_picture.draw(header, builder);
+    if (drawn != ProxyGraphics::Outcome::whole) {
+        const bool partly = drawn == ProxyGraphics::Outcome::part;
+        builder.addUnplotted(header, partly ? "part of " + m_type : m_type);
+    }
 }
 
 } // namespace kelplot

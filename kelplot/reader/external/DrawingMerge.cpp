@@ -91,6 +91,7 @@ struct Renumbering {
     void operator()(Spline&) const {}
     void operator()(Solid&) const {}
     void operator()(Face3d&) const {}
+    void operator()(Mesh&) const {}
     void operator()(Hatch&) const {}
     void operator()(Wipeout&) const {}
 };

@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <cctype>
 #include <map>
 #include <set>
 
@@ -58,6 +59,12 @@ private:
     bool m_hidden = false;  ///< an attribute that does not show
 };
 
+/// Tells whether a type is one that programs write.
+bool isName(const std::string& type) {
+    return std::isalpha(static_cast<unsigned char>(type[0])) != 0 ||
+           std::isdigit(static_cast<unsigned char>(type[0])) != 0;
+}
+
 template <typename... Kinds>
 size_t kept(const Drawing& drawing) {
     size_t count = 0;
@@ -74,7 +81,7 @@ size_t kept(const Drawing& drawing) {
     return count;
 }
 
-/// The types that become entities of a kind, and how many of it there are. All other types must be named as left out.
+/// The types that become entities of a kind, and how many of it there are.
 const struct {
     std::set<std::string> types;
     size_t (*kept)(const Drawing& drawing);
@@ -83,37 +90,60 @@ const struct {
     {{"LINE", "3DLINE"}, kept<Line>},
     {{"CIRCLE", "ARC"}, kept<Circle, Arc>},
     {{"ELLIPSE"}, kept<Ellipse>},
-    {{"POLYLINE", "LWPOLYLINE", "LEADER"}, kept<Polyline, Face3d, Spline>},
-    {{"SPLINE"}, kept<Spline>},
+    {{"POLYLINE", "LWPOLYLINE", "LEADER", "MULTILEADER", "SPLINE", "3DFACE"}, kept<Polyline, Spline, Face3d>},
     {{"SOLID", "TRACE"}, kept<Solid>},
-    {{"3DFACE"}, kept<Face3d>},
     {{"HATCH", "MPOLYGON"}, kept<Hatch>},
     {{"TEXT", "MTEXT", "ATTRIB"}, kept<Text, MText>},
     {{"IMAGE"}, kept<Image>},
     {{"WIPEOUT"}, kept<Wipeout>},
     {{"XLINE", "RAY"}, kept<ConstructionLine>},
     {{"MLINE"}, kept<Mline>},
+    {{"MESH"}, kept<Mesh>},
     {{"VIEWPORT"}, kept<Viewport>},
     {{"INSERT", "DIMENSION", "ARC_DIMENSION", "LARGE_RADIAL_DIMENSION", "ACAD_TABLE", "TOLERANCE"}, kept<Insert>},
 };
 
+/// How many entities are named as left out, by the type of their records.
+std::map<std::string, size_t> namedTypes(const Drawing& drawing) {
+    std::map<std::string, size_t> named;
+    const auto add = [&](const std::vector<Entity>& entities) {
+        for (const Entity& entity : entities) {
+            if (const auto* const unplotted = std::get_if<Unplotted>(&entity.geometry)) {
+                const std::string& kind = drawing.unplottedKinds[unplotted->kind]; // such as "ARC without a radius"
+                ++named[kind.substr(0, kind.find(' '))];
+            }
+        }
+    };
+    add(drawing.modelSpace);
+    add(drawing.paperSpace);
+    for (const Block& block : drawing.blocks) {
+        add(block.entities);
+    }
+    return named;
+}
+
 /// The types of which records are neither kept nor named.
 std::string lostTypes(RecordScan scan, const Drawing& drawing) {
     std::string lost;
-    size_t unplotted = kept<Unplotted>(drawing);
-    for (const auto& kind : kinds) {
+    std::map<std::string, size_t> named = namedTypes(drawing);
+    const auto check = [&](const std::set<std::string>& types, size_t found) {
         size_t count = 0;
-        for (const std::string& type : kind.types) {
+        for (const std::string& type : types) {
             count += scan.counts[type];
-            scan.counts.erase(type);
+            found += named[type];
         }
-        const size_t missing = count - std::min(count, kind.kept(drawing));
-        lost += missing > unplotted ? *kind.types.begin() + ' ' + std::to_string(missing) + ' ' : "";
-        unplotted -= std::min(missing, unplotted);
+        lost += count > found ? *types.begin() + ' ' + std::to_string(count - found) + ' ' : "";
+    };
+    std::set<std::string> known;
+    for (const auto& kind : kinds) {
+        check(kind.types, kind.kept(drawing));
+        known.insert(kind.types.begin(), kind.types.end());
     }
-    for (const auto& [type, count] : scan.counts) {
-        lost += count > unplotted ? type + ' ' + std::to_string(count) + ' ' : "";
-        unplotted -= std::min(count, unplotted);
+    const std::map<std::string, size_t> counts = scan.counts;
+    for (const auto& [type, count] : counts) {
+        if (known.count(type) == 0) {
+            check({type}, isName(type) ? 0 : named["entity"]); // of a damaged type
+        }
     }
     return lost;
 }

@@ -174,28 +174,27 @@ public:
     std::string text(const Dimension& dimension) const {
         constexpr const char* kinds[] = {"rotated", "aligned",         "angle of lines", "diameter",
                                          "radius",  "angle of points", "ordinate",       "other"};
-        std::string result = kinds[static_cast<size_t>(dimension.kind)];
-        for (const Vec2& point : {dimension.line, dimension.first, dimension.second, dimension.side, dimension.arc}) {
-            result += ' ' + text(point);
-        }
-        result += unless(" turned ", dimension.direction / degree, 0.0) +
-                  unless(" oblique ", dimension.oblique / degree, 0.0) + (dimension.ordinateOfX ? " of x" : "") +
-                  unless(" extruded ", dimension.extrusion, Vec3{0, 0, 1});
+        const std::vector<Vec2> points = {dimension.line, dimension.first, dimension.second, dimension.side,
+                                          dimension.arc};
+        std::string result = kinds[static_cast<size_t>(dimension.kind)] + list("", points) +
+                             unless(" turned ", dimension.direction / degree, 0.0) +
+                             unless(" oblique ", dimension.oblique / degree, 0.0) +
+                             (dimension.ordinateOfX ? " of x" : "") +
+                             unless(" extruded ", dimension.extrusion, Vec3{0, 0, 1});
         for (const DimensionEnd& end : dimension.look.ends) {
             result += ' ' + m_drawing.blocks.at(end.arrow).name;
         }
         return result + (dimension.text ? ' ' + text(*dimension.text) : "") + (dimension.textPlaced ? "" : " anywhere");
     }
     std::string text(const ToleranceFrame& frame) const {
-        std::string result = "frame at " + text(frame.position) + unless(" turned ", frame.rotation / degree, 0.0);
+        std::string result;
         for (const auto& row : frame.rows) {
             for (const MText& cell : row) {
                 result += (&cell == &row.front() ? " / " : " | ") + text(cell);
             }
         }
-        return result;
+        return "frame at " + text(frame.position) + unless(" turned ", frame.rotation / degree, 0.0) + result;
     }
-
     static std::string text(const HatchLine& line) { return "line " + text(line.start) + ' ' + text(line.end); }
     static std::string text(const HatchArc& arc) {
         return "arc " + text(arc.center) + " r " + text(arc.radius) + span(arc.startAngle, arc.endAngle) +
@@ -336,6 +335,10 @@ public:
         }
         return result;
     }
+    static std::string text(const std::array<uint32_t, 2>& edge) {
+        return std::to_string(edge[0]) + '-' + std::to_string(edge[1]);
+    }
+    static std::string text(const Mesh& mesh) { return list("mesh", mesh.vertices) + list(" edges", mesh.edges); }
     std::string text(const Viewport& view) const {
         std::string result = "viewport " + text(view.center) + ' ' + text(view.width) + 'x' + text(view.height) +
                              (view.on ? "" : " off") + (view.perspective ? " perspective" : "") + " of " +
