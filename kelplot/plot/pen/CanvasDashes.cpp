@@ -70,12 +70,13 @@ void Canvas::drawDashed(const std::vector<Vec2>& points, const Box2& box, const 
 
 /// Keeps the places of texts on one side of a path.
 void Canvas::addMarks(const MeasuredPath& path, const DashLayout& layout, const LineSpan& part, double from) {
+    constexpr double costOfText = 20.0; // dashes that take about as long to draw
     const Pen& pen = m_pens.pen();
     std::vector<double> places;
     for (const LineTypeText& text : pen.lineType->texts) {
         places.clear();
         layout.addPlaces(text.at * pen.patternScale, part, from, places);
-        for (size_t i = 0; i < places.size() && m_marksLeft > 0; ++i, --m_marksLeft) {
+        for (size_t i = 0; i < places.size() && m_dashesLeft > 0.0; ++i, m_dashesLeft -= costOfText) {
             m_marks.push_back(
                 {&text, path.pointAt(places[i]), path.directionAt(places[i]), pen.patternScale, pen.ink, pen.opacity});
         }
