@@ -25,6 +25,7 @@ public:
         const Attributes& attributes = entity.attributes;
         require(attributes.layer < m_drawing.layers.size());
         require(attributes.lineType < m_drawing.lineTypes.size() || attributes.lineType >= lineTypeByBlock);
+        require(attributes.plotStyle < m_drawing.plotStyles.size() || attributes.plotStyle >= plotStyleByBlock);
         std::visit(*this, entity.geometry);
     }
 
@@ -95,8 +96,13 @@ void check(const Drawing& drawing) {
     require(!drawing.layers.empty() && !drawing.lineTypes.empty() && !drawing.textStyles.empty());
     for (const Layer& layer : drawing.layers) {
         require(layer.lineType < drawing.lineTypes.size());
+        require(layer.plotStyle < drawing.plotStyles.size());
     }
     const EntityCheck checkEntity(drawing);
+    for (const LineType& lineType : drawing.lineTypes) {
+        std::for_each(lineType.texts.begin(), lineType.texts.end(),
+                      [&](const LineTypeText& each) { checkEntity(each.text); });
+    }
     std::for_each(drawing.modelSpace.begin(), drawing.modelSpace.end(), checkEntity);
     std::for_each(drawing.paperSpace.begin(), drawing.paperSpace.end(), checkEntity);
     for (const Annotation& annotation : drawing.annotations) {

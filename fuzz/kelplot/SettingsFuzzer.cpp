@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 
 // Reads any bytes as a file of kelplot's settings. The first byte tells which, as a digit: 0 a pen table, 1 a table of
-// fonts, 2 papers as people edit them, 3 the binary cache of papers. The rest is the file.
+// fonts, 2 papers as people edit them, 3 the binary cache of papers, 4 the text of a table of plot styles. The rest is
+// the file.
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <iterator>
 #include <string>
@@ -20,11 +22,30 @@
 #include "settings/PaperFile.h"
 #include "settings/PaperTable.h"
 #include "settings/PenSection.h"
+#include "settings/PlotStyleRecords.h"
 #include "settings/SettingsFile.h"
 
 using namespace kelplot;
 
 namespace {
+
+void check(const PenRule& rule) {
+    require(!rule.width || (*rule.width >= 0.0 && *rule.width <= 100.0));
+    require(!rule.ink || *rule.ink <= 0xFFFFFF);
+    require(rule.screening >= 0 && rule.screening <= fullInk);
+    require(!rule.fill || (*rule.fill >= HT_PlotStyle::FillSolid && *rule.fill <= HT_PlotStyle::FillVertical));
+    if (rule.lineType) {
+        for (const double length : rule.lineType->pattern) {
+            require(std::isfinite(length));
+        }
+    }
+}
+
+void checkRules(const PenTable& table) {
+    for (uint32_t number = 1; number <= PenTable::lastNumber; ++number) {
+        check(table.ruleFor({Colour::Kind::index, number}));
+    }
+}
 
 void readPens(std::string_view text) {
     const MemoryFile file;
@@ -33,11 +54,18 @@ void readPens(std::string_view text) {
     const bool holds = holdsPens(path);
     const PenTable table = penTableFrom({path});
     require(holds);
-    for (uint32_t number = 1; number <= PenTable::lastNumber; ++number) {
-        const PenRule& rule = table.ruleFor({Colour::Kind::index, number});
-        require(!rule.width || (*rule.width >= 0.0 && *rule.width <= 100.0));
-        require(!rule.ink || *rule.ink <= 0xFFFFFF);
-        require(rule.screening >= 0 && rule.screening <= fullInk);
+    checkRules(table);
+}
+
+void readPlotStyles(std::string_view text) {
+    const QByteArray bytes(text.data(), static_cast<int>(text.size()));
+    try {
+        checkRules(plotStylesIn(bytes, StyleNames::colours));
+        const PenTable named = plotStylesIn(bytes, StyleNames::free);
+        require(named.goesByNames());
+        check(named.ruleFor(QStringLiteral("Normal")));
+    } catch (const PlotStyleFault& fault) {
+        require(!fault.reason.isEmpty());
     }
 }
 
@@ -107,12 +135,13 @@ void readCache(std::string_view bytes) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    constexpr void (*readers[])(std::string_view) = {readPens, readFonts, readPapers, readCache};
+    constexpr void (*readers[])(std::string_view) = {readPens, readFonts, readPapers, readCache, readPlotStyles};
     if (size == 0) {
         return 0;
     }
     try {
-        readers[data[0] % std::size(readers)]({reinterpret_cast<const char*>(data) + 1, size - 1});
+        readers[static_cast<uint8_t>(data[0] - '0') % std::size(readers)](
+            {reinterpret_cast<const char*>(data) + 1, size - 1});
     } catch (const SettingsError&) {
         return 0; // the one way in which a file may be refused
     }

@@ -83,7 +83,6 @@ private:
     LineCutter m_cutter;
     double m_dashesLeft = 2e6;
     std::vector<LineTypeMark> m_marks;
-    size_t m_marksLeft = 100000; ///< each is a text to draw
     std::vector<HT_Double_Point> m_sent;
     std::vector<Vec2> m_flattened;
 };

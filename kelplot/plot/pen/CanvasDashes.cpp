@@ -29,6 +29,20 @@ void forEachSide(const MeasuredPath& path, const LineSpan& near, const std::vect
     }
 }
 
+/// Makes a closed path begin behind its first dash, which becomes one with the last: the corner where the path closes
+/// is joined like the others.
+std::vector<Vec2> turnedPast(double place, const MeasuredPath& path, std::vector<LineSpan>& dashes) {
+    std::vector<Vec2> points = path.part({place, path.length()});
+    const std::vector<Vec2> first = path.part({0.0, place});
+    points.insert(points.end(), first.begin() + 1, first.end());
+    dashes.erase(dashes.begin());
+    for (LineSpan& dash : dashes) {
+        dash = {dash.from - place, dash.to - place};
+    }
+    dashes.back().to += place;
+    return points;
+}
+
 } // namespace
 
 /// Lays dashes along a line. One of too many is left to the renderer as a whole, which begins with the pattern and
@@ -63,6 +77,10 @@ void Canvas::drawDashed(const std::vector<Vec2>& points, const Box2& box, const 
     } else if (dashes.size() == 1 && dashes[0].from <= near->from && dashes[0].to >= near->to) {
         m_pens.useSolid();
         drawContinuous(points, box);
+    } else if (points.front() == points.back() && dashes.size() > 1 && dashes.front().from <= 0.0 &&
+               dashes.back().to >= path.length()) {
+        const std::vector<Vec2> turned = turnedPast(dashes.front().to, path, dashes);
+        drawDashes(MeasuredPath(turned), dashes);
     } else {
         drawDashes(path, dashes);
     }
@@ -70,12 +88,13 @@ void Canvas::drawDashed(const std::vector<Vec2>& points, const Box2& box, const 
 
 /// Keeps the places of texts on one side of a path.
 void Canvas::addMarks(const MeasuredPath& path, const DashLayout& layout, const LineSpan& part, double from) {
+    constexpr double costOfText = 20.0; // dashes that take about as long to draw
     const Pen& pen = m_pens.pen();
     std::vector<double> places;
     for (const LineTypeText& text : pen.lineType->texts) {
         places.clear();
         layout.addPlaces(text.at * pen.patternScale, part, from, places);
-        for (size_t i = 0; i < places.size() && m_marksLeft > 0; ++i, --m_marksLeft) {
+        for (size_t i = 0; i < places.size() && m_dashesLeft > 0.0; ++i, m_dashesLeft -= costOfText) {
             m_marks.push_back(
                 {&text, path.pointAt(places[i]), path.directionAt(places[i]), pen.patternScale, pen.ink, pen.opacity});
         }

@@ -15,6 +15,8 @@ constexpr int turnedAsStated = 1;
 constexpr int embeddedText = 2;
 constexpr int embeddedShape = 4;
 
+constexpr size_t longestText = 256; ///< bytes; each line of the type shows it many times
+
 } // namespace
 
 void LineTypeDecoder::begin(std::string_view) {
@@ -43,7 +45,7 @@ void LineTypeDecoder::take(const Group& group) {
     LineTypeInsert& insert = m_inserts.back();
     switch (group.code) {
     case 9:
-        m_texts.back() = trimmed(group.value);
+        m_texts.back() = trimmed(group.value).substr(0, longestText);
         break;
     case 44:
         insert.offset.x = toReal(group.value);

@@ -18,8 +18,9 @@ struct Settings {
 };
 
 /// "window LEFT TOP RIGHT BOTTOM" in device units, "map SCALE X Y", "hairline WIDTH", "scale FACTOR" of line weights,
-/// "monochrome", "fonts", "look NUMBER ENDS JOINS FILL" of pens by the numbers of what these are, "grey NUMBER", or
-/// "pen NUMBER WIDTH COLOUR INK", of which "-" leaves a part to the drawing.
+/// "monochrome", "fonts", "look NUMBER ENDS JOINS FILL" of pens by the numbers of what these are, "grey NUMBER",
+/// "fitted NUMBER DASH GAP..." of a line type in millimetres, or "pen NUMBER WIDTH COLOUR INK", of which "-" leaves a
+/// part to the drawing.
 void apply(const std::string& option, Settings& to) {
     std::istringstream words(option);
     std::string name;
@@ -43,6 +44,17 @@ void apply(const std::string& option, Settings& to) {
         rule.joins = static_cast<HT_PlotStyle::LineJoinStyle>(joins);
         rule.fill = static_cast<HT_PlotStyle::FillStyle>(fill);
         to.style.pens.set(number, rule);
+    } else if (name == "fitted") {
+        int number = 0;
+        PenRule rule;
+        rule.fitsLineType = true;
+        words >> number;
+        LineType& lineType = rule.lineType.emplace();
+        for (double length = 0.0; words >> length;) {
+            lineType.pattern.push_back(length);
+        }
+        to.style.pens.set(number, rule);
+        words.clear();
     } else if (name == "grey") {
         int number = 0;
         PenRule rule;
