@@ -100,16 +100,16 @@ void PlotJob::warn(const QString& text) {
     m_console.warning(full);
 }
 
+void PlotJob::warn(const QStringList& texts) {
+    for (const QString& text : texts) {
+        warn(text);
+    }
+}
+
 void PlotJob::applyLayers() {
     const QStringList unmatched = filterLayers(m_drawing, m_plan.layers, m_plan.excludedLayers);
     for (const QString& pattern : unmatched) {
         warn(QStringLiteral("no layer is named \"%1\"").arg(pattern));
-    }
-}
-
-void PlotJob::warn(const QStringList& texts) {
-    for (const QString& text : texts) {
-        warn(text);
     }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "device/PdfDevice.h"
 
+#include <QDir>
 #include <QPageLayout>
 
 #include "device/PdfOutline.h"
@@ -49,8 +50,11 @@ void PdfDevice::nextPage(const SheetSize& sheet) {
 
 /// Moves the pages into the output file.
 void PdfDevice::addOutline() {
-    if (!m_pagesStream.failure().isEmpty() || !m_pages.flush()) {
-        throw outputError(m_path, QStringLiteral("temporary file: ") + m_pages.errorString());
+    const bool isFlushed = m_pages.flush();
+    const QString failure = m_pagesStream.failure();
+    if (!failure.isEmpty() || !isFlushed) {
+        throw outputError(m_path, QStringLiteral("temporary file in %1: %2")
+                                      .arg(QDir::tempPath(), failure.isEmpty() ? m_pages.errorString() : failure));
     }
     m_pages.seek(0);
     try {

@@ -7,6 +7,7 @@
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFPageDocumentHelper.hh>
 #include <qpdf/QPDFWriter.hh>
+#include <stdexcept>
 #include <unistd.h>
 
 namespace kelplot {
@@ -60,9 +61,11 @@ void addOutline(QPDF& document, const QStringList& pageNames) {
 } // namespace
 
 void copyWithOutline(QFileDevice& document, const QStringList& pageNames, OutputFile& target) {
-    std::FILE* const file = fdopen(dup(document.handle()), "rb");
+    const int handle = dup(document.handle());
+    std::FILE* const file = fdopen(handle, "rb");
     if (file == nullptr) {
-        throw OutputError("the finished pages cannot be read");
+        close(handle);
+        throw std::runtime_error("the finished pages cannot be read");
     }
     QPDF copy;
     copy.processFile("pages", file, true);

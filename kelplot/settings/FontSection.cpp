@@ -48,11 +48,7 @@ void addFonts(const QString& path, FontTable& table) {
         const QString name = setting.key.toLower();
         const FontRule rule = fontRuleFrom(path, setting.value);
         if (name == otherFonts) {
-            QStringList others;
-            for (const FontStandIn& standIn : rule.standIns) {
-                others << standIn.family;
-            }
-            table.setOthers(others);
+            table.setOthers(rule.standIns);
         } else {
             table.set(name, rule);
         }

@@ -3,7 +3,6 @@
 
 #include <QHash>
 #include <QString>
-#include <QStringList>
 #include <QVector>
 
 #include "drawing/Text.h"
@@ -36,12 +35,12 @@ public:
     const FontRule* find(const QString& key) const;
 
     /// The families for fonts that are not listed or not installed, and for the characters that a font lacks.
-    const QStringList& others() const { return m_others; }
-    void setOthers(const QStringList& families) { m_others = families; }
+    const QVector<FontStandIn>& others() const { return m_others; }
+    void setOthers(const QVector<FontStandIn>& standIns) { m_others = standIns; }
 
 private:
     QHash<QString, FontRule> m_rules;
-    QStringList m_others;
+    QVector<FontStandIn> m_others;
 };
 
 } // namespace kelplot

@@ -120,23 +120,16 @@ FontStandIn FontSet::installedOf(const QVector<FontStandIn>& standIns) {
     return {};
 }
 
-QString FontSet::firstInstalled(const QStringList& families) {
-    for (const QString& family : families) {
-        if (QString name = installed(family); !name.isEmpty()) {
-            return name;
-        }
-    }
-    return {};
+/// The first of the others that is installed; where none is, Qt's own choice.
+FontStandIn FontSet::other() {
+    FontStandIn other = installedOf(m_table.others());
+    return other.family.isEmpty() ? FontStandIn{QFont().defaultFamily()} : other;
 }
 
-/// The family for a font, or else the first of the others; where none of those is there either, Qt's own choice.
+/// The family for a font, or else one of the others.
 FontStandIn FontSet::standInFor(const QString& key, const FontRule* rule) {
     FontStandIn own = rule ? installedOf(rule->standIns) : FontStandIn{installed(key)};
-    if (!own.family.isEmpty()) {
-        return own;
-    }
-    const QString other = firstInstalled(m_table.others());
-    return {other.isEmpty() ? QFont().defaultFamily() : other};
+    return own.family.isEmpty() ? other() : own;
 }
 
 FontChoice FontSet::choose(const FontName& name, const std::string& bigFontFile) {
@@ -160,8 +153,7 @@ FontChoice FontSet::find(const FontName& name, const std::string& bigFontFile) {
         const QString bigKey = FontTable::keyOf({bigFontFile, true, false, false});
         const FontRule* const bigRule = m_table.find(bigKey);
         choice.bigFont = bigRule ? installedOf(bigRule->standIns).family : installed(bigKey);
-        const QString shown = choice.bigFont.isEmpty() ? firstInstalled(m_table.others()) : choice.bigFont;
-        noteReplaced(bigFontFile, bigKey, shown);
+        noteReplaced(bigFontFile, bigKey, choice.bigFont.isEmpty() ? other().family : choice.bigFont);
     }
     return choice;
 }
@@ -173,13 +165,22 @@ void FontSet::noteReplaced(const std::string& font, const QString& key, const QS
     }
 }
 
+/// The families for the characters that a face lacks.
+QStringList FontSet::familiesAfter(const QString& bigFont) const {
+    QStringList families{bigFont};
+    for (const FontStandIn& other : m_table.others()) {
+        families << other.family;
+    }
+    return families;
+}
+
 const HT_FontMap& FontSet::fallbacks(const QString& bigFont) {
     const auto found = m_fallbacks.find(bigFont);
     if (found != m_fallbacks.end()) {
         return found->second;
     }
     HT_FontMap& map = m_fallbacks[bigFont];
-    for (const QString& family : QStringList{bigFont} + m_table.others()) {
+    for (const QString& family : familiesAfter(bigFont)) {
         if (QString name = installed(family); !name.isEmpty()) {
             map.Add(name.toStdWString(), recordOf({name, false, false}));
         }
@@ -203,7 +204,7 @@ FontFace FontSet::faceOfStretch(const QString& stretch, const FontChoice& choice
         return std::all_of(characters.begin(), characters.end(), [&](uint each) { return font.has(each); });
     };
     if (!hasAll(choice.face)) {
-        for (const QString& family : QStringList{choice.bigFont} + m_table.others()) {
+        for (const QString& family : familiesAfter(choice.bigFont)) {
             const FontFace face{installed(family), false, false};
             if (!face.family.isEmpty() && hasAll(face)) {
                 return face;

@@ -78,7 +78,8 @@ private:
     FontFace faceOfStretch(const QString& stretch, const FontChoice& choice);
     std::vector<FontRun> runsOf(const QString& text, const FontChoice& choice);
     FontStandIn installedOf(const QVector<FontStandIn>& standIns);
-    QString firstInstalled(const QStringList& families);
+    FontStandIn other();
+    QStringList familiesAfter(const QString& bigFont) const;
     QString installed(const QString& family);
     FontStandIn standInFor(const QString& key, const FontRule* rule);
     const HT_FontMap& fallbacks(const QString& bigFont);

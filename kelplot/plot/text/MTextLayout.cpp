@@ -131,24 +131,35 @@ ParagraphFrame narrowed(ParagraphFrame frame, double ratio) {
     return frame;
 }
 
+/// What `set` makes of a text with the widest stand-ins at which its `cost` is within the limit, or least.
+template <typename Set, typename Cost>
+auto fitted(const ParagraphFrame& frame, double limit, Set set, Cost cost) {
+    auto natural = set(frame);
+    if (cost(natural) <= limit) {
+        return natural;
+    }
+    auto narrowest = set(narrowed(frame, narrowestStandIn));
+    if (!(cost(narrowest) < cost(natural))) {
+        return natural;
+    }
+    for (const double ratio : standInRatios) {
+        auto narrower = set(narrowed(frame, ratio));
+        if (cost(narrower) <= limit) {
+            return narrower;
+        }
+    }
+    return narrowest;
+}
+
 /// The lines of a paragraph. Where a font is wider than the one that it stands for, a paragraph of one line would
 /// break: it is set narrower if it fits its line then.
 std::vector<ParagraphLine> linesKeptWhole(const Paragraph& paragraph, const ParagraphFrame& frame) {
     constexpr size_t mostLines = 3; // into which a little too much can fall
-    std::vector<ParagraphLine> natural = linesOf(paragraph, frame);
-    if (natural.size() < 2 || natural.size() > mostLines) {
-        return natural;
-    }
-    if (linesOf(paragraph, narrowed(frame, narrowestStandIn)).size() > 1) {
-        return natural;
-    }
-    for (const double ratio : standInRatios) {
-        std::vector<ParagraphLine> lines = linesOf(paragraph, narrowed(frame, ratio));
-        if (lines.size() == 1) {
-            return lines;
-        }
-    }
-    return linesOf(paragraph, narrowed(frame, narrowestStandIn));
+    return fitted(
+        frame, 0.0, [&](const ParagraphFrame& tried) { return linesOf(paragraph, tried); },
+        [](const std::vector<ParagraphLine>& lines) {
+            return lines.size() == 1 || lines.size() > mostLines ? 0.0 : 1.0;
+        });
 }
 
 /// Puts all lines of a text in their places, single ones kept whole if `keepLines` says so.
@@ -171,22 +182,10 @@ ColumnFiller filled(const MText& text, const ParagraphFrame& frame) {
     if (!(text.depth > 0.0) || hasColumns(text)) {
         return filled(text, frame, true);
     }
-    const double deepest = text.depth + slack * text.height;
-    ColumnFiller natural = filled(text, frame, false);
-    if (natural.depth() <= deepest) {
-        return natural;
-    }
-    ColumnFiller narrowest = filled(text, narrowed(frame, narrowestStandIn), false);
-    if (!(narrowest.depth() < natural.depth())) {
-        return natural;
-    }
-    for (const double ratio : standInRatios) {
-        ColumnFiller narrower = filled(text, narrowed(frame, ratio), false);
-        if (narrower.depth() <= deepest) {
-            return narrower;
-        }
-    }
-    return narrowest;
+    return fitted(
+        frame, text.depth + slack * text.height,
+        [&](const ParagraphFrame& tried) { return filled(text, tried, false); },
+        [](const ColumnFiller& filler) { return filler.depth(); });
 }
 
 /// Puts the columns of a text about the point that it hangs on.

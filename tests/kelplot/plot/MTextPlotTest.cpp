@@ -197,7 +197,7 @@ TEST(FontSet, FindsFontsByTheTable) {
     table.set("italic", {{{first}}, false, true, false});
     table.set("gdt", {{{first}}, false, false, true});
     table.set("arial-like", {{{"no such font"}}, false, false, false});
-    table.setOthers({"no such font", last});
+    table.setOthers({{"no such font"}, {last}});
     FontSet fonts(table);
     const struct {
         FontName name;

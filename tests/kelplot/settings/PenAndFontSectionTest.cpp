@@ -20,29 +20,33 @@ TEST(PenSection, GoesBeforeAnotherPenByPen) {
     }
 }
 
+QString listOf(const QVector<FontStandIn>& standIns) {
+    QStringList list;
+    for (const FontStandIn& standIn : standIns) {
+        list << standIn.family + (standIn.widthRatio == 1.0 ? "" : QString(" x %1").arg(standIn.widthRatio));
+    }
+    return list.join('|');
+}
+
 QString rulesOf(const FontTable& table, const char* key) {
     const FontRule* const rule = table.find(key);
     if (!rule) {
         return QStringLiteral("none");
     }
-    QStringList standIns;
-    for (const FontStandIn& standIn : rule->standIns) {
-        standIns << standIn.family + (standIn.widthRatio == 1.0 ? "" : QString(" x %1").arg(standIn.widthRatio));
-    }
-    return standIns.join('|') + (rule->bold ? " bold" : "") + (rule->italic ? " italic" : "") +
+    return listOf(rule->standIns) + (rule->bold ? " bold" : "") + (rule->italic ? " italic" : "") +
            (rule->symbols ? " symbols" : "");
 }
 
 TEST(FontSection, TheUsersFontsGoBeforeTheDevices) {
     const TemporaryDirectory directory;
-    const std::string device = directory.write("device.ini", "[Fonts]\nother=A, B\nsimplex=C\nGDT=symbols, D\n"
+    const std::string device = directory.write("device.ini", "[Fonts]\nother=A, B*0.9\nsimplex=C\nGDT=symbols, D\n"
                                                              "arial bold = bold, E F, italic,, G * 1.25\n");
     const std::string own = directory.write("own.ini", "[Fonts]\nsimplex=H\n");
     FontTable table;
     addFonts(QString::fromStdString(device), table);
     addFonts(QString::fromStdString(own), table);
     addFonts(QString::fromStdString(directory.write("none.ini", "[Pens]\n")), table);
-    EXPECT_EQ(table.others(), QStringList({"A", "B"}));
+    EXPECT_EQ(listOf(table.others()), "A|B x 0.9");
     EXPECT_EQ(rulesOf(table, "simplex"), "H");
     EXPECT_EQ(rulesOf(table, "gdt"), "D symbols");
     EXPECT_EQ(rulesOf(table, "arial bold"), "E F|G x 1.25 bold italic");
