@@ -94,7 +94,7 @@ std::string withTolerances(double value, const NumberForm& form, const NumberFor
     if (style.flag(StyleCode::limits)) {
         return stacked(numberText(value + upper, form, isAngle), numberText(value - lower, form, isAngle), style);
     }
-    const std::string number = numberText(value, form, isAngle);
+    std::string number = numberText(value, form, isAngle);
     if (!style.flag(StyleCode::tolerances)) {
         return number;
     }

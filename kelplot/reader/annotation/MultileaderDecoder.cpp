@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 #include "base/Angles.h"
@@ -45,24 +46,30 @@ void MultileaderDecoder::begin(std::string_view) {
 
 /// The marks that parts begin and end with. A text has the code of one of them.
 bool MultileaderDecoder::changePart(const Group& group) {
+    struct Mark {
+        Part from;
+        int code;
+        bool begins; ///< another part, and has a brace at its end
+        Part to;
+    };
+    constexpr Mark marks[] = {
+        {Part::whole, 300, true, Part::context},   {Part::context, 302, true, Part::leader},
+        {Part::leader, 304, true, Part::line},     {Part::line, 305, false, Part::leader},
+        {Part::leader, 303, false, Part::context}, {Part::context, 301, false, Part::whole},
+    };
     const std::string_view value = trimmed(group.value);
-    const bool begins = !value.empty() && value.back() == '{';
-    if (m_record.part == Part::whole && group.code == 300 && begins) {
-        m_record.part = Part::context;
-    } else if (m_record.part == Part::context && group.code == 302 && begins) {
-        m_record.part = Part::leader;
-        m_record.leaders.emplace_back();
-    } else if (m_record.part == Part::leader && group.code == 304 && begins) {
-        m_record.part = Part::line;
-        m_record.leaders.back().lines.emplace_back();
-    } else if (m_record.part == Part::line && group.code == 305) {
-        m_record.part = Part::leader;
-    } else if (m_record.part == Part::leader && group.code == 303) {
-        m_record.part = Part::context;
-    } else if (m_record.part == Part::context && group.code == 301) {
-        m_record.part = Part::whole;
-    } else {
+    const bool hasBrace = !value.empty() && value.back() == '{';
+    const auto* const mark = std::find_if(std::begin(marks), std::end(marks), [&](const Mark& each) {
+        return each.from == m_record.part && each.code == group.code && (hasBrace || !each.begins);
+    });
+    if (mark == std::end(marks)) {
         return false;
+    }
+    m_record.part = mark->to;
+    if (mark->to == Part::leader && mark->begins) {
+        m_record.leaders.emplace_back();
+    } else if (mark->to == Part::line) {
+        m_record.leaders.back().lines.emplace_back();
     }
     return true;
 }
