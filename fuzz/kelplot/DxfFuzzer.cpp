@@ -69,6 +69,10 @@ public:
         for (const uint32_t layer : viewport.frozenLayers) {
             require(layer < m_drawing.layers.size());
         }
+        for (const LayerOverride& change : viewport.overrides) {
+            require(change.layer < m_drawing.layers.size());
+            require(change.lineType.value_or(0) < m_drawing.lineTypes.size() || *change.lineType >= lineTypeByBlock);
+        }
     }
     void operator()(const Mesh& mesh) const {
         for (const auto& [from, to] : mesh.edges) {

@@ -87,7 +87,7 @@ QStringList missingParts(const Drawing& drawing, const ExtentsReport& report) {
     }
     if (!report.uncut.empty()) {
         messages << counted(report.uncut.size(), "reference shows", "references show") +
-                        QStringLiteral(" more than the clips in space leave: ") + blockNames(drawing, report.uncut);
+                        QStringLiteral(" more than the clips leave: ") + blockNames(drawing, report.uncut);
     }
     if (!report.external.empty()) {
         messages << QStringLiteral("left out, external drawings: ") + externalPaths(drawing, report);

@@ -168,8 +168,9 @@ std::optional<WalkClip> EntityWalk::clipOf(const Insert& insert, const PlanMap& 
 void EntityWalk::visitCut(const Block& block, const EntityStyle& style, const CopyGrid& grid, const WalkClip& clip,
                           const Stretch& stretch) {
     constexpr size_t leastCost = 16;
+    constexpr size_t costOfCorner = 4;
     m_clipCorners += clip.border.size();
-    if (spendVisits(std::max(leastCost, m_clipCorners))) {
+    if (spendVisits(std::max(leastCost, costOfCorner * m_clipCorners))) {
         WalkClip framed = clip;
         framed.frame = m_drawing.clipFrames && m_styles.isPlotted(style.layer) ? &style : nullptr;
         m_visitor->beginClip(framed);

@@ -346,22 +346,48 @@ std::vector<Entity>* DrawingBuilder::entitiesOf(const std::string& block) {
     return found.added ? nullptr : &m_drawing.blocks[found.index].entities;
 }
 
+template <typename Visitor>
+void DrawingBuilder::forEachEntity(const Visitor& visit) {
+    std::for_each(m_drawing.modelSpace.begin(), m_drawing.modelSpace.end(), visit);
+    std::for_each(m_drawing.paperSpace.begin(), m_drawing.paperSpace.end(), visit);
+    for (Block& block : m_drawing.blocks) {
+        std::for_each(block.entities.begin(), block.entities.end(), visit);
+    }
+}
+
 void DrawingBuilder::resolveOverrides() {
     const auto overrides = layerOverrides(m_layerExtensions, m_objects, m_lineTypeHandles);
-    const auto resolveIn = [&](std::vector<Entity>& entities) {
-        for (Entity& entity : entities) {
-            if (auto* const viewport = std::get_if<Viewport>(&entity.geometry)) {
-                viewport->overrides = overrides.value(entity.handle);
-            }
-        }
-    };
     if (overrides.isEmpty()) {
         return;
     }
-    resolveIn(m_drawing.paperSpace);
-    for (Block& block : m_drawing.blocks) {
-        resolveIn(block.entities);
+    forEachEntity([&](Entity& entity) {
+        if (auto* const viewport = std::get_if<Viewport>(&entity.geometry)) {
+            viewport->overrides = overrides.value(entity.handle);
+        }
+    });
+}
+
+/// References may share a clip, however many there are of them.
+void DrawingBuilder::resolveReferenceClips() {
+    QHash<uint64_t, uint32_t> clipOfFilter;
+    std::vector<uint32_t> clips;
+    for (const uint64_t dictionary : m_clipDictionaries) {
+        const uint64_t filter = filterOf(dictionary, m_objects);
+        if (filter != 0 && !clipOfFilter.contains(filter)) {
+            clipOfFilter.insert(filter, static_cast<uint32_t>(m_drawing.clips.size()));
+            m_drawing.clips.push_back(clipOf(filter, m_objects));
+        }
+        clips.push_back(clipOfFilter.value(filter, noClip));
     }
+    if (clips.empty()) {
+        return;
+    }
+    forEachEntity([&](Entity& entity) {
+        auto* const reference = std::get_if<Insert>(&entity.geometry);
+        if (reference != nullptr && reference->clip != noClip) {
+            reference->clip = clips[reference->clip];
+        }
+    });
 }
 
 /// Puts viewports into the order in which they lie on one another, and then entities into that of their handles, or of
@@ -383,9 +409,7 @@ Drawing DrawingBuilder::take() {
     m_inserts.resolve(m_textStyleHandles, m_drawing);
     resolveOverrides();
     orderEntities();
-    for (const uint64_t dictionary : m_clipDictionaries) {
-        m_drawing.clips.push_back(clipOf(dictionary, m_objects));
-    }
+    resolveReferenceClips();
     std::stable_sort(m_drawing.layouts.begin(), m_drawing.layouts.end(),
                      [](const Layout& a, const Layout& b) { return a.order < b.order; });
     m_drawing.unknownCodePage = m_decoder.unknownCodePage();

@@ -175,6 +175,9 @@ private:
     Entity& entityAt(const SheetEntity& place);
     void resolveClips();
     void resolveOverrides();
+    void resolveReferenceClips();
+    template <typename Visitor>
+    void forEachEntity(const Visitor& visit);
     void orderEntities();
     std::vector<Entity>* entitiesOf(const std::string& block);
     Entity* append(const RecordHeader& header, Geometry&& geometry);
@@ -202,7 +205,7 @@ private:
     QHash<uint64_t, uint32_t> m_lineTypeHandles;
     std::vector<LayerExtension> m_layerExtensions;
     DrawingObjects m_objects;
-    std::vector<uint64_t> m_clipDictionaries; ///< one for each of Drawing::clips
+    std::vector<uint64_t> m_clipDictionaries; ///< of references; these have indices into this as long as they are read
 };
 
 } // namespace kelplot

@@ -296,10 +296,7 @@ void HatchDecoder::takeOfPattern(const Group& group) {
         m_isDoubled = toInteger(group.value) != 0;
         break;
     default:
-        if (m_isPolygon && takeOfPolygon(group)) {
-            return;
-        }
-        if (!m_hatch.pattern.lines.empty()) {
+        if (!(m_isPolygon && takeOfPolygon(group)) && !m_hatch.pattern.lines.empty()) {
             takeOfPatternLine(group);
         }
         break;
@@ -309,23 +306,15 @@ void HatchDecoder::takeOfPattern(const Group& group) {
 /// Takes what only polygons state: the colour of their filling, and how far its pattern is moved.
 bool HatchDecoder::takeOfPolygon(const Group& group) {
     constexpr int lastColour = 255;
-    switch (group.code) {
-    case 11:
-        m_patternOffset.x = toReal(group.value);
-        return true;
-    case 21:
-        m_patternOffset.y = toReal(group.value);
-        return true;
-    case 63: {
-        const int number = toInteger(group.value);
-        if (number > 0 && number <= lastColour) {
-            m_hatch.fillColour = Colour{Colour::Kind::index, static_cast<uint32_t>(number)};
-        }
+    const int number = toInteger(group.value);
+    if (group.code == 11 || group.code == 21) {
+        (group.code == 11 ? m_patternOffset.x : m_patternOffset.y) = toReal(group.value);
         return true;
     }
-    default:
-        return false;
+    if (group.code == 63 && number > 0 && number <= lastColour) {
+        m_hatch.fillColour = Colour{Colour::Kind::index, static_cast<uint32_t>(number)};
     }
+    return group.code == 63;
 }
 
 void HatchDecoder::takeOfPatternLine(const Group& group) {

@@ -6,7 +6,10 @@
 
 namespace kelplot {
 
-/// What a reference shows whose extension dictionary has this handle.
-ReferenceClip clipOf(uint64_t extensionDictionary, const DrawingObjects& objects);
+/// The handle of the spatial filter that an extension dictionary leads to; 0: none that cuts.
+uint64_t filterOf(uint64_t extensionDictionary, const DrawingObjects& objects);
+
+/// What a reference with such a filter shows.
+ReferenceClip clipOf(uint64_t filter, const DrawingObjects& objects);
 
 } // namespace kelplot
