@@ -95,7 +95,7 @@ void LeaderDecoder::takeExtended(const Group& group) {
 LeaderStyle LeaderDecoder::style(const TextEncoding& decoder) const {
     LeaderStyle style = m_styles.styleOf(m_record.style, decoder);
     for (const Change& change : m_changes) {
-        style.take(Group{change.code, change.value, {}});
+        style.take(Group{change.code, change.value});
     }
     return style;
 }
