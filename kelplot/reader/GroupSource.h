@@ -12,7 +12,7 @@ namespace kelplot {
 struct Group {
     int code = 0;
     std::string_view value; ///< without the line's end; valid until the next group is read
-    FilePlace place;        ///< of the value
+    FilePlace place = {};   ///< of the value
 };
 
 /// The groups of a drawing, one after another.

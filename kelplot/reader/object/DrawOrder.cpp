@@ -45,6 +45,7 @@ void stackViewports(std::vector<Entity>& entities) {
         return;
     }
     std::vector<Entity> sorted;
+    sorted.reserve(order.size());
     for (const size_t place : order) {
         sorted.push_back(std::move(entities[place]));
     }

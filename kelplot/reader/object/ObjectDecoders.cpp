@@ -26,7 +26,7 @@ void DictionaryDecoder::take(const Group& group) {
 
 void DictionaryDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
     if (!m_entries.empty()) {
-        builder.objects().dictionaries.insert(header.handle, std::move(m_entries));
+        builder.objects().dictionaries.insert(header.handle, m_entries);
     }
 }
 
@@ -110,7 +110,7 @@ void SpatialFilterDecoder::end(const RecordHeader& header, DrawingBuilder& build
         m_filter.toBorder = frameOf(last);
     }
     m_filter.extensionDictionary = header.extensionDictionary;
-    builder.objects().spatialFilters.insert(header.handle, std::move(m_filter));
+    builder.objects().spatialFilters.insert(header.handle, m_filter);
 }
 
 void DataRecordDecoder::begin(std::string_view) {
@@ -128,7 +128,7 @@ void DataRecordDecoder::take(const Group& group) {
 
 void DataRecordDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
     if (!m_groups.empty()) {
-        builder.objects().records.insert(header.handle, std::move(m_groups));
+        builder.objects().records.insert(header.handle, m_groups);
     }
 }
 
