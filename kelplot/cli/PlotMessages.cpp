@@ -112,6 +112,9 @@ QStringList missingParts(const Drawing& drawing, const PlotReport& report) {
         messages << counted(report.tintedHatches, "hatch has", "hatches have") +
                         QStringLiteral(" too many lines; a tint stands for them");
     }
+    if (report.lostLineTypeTexts) {
+        messages << QStringLiteral("too many texts in line types; the plot is incomplete");
+    }
     if (report.tooManyViewports) {
         messages << QStringLiteral("too many viewports; the plot is incomplete");
     }

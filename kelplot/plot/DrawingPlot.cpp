@@ -147,6 +147,7 @@ public:
                                     }};
         report.add(EntityWalk(m_tools.drawing, std::move(rules), *this).run(entities, map, progress));
         report.tintedHatches += m_tools.tintedHatches;
+        report.lostLineTypeTexts = report.lostLineTypeTexts || m_tools.canvas.budget().lostTexts;
     }
 
     PlotReport report;
@@ -181,12 +182,12 @@ private:
         PlotTools tools(m_tools.drawing, target, m_tools.options, m_tools.typesetter, m_tools.pictures.store(),
                         m_tools.surface, m_tools.clips, lineTypeUnits);
         tools.patternDashesLeft = m_tools.patternDashesLeft;
-        tools.canvas.limitDashes(m_tools.canvas.dashesLeft());
+        tools.canvas.setBudget(m_tools.canvas.budget());
         EntityPlotter plotter(tools, false);
         plotter.run(m_tools.drawing.modelSpace, view, {viewport.frozenLayers, viewport.overrides},
                     report.visitsInBlocks, {});
         m_tools.patternDashesLeft = tools.patternDashesLeft;
-        m_tools.canvas.limitDashes(tools.canvas.dashesLeft());
+        m_tools.canvas.setBudget(tools.canvas.budget());
         report.add(plotter.report);
         ++report.viewports;
         m_tools.clips.pop();
@@ -204,6 +205,7 @@ void PlotReport::add(const PlotReport& other) {
     WalkReport::add(other);
     tintedHatches += other.tintedHatches;
     viewports += other.viewports;
+    lostLineTypeTexts = lostLineTypeTexts || other.lostLineTypeTexts;
     tooManyViewports = tooManyViewports || other.tooManyViewports;
 }
 

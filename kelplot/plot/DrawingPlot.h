@@ -29,6 +29,7 @@ struct PlotReport : WalkReport {
     PictureFaults missingPictures;
     size_t tintedHatches = 0; ///< that would take too many lines and are filled with a tint
     size_t viewports = 0;     ///< through which the model was drawn
+    bool lostLineTypeTexts = false;
     bool tooManyViewports = false;
 
     /// Adds what a viewport leaves out.

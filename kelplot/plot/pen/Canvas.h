@@ -24,6 +24,13 @@ struct LineTypeMark {
     uint8_t opacity = opaque;
 };
 
+/// What may still be drawn of lines with dashes.
+struct DashBudget {
+    double dashes = 2e6;  ///< that are laid out one by one; lines of more are left to the renderer
+    double letters = 5e4; ///< of texts in line types; the pages of real drawings have no room for so many
+    bool lostTexts = false;
+};
+
 /// Draws shapes in device coordinates, of any size and anywhere, through a renderer, with the pen in force.
 ///
 /// What lies far off the visible part of the page is cut away before the renderer sees it, because that works in 32-bit
@@ -55,9 +62,8 @@ public:
     /// The places of texts on the lines that were drawn since this was asked last.
     std::vector<LineTypeMark> takeMarks() { return std::exchange(m_marks, {}); }
 
-    /// How many dashes may still be laid out one by one; the lines of what is beyond that are left to the renderer.
-    double dashesLeft() const { return m_dashesLeft; }
-    void limitDashes(double most) { m_dashesLeft = most; }
+    const DashBudget& budget() const { return m_budget; }
+    void setBudget(const DashBudget& budget) { m_budget = budget; }
 
 private:
     /// Nothing when a point is not finite.
@@ -81,7 +87,7 @@ private:
     Flattening m_flattening; ///< its box of interest is the visible part of the page with a margin all round
     Flattening m_dashedFlattening;
     LineCutter m_cutter;
-    double m_dashesLeft = 2e6;
+    DashBudget m_budget;
     std::vector<LineTypeMark> m_marks;
     std::vector<HT_Double_Point> m_sent;
     std::vector<Vec2> m_flattened;

@@ -55,7 +55,7 @@ void Canvas::drawDashed(const std::vector<Vec2>& points, const Box2& box, const 
         return;
     }
     constexpr double mostOnLine = 1e5;
-    const double most = std::min(mostOnLine + static_cast<double>(points.size()), m_dashesLeft);
+    const double most = std::min(mostOnLine + static_cast<double>(points.size()), m_budget.dashes);
     std::vector<LineSpan> dashes;
     double count = 0.0;
     forEachSide(path, *near, corners, m_pens.dashes(), start,
@@ -67,7 +67,7 @@ void Canvas::drawDashed(const std::vector<Vec2>& points, const Box2& box, const 
                     }
                     return count <= most;
                 });
-    m_dashesLeft -= static_cast<double>(dashes.size());
+    m_budget.dashes -= static_cast<double>(dashes.size());
     if (!(count <= most)) {
         m_pens.useDashes(dashEntries(m_pens.dashes().strokes, m_pens.width()));
         for (const auto& piece : clipPolyline(points, m_flattening.interest)) {
@@ -88,15 +88,19 @@ void Canvas::drawDashed(const std::vector<Vec2>& points, const Box2& box, const 
 
 /// Keeps the places of texts on one side of a path.
 void Canvas::addMarks(const MeasuredPath& path, const DashLayout& layout, const LineSpan& part, double from) {
-    constexpr double costOfText = 20.0; // dashes that take about as long to draw
     const Pen& pen = m_pens.pen();
     std::vector<double> places;
     for (const LineTypeText& text : pen.lineType->texts) {
         places.clear();
         layout.addPlaces(text.at * pen.patternScale, part, from, places);
-        for (size_t i = 0; i < places.size() && m_dashesLeft > 0.0; ++i, m_dashesLeft -= costOfText) {
+        for (const double place : places) {
+            m_budget.letters -= static_cast<double>(text.text.stretches.front().text.size());
+            if (m_budget.letters < 0.0) {
+                m_budget.lostTexts = true;
+                return;
+            }
             m_marks.push_back(
-                {&text, path.pointAt(places[i]), path.directionAt(places[i]), pen.patternScale, pen.ink, pen.opacity});
+                {&text, path.pointAt(place), path.directionAt(place), pen.patternScale, pen.ink, pen.opacity});
         }
     }
 }

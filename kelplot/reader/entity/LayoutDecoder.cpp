@@ -8,6 +8,7 @@ namespace {
 // Bits of code 70 of the settings.
 constexpr int plotsCentred = 4;
 constexpr int usesStandardScale = 16;
+constexpr int usesPlotStyles = 32;
 
 constexpr int fitsPaper = 0; ///< of the standard scales
 
@@ -30,7 +31,7 @@ void LayoutDecoder::begin(std::string_view) {
     m_name.clear();
     m_styleTable.clear();
     m_block = 0;
-    m_flags = 0;
+    m_flags = usesPlotStyles;
     m_isInInches = false;
     m_standardScale = -1;
     m_paperUnits = 1.0;
@@ -119,7 +120,9 @@ void LayoutDecoder::end(const RecordHeader&, DrawingBuilder& builder) {
     }
     finishSettings();
     m_layout.name = builder.decoder().decode(m_name);
-    m_layout.settings.styleTable = builder.decoder().decode(m_styleTable);
+    if ((m_flags & usesPlotStyles) != 0) {
+        m_layout.settings.styleTable = builder.decoder().decode(m_styleTable);
+    }
     m_layout.block = DrawingBuilder::isPaperSpace(block) ? noBlock : builder.block(block);
     builder.drawing().layouts.push_back(std::move(m_layout));
 }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QFontDatabase>
+#include <algorithm>
 #include <cmath>
 
 #include "kelplot/plot/PlotKit.h"
@@ -113,6 +114,25 @@ TEST(Text, OfNoHeightOrWidthIsNowhere) {
             std::get<Text>(drawing.modelSpace[0].geometry).*size = none;
             EXPECT_EQ(extentsOf(drawing).isEmpty(), none == 0.0 || size == &Text::height) << "a width is repaired";
         }
+    }
+}
+
+TEST(LineTypeTexts, BeyondWhatAPageHoldsAreToldOf) {
+    PlotStyleOptions style;
+    style.texts = TextMode::fonts;
+    // A text of 250 letters on each of 100 periods, of which two lines have as many as a plot draws.
+    const std::string type = section("TABLES", "0=LTYPE 2=D 49=0.5 49=-0.5 74=2 46=1 9=" + std::string(250, 'X'));
+    for (const int lines : {2, 3}) {
+        std::string entities;
+        for (int i = 0; i < lines; ++i) {
+            entities += "0=LINE 6=D 11=100 ";
+        }
+        PlotReport report;
+        const Shapes shapes = shapesOf(readGroups(type + drawingOf(entities)), tenfoldTarget(), style, &report);
+        const auto texts = std::count_if(shapes.begin(), shapes.end(),
+                                         [](const Shape& shape) { return shape.kind.rfind("text", 0) == 0; });
+        EXPECT_EQ(texts, 200);
+        EXPECT_EQ(report.lostLineTypeTexts, lines > 2);
     }
 }
 
