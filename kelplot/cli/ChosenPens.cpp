@@ -25,6 +25,19 @@ void useTableOfLayout(const std::string& name, const Drawing& drawing, ChosenPen
     }
 }
 
+/// The plot styles of a drawing that a table by names does not list.
+QStringList unlistedStyles(const Drawing& drawing, const PenTable& table) {
+    QStringList unlisted;
+    for (const std::string& name : drawing.plotStyles) {
+        const QString style = QString::fromStdString(name);
+        if (!style.isEmpty() && !table.lists(style) &&
+            style.compare(QLatin1String("Normal"), Qt::CaseInsensitive) != 0) {
+            unlisted << style;
+        }
+    }
+    return unlisted;
+}
+
 } // namespace
 
 ChosenPens chosenPens(const Drawing& drawing, const Space& space, const PlotPlan& plan) {
@@ -39,6 +52,12 @@ ChosenPens chosenPens(const Drawing& drawing, const Space& space, const PlotPlan
                              .arg(QFileInfo(file).fileName(),
                                   QLatin1String(drawing.namesPlotStyles ? "colours" : "names"),
                                   QLatin1String(drawing.namesPlotStyles ? "names" : "colours"));
+    }
+    if (pens.table.goesByNames() && drawing.namesPlotStyles) {
+        if (const QStringList unlisted = unlistedStyles(drawing, pens.table); !unlisted.isEmpty()) {
+            pens.warnings << QStringLiteral("plot styles that %1 does not list are plotted as Normal: %2")
+                                 .arg(QFileInfo(file).fileName(), unlisted.join(QStringLiteral(", ")));
+        }
     }
     return pens;
 }

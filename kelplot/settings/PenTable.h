@@ -37,6 +37,7 @@ public:
     /// Sets the rule for a plot style, its name in any case of letters. A table with such a rule goes by names.
     void set(const QString& style, const PenRule& rule) { m_named.insert(style.toCaseFolded(), rule); }
     bool goesByNames() const { return !m_named.isEmpty(); }
+    bool lists(const QString& style) const { return m_named.contains(style.toCaseFolded()); }
 
     const PenRule& ruleFor(const Colour& colour) const {
         const bool numbered = colour.kind == Colour::Kind::index && colour.value < m_rules.size();

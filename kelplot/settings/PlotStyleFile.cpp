@@ -15,7 +15,8 @@ constexpr qint64 largestFile = 1 << 20; // bytes; a table by colours takes a few
 constexpr int largestText = 4 << 20;
 
 /// What stands before the compressed text: a line with the kind of table, the name of the compression, and then a
-/// checksum and the lengths of the text and of its compressed form, four bytes each.
+/// checksum and the lengths of the text and of its compressed form, four bytes each. They are passed over: the
+/// compressed stream has a checksum of its own and tells where it ends.
 constexpr char mark[] = "PIAFILEVERSION_2.0,";
 constexpr char compression[] = "pmzlibcodec";
 constexpr int lengthOfNumbers = 12;

@@ -76,7 +76,7 @@ std::optional<Value> entryOf(const Value (&table)[count], int number) {
     return listed ? std::optional<Value>(table[number]) : std::nullopt;
 }
 
-/// The ink of a style: its low bytes are red, green and blue, the highest one tells the kind of colour.
+/// The ink of a style, whose three low bytes are red, green and blue.
 std::optional<HT_Color> inkOf(const StyleRecord& style) {
     constexpr uint32_t ofEntity = 0xFFFFFFFF;
     constexpr uint32_t alsoOfEntity = 0xC3FFFFFF;

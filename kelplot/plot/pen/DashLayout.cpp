@@ -51,7 +51,12 @@ DashLayout::DashLayout(const DashPattern& pattern, double length, DashStart star
 }
 
 double DashLayout::dashCount(const LineSpan& part) const {
-    return m_continuous ? 1.0 : ((part.to - part.from) / m_period + 2.0) * static_cast<double>(m_strokes.size());
+    constexpr double mostCounted = 1e15; // periods; beyond, the next number would be the same
+    if (m_continuous) {
+        return 1.0;
+    }
+    const bool isCounted = (std::max(part.to, m_length) - m_begin) / m_period < mostCounted;
+    return isCounted ? ((part.to - part.from) / m_period + 2.0) * static_cast<double>(m_strokes.size()) : HUGE_VAL;
 }
 
 /// Calls `visit` with the number and the place of each period that may lie on a part of the line.

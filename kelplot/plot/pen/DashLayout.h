@@ -30,7 +30,8 @@ public:
     DashLayout(const DashPattern& pattern, double length, DashStart start);
 
     bool isContinuous() const { return m_continuous; }
-    /// How many dashes begin on a stretch of the line, roughly.
+    /// How many dashes begin on a stretch of the line, roughly; infinite where the line is too long to count them. Only
+    /// a finite number may be added.
     double dashCount(const LineSpan& part) const;
     /// Appends what of the dashes lies on a part of the line, in order, and moved by `offset`. A dash that begins where
     /// the last one of `dashes` ends becomes one with it.
