@@ -105,7 +105,7 @@ public:
     void addInWorld(const RecordHeader& header, Geometry&& geometry);
 
     /// Adds a reference to a block, which a border may cut.
-    void addReference(const RecordHeader& header, Insert&& reference);
+    void addReference(const RecordHeader& header, Insert reference);
 
     /// Adds a viewport, its border being the entity of a handle; 0: its rectangle.
     void addViewport(const RecordHeader& header, Viewport&& viewport, uint64_t clipHandle);
