@@ -299,12 +299,12 @@ Entity& DrawingBuilder::entityAt(const SheetEntity& place) {
                                   : m_drawing.blocks[place.block].entities[place.index];
 }
 
-void DrawingBuilder::addReference(const RecordHeader& header, Insert&& reference) {
+void DrawingBuilder::addReference(const RecordHeader& header, Insert reference) {
     if (header.extensionDictionary != 0) {
         reference.clip = static_cast<uint32_t>(m_clipDictionaries.size());
         m_clipDictionaries.push_back(header.extensionDictionary);
     }
-    add(header, std::move(reference));
+    add(header, reference);
 }
 
 void DrawingBuilder::addAnnotation(const RecordHeader& header, Annotation&& annotation, Insert reference) {

@@ -124,7 +124,7 @@ public:
     /// Adds an entity that cannot be plotted, named by what it is.
     void addUnplotted(const RecordHeader& header, std::string_view kind);
     /// Adds a reference to a block, which a border may cut.
-    void addReference(const RecordHeader& header, Insert&& reference);
+    void addReference(const RecordHeader& header, Insert reference);
 
     /// Adds a viewport, its border being the entity of a handle; 0: its rectangle.
     void addViewport(const RecordHeader& header, Viewport&& viewport, uint64_t clipHandle);

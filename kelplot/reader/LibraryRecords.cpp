@@ -191,7 +191,7 @@ void LibraryRecords::addInsert(const DL_InsertData& data) {
     insert.rows = std::clamp(data.rows, 1, mostCopies);
     insert.columnSpacing = saneReal(data.colSp);
     insert.rowSpacing = saneReal(data.rowSp);
-    m_builder.addReference(m_header, std::move(insert));
+    m_builder.addReference(m_header, insert);
 }
 
 std::array<Vec3, 4> LibraryRecords::cornersOf(const DL_TraceData& data) const {
