@@ -6,7 +6,7 @@
 
 #include "base/Angles.h"
 #include "drawing/ArrowHeads.h"
-#include "drawing/DimensionMeasure.h"
+#include "geometry/Direction.h"
 
 namespace kelplot {
 
@@ -37,15 +37,34 @@ double readable(double angle) {
 
 } // namespace
 
-double angleOf(Vec2 v) {
-    return std::atan2(v.y, v.x);
-}
-
-DimensionDraft::DimensionDraft(const Drawing& drawing, const Dimension& dimension, Vec2 textSize)
-    : m_dimension(dimension), m_textSize(textSize), m_parts(dimension.elevation) {
+DimensionDraft::DimensionDraft(const Drawing& drawing, const Dimension& dimension, const Box2& textBody)
+    : m_dimension(dimension), m_textBody(textBody), m_parts(dimension.elevation) {
     for (size_t i = 0; i < m_ends.size(); ++i) {
         m_ends[i] = lineEndOf(dimension.look.ends[i], dimension.look, drawing);
     }
+}
+
+Fitting DimensionDraft::fitting(double room, double heads, double text) const {
+    using Fit = DimensionLook::Fit;
+    const bool textFits = text <= room;
+    const bool headsFit = heads <= room;
+    if (heads + text <= room) {
+        return {true, true};
+    }
+    if (look().textForcedInside) {
+        return {true, false};
+    }
+    switch (look().fit) {
+    case Fit::none:
+        return {false, false};
+    case Fit::text:
+        return {textFits, false};
+    case Fit::heads:
+        return {false, headsFit};
+    case Fit::textOrHeads:
+        break;
+    }
+    return textFits ? Fitting{true, false} : Fitting{false, headsFit};
 }
 
 double DimensionDraft::textAngle(double along, bool level) const {
@@ -56,7 +75,7 @@ double DimensionDraft::textAngle(double along, bool level) const {
 }
 
 TextBox DimensionDraft::boxAt(Vec2 middle, double angle) const {
-    return {middle, unitVector(angle), m_textSize * 0.5};
+    return {middle, unitVector(angle), Vec2{m_textBody.width(), m_textBody.height()} * 0.5};
 }
 
 Vec2 DimensionDraft::statedMiddle() const {
@@ -79,7 +98,9 @@ double DimensionDraft::textRise(double angle) const {
 }
 
 void DimensionDraft::addText(const TextBox& box) {
-    m_parts.addText(*m_dimension.text, box.middle, angleOf(box.along), look().textColour);
+    const Vec2 off = m_textBody.isEmpty() ? Vec2() : m_textBody.center();
+    const Vec2 position = box.middle - box.along * off.x - leftNormal(box.along) * off.y;
+    m_parts.addText(*m_dimension.text, position, angleOf(box.along), look().textColour);
 }
 
 void DimensionDraft::addEnd(size_t index, Vec2 tip, double direction) {

@@ -12,7 +12,8 @@ QString keyOf(std::string_view name, const TextEncoding& decoder) {
 }
 
 constexpr int nameCode = 2;
-/// Of a style it is a number that says nothing of its look, of an entity the colour behind the text.
+/// Of the two values with this code the first, next to the name, says nothing of the look; the second is the colour
+/// behind the text.
 constexpr int flagsCode = 70;
 
 struct Variable {
@@ -55,6 +56,8 @@ constexpr Variable variables[] = {
     {"$DIMALTD", StyleCode::alternateDigits},
     {"$DIMTOFL", StyleCode::lineInside},
     {"$DIMSAH", StyleCode::ownArrows},
+    {"$DIMTIX", StyleCode::textForcedInside},
+    {"$DIMSOXD", StyleCode::noLineOutside},
     {"$DIMCLRD", StyleCode::lineColour},
     {"$DIMCLRE", StyleCode::extensionColour},
     {"$DIMCLRT", StyleCode::textColour},
@@ -69,12 +72,14 @@ constexpr Variable variables[] = {
     {"$DIMLUNIT", StyleCode::unit},
     {"$DIMDSEP", StyleCode::decimalSign},
     {"$DIMTMOVE", StyleCode::textMoves},
+    {"$DIMJUST", StyleCode::textPlace},
     {"$DIMSD1", StyleCode::noFirstLine},
     {"$DIMSD2", StyleCode::noSecondLine},
     {"$DIMTOLJ", StyleCode::toleranceLevel},
     {"$DIMTZIN", StyleCode::toleranceZeros},
     {"$DIMALTZ", StyleCode::alternateZeros},
     {"$DIMALTTZ", StyleCode::alternateToleranceZeros},
+    {"$DIMATFIT", StyleCode::fit},
     {"$DIMLWD", StyleCode::lineWeight},
     {"$DIMLWE", StyleCode::extensionWeight},
 };
@@ -94,13 +99,16 @@ StyleValues valuesOf(const QHash<QString, std::string>& header) {
 
 void DimensionStyles::begin(std::string_view) {
     m_name.clear();
+    m_hasFlags = false;
     m_style = StyleValues();
 }
 
 void DimensionStyles::take(const Group& group) {
     if (group.code == nameCode) {
         m_name = trimmed(group.value);
-    } else if (group.code != flagsCode || m_style.has(StyleCode::textFill)) {
+    } else if (group.code == flagsCode && !m_hasFlags) {
+        m_hasFlags = true;
+    } else {
         m_style.set(group.code, trimmed(group.value));
     }
 }

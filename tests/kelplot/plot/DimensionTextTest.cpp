@@ -87,7 +87,7 @@ TEST(ToleranceFrame, HasALineAroundEachCell) {
     frame.gap = 1.0;
     frame.rows = {{MText(), MText()}, {MText()}};
     // Cells 5 and 8 wide, and one that has the least width for its letters; 4 high.
-    const std::vector<Entity> parts = tolerancePartsOf(frame, {{{3.0, 2.0}, {6.0, 2.0}}, {{0.0, 0.0}}});
+    const std::vector<Entity> parts = tolerancePartsOf(frame, {{{{0, 0}, {3, 2}}, {{0, 0}, {6, 2}}}, {Box2()}});
     std::string lines;
     for (const Entity& part : parts) {
         if (const auto* const line = std::get_if<Line>(&part.geometry)) {
