@@ -52,14 +52,16 @@ bool hasStack(const MText& text) {
     return false;
 }
 
-/// What a text that hangs by its middle covers about it, but for the tails of its last letters, which reach into the gap
-/// around the text. A stack is not about the middle, and counts as a whole.
+/// What a text that hangs by its middle covers about it, but for the tails of its last letters, which reach into the
+/// gap around the text. A stack is not about the middle, and counts as a whole.
 Box2 bodyOf(const MText& text, const Box2& ink) {
     if (ink.isEmpty()) {
         return ink;
     }
+    constexpr double mostOfOneLine = 0.75; // in heights of its letters: some reach a little above them
+    const bool isOneLine = ink.max.y <= text.height * mostOfOneLine;
     const double halfWidth = ink.width() / 2.0;
-    const double halfHeight = std::max(text.height / 2.0, ink.max.y);
+    const double halfHeight = isOneLine ? text.height / 2.0 : ink.max.y;
     return hasStack(text) ? Box2{{-halfWidth, ink.min.y}, {halfWidth, ink.max.y}}
                           : Box2{{-halfWidth, -halfHeight}, {halfWidth, halfHeight}};
 }
