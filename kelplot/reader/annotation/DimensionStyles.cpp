@@ -95,6 +95,28 @@ StyleValues valuesOf(const QHash<QString, std::string>& header) {
     return style;
 }
 
+/// Up to release 12 dimensions have the units and digits of the drawing, and fractions within their lines.
+constexpr Variable oldVariables[] = {
+    {"$LUNITS", StyleCode::unit},      {"$LUPREC", StyleCode::digits},      {"$LUPREC", StyleCode::toleranceDigits},
+    {"$AUNITS", StyleCode::angleUnit}, {"$AUPREC", StyleCode::angleDigits},
+};
+
+void addOldValues(const QHash<QString, std::string>& header, StyleValues& style) {
+    constexpr const char* plainFractions = "2";
+    if (header.contains(QStringLiteral("$DIMDEC")) || style.has(StyleCode::digits)) {
+        return; // a newer one
+    }
+    for (const Variable& variable : oldVariables) {
+        const auto found = header.constFind(QLatin1String(variable.name));
+        if (found != header.constEnd() && !style.has(variable.code)) {
+            style.set(static_cast<int>(variable.code), *found);
+        }
+    }
+    if (header.contains(QStringLiteral("$LUNITS")) && !style.has(StyleCode::fractions)) {
+        style.set(static_cast<int>(StyleCode::fractions), plainFractions);
+    }
+}
+
 } // namespace
 
 void DimensionStyles::begin(std::string_view) {
@@ -120,7 +142,9 @@ void DimensionStyles::end(const RecordHeader&, DrawingBuilder& builder) {
 StyleValues DimensionStyles::styleOf(std::string_view name, const DrawingBuilder& builder) const {
     const std::string inUse = builder.dimensionVariables().value(QStringLiteral("$DIMSTYLE"));
     const auto found = m_styles.constFind(keyOf(name.empty() ? std::string_view(inUse) : name, builder.decoder()));
-    return found == m_styles.constEnd() ? valuesOf(builder.dimensionVariables()) : *found;
+    StyleValues style = found == m_styles.constEnd() ? valuesOf(builder.dimensionVariables()) : *found;
+    addOldValues(builder.dimensionVariables(), style);
+    return style;
 }
 
 } // namespace kelplot
