@@ -28,11 +28,12 @@ LineEnd lineEndOf(const DimensionEnd& end, const DimensionLook& look, const Draw
     return result;
 }
 
+constexpr double slightTurn = 1e-6; // radians
+
 /// The direction of a text that runs along a line, so that it reads from below or from the right.
 double readable(double angle) {
-    constexpr double tolerance = 1e-6;
     const double rest = std::remainder(angle, turn / 2.0); // within a quarter of a turn
-    return rest <= -turn / 4.0 + tolerance ? rest + turn / 2.0 : rest;
+    return rest <= -turn / 4.0 + slightTurn ? rest + turn / 2.0 : rest;
 }
 
 } // namespace
@@ -88,6 +89,9 @@ double DimensionDraft::textRise(double angle) const {
     const double clear = box.halfExtent({0.0, 1.0}) + look().gap;
     switch (look().textRow) {
     case DimensionLook::TextRow::above:
+        if (std::abs(std::sin(angle)) > slightTurn) {
+            break; // a level text stands in a slanting line
+        }
         return clear;
     case DimensionLook::TextRow::below:
         return -clear;
