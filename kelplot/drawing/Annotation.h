@@ -46,7 +46,13 @@ struct DimensionLook {
     bool levelInside = true;  ///< a text between the extension lines is level
     bool levelOutside = true; ///< so is one outside
     bool lineInside = false;  ///< the line is drawn between the extension lines even where the arrow heads are outside
-    bool textLeader = false;  ///< a text that was moved away has a line to it
+    /// Where a text goes that was moved or finds no room.
+    enum class TextMove : uint8_t { besideLine, withLeader, freely } textMove = TextMove::besideLine;
+    enum class TextPlace : uint8_t { middle, first, second } textPlace = TextPlace::middle; ///< along the line
+    /// What stays between the extension lines where not all finds room there.
+    enum class Fit : uint8_t { none, text, heads, textOrHeads } fit = Fit::textOrHeads;
+    bool textForcedInside = false; ///< the text stays between the extension lines whether it fits or not
+    bool noLineOutside = false;    ///< arrow heads that find no room beside such a text are left out
 };
 
 /// A dimension by what it measures, for a drawing that does not hold its lines. Points lie in the plane of the entity.

@@ -83,8 +83,11 @@ const std::vector<Head>& heads() {
 }
 
 const Head* headOf(const std::string& block) {
+    // The blocks of a drawing that another one refers to have the name of the reference before their own.
+    const size_t divider = block.rfind('|');
+    const std::string name = divider == std::string::npos ? block : block.substr(divider + 1);
     const auto found = std::find_if(heads().begin(), heads().end(),
-                                    [&](const Head& head) { return qstricmp(head.name, block.c_str()) == 0; });
+                                    [&](const Head& head) { return qstricmp(head.name, name.c_str()) == 0; });
     return found == heads().end() ? nullptr : &*found;
 }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "base/Angles.h"
+#include "geometry/Direction.h"
 
 namespace kelplot {
 
@@ -12,10 +13,6 @@ namespace {
 
 /// Of the sine of the angle between two lines; below it they count as parallel.
 constexpr double leastSlant = 1e-9;
-
-double angleOf(Vec2 v) {
-    return std::atan2(v.y, v.x);
-}
 
 /// `angle` brought into a turn from `start` on.
 double from(double start, double angle) {
@@ -96,10 +93,6 @@ std::optional<AngleMeasure> angleOfPoints(const Dimension& dimension) {
 
 } // namespace
 
-Vec2 unitVector(double angle) {
-    return {std::cos(angle), std::sin(angle)};
-}
-
 LinearMeasure linearMeasureOf(const Dimension& dimension) {
     const Vec2 between = dimension.second - dimension.first;
     const bool isAligned = dimension.kind == Dimension::Kind::aligned && between.length() > 0.0;
@@ -126,6 +119,26 @@ std::optional<AngleMeasure> angleMeasureOf(const Dimension& dimension) {
     const auto measure =
         dimension.kind == Dimension::Kind::angleOfLines ? angleOfLines(dimension) : angleOfPoints(dimension);
     return measure && measure->radius > 0.0 ? measure : std::nullopt;
+}
+
+Box2 boxOfPoints(const Dimension& dimension) {
+    using Kind = Dimension::Kind;
+    Box2 box;
+    const bool isOfCircle = dimension.kind == Kind::radius || dimension.kind == Kind::diameter;
+    if (dimension.kind != Kind::ordinate) {
+        box.add(dimension.line);
+    }
+    if (!isOfCircle) {
+        box.add(dimension.first);
+        box.add(dimension.second);
+    }
+    if (isOfCircle || isAngle(dimension.kind)) {
+        box.add(dimension.side);
+    }
+    if (dimension.text && dimension.textPlaced) {
+        box.add(Vec2{dimension.text->position.x, dimension.text->position.y});
+    }
+    return box;
 }
 
 double measureOf(const Dimension& dimension) {

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "drawing/Annotation.h"
+#include "geometry/Box2.h"
 
 namespace kelplot {
 
@@ -31,14 +32,14 @@ struct AngleMeasure {
 /// Nothing where there is no angle.
 std::optional<AngleMeasure> angleMeasureOf(const Dimension& dimension);
 
+/// What the points cover by which a dimension is stated, its text's included where that is stated.
+Box2 boxOfPoints(const Dimension& dimension);
+
 /// The length that a dimension measures in drawing units, or its angle in radians.
 double measureOf(const Dimension& dimension);
 
 inline bool isAngle(Dimension::Kind kind) {
     return kind == Dimension::Kind::angleOfLines || kind == Dimension::Kind::angleOfPoints;
 }
-
-/// A point on the circle about the origin with the radius 1.
-Vec2 unitVector(double angle);
 
 } // namespace kelplot

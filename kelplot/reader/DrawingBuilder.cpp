@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "base/Angles.h"
+#include "drawing/UnplottedKinds.h"
 #include "geometry/PlanMap.h"
 #include "reader/RecordHeader.h"
 #include "reader/object/DrawOrder.h"
@@ -152,14 +153,7 @@ uint32_t DrawingBuilder::image(std::string_view handle) {
 }
 
 void DrawingBuilder::addUnplotted(const RecordHeader& header, std::string_view kind) {
-    constexpr size_t mostKinds = 100; // a damaged file may hold any number of them
-    std::vector<std::string>& kinds = m_drawing.unplottedKinds;
-    const std::string_view wanted = kinds.size() < mostKinds ? kind : "other entities";
-    auto found = std::find(kinds.begin(), kinds.end(), wanted);
-    if (found == kinds.end()) {
-        found = kinds.emplace(kinds.end(), wanted);
-    }
-    addInWorld(header, Unplotted{static_cast<uint32_t>(found - kinds.begin())});
+    addInWorld(header, Unplotted{unplottedKind(kind, m_drawing)});
 }
 
 PlotStyleIndex DrawingBuilder::plotStyle(uint64_t handle) {

@@ -46,9 +46,11 @@ constexpr std::array<double, 25> millimetres = {
     surveyFoot * 5280,
 };
 
+/// Old drawings have no units of dimensions: those of the drawing are theirs.
 bool isOfDimensions(std::string_view key) {
     constexpr std::string_view start = "$DIM";
-    return key.substr(0, start.size()) == start;
+    return key.substr(0, start.size()) == start || key == "$LUNITS" || key == "$LUPREC" || key == "$AUNITS" ||
+           key == "$AUPREC";
 }
 
 } // namespace

@@ -2,9 +2,15 @@
 #include "plot/annotation/AnnotationBlocks.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "drawing/ArrowHeads.h"
-#include "plot/annotation/DimensionDraft.h"
+#include "drawing/DimensionMeasure.h"
+#include "drawing/UnplottedKinds.h"
+#include "plot/annotation/AngleParts.h"
+#include "plot/annotation/LinearParts.h"
+#include "plot/annotation/OrdinateParts.h"
+#include "plot/annotation/RadialParts.h"
 #include "plot/annotation/ToleranceParts.h"
 #include "plot/text/Typesetter.h"
 
@@ -12,13 +18,52 @@ namespace kelplot {
 
 namespace {
 
-uint32_t unplottedKind(const std::string& name, Drawing& drawing) {
-    std::vector<std::string>& kinds = drawing.unplottedKinds;
-    auto found = std::find(kinds.begin(), kinds.end(), name);
-    if (found == kinds.end()) {
-        found = kinds.insert(kinds.end(), name);
+/// Whether letters and arrow heads of a dimension are of sizes that a plot can show beside what is measured.
+bool hasPossibleSizes(const Dimension& dimension) {
+    constexpr double mostOfExtent = 1e4;
+    constexpr double leastOfExtent = 1e-9;
+    const Box2 box = boxOfPoints(dimension);
+    const double extent = box.width() + box.height();
+    const double letter = dimension.text ? dimension.text->height : 0.0;
+    const DimensionLook& look = dimension.look;
+    const double largest = std::max({letter, look.arrowSize, look.tickSize, look.gap, std::abs(look.centreMark)});
+    if (!(extent > 0.0)) {
+        return std::isfinite(largest);
     }
-    return static_cast<uint32_t>(found - kinds.begin());
+    return largest <= extent * mostOfExtent && (!dimension.text || letter >= extent * leastOfExtent);
+}
+
+/// Why a dimension cannot be drawn.
+const char* faultOf(const Dimension& dimension) {
+    if (dimension.kind == Dimension::Kind::other) {
+        return " without a block";
+    }
+    return hasPossibleSizes(dimension) ? " with points that it cannot measure" : " with an impossible size";
+}
+
+bool hasStack(const MText& text) {
+    for (const Paragraph& paragraph : text.paragraphs) {
+        for (const TextPiece& piece : paragraph.pieces) {
+            if (std::holds_alternative<TextStack>(piece)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+/// What a text that hangs by its middle covers about it, but for the tails of its last letters, which reach into the
+/// gap around the text. A stack is not about the middle, and counts as a whole.
+Box2 bodyOf(const MText& text, const Box2& ink) {
+    if (ink.isEmpty()) {
+        return ink;
+    }
+    constexpr double mostOfOneLine = 0.75; // in heights of its letters: some reach a little above them
+    const bool isOneLine = ink.max.y <= text.height * mostOfOneLine;
+    const double halfWidth = ink.width() / 2.0;
+    const double halfHeight = isOneLine ? text.height / 2.0 : ink.max.y;
+    return hasStack(text) ? Box2{{-halfWidth, ink.min.y}, {halfWidth, ink.max.y}}
+                          : Box2{{-halfWidth, -halfHeight}, {halfWidth, halfHeight}};
 }
 
 /// Builds the blocks of the annotations of one drawing.
@@ -50,14 +95,15 @@ private:
         return block.entities.empty() && block.externalPath.empty();
     }
 
-    Vec2 sizeOf(const MText& text) const {
-        const Box2& ink = m_texts.place(text).block.ink;
-        return {ink.width(), ink.height()};
-    }
+    Box2 bodyOf(const MText& text) const { return kelplot::bodyOf(text, m_texts.place(text).block.ink); }
 
+    /// None of a dimension that cannot be drawn as a whole.
     std::vector<Entity> partsOf(const Dimension& dimension) const {
         using Kind = Dimension::Kind;
-        DimensionDraft draft(m_drawing, dimension, dimension.text ? sizeOf(*dimension.text) : Vec2());
+        if (!hasPossibleSizes(dimension)) {
+            return {};
+        }
+        DimensionDraft draft(m_drawing, dimension, dimension.text ? bodyOf(*dimension.text) : Box2());
         switch (dimension.kind) {
         case Kind::rotated:
         case Kind::aligned:
@@ -77,13 +123,13 @@ private:
         case Kind::other:
             break;
         }
-        return draft.parts().take();
+        return draft.parts().isWhole() ? draft.parts().take() : std::vector<Entity>();
     }
 
     void place(const Dimension& dimension, Entity& entity) {
         std::vector<Entity> parts = partsOf(dimension);
         if (parts.empty()) {
-            entity.geometry = Unplotted{unplottedKind(dimension.type + " without a block", m_drawing)};
+            entity.geometry = Unplotted{unplottedKind(dimension.type + faultOf(dimension), m_drawing)};
         } else {
             entity.extrusion = dimension.extrusion;
             refer(std::move(parts), entity);
@@ -91,15 +137,20 @@ private:
     }
 
     void place(const ToleranceFrame& frame, Entity& entity) {
-        std::vector<std::vector<Vec2>> sizes;
+        std::vector<std::vector<Box2>> bodies;
         for (const auto& row : frame.rows) {
-            auto& sizesOfRow = sizes.emplace_back();
+            auto& bodiesOfRow = bodies.emplace_back();
             for (const MText& cell : row) {
-                sizesOfRow.push_back(sizeOf(cell));
+                bodiesOfRow.push_back(bodyOf(cell));
             }
         }
-        entity.extrusion = frame.extrusion;
-        refer(tolerancePartsOf(frame, sizes), entity);
+        std::vector<Entity> parts = tolerancePartsOf(frame, bodies);
+        if (parts.empty()) {
+            entity.geometry = Unplotted{unplottedKind("TOLERANCE with an impossible size", m_drawing)};
+        } else {
+            entity.extrusion = frame.extrusion;
+            refer(std::move(parts), entity);
+        }
     }
 
     void refer(std::vector<Entity>&& parts, Entity& entity) {

@@ -6,7 +6,7 @@
 
 #include "base/Angles.h"
 #include "drawing/ArrowHeads.h"
-#include "drawing/DimensionMeasure.h"
+#include "geometry/Direction.h"
 
 namespace kelplot {
 
@@ -28,24 +28,44 @@ LineEnd lineEndOf(const DimensionEnd& end, const DimensionLook& look, const Draw
     return result;
 }
 
+constexpr double slightTurn = 1e-6; // radians
+
 /// The direction of a text that runs along a line, so that it reads from below or from the right.
 double readable(double angle) {
-    constexpr double tolerance = 1e-6;
     const double rest = std::remainder(angle, turn / 2.0); // within a quarter of a turn
-    return rest <= -turn / 4.0 + tolerance ? rest + turn / 2.0 : rest;
+    return rest <= -turn / 4.0 + slightTurn ? rest + turn / 2.0 : rest;
 }
 
 } // namespace
 
-double angleOf(Vec2 v) {
-    return std::atan2(v.y, v.x);
-}
-
-DimensionDraft::DimensionDraft(const Drawing& drawing, const Dimension& dimension, Vec2 textSize)
-    : m_dimension(dimension), m_textSize(textSize), m_parts(dimension.elevation) {
+DimensionDraft::DimensionDraft(const Drawing& drawing, const Dimension& dimension, const Box2& textBody)
+    : m_dimension(dimension), m_textBody(textBody), m_parts(dimension.elevation) {
     for (size_t i = 0; i < m_ends.size(); ++i) {
         m_ends[i] = lineEndOf(dimension.look.ends[i], dimension.look, drawing);
     }
+}
+
+Fitting DimensionDraft::fitting(double room, double heads, double text) const {
+    using Fit = DimensionLook::Fit;
+    const bool textFits = text <= room;
+    const bool headsFit = heads <= room;
+    if (heads + text <= room) {
+        return {true, true};
+    }
+    if (look().textForcedInside) {
+        return {true, false};
+    }
+    switch (look().fit) {
+    case Fit::none:
+        return {false, false};
+    case Fit::text:
+        return {textFits, false};
+    case Fit::heads:
+        return {false, headsFit};
+    case Fit::textOrHeads:
+        break;
+    }
+    return textFits ? Fitting{true, false} : Fitting{false, headsFit};
 }
 
 double DimensionDraft::textAngle(double along, bool level) const {
@@ -56,7 +76,7 @@ double DimensionDraft::textAngle(double along, bool level) const {
 }
 
 TextBox DimensionDraft::boxAt(Vec2 middle, double angle) const {
-    return {middle, unitVector(angle), m_textSize * 0.5};
+    return {middle, unitVector(angle), Vec2{m_textBody.width(), m_textBody.height()} * 0.5};
 }
 
 Vec2 DimensionDraft::statedMiddle() const {
@@ -69,6 +89,9 @@ double DimensionDraft::textRise(double angle) const {
     const double clear = box.halfExtent({0.0, 1.0}) + look().gap;
     switch (look().textRow) {
     case DimensionLook::TextRow::above:
+        if (std::abs(std::sin(angle)) > slightTurn) {
+            break; // a level text stands in a slanting line
+        }
         return clear;
     case DimensionLook::TextRow::below:
         return -clear;
@@ -79,7 +102,9 @@ double DimensionDraft::textRise(double angle) const {
 }
 
 void DimensionDraft::addText(const TextBox& box) {
-    m_parts.addText(*m_dimension.text, box.middle, angleOf(box.along), look().textColour);
+    const Vec2 off = m_textBody.isEmpty() ? Vec2() : m_textBody.center();
+    const Vec2 position = box.middle - box.along * off.x - leftNormal(box.along) * off.y;
+    m_parts.addText(*m_dimension.text, position, angleOf(box.along), look().textColour);
 }
 
 void DimensionDraft::addEnd(size_t index, Vec2 tip, double direction) {

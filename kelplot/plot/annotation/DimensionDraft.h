@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "drawing/Drawing.h"
+#include "geometry/Box2.h"
 #include "plot/annotation/PartList.h"
 #include "plot/annotation/TextBox.h"
 
@@ -25,18 +26,30 @@ struct LineEnd {
     double room() const { return isTick ? 0.0 : size; }
 };
 
+/// What finds its place between the extension lines.
+struct Fitting {
+    bool text = true;
+    bool heads = true;
+};
+
 /// A dimension that is being drawn.
 class DimensionDraft {
 public:
-    /// @param textSize  of the text of the dimension, which is empty where it has none
-    DimensionDraft(const Drawing& drawing, const Dimension& dimension, Vec2 textSize);
+    /// @param textBody  what the text of the dimension covers about its position, unturned
+    DimensionDraft(const Drawing& drawing, const Dimension& dimension, const Box2& textBody);
 
     const Dimension& dimension() const { return m_dimension; }
     const DimensionLook& look() const { return m_dimension.look; }
     const LineEnd& end(size_t index) const { return m_ends[index]; }
     PartList& parts() { return m_parts; }
     bool hasText() const { return m_dimension.text.has_value(); }
-    Vec2 textSize() const { return m_textSize; }
+
+    /// What stays between the extension lines.
+    ///
+    /// @param room   there is between them
+    /// @param heads  room that the arrow heads take up
+    /// @param text   room that the text takes up
+    Fitting fitting(double room, double heads, double text) const;
 
     /// The direction of a text beside a line of the direction `along`.
     ///
@@ -60,17 +73,9 @@ public:
 
 private:
     const Dimension& m_dimension;
-    Vec2 m_textSize;
+    Box2 m_textBody;
     std::array<LineEnd, 2> m_ends;
     PartList m_parts;
 };
-
-// What the kinds of dimensions are drawn with.
-void addLinearParts(DimensionDraft& draft);
-void addAngleParts(DimensionDraft& draft);
-void addRadialParts(DimensionDraft& draft);
-void addOrdinateParts(DimensionDraft& draft);
-
-double angleOf(Vec2 v);
 
 } // namespace kelplot

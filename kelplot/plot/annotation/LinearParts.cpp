@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include "plot/annotation/LinearParts.h"
+
 #include <algorithm>
 #include <cmath>
 #include <optional>
 
 #include "drawing/DimensionMeasure.h"
-#include "plot/annotation/DimensionDraft.h"
+#include "geometry/Direction.h"
 
 namespace kelplot {
 
@@ -18,10 +20,14 @@ struct LineLayout {
     std::optional<TextBox> text;
     double textAt = 0.0; ///< of its middle, along the line
     bool textMovedAway = false;
+    bool headsInside = true;
 
     Vec2 at(double distance) const { return start + along * distance; }
     bool textInside() const { return text && textAt >= 0.0 && textAt <= length; }
     const TextBox* box() const { return text ? &*text : nullptr; }
+    bool hasLeader(const DimensionLook& look) const {
+        return textMovedAway && look.textMove == DimensionLook::TextMove::withLeader;
+    }
 };
 
 /// How far the nearest edge of a text lies from the dimension line.
@@ -38,19 +44,79 @@ TextBox besideLeader(const TextBox& box, const LineLayout& line) {
     return moved;
 }
 
-void placeText(const DimensionDraft& draft, LineLayout& line) {
+/// The room that arrow heads and text have between the extension lines.
+double roomOf(const DimensionDraft& draft, const LineLayout& line) {
+    return line.length - 2.0 * draft.look().gap;
+}
+
+double headsOf(const DimensionDraft& draft) {
+    return draft.end(0).room() + draft.end(1).room();
+}
+
+/// How far from the first end the middle of a text stands that takes up `length` between the extension lines.
+double textAtOf(const DimensionDraft& draft, const LineLayout& line, double length) {
+    using Place = DimensionLook::TextPlace;
+    const Place place = draft.look().textPlace;
+    const LineEnd& end = draft.end(place == Place::second ? 1 : 0);
+    const double head = line.headsInside ? end.room() : 0.0;
+    const double fromEnd = std::min(head + draft.look().gap + length / 2.0, line.length / 2.0);
+    switch (place) {
+    case Place::first:
+        return fromEnd;
+    case Place::second:
+        return line.length - fromEnd;
+    case Place::middle:
+        break;
+    }
+    return line.length / 2.0;
+}
+
+/// Puts a text that finds no room beyond the second end, or over the line.
+void placeTextOutside(const DimensionDraft& draft, const Vec2 up, LineLayout& line) {
+    using Move = DimensionLook::TextMove;
     const DimensionLook& look = draft.look();
-    const Dimension& dimension = draft.dimension();
+    const double direction = angleOf(line.along);
+    const double angle = draft.textAngle(direction, look.levelOutside);
+    TextBox box = draft.boxAt({}, angle);
+    if (look.textMove == Move::besideLine) {
+        const double arrows = (line.headsInside ? 1.0 : 2.0) * draft.end(1).size;
+        line.textAt = line.length + arrows + look.gap + box.halfExtent(line.along);
+        box.middle = line.at(line.textAt) + up * draft.textRise(angle - direction);
+    } else {
+        const double off = 2.0 * look.arrowSize;
+        line.textAt = line.length / 2.0;
+        line.textMovedAway = true;
+        box.middle = line.at(line.textAt) + up * (box.halfExtent(up) + 2.0 * look.gap + off);
+        if (look.textMove == Move::withLeader) {
+            box.middle = box.middle + box.along * off;
+            box = besideLeader(box, line);
+        }
+    }
+    line.text = box;
+}
+
+/// Puts a text where its style has it.
+void placeTextByStyle(const DimensionDraft& draft, LineLayout& line) {
+    const double direction = angleOf(line.along);
+    const double angle = draft.textAngle(direction, draft.look().levelInside);
+    const Vec2 upright = leftNormal(unitVector(draft.textAngle(direction, false)));
+    const Vec2 up = leftNormal(line.along) * (dot(leftNormal(line.along), upright) < 0.0 ? -1.0 : 1.0);
+    const double length = 2.0 * draft.boxAt({}, angle).halfExtent(line.along);
+    const Fitting fitting = draft.fitting(roomOf(draft, line), headsOf(draft), length);
+    line.headsInside = fitting.heads;
+    if (fitting.text) {
+        line.textAt = textAtOf(draft, line, length);
+        line.text = draft.boxAt(line.at(line.textAt) + up * draft.textRise(angle - direction), angle);
+    } else {
+        placeTextOutside(draft, up, line);
+    }
+}
+
+/// Puts a text where the drawing has it.
+void placeTextAsStated(const DimensionDraft& draft, LineLayout& line) {
+    const DimensionLook& look = draft.look();
     const double direction = angleOf(line.along);
     const double insideAngle = draft.textAngle(direction, look.levelInside);
-    if (!dimension.textPlaced) {
-        const Vec2 upright = leftNormal(unitVector(draft.textAngle(direction, false)));
-        const Vec2 up = leftNormal(line.along);
-        const double rise = draft.textRise(insideAngle - direction) * (dot(up, upright) < 0.0 ? -1.0 : 1.0);
-        line.textAt = line.length / 2.0;
-        line.text = draft.boxAt(line.at(line.textAt) + up * rise, insideAngle);
-        return;
-    }
     const Vec2 middle = draft.statedMiddle();
     line.textAt = dot(middle - line.start, line.along);
     line.text = draft.boxAt(middle, insideAngle);
@@ -58,9 +124,12 @@ void placeText(const DimensionDraft& draft, LineLayout& line) {
         line.text = draft.boxAt(middle, draft.textAngle(direction, look.levelOutside));
     }
     line.textMovedAway = distanceFromLine(*line.text, line) > 2.0 * look.gap;
-    if (line.textMovedAway && look.textLeader) {
+    if (line.hasLeader(look)) {
         line.text = besideLeader(*line.text, line);
     }
+    const bool between = line.textInside() && !line.textMovedAway;
+    const double length = between ? 2.0 * line.text->halfExtent(line.along) : 0.0;
+    line.headsInside = headsOf(draft) + length <= roomOf(draft, line);
 }
 
 /// How far the line goes on beyond an end to a text there, from the end on; 0 where the text is elsewhere.
@@ -117,12 +186,12 @@ void addLineOutside(DimensionDraft& draft, const LineLayout& line) {
         const double out = i == 0 ? -1.0 : 1.0;
         const double tip = i == 0 ? 0.0 : line.length;
         const double tail = std::max(2.0 * end.size, reachToText(draft, line, i));
-        if (end.shown) {
+        if (end.shown && !draft.look().noLineOutside) {
             draft.addLine(line.at(tip + out * end.cover()), line.at(tip + out * tail), nullptr);
             draft.addEnd(i, line.at(tip), angleOf(line.along * -out));
         }
     }
-    if (draft.look().lineInside || (line.textMovedAway && draft.look().textLeader)) {
+    if (draft.look().lineInside || line.hasLeader(draft.look())) {
         draft.addLine(line.start, line.at(line.length), line.box());
     }
 }
@@ -133,8 +202,12 @@ void addLinearParts(DimensionDraft& draft) {
     const Dimension& dimension = draft.dimension();
     const LinearMeasure measure = linearMeasureOf(dimension);
     LineLayout line{measure.ends[0], measure.along, measure.length, {}};
-    if (draft.hasText()) {
-        placeText(draft, line);
+    if (!draft.hasText()) {
+        line.headsInside = headsOf(draft) <= roomOf(draft, line);
+    } else if (dimension.textPlaced) {
+        placeTextAsStated(draft, line);
+    } else {
+        placeTextByStyle(draft, line);
     }
     const Vec2 measured[] = {dimension.first, dimension.second};
     for (size_t i = 0; i < 2; ++i) {
@@ -146,17 +219,14 @@ void addLinearParts(DimensionDraft& draft) {
         const double side = dot(towards, measure.extension) < 0.0 ? -1.0 : 1.0;
         draft.addExtensionLine(i, measured[i], measure.ends[i], measure.extension * side);
     }
-    const bool textBetween = line.textInside() && !line.textMovedAway;
-    const double forText = textBetween ? 2.0 * line.text->halfExtent(line.along) : 0.0;
-    const double room = draft.end(0).room() + draft.end(1).room() + 2.0 * draft.look().gap;
     const bool areTicks = draft.end(0).isTick && draft.end(1).isTick;
-    if (areTicks || line.length >= room + forText) {
+    if (areTicks || line.headsInside) {
         addLineInside(draft, line);
     } else {
         addLineOutside(draft, line);
     }
     if (line.text) {
-        if (line.textMovedAway && draft.look().textLeader) {
+        if (line.hasLeader(draft.look())) {
             addTextLeader(draft, line);
         }
         draft.addText(*line.text);

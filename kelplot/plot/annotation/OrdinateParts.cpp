@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include "plot/annotation/OrdinateParts.h"
+
 #include <algorithm>
 #include <cmath>
 
-#include "drawing/DimensionMeasure.h"
-#include "plot/annotation/DimensionDraft.h"
+#include "geometry/Direction.h"
 
 namespace kelplot {
 

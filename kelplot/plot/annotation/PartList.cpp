@@ -15,19 +15,22 @@ void PartList::add(Geometry&& geometry, const PartLook& look) {
 }
 
 void PartList::addLine(Vec2 from, Vec2 to, const PartLook& look) {
-    if (from.isFinite() && to.isFinite() && !(from == to)) {
+    m_whole = m_whole && from.isFinite() && to.isFinite();
+    if (m_whole && !(from == to)) {
         add(Line{raised(from), raised(to)}, look);
     }
 }
 
 void PartList::addArc(Vec2 centre, double radius, double start, double end, const PartLook& look) {
-    if (centre.isFinite() && std::isfinite(radius) && radius > 0.0 && start < end) {
+    m_whole = m_whole && centre.isFinite() && std::isfinite(radius);
+    if (m_whole && radius > 0.0 && start < end) {
         add(Arc{raised(centre), radius, start, end}, look);
     }
 }
 
 void PartList::addBlock(uint32_t block, Vec2 position, double rotation, double size, const PartLook& look) {
-    if (position.isFinite() && std::isfinite(rotation) && size > 0.0) {
+    m_whole = m_whole && position.isFinite() && std::isfinite(rotation) && std::isfinite(size);
+    if (m_whole && size > 0.0) {
         Insert insert;
         insert.block = block;
         insert.position = raised(position);
@@ -38,7 +41,8 @@ void PartList::addBlock(uint32_t block, Vec2 position, double rotation, double s
 }
 
 void PartList::addText(const MText& text, Vec2 position, double rotation, const Colour& colour) {
-    if (position.isFinite() && std::isfinite(rotation)) {
+    m_whole = m_whole && position.isFinite() && std::isfinite(rotation);
+    if (m_whole) {
         MText placed = text;
         placed.position = raised(position);
         placed.rotation = rotation;

@@ -19,6 +19,8 @@ public:
     void addBlock(uint32_t block, Vec2 position, double rotation, double size, const PartLook& look);
     void addText(const MText& text, Vec2 position, double rotation, const Colour& colour);
 
+    /// Whether nothing was left out that has no place or no end.
+    bool isWhole() const { return m_whole; }
     std::vector<Entity> take() { return std::move(m_entities); }
 
 private:
@@ -26,6 +28,7 @@ private:
     Vec3 raised(Vec2 p) const { return {p.x, p.y, m_elevation}; }
 
     double m_elevation;
+    bool m_whole = true;
     std::vector<Entity> m_entities;
 };
 

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include "plot/annotation/RadialParts.h"
+
 #include <algorithm>
 #include <cmath>
 #include <optional>
 
 #include "base/Angles.h"
-#include "drawing/DimensionMeasure.h"
-#include "plot/annotation/DimensionDraft.h"
+#include "geometry/Direction.h"
 
 namespace kelplot {
 
@@ -51,6 +52,14 @@ TextBox boxOutside(const DimensionDraft& draft, const Circle2& circle, double an
     return box;
 }
 
+/// The text that its style forces into the circle: in the middle of the line there.
+TextBox boxInside(const DimensionDraft& draft, const Circle2& circle, double angle) {
+    const bool isDiameter = draft.dimension().kind == Dimension::Kind::diameter;
+    const Vec2 middle = isDiameter ? circle.centre : (circle.centre + circle.tip) * 0.5;
+    const double direction = draft.textAngle(angleOf(circle.outwards), false);
+    return draft.boxAt(middle + leftNormal(unitVector(direction)) * draft.textRise(angle - direction), angle);
+}
+
 TextLayout layOutText(const DimensionDraft& draft, const Circle2& circle) {
     TextLayout text;
     if (!draft.hasText()) {
@@ -58,11 +67,16 @@ TextLayout layOutText(const DimensionDraft& draft, const Circle2& circle) {
     }
     const DimensionLook& look = draft.look();
     const bool placed = draft.dimension().textPlaced;
-    text.inside = placed && (draft.statedMiddle() - circle.centre).length() < circle.radius;
+    text.inside =
+        placed ? (draft.statedMiddle() - circle.centre).length() < circle.radius : draft.look().textForcedInside;
     const double angle = draft.textAngle(angleOf(circle.outwards), text.inside ? look.levelInside : look.levelOutside);
     const Vec2 along = unitVector(angle);
     text.level = std::abs(cross(along, circle.outwards)) > std::sin(flattestHook);
-    text.box = placed ? draft.boxAt(draft.statedMiddle(), angle) : boxOutside(draft, circle, angle, text.level);
+    if (placed) {
+        text.box = draft.boxAt(draft.statedMiddle(), angle);
+    } else {
+        text.box = text.inside ? boxInside(draft, circle, angle) : boxOutside(draft, circle, angle, text.level);
+    }
     return text;
 }
 

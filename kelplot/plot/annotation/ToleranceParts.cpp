@@ -8,23 +8,37 @@
 
 namespace kelplot {
 
-std::vector<Entity> tolerancePartsOf(const ToleranceFrame& frame, const std::vector<std::vector<Vec2>>& sizes) {
+namespace {
+
+/// The height of a row for letters of one line, or for a higher cell.
+double heightOf(const std::vector<Box2>& bodies, const ToleranceFrame& frame) {
+    double height = frame.textHeight + 2.0 * frame.gap;
+    for (const Box2& body : bodies) {
+        height = std::max(height, body.height() + frame.gap);
+    }
+    return height;
+}
+
+} // namespace
+
+std::vector<Entity> tolerancePartsOf(const ToleranceFrame& frame, const std::vector<std::vector<Box2>>& bodies) {
     const Affine2 map =
         Affine2::translation({frame.position.x, frame.position.y}).after(Affine2::rotationRadians(frame.rotation));
-    const double height = frame.textHeight + 2.0 * frame.gap;
     PartList parts(frame.position.z);
     const auto addLine = [&](Vec2 from, Vec2 to) {
         parts.addLine(map.mapPoint(from), map.mapPoint(to), frame.line);
     };
-    double top = height / 2.0;
+    double top = frame.rows.empty() ? 0.0 : heightOf(bodies.front(), frame) / 2.0;
     for (size_t row = 0; row < frame.rows.size(); ++row) {
-        const double bottom = top - height;
+        const double bottom = top - heightOf(bodies[row], frame);
         double left = 0.0;
         addLine({left, top}, {left, bottom});
         for (size_t cell = 0; cell < frame.rows[row].size(); ++cell) {
-            const double width = std::max(sizes[row][cell].x, frame.textHeight / 2.0) + 2.0 * frame.gap;
+            const Box2& body = bodies[row][cell];
+            const double width = std::max(body.width(), frame.textHeight / 2.0) + 2.0 * frame.gap;
             const Vec2 middle{left + width / 2.0, (top + bottom) / 2.0};
-            parts.addText(frame.rows[row][cell], map.mapPoint(middle), frame.rotation, frame.textColour);
+            const Vec2 position = body.isEmpty() ? middle : middle - body.center();
+            parts.addText(frame.rows[row][cell], map.mapPoint(position), frame.rotation, frame.textColour);
             left += width;
             addLine({left, top}, {left, bottom});
         }
@@ -32,7 +46,7 @@ std::vector<Entity> tolerancePartsOf(const ToleranceFrame& frame, const std::vec
         addLine({0.0, bottom}, {left, bottom});
         top = bottom;
     }
-    return parts.take();
+    return parts.isWhole() ? parts.take() : std::vector<Entity>();
 }
 
 } // namespace kelplot

@@ -72,6 +72,31 @@ DimensionLook::TextRow textRowOf(int number) {
     return number == below ? DimensionLook::TextRow::below : DimensionLook::TextRow::above;
 }
 
+/// `number` as one of the choices from 0 to `last`, or the usual one.
+template <typename Choice>
+Choice choiceOf(int number, Choice last, Choice usual) {
+    return number >= 0 && number <= static_cast<int>(last) ? static_cast<Choice>(number) : usual;
+}
+
+/// A text may also be above an extension line, which is next to it here.
+DimensionLook::TextPlace textPlaceOf(int number) {
+    using Place = DimensionLook::TextPlace;
+    constexpr int aboveFirst = 3;
+    const int beside = number >= aboveFirst ? number - 2 : number;
+    return choiceOf(beside, Place::second, Place::middle);
+}
+
+/// How a style fits text and arrow heads between the extension lines.
+void setFit(const StyleValues& style, DimensionLook& look) {
+    using Move = DimensionLook::TextMove;
+    using Fit = DimensionLook::Fit;
+    look.textMove = choiceOf(style.integer(StyleCode::textMoves), Move::freely, Move::besideLine);
+    look.textPlace = textPlaceOf(style.integer(StyleCode::textPlace));
+    look.fit = choiceOf(style.integer(StyleCode::fit), Fit::textOrHeads, Fit::textOrHeads);
+    look.textForcedInside = style.flag(StyleCode::textForcedInside);
+    look.noLineOutside = look.textForcedInside && style.flag(StyleCode::noLineOutside);
+}
+
 /// What stands behind or around a text.
 void setBackground(const StyleValues& style, MText& text) {
     constexpr int filledWithPaper = 1;
@@ -97,7 +122,6 @@ Colour colourOfNumber(int number) {
 }
 
 DimensionLook lookOf(const StyleValues& style, const BlockRecords& blocks, DrawingBuilder& builder) {
-    constexpr int leaderToText = 1;
     DimensionLook look;
     for (size_t i = 0; i < look.ends.size(); ++i) {
         look.ends[i] = endOf(endCodes[i], style, blocks, builder);
@@ -119,7 +143,7 @@ DimensionLook lookOf(const StyleValues& style, const BlockRecords& blocks, Drawi
     look.levelInside = style.flag(StyleCode::levelInside);
     look.levelOutside = style.flag(StyleCode::levelOutside);
     look.lineInside = style.flag(StyleCode::lineInside);
-    look.textLeader = style.integer(StyleCode::textMoves) == leaderToText;
+    setFit(style, look);
     return look;
 }
 

@@ -12,7 +12,8 @@ QString keyOf(std::string_view name, const TextEncoding& decoder) {
 }
 
 constexpr int nameCode = 2;
-/// Of a style it is a number that says nothing of its look, of an entity the colour behind the text.
+/// Of the two values with this code the first, next to the name, says nothing of the look; the second is the colour
+/// behind the text.
 constexpr int flagsCode = 70;
 
 struct Variable {
@@ -55,6 +56,8 @@ constexpr Variable variables[] = {
     {"$DIMALTD", StyleCode::alternateDigits},
     {"$DIMTOFL", StyleCode::lineInside},
     {"$DIMSAH", StyleCode::ownArrows},
+    {"$DIMTIX", StyleCode::textForcedInside},
+    {"$DIMSOXD", StyleCode::noLineOutside},
     {"$DIMCLRD", StyleCode::lineColour},
     {"$DIMCLRE", StyleCode::extensionColour},
     {"$DIMCLRT", StyleCode::textColour},
@@ -69,12 +72,14 @@ constexpr Variable variables[] = {
     {"$DIMLUNIT", StyleCode::unit},
     {"$DIMDSEP", StyleCode::decimalSign},
     {"$DIMTMOVE", StyleCode::textMoves},
+    {"$DIMJUST", StyleCode::textPlace},
     {"$DIMSD1", StyleCode::noFirstLine},
     {"$DIMSD2", StyleCode::noSecondLine},
     {"$DIMTOLJ", StyleCode::toleranceLevel},
     {"$DIMTZIN", StyleCode::toleranceZeros},
     {"$DIMALTZ", StyleCode::alternateZeros},
     {"$DIMALTTZ", StyleCode::alternateToleranceZeros},
+    {"$DIMATFIT", StyleCode::fit},
     {"$DIMLWD", StyleCode::lineWeight},
     {"$DIMLWE", StyleCode::extensionWeight},
 };
@@ -90,17 +95,42 @@ StyleValues valuesOf(const QHash<QString, std::string>& header) {
     return style;
 }
 
+/// Up to release 12 dimensions have the units and digits of the drawing, and fractions within their lines.
+constexpr Variable oldVariables[] = {
+    {"$LUNITS", StyleCode::unit},      {"$LUPREC", StyleCode::digits},      {"$LUPREC", StyleCode::toleranceDigits},
+    {"$AUNITS", StyleCode::angleUnit}, {"$AUPREC", StyleCode::angleDigits},
+};
+
+void addOldValues(const QHash<QString, std::string>& header, StyleValues& style) {
+    constexpr const char* plainFractions = "2";
+    if (header.contains(QStringLiteral("$DIMDEC")) || style.has(StyleCode::digits)) {
+        return; // a newer one
+    }
+    for (const Variable& variable : oldVariables) {
+        const auto found = header.constFind(QLatin1String(variable.name));
+        if (found != header.constEnd() && !style.has(variable.code)) {
+            style.set(static_cast<int>(variable.code), *found);
+        }
+    }
+    if (header.contains(QStringLiteral("$LUNITS")) && !style.has(StyleCode::fractions)) {
+        style.set(static_cast<int>(StyleCode::fractions), plainFractions);
+    }
+}
+
 } // namespace
 
 void DimensionStyles::begin(std::string_view) {
     m_name.clear();
+    m_hasFlags = false;
     m_style = StyleValues();
 }
 
 void DimensionStyles::take(const Group& group) {
     if (group.code == nameCode) {
         m_name = trimmed(group.value);
-    } else if (group.code != flagsCode || m_style.has(StyleCode::textFill)) {
+    } else if (group.code == flagsCode && !m_hasFlags) {
+        m_hasFlags = true;
+    } else {
         m_style.set(group.code, trimmed(group.value));
     }
 }
@@ -112,7 +142,9 @@ void DimensionStyles::end(const RecordHeader&, DrawingBuilder& builder) {
 StyleValues DimensionStyles::styleOf(std::string_view name, const DrawingBuilder& builder) const {
     const std::string inUse = builder.dimensionVariables().value(QStringLiteral("$DIMSTYLE"));
     const auto found = m_styles.constFind(keyOf(name.empty() ? std::string_view(inUse) : name, builder.decoder()));
-    return found == m_styles.constEnd() ? valuesOf(builder.dimensionVariables()) : *found;
+    StyleValues style = found == m_styles.constEnd() ? valuesOf(builder.dimensionVariables()) : *found;
+    addOldValues(builder.dimensionVariables(), style);
+    return style;
 }
 
 } // namespace kelplot

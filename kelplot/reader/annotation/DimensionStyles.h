@@ -22,6 +22,7 @@ public:
 
 private:
     std::string m_name;
+    bool m_hasFlags = false;
     StyleValues m_style;
     QHash<QString, StyleValues> m_styles; ///< by name without case
 };

@@ -4,6 +4,7 @@
 #include <QString>
 #include <cmath>
 
+#include "base/Angles.h"
 #include "reader/GroupValue.h"
 #include "reader/annotation/NumberText.h"
 
@@ -119,7 +120,8 @@ std::string primaryText(const Measurement& measurement, const StyleValues& style
     tolerance.digits = measurement.isAngle ? form.digits : style.integer(StyleCode::toleranceDigits);
     tolerance.zeros = style.integer(StyleCode::toleranceZeros);
     tolerance.rounding = 0.0;
-    const std::string number = withTolerances(measurement.value, form, tolerance, 1.0, measurement.isAngle, style);
+    const double factor = measurement.isAngle ? radiansFromDegrees(1.0) : 1.0; // styles state them in degrees
+    const std::string number = withTolerances(measurement.value, form, tolerance, factor, measurement.isAngle, style);
     const std::string frame =
         measurement.isAngle ? std::string() : decoder.decodeMarkup(style.text(StyleCode::postfix));
     return framed(number, frame, measurement.mark);

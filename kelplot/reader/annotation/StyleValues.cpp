@@ -41,6 +41,7 @@ constexpr Default defaults[] = {
     {StyleCode::unit, 2.0},
     {StyleCode::decimalSign, '.'},
     {StyleCode::toleranceLevel, 1.0},
+    {StyleCode::fit, 3.0},
     {StyleCode::lineWeight, -2.0},
     {StyleCode::extensionWeight, -2.0},
 };

@@ -73,7 +73,9 @@ void ToleranceDecoder::end(const RecordHeader& header, DrawingBuilder& builder) 
     frame.line.colour = colourOfNumber(style.integer(StyleCode::lineColour));
     frame.textColour = colourOfNumber(style.integer(StyleCode::textColour));
     frame.gap = std::abs(style.real(StyleCode::gap)) * style.scale();
-    if (!frame.rows.empty()) {
+    if (frame.rows.empty()) {
+        builder.addUnplotted(header, "TOLERANCE without text");
+    } else {
         builder.addAnnotation(header, std::move(frame));
     }
 }

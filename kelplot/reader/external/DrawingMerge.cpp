@@ -7,6 +7,8 @@
 #include <iterator>
 #include <utility>
 
+#include "drawing/UnplottedKinds.h"
+
 namespace kelplot {
 
 namespace {
@@ -185,12 +187,8 @@ private:
     }
 
     void numberKinds() {
-        for (std::string& kind : m_from.unplottedKinds) {
-            const auto found = std::find(m_into.unplottedKinds.begin(), m_into.unplottedKinds.end(), kind);
-            m_numbers.kinds.push_back(static_cast<uint32_t>(found - m_into.unplottedKinds.begin()));
-            if (found == m_into.unplottedKinds.end()) {
-                m_into.unplottedKinds.push_back(std::move(kind));
-            }
+        for (const std::string& kind : m_from.unplottedKinds) {
+            m_numbers.kinds.push_back(unplottedKind(kind, m_into));
         }
     }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "kelplot/plot/PlotKit.h"
@@ -50,8 +51,25 @@ TEST(DimensionText, StandsWhereItIsStatedOrFound) {
     }
 }
 
+/// The level stretches of a line 50 high, by their ends.
+std::vector<double> levelEnds(const Drawing& drawing) {
+    std::vector<double> ends;
+    for (const Shape& shape : shapesOf(drawing, tenfoldTarget())) {
+        const std::vector<Vec2> points = shape.points();
+        if (shape.kind == "line" && points.front().y == 500.0 && points.back().y == 500.0) {
+            ends.insert(ends.end(), {points.front().x / 10.0, points.back().x / 10.0});
+        }
+    }
+    return ends;
+}
+
+/// Half the width of a text 3 high.
+double halfWidth(const std::string& text) {
+    return extentsOf(withEntities("0=MTEXT 40=3 71=5 1=" + text)).width() / 2.0;
+}
+
 TEST(DimensionText, BreaksTheLineThatItStandsIn) {
-    const double half = extentsOf(withEntities("0=MTEXT 40=3 71=5 1=80")).width() / 2.0;
+    const double half = halfWidth("80");
     const struct {
         const char* name;
         const char* groups;
@@ -63,19 +81,110 @@ TEST(DimensionText, BreaksTheLineThatItStandsIn) {
         {"through a circle", "70=3 10=10 20=50 15=90 25=50 11=50 21=50 1=80", 50.0 - half - 1.0, 50.0 + half + 1.0},
     };
     for (const auto& row : rows) {
-        const Shapes shapes = shapesOf(dimensioned(row.groups, ""), tenfoldTarget());
-        std::vector<double> ends;
-        for (const Shape& shape : shapes) {
-            const std::vector<Vec2> points = shape.points();
-            if (shape.kind == "line" && points.front().y == 500.0 && points.back().y == 500.0) {
-                ends.insert(ends.end(), {points.front().x / 10.0, points.back().x / 10.0});
-            }
-        }
+        const std::vector<double> ends = levelEnds(dimensioned(row.groups, ""));
         ASSERT_EQ(ends.size(), 4U) << row.name;
         EXPECT_NEAR(ends[0], 12.0, 0.1) << row.name;
         EXPECT_NEAR(ends[1], row.left, 0.1) << row.name;
         EXPECT_NEAR(ends[2], row.right, 0.1) << row.name;
         EXPECT_NEAR(ends[3], 88.0, 0.1) << row.name;
+    }
+}
+
+TEST(DimensionText, KeepsClearOfTheLineThatItStandsBeside) {
+    const std::string tolerance = " 1070=71 1070=1 1070=47 1040=0.2 1070=48 1040=0.1 1070=272 1070=1";
+    const std::string limits = " 1070=72 1070=1 1070=47 1040=2 1070=48 1040=1";
+    const std::string above = "1070=77 1070=1 1070=73 1070=0";
+    const std::string below = "1070=77 1070=4 1070=73 1070=0";
+    const std::string level = "10=1500 20=50 13=500 14=1500 ";
+    const std::string upright = "50=90 10=70 23=500 24=1500 ";
+    const struct {
+        const char* name;
+        std::string groups;
+        std::string changes;
+        double Vec2::*across;
+        double line;
+        double side; ///< where the text stands; 0: its middle is on the line
+    } rows[] = {
+        {"plain", level, above, &Vec2::y, 50, 1},
+        {"tolerances", level, above + tolerance, &Vec2::y, 50, 1},
+        {"limits", level, above + limits, &Vec2::y, 50, 1},
+        {"two rows", level + "1=<>\\X8", above, &Vec2::y, 50, 1},
+        {"tolerances below", level, below + tolerance, &Vec2::y, 50, -1},
+        {"limits on an upright line", upright, above + limits, &Vec2::x, 70, -1},
+        {"limits in the line", level, limits, &Vec2::y, 50, 0},
+        {"limits where they are stated", level + "11=700 21=60", limits, &Vec2::y, 60, 0},
+    };
+    for (const auto& row : rows) {
+        const Box2 ink = extentsOf(dimensioned(row.groups, row.changes + textAlone));
+        const double low = ink.min.*row.across - row.line;
+        const double high = ink.max.*row.across - row.line;
+        // 1 around the text; fonts differ a little in how they fill the height of a letter.
+        EXPECT_NEAR(row.side > 0 ? low : (row.side < 0 ? -high : 1.0 + (low + high) / 2.0), 1.0, 0.15) << row.name;
+    }
+}
+
+TEST(DimensionText, StandsOutsideWhereItDoesNotFit) {
+    const std::string narrow = "10=110 20=50 13=100 14=110 1=8888888 ";
+    const std::string tight = "10=105 20=50 13=100 14=105 1=888 ";
+    const std::string wide = "10=1100 20=50 13=100 14=1100 1=88 ";
+    const std::string beside = " 1070=279 1070=0";
+    const double longHalf = halfWidth("8888888");
+    const double shortHalf = halfWidth("88");
+    // Arrow heads are 2 long, and 4 with the line behind them where they are outside. The text is 1 away from them.
+    const struct {
+        const char* name;
+        std::string groups;
+        std::string changes;
+        Vec2 middle;
+    } rows[] = {
+        {"arrow heads inside", narrow, beside, {113 + longHalf, 50}},
+        {"nothing inside", narrow, beside + " 1070=289 1070=0", {115 + longHalf, 50}},
+        {"neither has room", tight, beside, {110 + halfWidth("888"), 50}},
+        {"above", narrow, beside + " 1070=77 1070=1", {113 + longHalf, 52.5}},
+        {"forced inside", narrow, beside + " 1070=174 1070=1", {105, 50}},
+        {"over the line", narrow, "", {105, 57.5}},
+        {"where it is stated", narrow + "11=105 21=70", beside, {105, 70}},
+        {"next to the first line", wide, "1070=280 1070=1", {103 + shortHalf, 50}},
+        {"next to the second line", wide, "1070=280 1070=2", {1097 - shortHalf, 50}},
+        {"beside an angle, level", "70=5 10=200 20=0.1 13=200 14=200 24=1 1=8", beside, {200, 7.5}},
+    };
+    for (const auto& row : rows) {
+        const Box2 ink = extentsOf(dimensioned(row.groups, row.changes + textAlone));
+        EXPECT_NEAR(ink.center().x, row.middle.x, 0.4) << row.name;
+        EXPECT_NEAR(ink.center().y, row.middle.y, 0.4) << row.name;
+    }
+}
+
+TEST(DimensionText, OutsideHasTheLineUnderIt) {
+    // Two arrow heads and a line between them, which goes on to the end of the text.
+    const std::string groups = "10=30 20=50 13=20 14=30 1=8888888";
+    const std::string above = "1070=279 1070=0 1070=77 1070=1";
+    std::vector<double> ends = levelEnds(dimensioned(groups, above));
+    ASSERT_EQ(ends.size(), 4U);
+    std::sort(ends.begin(), ends.end());
+    EXPECT_NEAR(ends[0], 22.0, 0.1);
+    EXPECT_NEAR(ends[1], 28.0, 0.1);
+    EXPECT_NEAR(ends[2], 30.0, 0.1);
+    EXPECT_NEAR(ends[3], 33.0 + 2.0 * halfWidth("8888888"), 0.1);
+    // A text that is forced inside may leave out what would be outside.
+    EXPECT_TRUE(levelEnds(dimensioned(groups, above + " 1070=174 1070=1 1070=175 1070=1")).empty());
+}
+
+TEST(Dimensions, ThatCannotBeDrawnAreNamed) {
+    const struct {
+        const char* groups;
+        const char* changes;
+        const char* kind;
+    } rows[] = {
+        {"10=50 20=40 13=10 14=50", "1070=40 1040=1e9", "DIMENSION with an impossible size"},
+        {"10=50 20=40 13=10 14=50", "1070=40 1040=1e-30", "DIMENSION with an impossible size"},
+        {"70=4 10=1e99 15=-1e99", "1070=40 1040=1e99 1070=41 1040=1e99", "DIMENSION with an impossible size"},
+        {"70=2 13=10 14=20 15=10 25=5 10=20 20=5", "", "DIMENSION with points that it cannot measure"},
+        {"70=7 1=8", "", "DIMENSION without a block"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(dimensioned(row.groups, row.changes).unplottedKinds, std::vector<std::string>{row.kind})
+            << row.groups << ' ' << row.changes;
     }
 }
 
@@ -87,7 +196,7 @@ TEST(ToleranceFrame, HasALineAroundEachCell) {
     frame.gap = 1.0;
     frame.rows = {{MText(), MText()}, {MText()}};
     // Cells 5 and 8 wide, and one that has the least width for its letters; 4 high.
-    const std::vector<Entity> parts = tolerancePartsOf(frame, {{{3.0, 2.0}, {6.0, 2.0}}, {{0.0, 0.0}}});
+    const std::vector<Entity> parts = tolerancePartsOf(frame, {{{{0, 0}, {3, 2}}, {{0, 0}, {6, 2}}}, {Box2()}});
     std::string lines;
     for (const Entity& part : parts) {
         if (const auto* const line = std::get_if<Line>(&part.geometry)) {

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 
 #include "kelplot/reader/DrawingText.h"
+#include "plot/annotation/AnnotationBlocks.h"
 #include "reader/DxfReader.h"
 #include "support/TemporaryDirectory.h"
 
@@ -63,6 +64,32 @@ TEST_F(ExternalDrawings, AreBlocksWithNamesOfTheirOwn) {
                                  "style A|B|Standard: ",
                                  "mlines hollow start end",
                              }));
+}
+
+TEST_F(ExternalDrawings, BringTheLooksOfTheirDimensions) {
+    write("main.dxf", section("TABLES", "0=LTYPE 2=Dots 73=1 49=9 49=-9 0=STYLE 2=Notes 3=main.ttf") +
+                          section("BLOCKS", block("A", "part.dxf")) + drawingOf("0=INSERT 2=A"));
+    write("part.dxf",
+          section("TABLES", "0=LTYPE 5=1A 2=Dots 73=1 49=3 49=-3 0=STYLE 5=1B 2=Notes 3=part.ttf"
+                            " 0=BLOCK_RECORD 5=1C 2=_Oblique 0=DIMSTYLE 2=S 41=4 42=1 44=2 140=2 147=1 77=1 271=0"
+                            " 340=1B 342=1C 345=1A 346=1A 347=1A") +
+              drawingOf("0=DIMENSION 3=S 10=40 20=10 14=40 0=TOLERANCE 3=S 1=x"));
+    Drawing drawing = read();
+    buildAnnotations(drawing, {});
+    std::string found;
+    for (const std::string& line : shown(drawing)) {
+        if (line.rfind(": ", 0) == 0 || line.rfind("A|_Oblique: ", 0) == 0) {
+            found += line + '\n';
+        }
+    }
+    // The dimension line is 10 off, its ticks 4 long; letters are 2 high and 1 above it.
+    for (const char* part :
+         {"A|_Oblique: line -0.5,-0.5,0 0.5,0.5,0", ": line 0,1,0 0,12,0 colour byBlock weight -2 type A|Dots\n",
+          ": line 0,10,0 40,10,0 colour byBlock weight -2 type A|Dots\n",
+          ": block A|_Oblique at 40,10,0 scaled 4,4,4 colour byBlock weight -2 type A|Dots\n",
+          ": mtext '<h2 a1>40$' at 20,12,0 in A|Notes", ">x$' at ", "0,0 in A|Notes"}) {
+        EXPECT_NE(found.find(part), std::string::npos) << part << '\n' << found;
+    }
 }
 
 TEST_F(ExternalDrawings, ThatCannotBeReadAreKeptWithTheReason) {
