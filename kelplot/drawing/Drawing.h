@@ -52,6 +52,7 @@ struct ReferenceClip {
     std::vector<Vec3> border;  ///< in the block's coordinates; empty: everything shows
     Vec3 depth{0.0, 0.0, 1.0}; ///< along which the border cuts, in the block's coordinates
     bool inverted = false;     ///< what lies within the border is left out
+    size_t crossings = 0;      ///< of the border with itself
     bool slices = false;       ///< the drawing wants it cut in ways that a plot cannot
 };
 

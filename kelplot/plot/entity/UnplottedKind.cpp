@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "plot/entity/ViewportKind.h"
+
 namespace kelplot {
 
 namespace {
@@ -49,8 +51,12 @@ std::string unplottedPart(const Entity& entity, const Drawing& drawing, const Pa
     if (viewport && viewport->on && !(viewport->viewHeight > 0.0)) {
         return "VIEWPORT without a view";
     }
-    if (viewport && viewport->on && viewport->lostBorder) {
+    if (viewport && viewport->on && losesBorder(*viewport)) {
         return "clip of a VIEWPORT";
+    }
+    const auto* const image = std::get_if<Image>(&entity.geometry);
+    if (image && image->lostBorder) {
+        return "clip of an IMAGE";
     }
     const auto* const hatch = std::get_if<Hatch>(&entity.geometry);
     return hatch && !canBeDrawn(*hatch, patterns) ? "HATCH with the pattern " + shownName(hatch->pattern.name) : "";
