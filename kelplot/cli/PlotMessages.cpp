@@ -106,6 +106,14 @@ QStringList missingParts(const Drawing& drawing, const ExtentsReport& report) {
     if (!report.external.empty()) {
         messages << QStringLiteral("left out, external drawings: ") + externalPaths(drawing, report);
     }
+    if (!report.undefinedLineTypes.empty()) {
+        QStringList names;
+        for (const uint32_t type : report.undefinedLineTypes) {
+            names << QString::fromStdString(drawing.lineTypes[type].name);
+        }
+        messages << QStringLiteral("line types that the drawing does not define are plotted continuous: ") +
+                        firstOf(names);
+    }
     if (!report.unplotted.empty()) {
         messages << QStringLiteral("left out: ") + unplottedKinds(report);
     }
