@@ -10,8 +10,16 @@
 namespace kelplot {
 namespace {
 
-/// Takes the pens of the table that a layout names, where there is one to be read.
-void useTableOfLayout(const std::string& name, const Drawing& drawing, ChosenPens& pens, QString& file) {
+/// The settings of a space; null where the drawing states none.
+const PlotSettings* settingsOf(const Space& space, const Drawing& drawing) {
+    if (space.layout != nullptr) {
+        return &space.layout->settings;
+    }
+    return &space.entities == &drawing.modelSpace ? &drawing.modelSettings : nullptr;
+}
+
+/// Takes the pens of the table that a space names, where there is one to be read.
+void useNamedTable(const std::string& name, const Drawing& drawing, ChosenPens& pens, QString& file) {
     const QString path = statedFile(name, QString::fromStdString(drawing.folder));
     if (path.isEmpty()) {
         pens.note = QStringLiteral("plot styles not found: ") + QString::fromStdString(name);
@@ -44,8 +52,9 @@ ChosenPens chosenPens(const Drawing& drawing, const Space& space, const PlotPlan
     ChosenPens pens;
     pens.table = plan.style.pens;
     QString file = plan.plotStyleFile;
-    if (plan.layoutPlotStyles && space.layout != nullptr && !space.layout->settings.styleTable.empty()) {
-        useTableOfLayout(space.layout->settings.styleTable, drawing, pens, file);
+    const PlotSettings* const settings = settingsOf(space, drawing);
+    if (plan.layoutPlotStyles && settings != nullptr && !settings->styleTable.empty()) {
+        useNamedTable(settings->styleTable, drawing, pens, file);
     }
     if (!file.isEmpty() && pens.table.goesByNames() != drawing.namesPlotStyles) {
         pens.warnings << QStringLiteral("the plot styles of %1 go by %2, those of the drawing by %3")

@@ -3,7 +3,9 @@
 
 #include <QMap>
 #include <cmath>
+#include <map>
 #include <set>
+#include <utility>
 
 namespace kelplot {
 namespace {
@@ -34,11 +36,23 @@ QString blockNames(const Drawing& drawing, const std::set<const Insert*>& refere
 }
 
 QString externalPaths(const Drawing& drawing, const WalkReport& report) {
-    QStringList paths;
+    std::map<std::pair<std::string, std::string>, size_t> counts; // of the blocks, by path and reason
     for (const uint32_t block : report.external) {
         const Block& missing = drawing.blocks[block];
-        const std::string reason = missing.externalFault.empty() ? "" : " (" + missing.externalFault + ")";
-        paths << QString::fromStdString(missing.externalPath + reason);
+        ++counts[{missing.externalPath, missing.externalFault}];
+    }
+    QStringList paths;
+    for (const auto& [file, count] : counts) {
+        QStringList remarks;
+        if (count > 1) {
+            remarks << QStringLiteral("%1 blocks").arg(count);
+        }
+        if (!file.second.empty()) {
+            remarks << QString::fromStdString(file.second);
+        }
+        const QString remark = remarks.join(QStringLiteral(": "));
+        paths << QString::fromStdString(file.first) +
+                     (remark.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(remark));
     }
     return firstOf(paths);
 }
@@ -91,6 +105,14 @@ QStringList missingParts(const Drawing& drawing, const ExtentsReport& report) {
     }
     if (!report.external.empty()) {
         messages << QStringLiteral("left out, external drawings: ") + externalPaths(drawing, report);
+    }
+    if (!report.undefinedLineTypes.empty()) {
+        QStringList names;
+        for (const uint32_t type : report.undefinedLineTypes) {
+            names << QString::fromStdString(drawing.lineTypes[type].name);
+        }
+        messages << QStringLiteral("line types that the drawing does not define are plotted continuous: ") +
+                        firstOf(names);
     }
     if (!report.unplotted.empty()) {
         messages << QStringLiteral("left out: ") + unplottedKinds(report);

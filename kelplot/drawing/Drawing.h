@@ -35,6 +35,7 @@ struct LineType {
     std::vector<double> pattern; ///< drawing units: positive a dash, negative a gap, 0 a dot; empty: continuous
     std::vector<LineTypeText> texts{};
     bool lacksShapes = false; ///< the pattern runs through where shapes should stand
+    bool defined = true;      ///< false: the drawing only refers to it
 };
 
 struct Block {
@@ -51,6 +52,7 @@ struct Block {
 struct ReferenceClip {
     std::vector<Vec3> border;  ///< in the block's coordinates; empty: everything shows
     Vec3 depth{0.0, 0.0, 1.0}; ///< along which the border cuts, in the block's coordinates
+    size_t crossings = 0;      ///< of the border with itself
     bool inverted = false;     ///< what lies within the border is left out
     bool slices = false;       ///< the drawing wants it cut in ways that a plot cannot
 };
@@ -113,6 +115,7 @@ struct Drawing {
     std::vector<Entity> modelSpace;
     std::vector<Entity> paperSpace; ///< of the layout that was looked at last
     std::vector<Layout> layouts;    ///< in their order; none where the drawing does not name them
+    PlotSettings modelSettings;     ///< of model space
     bool paperIsActive = false;     ///< the drawing was saved with a layout before its user's eyes
     bool paperLineTypes = true;     ///< dashes have their lengths on the sheet, whatever the scale of a viewport
     bool namesPlotStyles = false;   ///< plot styles go by their names; else by colours

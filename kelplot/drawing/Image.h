@@ -30,6 +30,7 @@ struct Image {
     bool transparent = false;  ///< see-through pixels show what lies below
     bool clipped = false;      ///< `clip` applies
     bool clipInverted = false; ///< what is inside is left out
+    bool lostBorder = false;   ///< it has a clip that is a tangle; the box around it stands for it, or nothing
     std::vector<Vec2> clip;    ///< pixels from the upper left corner of the picture, y downward
 
     /// Where a point of the picture lies, given in the coordinates of `clip`.

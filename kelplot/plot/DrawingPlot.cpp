@@ -23,8 +23,8 @@ public:
     UnplottedFinder(const Drawing& drawing, const PatternTable& patterns) : m_drawing(drawing), m_patterns(patterns) {}
 
     void visit(const Entity& entity, const EntityStyle& style, const PlanMap&) override {
-        if (lacksShapes(entity, style, m_drawing)) {
-            m_kinds["shapes in line types"].insert(&entity);
+        if (hasLines(entity) && style.lineType < m_drawing.lineTypes.size()) {
+            visitLine(entity, style.lineType);
         }
         constexpr size_t mostKinds = 100; // the patterns of a damaged drawing may have any number of names
         const std::string kind = unplottedPart(entity, m_drawing, m_patterns);
@@ -33,11 +33,22 @@ public:
         }
     }
     UnplottedKinds& kinds() { return m_kinds; }
+    std::set<uint32_t>& undefinedLineTypes() { return m_undefinedLineTypes; }
 
 private:
+    void visitLine(const Entity& entity, uint32_t lineType) {
+        if (m_drawing.lineTypes[lineType].lacksShapes) {
+            m_kinds["shapes in line types"].insert(&entity);
+        }
+        if (!m_drawing.lineTypes[lineType].defined) {
+            m_undefinedLineTypes.insert(lineType);
+        }
+    }
+
     const Drawing& m_drawing;
     const PatternTable& m_patterns;
     UnplottedKinds m_kinds;
+    std::set<uint32_t> m_undefinedLineTypes;
 };
 
 /// Tells whether a polygon is a rectangle with sides along the axes.
@@ -222,7 +233,7 @@ Box2 DrawingPlot::extents(const std::vector<Entity>& entities, ExtentsReport* re
         found.add(walk(unplotted, m_drawing.modelSpace));
     }
     if (report) {
-        *report = {std::move(found), std::move(unplotted.kinds())};
+        *report = {std::move(found), std::move(unplotted.kinds()), std::move(unplotted.undefinedLineTypes())};
     }
     return finder.extents();
 }

@@ -22,6 +22,7 @@ using UnplottedKinds = std::map<std::string, std::set<const Entity*>>;
 /// What the extents of a plot leave out, and the plot too.
 struct ExtentsReport : WalkReport {
     UnplottedKinds unplotted;
+    std::set<uint32_t> undefinedLineTypes; ///< of lines; the drawing only refers to them
 };
 
 /// What a plot leaves out besides.

@@ -131,11 +131,7 @@ void EntityWalk::visitReference(const Entity& entity, const EntityStyle& style, 
     m_open[insert.block] = 1;
     ++m_depth;
     const CopyGrid grid(insert, block.basePoint, mapOf(entity, map));
-    if (const auto clip = clipOf(insert, grid.first)) {
-        visitCut(block, style, grid, *clip, stretch);
-    } else {
-        visitCopies(block, style, grid, stretch);
-    }
+    visitCopies(insert, style, grid, stretch);
     --m_depth;
     m_open[insert.block] = 0;
 }
@@ -157,6 +153,7 @@ std::optional<WalkClip> EntityWalk::clipOf(const Insert& insert, const PlanMap& 
         return std::nullopt;
     }
     WalkClip clip;
+    clip.crossings = stated.crossings;
     clip.inverted = stated.inverted;
     for (const Vec3& corner : stated.border) {
         clip.border.push_back(map.mapPoint(corner));
@@ -164,24 +161,28 @@ std::optional<WalkClip> EntityWalk::clipOf(const Insert& insert, const PlanMap& 
     return clip;
 }
 
-/// Cutting takes time with every corner, so that clips count as much as their corners, and those around them, do.
-void EntityWalk::visitCut(const Block& block, const EntityStyle& style, const CopyGrid& grid, const WalkClip& clip,
+/// Cutting takes time with every corner and still more with every crossing, so that clips count as much as theirs, and
+/// those of the clips around them, do.
+void EntityWalk::visitCut(const Block& block, const EntityStyle& style, const PlanMap& map, const WalkClip& clip,
                           const Stretch& stretch) {
-    constexpr size_t leastCost = 16;
     constexpr size_t costOfCorner = 4;
-    m_clipCorners += clip.border.size();
-    if (spendVisits(std::max(leastCost, costOfCorner * m_clipCorners))) {
+    constexpr size_t costOfCrossing = 500;
+    const size_t cost = costOfCorner * clip.border.size() + costOfCrossing * clip.crossings;
+    m_clipCost += cost;
+    if (spendVisits(m_clipCost)) {
         WalkClip framed = clip;
         framed.frame = m_drawing.clipFrames && m_styles.isPlotted(style.layer) ? &style : nullptr;
         m_visitor->beginClip(framed);
-        visitCopies(block, style, grid, stretch);
+        visitCopy(block, style, map, stretch);
         m_visitor->endClip();
     }
-    m_clipCorners -= clip.border.size();
+    m_clipCost -= cost;
 }
 
-void EntityWalk::visitCopies(const Block& block, const EntityStyle& reference, const CopyGrid& grid,
+/// Each copy has the clip of the reference, which belongs to the block.
+void EntityWalk::visitCopies(const Insert& insert, const EntityStyle& reference, const CopyGrid& grid,
                              const Stretch& stretch) {
+    const Block& block = m_drawing.blocks[insert.block];
     const bool all = m_rules.copies == ArrayCopies::all;
     const int64_t columnStep = all ? 1 : std::max(grid.columns - 1, 1);
     const int64_t rowStep = all ? 1 : std::max(grid.rows - 1, 1);
@@ -193,7 +194,13 @@ void EntityWalk::visitCopies(const Block& block, const EntityStyle& reference, c
             ink ? grid.columnsThatMeet(m_rules.visible.box, *ink, rowIndex) : CopyGrid::Range{0, grid.columns};
         for (int64_t column = columns.begin; column < columns.end && !m_report.tooManyCopies; column += columnStep) {
             const auto index = static_cast<double>(row * grid.columns + column);
-            visitCopy(block, reference, grid.mapOf(static_cast<int>(column), rowIndex), stretch.part(index, count));
+            const PlanMap map = grid.mapOf(static_cast<int>(column), rowIndex);
+            const Stretch part = stretch.part(index, count);
+            if (const auto clip = clipOf(insert, map)) {
+                visitCut(block, reference, map, *clip, part);
+            } else {
+                visitCopy(block, reference, map, part);
+            }
         }
     }
 }

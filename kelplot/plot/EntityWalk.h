@@ -18,6 +18,7 @@ namespace kelplot {
 /// A border that cuts what a reference shows, in the coordinates of a walk.
 struct WalkClip {
     std::vector<Vec2> border;
+    size_t crossings = 0;               ///< of the border with itself
     bool inverted = false;              ///< what lies within the border is left out
     const EntityStyle* frame = nullptr; ///< of the border as a line, where that is to be seen
 };
@@ -95,9 +96,9 @@ private:
     void visit(const Entity& entity, const EntityStyle& style, const PlanMap& map, const Stretch& stretch);
     void visitReference(const Entity& entity, const EntityStyle& style, const PlanMap& map, const Stretch& stretch);
     std::optional<WalkClip> clipOf(const Insert& insert, const PlanMap& map);
-    void visitCut(const Block& block, const EntityStyle& style, const CopyGrid& grid, const WalkClip& clip,
+    void visitCut(const Block& block, const EntityStyle& style, const PlanMap& map, const WalkClip& clip,
                   const Stretch& stretch);
-    void visitCopies(const Block& block, const EntityStyle& reference, const CopyGrid& grid, const Stretch& stretch);
+    void visitCopies(const Insert& insert, const EntityStyle& reference, const CopyGrid& grid, const Stretch& stretch);
     void visitCopy(const Block& block, const EntityStyle& reference, const PlanMap& map, const Stretch& stretch);
     std::optional<Box2> inkOfFirst(const Block& block, const EntityStyle& reference, const CopyGrid& grid,
                                    const Stretch& stretch);
@@ -109,7 +110,7 @@ private:
     const Progress* m_progress = nullptr;
     WalkReport m_report;
     std::vector<char> m_open; ///< blocks that the walk is in
-    size_t m_clipCorners = 0; ///< of all clips that the walk is in
+    size_t m_clipCost = 0;    ///< of all clips that the walk is in, in visits
     size_t m_depth = 0;
     size_t m_visits = 0;
     size_t m_visitsLeft = 0; ///< in blocks

@@ -4,14 +4,14 @@
 #include <QByteArray>
 #include <algorithm>
 #include <cmath>
-#include <iterator>
+#include <map>
 #include <utility>
 
-#include "base/Angles.h"
 #include "drawing/UnplottedKinds.h"
-#include "geometry/PlanMap.h"
 #include "reader/RecordHeader.h"
+#include "reader/object/ClosedLoop.h"
 #include "reader/object/DrawOrder.h"
+#include "reader/object/LayoutOrder.h"
 #include "reader/object/ReferenceClips.h"
 
 namespace kelplot {
@@ -31,35 +31,6 @@ Vec3 usableExtrusion(const Vec3& direction) {
     constexpr double shortest = 1e-12;
     const double length = std::hypot(direction.x, direction.y, direction.z);
     return length > shortest ? direction : Vec3{0.0, 0.0, 1.0};
-}
-
-/// The border that a closed curve makes, in the coordinates of its space; nothing for entities that are none.
-std::optional<HatchLoop> closedLoopOf(const Entity& entity) {
-    const Geometry& geometry = entity.geometry;
-    const Frame3 plane = frameOfPlane(entity.extrusion);
-    HatchLoop loop;
-    if (const auto* const polyline = std::get_if<Polyline>(&geometry)) {
-        for (PolylineVertex vertex : polyline->vertices) {
-            vertex.position = plane.mapPoint(vertex.position);
-            vertex.bulge *= plane.z.z < 0.0 ? -1.0 : 1.0;
-            loop.polyline.push_back(vertex);
-        }
-    } else if (const auto* const circle = std::get_if<Circle>(&geometry)) {
-        const Vec3 center = plane.mapPoint(circle->center);
-        loop.edges.emplace_back(HatchArc{{center.x, center.y}, circle->radius, 0.0, turn, true});
-    } else if (const auto* const ellipse = std::get_if<Ellipse>(&geometry)) {
-        loop.edges.emplace_back(HatchEllipse{{ellipse->center.x, ellipse->center.y},
-                                             {ellipse->majorAxis.x, ellipse->majorAxis.y},
-                                             ellipse->ratio,
-                                             ellipse->startParam,
-                                             ellipse->endParam,
-                                             true});
-    } else if (const auto* const spline = std::get_if<Spline>(&geometry)) {
-        loop.edges.emplace_back(HatchSpline{*spline});
-    } else {
-        return std::nullopt;
-    }
-    return loop;
 }
 
 } // namespace
@@ -119,7 +90,9 @@ uint32_t DrawingBuilder::lineType(std::string_view name) {
     std::string newName;
     const NameTable::Found found = m_lineTypes.find(name, m_decoder, newName);
     if (found.added) {
-        m_drawing.lineTypes.emplace_back().name = std::move(newName);
+        LineType& added = m_drawing.lineTypes.emplace_back();
+        added.name = std::move(newName);
+        added.defined = found.index == 0; // the first one is continuous
     }
     return found.index;
 }
@@ -207,8 +180,8 @@ void DrawingBuilder::beginBlock(std::string_view name, const Vec3& basePoint, co
     // A block that is defined twice is what its last definition says.
     Block& defined = m_drawing.blocks[m_currentBlock];
     defined.basePoint = basePoint;
-    defined.entities.clear();
     forgetSheet(m_currentBlock);
+    defined.entities.clear();
     defined.externalPath = m_decoder.decode(external.path);
     defined.overlay = external.overlay;
     defined.defined = true;
@@ -279,13 +252,13 @@ std::optional<DrawingBuilder::SheetEntity> DrawingBuilder::nextOnSheet(bool inPa
 
 /// Forgets what is known of the entities of a block.
 void DrawingBuilder::forgetSheet(uint32_t block) {
-    for (auto entity = m_sheetEntities.begin(); entity != m_sheetEntities.end();) {
-        entity = entity->block == block ? m_sheetEntities.erase(entity) : std::next(entity);
+    for (const Entity& entity : m_drawing.blocks[block].entities) {
+        const auto known = m_sheetEntities.constFind(entity.handle);
+        if (known != m_sheetEntities.constEnd() && known->block == block) {
+            m_sheetEntities.erase(known);
+        }
     }
-    const auto isOfBlock = [&](const PendingClip& pending) {
-        return pending.viewport.block == block;
-    };
-    m_pendingClips.erase(std::remove_if(m_pendingClips.begin(), m_pendingClips.end(), isOfBlock), m_pendingClips.end());
+    m_pendingClips.remove(block);
 }
 
 Entity& DrawingBuilder::entityAt(const SheetEntity& place) {
@@ -311,20 +284,22 @@ void DrawingBuilder::addAnnotation(const RecordHeader& header, Annotation&& anno
 void DrawingBuilder::addViewport(const RecordHeader& header, Viewport&& viewport, uint64_t clipHandle) {
     const auto place = nextOnSheet(header.inPaperSpace);
     if (place && clipHandle != 0) {
-        m_pendingClips.push_back({*place, clipHandle});
+        m_pendingClips[place->block].push_back({place->index, clipHandle});
     }
     addInWorld(header, std::move(viewport));
 }
 
 /// The borders of viewports may follow them in the file.
 void DrawingBuilder::resolveClips() {
-    for (const PendingClip& pending : m_pendingClips) {
-        auto& viewport = std::get<Viewport>(entityAt(pending.viewport).geometry);
-        const auto border = m_sheetEntities.constFind(pending.border);
-        if (border != m_sheetEntities.constEnd()) {
-            viewport.clip = closedLoopOf(entityAt(*border));
+    for (auto sheet = m_pendingClips.cbegin(); sheet != m_pendingClips.cend(); ++sheet) {
+        for (const PendingClip& pending : *sheet) {
+            auto& viewport = std::get<Viewport>(entityAt({sheet.key(), pending.viewport}).geometry);
+            const auto border = m_sheetEntities.constFind(pending.border);
+            if (border != m_sheetEntities.constEnd()) {
+                viewport.clip = closedLoopOf(entityAt(*border));
+            }
+            viewport.lostBorder = !viewport.clip;
         }
-        viewport.lostBorder = !viewport.clip;
     }
 }
 
@@ -391,10 +366,14 @@ void DrawingBuilder::orderEntities() {
     for (Block& block : m_drawing.blocks) {
         stackViewports(block.entities);
     }
+    std::map<std::vector<Entity>*, const SortHandles*> lastOrders; // a damaged file may state any number for a block
     for (const DrawOrder& order : m_objects.drawOrders) {
         if (std::vector<Entity>* const entities = entitiesOf(order.block)) {
-            sortByHandles(*entities, order.handles);
+            lastOrders[entities] = &order.handles;
         }
+    }
+    for (const auto& [entities, handles] : lastOrders) {
+        sortByHandles(*entities, *handles);
     }
 }
 
@@ -404,8 +383,7 @@ Drawing DrawingBuilder::take() {
     resolveOverrides();
     orderEntities();
     resolveReferenceClips();
-    std::stable_sort(m_drawing.layouts.begin(), m_drawing.layouts.end(),
-                     [](const Layout& a, const Layout& b) { return a.order < b.order; });
+    orderLayouts(m_drawing.layouts);
     m_drawing.unknownCodePage = m_decoder.unknownCodePage();
     return std::move(m_drawing);
 }

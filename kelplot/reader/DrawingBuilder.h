@@ -163,7 +163,7 @@ private:
         size_t index;
     };
     struct PendingClip {
-        SheetEntity viewport;
+        size_t viewport; ///< its index on the sheet
         uint64_t border;
     };
 
@@ -200,8 +200,8 @@ private:
     QHash<uint64_t, Text> m_attributeDefinitions;
     QHash<QString, std::string> m_dimensionVariables;
     LineTypeInserts m_inserts;
-    QHash<uint64_t, SheetEntity> m_sheetEntities; ///< by their handles
-    std::vector<PendingClip> m_pendingClips;
+    QHash<uint64_t, SheetEntity> m_sheetEntities;             ///< by their handles
+    QHash<uint32_t, std::vector<PendingClip>> m_pendingClips; ///< by the blocks of the sheets
     QHash<uint64_t, uint32_t> m_lineTypeHandles;
     std::vector<LayerExtension> m_layerExtensions;
     DrawingObjects m_objects;

@@ -19,9 +19,18 @@ constexpr struct {
     std::string_view mark;
     std::string_view told;
 } otherFiles[] = {
-    {"\x1F\x8B", "is compressed by gzip; unpack it first"}, {"PK\x03\x04", "is a ZIP archive; unpack it first"},
-    {"%PDF-", "is a PDF document, not a drawing"},          {"\x89PNG\r\n", "is a PNG picture, not a drawing"},
+    {"\x1F\x8B", "is compressed by gzip; unpack it first"},
+    {"PK\x03\x04", "is a ZIP archive; unpack it first"},
+    {"%PDF-", "is a PDF document, not a drawing"},
+    {"\x89PNG\r\n", "is a PNG picture, not a drawing"},
     {"\xFF\xD8\xFF", "is a JPEG picture, not a drawing"},
+    {"GIF8", "is a GIF picture, not a drawing"},
+    {"BM", "is a BMP picture, not a drawing"},
+    {"II*", "is a TIFF picture, not a drawing"},
+    {{"MM\0*", 4}, "is a TIFF picture, not a drawing"},
+    {"RIFF", "is a RIFF file such as a WebP picture, not a drawing"},
+    {"<svg", "is an SVG picture, not a drawing"},
+    {"<?xml", "is an XML document such as an SVG picture, not a drawing"},
 };
 
 /// DWG drawings begin with the number of their format.
@@ -30,7 +39,10 @@ constexpr struct {
     std::string_view release;
 } dwgReleases[] = {
     {"AC1032", "2018"}, {"AC1027", "2013"}, {"AC1024", "2010"}, {"AC1021", "2007"},     {"AC1018", "2004"},
-    {"AC1015", "2000"}, {"AC1014", "14"},   {"AC1012", "13"},   {"AC1009", "11 or 12"},
+    {"AC1015", "2000"}, {"AC1014", "14"},   {"AC1012", "13"},   {"AC1009", "11 or 12"}, {"AC1006", "10"},
+    {"AC1005", "10"},   {"AC1004", "9"},    {"AC1003", "2.6"},  {"AC1002", "2.5"},      {"AC1001", "2.22"},
+    {"AC2.22", "2.22"}, {"AC2.21", "2.21"}, {"AC2.10", "2.10"}, {"AC1.50", "2.05"},     {"AC1.40", "1.40"},
+    {"AC1.2", "1.2"},
 };
 
 [[noreturn]] void refuse(ReadError::Reason reason, const std::string& path, const std::string& text) {

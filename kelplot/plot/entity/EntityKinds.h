@@ -50,8 +50,8 @@ inline void draw(const Insert& /*reference*/, const PlacedEntity& /*place*/, Plo
 /// What of an entity a plot leaves out, for a message; empty where that is nothing.
 std::string unplottedPart(const Entity& entity, const Drawing& drawing, const PatternTable& patterns);
 
-/// Tells whether an entity has lines of a type that holds shapes, which a plot leaves out.
-bool lacksShapes(const Entity& entity, const EntityStyle& style, const Drawing& drawing);
+/// Tells whether an entity has lines, which may be of some line type.
+bool hasLines(const Entity& entity);
 
 /// How exact the box of a free-form curve is.
 enum class CurveBox {

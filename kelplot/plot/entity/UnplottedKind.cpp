@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "plot/entity/ViewportKind.h"
+
 namespace kelplot {
 
 namespace {
@@ -49,25 +51,24 @@ std::string unplottedPart(const Entity& entity, const Drawing& drawing, const Pa
     if (viewport && viewport->on && !(viewport->viewHeight > 0.0)) {
         return "VIEWPORT without a view";
     }
-    if (viewport && viewport->on && viewport->lostBorder) {
+    if (viewport && viewport->on && losesBorder(*viewport)) {
         return "clip of a VIEWPORT";
+    }
+    const auto* const image = std::get_if<Image>(&entity.geometry);
+    if (image && image->lostBorder) {
+        return "clip of an IMAGE";
     }
     const auto* const hatch = std::get_if<Hatch>(&entity.geometry);
     return hatch && !canBeDrawn(*hatch, patterns) ? "HATCH with the pattern " + shownName(hatch->pattern.name) : "";
 }
 
-bool lacksShapes(const Entity& entity, const EntityStyle& style, const Drawing& drawing) {
-    if (style.lineType >= drawing.lineTypes.size() || !drawing.lineTypes[style.lineType].lacksShapes) {
-        return false;
-    }
+bool hasLines(const Entity& entity) {
     return std::visit(
         [](const auto& geometry) {
             using Kind = std::decay_t<decltype(geometry)>;
-            constexpr bool hasLines =
-                !(std::is_same_v<Kind, PointEntity> || std::is_same_v<Kind, Solid> || std::is_same_v<Kind, Hatch> ||
-                  std::is_same_v<Kind, Text> || std::is_same_v<Kind, MText> || std::is_same_v<Kind, Image> ||
-                  std::is_same_v<Kind, Wipeout> || std::is_same_v<Kind, Unplotted>);
-            return hasLines;
+            return !(std::is_same_v<Kind, PointEntity> || std::is_same_v<Kind, Solid> || std::is_same_v<Kind, Hatch> ||
+                     std::is_same_v<Kind, Text> || std::is_same_v<Kind, MText> || std::is_same_v<Kind, Image> ||
+                     std::is_same_v<Kind, Wipeout> || std::is_same_v<Kind, Unplotted>);
         },
         entity.geometry);
 }

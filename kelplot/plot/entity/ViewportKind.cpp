@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plot/entity/ViewportKind.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
+#include "geometry/Crossings.h"
 #include "plot/entity/KindBoxes.h"
 #include "plot/entity/PlotTools.h"
 #include "plot/shape/HatchLoops.h"
@@ -42,8 +45,19 @@ PlanMap viewOf(const Viewport& viewport) {
     return map;
 }
 
+bool losesBorder(const Viewport& viewport) {
+    if (!viewport.clip) {
+        return viewport.lostBorder;
+    }
+    constexpr double fineness = 1e-3; // of the viewport, with which curves are followed
+    const double size = std::max({std::abs(viewport.width), std::abs(viewport.height), 1e-6});
+    const Vec2 center{viewport.center.x, viewport.center.y};
+    const Flattening rules{fineness * size, Box2{center, center}.inflated(size)};
+    return crossingsIn(loopPoints(*viewport.clip, PlanMap(), rules)) > mostCrossings;
+}
+
 std::vector<Vec2> borderOf(const Viewport& viewport, const PlanMap& map, const Flattening& rules) {
-    if (viewport.clip) {
+    if (viewport.clip && !losesBorder(viewport)) {
         return loopPoints(*viewport.clip, map, rules);
     }
     std::vector<Vec2> points;

@@ -15,7 +15,10 @@ double scaleOf(const Viewport& viewport);
 /// The map from the world to the sheet through a viewport.
 PlanMap viewOf(const Viewport& viewport);
 
-/// The border of a viewport on the page, seen through the sheet's `map`.
+/// Tells whether a viewport has a border of its own that cannot be cut along: one that is no curve, or a tangle.
+bool losesBorder(const Viewport& viewport);
+
+/// The border of a viewport on the page, seen through the sheet's `map`; its rectangle where it loses its own.
 std::vector<Vec2> borderOf(const Viewport& viewport, const PlanMap& map, const Flattening& rules);
 
 } // namespace kelplot

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "geometry/Crossings.h"
 #include "reader/GroupValue.h"
 
 namespace kelplot {
@@ -128,6 +129,11 @@ void ImageDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
         }
         builder.addInWorld(header, std::move(wipeout));
         return;
+    }
+    m_image.lostBorder = m_image.clipped && crossingsIn(m_image.clip) > mostCrossings;
+    if (m_image.lostBorder) {
+        m_image.clip = boxAround(m_image.clip);
+        m_image.clipped = !m_image.clipInverted && !m_image.clip.empty();
     }
     m_image.definition = builder.image(m_definition);
     m_image.shown = (m_flags & shownFlag) != 0;

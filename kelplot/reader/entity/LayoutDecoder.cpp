@@ -115,14 +115,18 @@ void LayoutDecoder::finishSettings() {
 
 void LayoutDecoder::end(const RecordHeader&, DrawingBuilder& builder) {
     const std::string block = m_blocks.nameOf(m_block);
-    if (m_name.empty() || block.empty() || DrawingBuilder::isModelSpace(block)) {
+    if (block.empty()) {
         return;
     }
     finishSettings();
-    m_layout.name = builder.decoder().decode(m_name);
     if ((m_flags & usesPlotStyles) != 0) {
         m_layout.settings.styleTable = builder.decoder().decode(m_styleTable);
     }
+    if (DrawingBuilder::isModelSpace(block)) {
+        builder.drawing().modelSettings = m_layout.settings;
+        return;
+    }
+    m_layout.name = builder.decoder().decode(m_name);
     m_layout.block = DrawingBuilder::isPaperSpace(block) ? noBlock : builder.block(block);
     builder.drawing().layouts.push_back(std::move(m_layout));
 }

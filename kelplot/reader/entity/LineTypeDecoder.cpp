@@ -82,6 +82,7 @@ void LineTypeDecoder::end(const RecordHeader&, DrawingBuilder& builder) {
         m_pattern.clear();
         m_inserts.clear();
     }
+    builder.drawing().lineTypes[index].defined = true;
     builder.drawing().lineTypes[index].pattern = std::move(m_pattern);
     builder.setInserts(index, std::move(m_inserts));
 }

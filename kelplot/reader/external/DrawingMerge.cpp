@@ -146,8 +146,9 @@ private:
                                                                     : *found);
             if (found == known.constEnd()) {
                 m_into.lineTypes.push_back(std::move(type));
-            } else if (m_into.lineTypes[*found].pattern.empty()) {
-                m_into.lineTypes[*found] = std::move(type);
+            } else if (LineType& listed = m_into.lineTypes[*found]; listed.pattern.empty()) {
+                type.defined = type.defined || listed.defined;
+                listed = std::move(type);
             }
         }
     }

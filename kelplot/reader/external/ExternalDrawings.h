@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <QHash>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <cstdint>
@@ -24,13 +26,22 @@ public:
     void resolve(Drawing& drawing, const QString& path);
 
 private:
-    void fill(uint32_t block, Drawing& drawing);
-    std::string reasonAgainst(const QString& file) const;
+    /// What is known of the references of one drawing.
+    struct References {
+        QHash<QString, uint32_t> firstBlocks; ///< for each file the first block that stands for it
+        QSet<QString> layered;                ///< names of blocks that the drawing lists layers of
+    };
+
+    void fill(uint32_t block, Drawing& drawing, References& references);
+    std::string reasonAgainst(const QString& file);
+    void read(const QString& file, uint32_t block, Drawing& drawing);
 
     ReadOne m_readOne;
     QStringList m_open; ///< the drawing, and the references that lead to what is being read
     int m_referencesLeft = 1000;
-    std::int64_t m_bytesLeft = std::int64_t{1} << 28; ///< of all drawings together
+    std::int64_t m_bytesLeft = std::int64_t{1} << 28;      ///< of all drawings together
+    std::int64_t m_bytesLeftAgain = std::int64_t{1} << 26; ///< of those that were read before
+    QSet<QString> m_readBefore;
 };
 
 } // namespace kelplot

@@ -119,9 +119,7 @@ void DataRecordDecoder::begin(std::string_view) {
 
 void DataRecordDecoder::take(const Group& group) {
     constexpr int neededCodes[] = {10, 20, 91, 102, 335, 343, 420, 440};
-    constexpr size_t mostGroups = 10'000;
-    const bool needed = std::find(std::begin(neededCodes), std::end(neededCodes), group.code) != std::end(neededCodes);
-    if (needed && m_groups.size() < mostGroups) {
+    if (std::find(std::begin(neededCodes), std::end(neededCodes), group.code) != std::end(neededCodes)) {
         m_groups.push_back({group.code, std::string(trimmed(group.value))});
     }
 }

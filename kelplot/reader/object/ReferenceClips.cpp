@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "reader/object/ReferenceClips.h"
 
+#include "geometry/Crossings.h"
 #include "reader/GroupValue.h"
 #include "reader/object/ObjectNames.h"
 
@@ -29,29 +30,6 @@ std::vector<Vec2> cornersOf(const std::vector<Vec2>& border) {
     return {border[0], {border[1].x, border[0].y}, border[1], {border[0].x, border[1].y}};
 }
 
-/// Tells whether two sides cross, not counting ends that touch.
-bool cross(Vec2 a, Vec2 b, Vec2 c, Vec2 d) {
-    const auto areApart = [](Vec2 from, Vec2 to, Vec2 p, Vec2 q) {
-        return kelplot::cross(to - from, p - from) * kelplot::cross(to - from, q - from) >= 0.0;
-    };
-    return !areApart(a, b, c, d) && !areApart(c, d, a, b);
-}
-
-/// False for borders that no person drew: the time that cutting takes grows with the places where a border crosses
-/// itself.
-bool canBeCutAlong(const std::vector<Vec2>& corners) {
-    constexpr size_t mostCorners = 2000;
-    constexpr int mostCrossings = 1000;
-    const size_t count = corners.size();
-    int crossings = 0;
-    for (size_t i = 0; i < count && count <= mostCorners; ++i) {
-        for (size_t j = i + 1; j < count && crossings <= mostCrossings; ++j) {
-            crossings += cross(corners[i], corners[(i + 1) % count], corners[j], corners[(j + 1) % count]) ? 1 : 0;
-        }
-    }
-    return count <= mostCorners && crossings <= mostCrossings;
-}
-
 } // namespace
 
 uint64_t filterOf(uint64_t extensionDictionary, const DrawingObjects& objects) {
@@ -70,10 +48,15 @@ ReferenceClip clipOf(uint64_t filter, const DrawingObjects& objects) {
     const std::vector<Vec2> inverted = invertedBorder(*found, objects);
     clip.inverted = inverted.size() > 1;
     const std::optional<Frame3> fromBorder = inverseOf(found->toBorder);
-    const std::vector<Vec2> corners = cornersOf(clip.inverted ? inverted : found->border);
-    const bool usable = fromBorder && canBeCutAlong(corners);
-    clip.slices = found->slices || !usable;
-    if (!usable || corners.size() < 3) {
+    std::vector<Vec2> corners = cornersOf(clip.inverted ? inverted : found->border);
+    clip.crossings = crossingsIn(corners);
+    const bool isTangle = clip.crossings > mostCrossings;
+    clip.slices = found->slices || !fromBorder || isTangle;
+    if (isTangle) {
+        clip.crossings = 0;
+        corners = clip.inverted ? std::vector<Vec2>() : boxAround(corners);
+    }
+    if (!fromBorder || corners.size() < 3) {
         return clip;
     }
     clip.depth = found->toBlock.mapDirection(fromBorder->z);

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <random>
 
+#include "geometry/Crossings.h"
 #include "geometry/EvenOddJoin.h"
 #include "kelplot/plot/PlotKit.h"
 
@@ -100,6 +101,37 @@ TEST(SolidHatches, ManyLoopsAreJoinedWhereverTheyLie) {
         addBox(-1, -1, static_cast<double>(3 * field.columns), static_cast<double>(3 * field.rows));
         EXPECT_EQ(joinEvenOdd(loops).size(), 1U) << field.columns << ", holes of a frame";
     }
+}
+
+/// The corners of a star that takes `step` of so many points on a circle in one stride.
+std::vector<Vec2> starOf(int points, int step) {
+    std::vector<Vec2> corners;
+    for (int i = 0; i < points; ++i) {
+        const double angle = 6.283185307179586 * i * step / points;
+        corners.push_back({std::cos(angle), std::sin(angle)});
+    }
+    return corners;
+}
+
+TEST(Borders, CrossThemselvesInSoManyPlaces) {
+    const std::vector<Vec2> teeth{{0, 0}, {4, 0}, {4, 4}, {3, 0}, {2, 4}, {1, 0}, {0, 4}}; // they touch the lower side
+    const struct {
+        std::vector<Vec2> corners;
+        size_t crossings;
+    } rows[] = {
+        {{}, 0},
+        {starOf(4, 1), 0},
+        {teeth, 0},
+        {{{0, 0}, {2, 2}, {2, 0}, {0, 2}}, 1},
+        {starOf(7, 3), 14},
+        {starOf(11, 5), 44},
+        {starOf(20000, 1), 0}, // each point of a star has step - 1 crossings
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(crossingsIn(row.corners), row.crossings) << row.corners.size();
+    }
+    EXPECT_GT(crossingsIn(starOf(13, 6)), mostCrossings);
+    EXPECT_GT(crossingsIn({{0, 0}, {1, std::nan("")}, {1, 1}}), mostCrossings);
 }
 
 } // namespace

@@ -21,13 +21,15 @@ std::string repeated(const char* groups, int count) {
     return QString(groups).repeated(count).toStdString();
 }
 
-/// References to a block of one line, each cut by a square.
-Drawing cutReferences(int count) {
-    return readGroups(section("BLOCKS", "0=BLOCK 2=B 0=LINE 11=1 0=ENDBLK") +
-                      section("ENTITIES", repeated(" 0=INSERT 2=B 102={ACAD_XDICTIONARY 360=1 102=}", count)) +
-                      section("OBJECTS", "0=DICTIONARY 5=1 3=ACAD_FILTER 360=2 0=DICTIONARY 5=2 3=SPATIAL 360=3"
-                                         " 0=SPATIAL_FILTER 5=3 10=0 20=0 10=1 20=1 71=1") +
-                      "0=EOF");
+/// References to a block of one line, placed so, each cut by a square.
+Drawing cutReferences(int count, const std::string& placement = "", const std::string& more = "") {
+    return readGroups(
+        section("BLOCKS", "0=BLOCK 2=B 0=LINE 11=1 0=ENDBLK") +
+        section("ENTITIES", repeated((" 0=INSERT 2=B 102={ACAD_XDICTIONARY 360=1 102=}" + placement).c_str(), count)) +
+        section("OBJECTS", "0=DICTIONARY 5=1 3=ACAD_FILTER 360=2 0=DICTIONARY 5=2 3=SPATIAL 360=3"
+                           " 0=SPATIAL_FILTER 5=3 10=0 20=0 10=1 20=1 71=1 " +
+                               more) +
+        "0=EOF");
 }
 
 /// The placement of `count` by `count` copies.
@@ -48,6 +50,21 @@ Drawing nestedDrawing(int depth, const std::string& placement, int lines = 1, co
     return readGroups(section("BLOCKS", blocks) + drawingOf(reference(depth) + others));
 }
 
+TEST(Clips, HaveAllTheirCornersWhenTurnedInsideOut) {
+    constexpr int corners = 6000; // on a parabola
+    std::string record = " 0=XRECORD 5=4";
+    for (int i = 0; i < corners; ++i) {
+        record += " 10=" + std::to_string(i) + " 20=" + std::to_string(i * i);
+    }
+    const Drawing drawing = cutReferences(1, "",
+                                          "102={ACAD_XDICTIONARY 360=5 102=} 0=DICTIONARY 5=5"
+                                          " 3=ACAD_INVERTEDCLIP_ROUNDTRIP 360=4" +
+                                              record);
+    ASSERT_EQ(drawing.clips.size(), 1U);
+    EXPECT_TRUE(drawing.clips[0].inverted);
+    EXPECT_EQ(drawing.clips[0].border.size(), size_t{corners});
+}
+
 TEST(Walk, EndsAtItsLimitsAndSaysSo) {
     const struct {
         const char* name;
@@ -66,6 +83,7 @@ TEST(Walk, EndsAtItsLimitsAndSaysSo) {
         {"a large block", nestedDrawing(1, "", 5000), 5000, 5000},
         {"entities after too many copies", nestedDrawing(1, copies(32767), 1, " 0=LINE 11=1"), 900, 1010, true},
         {"clips, each as costly as many visits", cutReferences(100), 50, 70, true},
+        {"clips of copies, each as costly as many visits", cutReferences(1, copies(10)), 50, 70, true},
         {"just not too deep", nestedDrawing(30, ""), 1, 1},
         {"too deep", nestedDrawing(31, ""), 0, 0, false, true},
     };

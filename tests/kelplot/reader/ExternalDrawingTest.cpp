@@ -92,6 +92,26 @@ TEST_F(ExternalDrawings, BringTheLooksOfTheirDimensions) {
     }
 }
 
+TEST_F(ExternalDrawings, AreSharedByBlocksWithoutLayersOfTheirOwn) {
+    write("main.dxf",
+          section("TABLES", "0=LAYER 2=C|Walls 62=5") +
+              section("BLOCKS", block("A", "part.dxf") + block("B", "./PART.dxf") + block("C", "part.dxf")) +
+              drawingOf("0=INSERT 2=B"));
+    write("part.dxf", section("HEADER", "9=$INSBASE 10=5 20=6 30=0") + drawingOf("0=LINE 10=1 8=Walls"));
+    EXPECT_EQ(shown(read()), (std::vector<std::string>{
+                                 "block B at 0,0,0",
+                                 "block A about 5,6,0",
+                                 "A: line 1,0,0 0,0,0 on A|Walls",
+                                 "block B about 5,6,0",
+                                 "B: block A at 5,6,0 colour byBlock weight -2 type byBlock opacity -2",
+                                 "block C about 5,6,0",
+                                 "C: line 1,0,0 0,0,0 on C|Walls",
+                                 "layer C|Walls colour index 5",
+                                 "style A|Standard: ",
+                                 "style C|Standard: ",
+                             }));
+}
+
 TEST_F(ExternalDrawings, ThatCannotBeReadAreKeptWithTheReason) {
     write("main.dxf", section("BLOCKS", block("A", "a.dxf") + block("J", "junk.dxf") + block("M", "missing.dxf") +
                                             block("D", "dwg.dwg") + block("O", "over.dxf", 8)) +
@@ -118,10 +138,12 @@ TEST_F(ExternalDrawings, ThatCannotBeReadAreKeptWithTheReason) {
 
 TEST_F(ExternalDrawings, AreReadUpToABound) {
     std::string blocks;
+    std::string layers;
     for (int i = 0; i < 1500; ++i) {
         blocks += block("B" + std::to_string(i), "part.dxf");
+        layers += " 0=LAYER 2=B" + std::to_string(i) + "|Own";
     }
-    write("main.dxf", section("BLOCKS", blocks) + drawingOf("0=LINE"));
+    write("main.dxf", section("TABLES", layers) + section("BLOCKS", blocks) + drawingOf("0=LINE"));
     write("part.dxf", section("BLOCKS", block("C", "main.dxf") + block("D", "other.dxf")) + drawingOf("0=LINE"));
     write("other.dxf", drawingOf("0=LINE"));
     size_t filled = 0;
