@@ -97,9 +97,9 @@ DAMAGES = [cut_off, bytes_changed, lines_lost, lines_doubled, numbers_strange, b
 def window_of(data, chance):
     """A window where a drawing has something."""
     lines = data.split(b"\n")
-    places = [[float(lines[i + 1]) for i in range(0, len(lines) - 1, 2)
-               if lines[i].strip() == code and is_number(lines[i + 1])] for code in (b"10", b"20")]
-    x, y = (chance.choice(axis) for axis in places)
+    values = [(lines[i].strip(), float(lines[i + 1])) for i in range(0, len(lines) - 1, 2) if is_number(lines[i + 1])]
+    x, y = (chance.choice([value for code, value in values if code == axis and abs(value) < 1e6])
+            for axis in (b"10", b"20"))
     size = chance.choice([1e-3, 1.0, 100.0, 1e4])
     return f"--window={x},{y},{x + size},{y + size}"
 
