@@ -75,7 +75,8 @@ void placeTextByStyle(const DimensionDraft& draft, double heads, ArcLayout& arc)
     arc.textAt = sweep / 2.0;
     if (!fitting.text) {
         const double length = angleOfText(draft, arc, sweep, look.levelOutside);
-        arc.textAt = sweep + (fitting.heads ? 0.5 : 1.0) * heads + gap + length / 2.0;
+        const double beyond = (fitting.heads ? 0.5 : 1.0) * heads + gap + length / 2.0;
+        arc.textAt = std::min(sweep + beyond, (sweep + turn) / 2.0); // at most half-way round to the first end
     }
     const double tangent = tangentAt(arc, arc.textAt);
     const double angle = draft.textAngle(tangent, fitting.text ? look.levelInside : look.levelOutside);
@@ -90,7 +91,7 @@ double reachToText(const DimensionDraft& draft, const ArcLayout& arc) {
     }
     const Interval cut = arc.cut(draft.look().gap);
     const double end = arc.textAt + angleOfText(draft, arc, arc.textAt, draft.look().levelOutside) / 2.0;
-    return (cut.isEmpty() ? end : cut.low) - arc.measure.sweep;
+    return std::min(cut.isEmpty() ? end : cut.low, turn) - arc.measure.sweep;
 }
 
 void addArc(DimensionDraft& draft, const ArcLayout& arc, double from, double to, bool broken) {
