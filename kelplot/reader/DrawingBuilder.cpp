@@ -160,11 +160,6 @@ bool DrawingBuilder::isPaperSpace(std::string_view block) {
     return equalsIgnoringCase(block, "*PAPER_SPACE") || equalsIgnoringCase(block, "$PAPER_SPACE");
 }
 
-std::optional<uint32_t> DrawingBuilder::layerOf(uint64_t handle) const {
-    const auto found = m_layerHandles.constFind(handle);
-    return found == m_layerHandles.constEnd() ? std::nullopt : std::optional<uint32_t>(*found);
-}
-
 void DrawingBuilder::beginBlock(std::string_view name, const Vec3& basePoint, const ExternalDrawing& external) {
     if (isModelSpace(name)) {
         m_destination = Destination::modelSpace;
@@ -325,7 +320,7 @@ void DrawingBuilder::forEachEntity(const Visitor& visit) {
 }
 
 void DrawingBuilder::resolveOverrides() {
-    const auto overrides = layerOverrides(m_layerExtensions, m_objects, m_lineTypeHandles);
+    const auto overrides = layerOverrides(m_layerExtensions, m_objects, m_handles.lineTypes());
     if (overrides.isEmpty()) {
         return;
     }
@@ -379,7 +374,7 @@ void DrawingBuilder::orderEntities() {
 
 Drawing DrawingBuilder::take() {
     resolveClips();
-    m_inserts.resolve(m_textStyleHandles, m_drawing);
+    m_inserts.resolve(m_handles.textStyles(), m_drawing);
     resolveOverrides();
     orderEntities();
     resolveReferenceClips();

@@ -11,6 +11,7 @@
 
 #include "drawing/Drawing.h"
 #include "reader/LineTypeInserts.h"
+#include "reader/RecordHandles.h"
 #include "reader/TextEncoding.h"
 #include "reader/object/DrawingObjects.h"
 #include "reader/object/LayerOverrides.h"
@@ -55,6 +56,8 @@ public:
     TextEncoding& decoder() { return m_decoder; }
     const TextEncoding& decoder() const { return m_decoder; }
     Drawing& drawing() { return m_drawing; }
+    /// What the handles of the records so far stand for.
+    RecordHandles& handles() { return m_handles; }
 
     /// Index of the layer of this name, as the file writes it.
     uint32_t layer(std::string_view name);
@@ -74,21 +77,8 @@ public:
     PlotStyleIndex plotStyle(uint64_t handle);
     /// Keeps the name of the plot style that has this handle, as the file writes it.
     void namePlotStyle(uint64_t handle, std::string_view name);
-    /// Keeps the handle of a layer.
-    void nameLayer(uint64_t handle, uint32_t layer) { m_layerHandles.insert(handle, layer); }
-    /// Keeps the handle of a line type or of a text style.
-    void nameLineType(uint64_t handle, uint32_t lineType) { m_lineTypeHandles.insert(handle, lineType); }
-    void nameTextStyle(uint64_t handle, uint32_t style) { m_textStyleHandles.insert(handle, style); }
-    /// The line type of a handle, or the mark where there is none.
-    uint32_t lineTypeOf(uint64_t handle, uint32_t otherwise) const {
-        return m_lineTypeHandles.value(handle, otherwise);
-    }
-    /// The text style of a handle; else the standard one.
-    uint32_t textStyleOf(uint64_t handle) const { return m_textStyleHandles.value(handle, 0); }
     /// Keeps the handle of the dictionary that lists what programs know of a layer.
     void extendLayer(uint32_t layer, uint64_t dictionary) { m_layerExtensions.push_back({layer, dictionary}); }
-    /// The layer that has this handle.
-    std::optional<uint32_t> layerOf(uint64_t handle) const;
     /// Tells what a block's name, as the file writes it, means.
     static bool isModelSpace(std::string_view block);
     static bool isPaperSpace(std::string_view block);
@@ -128,14 +118,6 @@ public:
 
     /// Adds a viewport, its border being the entity of a handle; 0: its rectangle.
     void addViewport(const RecordHeader& header, Viewport&& viewport, uint64_t clipHandle);
-
-    /// Keeps the text of an attribute's definition, which references that are no INSERT put to use by its handle.
-    void keepAttributeDefinition(uint64_t handle, const Text& text) { m_attributeDefinitions.insert(handle, text); }
-    /// Null where there is none.
-    const Text* attributeDefinition(uint64_t handle) const {
-        const auto found = m_attributeDefinitions.constFind(handle);
-        return found == m_attributeDefinitions.constEnd() ? nullptr : &*found;
-    }
 
     /// What the drawing states apart from its entities and tables.
     DrawingObjects& objects() { return m_objects; }
@@ -193,16 +175,13 @@ private:
     ShownAttributes m_shownAttributes = ShownAttributes::visible;
     Destination m_destination = Destination::space;
     uint32_t m_currentBlock = noBlock;
-    bool m_inSheetBlock = false; ///< the block is a layout's
-    QHash<uint64_t, uint32_t> m_layerHandles;
+    bool m_inSheetBlock = false;                  ///< the block is a layout's
     QHash<uint64_t, PlotStyleIndex> m_plotStyles; ///< by their handles
-    QHash<uint64_t, uint32_t> m_textStyleHandles;
-    QHash<uint64_t, Text> m_attributeDefinitions;
     QHash<QString, std::string> m_dimensionVariables;
+    RecordHandles m_handles;
     LineTypeInserts m_inserts;
     QHash<uint64_t, SheetEntity> m_sheetEntities;             ///< by their handles
     QHash<uint32_t, std::vector<PendingClip>> m_pendingClips; ///< by the blocks of the sheets
-    QHash<uint64_t, uint32_t> m_lineTypeHandles;
     std::vector<LayerExtension> m_layerExtensions;
     DrawingObjects m_objects;
     std::vector<uint64_t> m_clipDictionaries; ///< of references; these have indices into this as long as they are read

@@ -112,7 +112,7 @@ void LibraryRecords::setVariableVector(const std::string& key, double x, double 
 
 void LibraryRecords::addLayer(const DL_LayerData& data) {
     const uint32_t index = m_builder.layer(trimmed(data.name));
-    m_builder.nameLayer(m_header.handle, index);
+    m_builder.handles().nameLayer(m_header.handle, index);
     if (m_header.extensionDictionary != 0) {
         m_builder.extendLayer(index, m_header.extensionDictionary);
     }

@@ -58,7 +58,7 @@ DimensionEnd endOf(const EndCodes& codes, const StyleValues& style, const BlockR
     end.hasExtensionLine = !style.flag(codes.withoutExtension);
     end.hasLine = !style.flag(codes.withoutLine);
     end.extensionLine = {colourOfNumber(style.integer(StyleCode::extensionColour)),
-                         builder.lineTypeOf(style.handle(codes.extensionType), lineTypeByBlock),
+                         builder.handles().lineType(style.handle(codes.extensionType), lineTypeByBlock),
                          weightOf(style, StyleCode::extensionWeight)};
     return end;
 }
@@ -127,7 +127,7 @@ DimensionLook lookOf(const StyleValues& style, const BlockRecords& blocks, Drawi
         look.ends[i] = endOf(endCodes[i], style, blocks, builder);
     }
     look.line = {colourOfNumber(style.integer(StyleCode::lineColour)),
-                 builder.lineTypeOf(style.handle(StyleCode::lineType), lineTypeByBlock),
+                 builder.handles().lineType(style.handle(StyleCode::lineType), lineTypeByBlock),
                  weightOf(style, StyleCode::lineWeight)};
     look.textColour = colourOfNumber(style.integer(StyleCode::textColour));
     look.arrowSize = style.length(StyleCode::arrowSize);
@@ -149,7 +149,7 @@ DimensionLook lookOf(const StyleValues& style, const BlockRecords& blocks, Drawi
 
 MText annotationText(const std::string& markup, const StyleValues& style, DrawingBuilder& builder) {
     MText text;
-    text.style = builder.textStyleOf(style.handle(StyleCode::textStyle));
+    text.style = builder.handles().textStyle(style.handle(StyleCode::textStyle));
     const TextStyle& look = builder.drawing().textStyles[text.style];
     const double height = look.height > 0.0 ? look.height : style.length(StyleCode::textHeight);
     text.height = height > 0.0 ? height : StyleValues().real(StyleCode::textHeight);

@@ -284,7 +284,7 @@ void MultileaderDecoder::addLine(std::vector<Vec3> points, const RecordHeader& h
 
 void MultileaderDecoder::addLeader(const Leader& leader, const RecordHeader& header, DrawingBuilder& builder) const {
     RecordHeader look = withColour(header, m_record.lineColour);
-    look.attributes.lineType = builder.lineTypeOf(m_record.lineType, header.attributes.lineType);
+    look.attributes.lineType = builder.handles().lineType(m_record.lineType, header.attributes.lineType);
     if (m_record.lineWeight != lineWeightByBlock) {
         look.attributes.lineWeight = lineWeightOf(m_record.lineWeight);
     }
@@ -311,7 +311,7 @@ void MultileaderDecoder::addLeader(const Leader& leader, const RecordHeader& hea
 void MultileaderDecoder::addText(const RecordHeader& header, DrawingBuilder& builder) const {
     constexpr int alignments = 3;
     MText text;
-    text.style = builder.textStyleOf(m_record.text.style);
+    text.style = builder.handles().textStyle(m_record.text.style);
     const TextStyle& style = builder.drawing().textStyles[text.style];
     text.height = m_record.text.height > 0.0 ? m_record.text.height : (style.height > 0.0 ? style.height : text.height);
     text.position = toPlane(m_record.text.position, m_record.normal);
@@ -351,7 +351,7 @@ void MultileaderDecoder::addBlock(const RecordHeader& header, DrawingBuilder& bu
     builder.add(look, content);
     const Vec3 basePoint = builder.drawing().blocks[content.block].basePoint;
     for (const AttributeText& attribute : m_record.attributes) {
-        if (const Text* const definition = builder.attributeDefinition(attribute.definition)) {
+        if (const Text* const definition = builder.handles().attributeDefinition(attribute.definition)) {
             Text text = placed(*definition, content, basePoint);
             text.stretches = textStretches(builder.decoder().decode(attribute.text), builder.decoder());
             builder.add(look, std::move(text));

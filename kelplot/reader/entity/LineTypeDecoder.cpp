@@ -69,7 +69,7 @@ void LineTypeDecoder::take(const Group& group) {
 
 void LineTypeDecoder::end(const RecordHeader&, DrawingBuilder& builder) {
     const uint32_t index = builder.lineType(m_name);
-    builder.nameLineType(m_handle, index);
+    builder.handles().nameLineType(m_handle, index);
     if (index >= builder.drawing().lineTypes.size()) {
         return;
     }

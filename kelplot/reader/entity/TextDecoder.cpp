@@ -158,7 +158,7 @@ Text TextDecoder::build(std::string_view value, DrawingBuilder& builder) const {
 
 void TextDecoder::end(const RecordHeader& stated, DrawingBuilder& builder) {
     if (m_kind == Kind::definition && builder.inBlock() && stated.handle != 0) {
-        builder.keepAttributeDefinition(stated.handle, build({}, builder));
+        builder.handles().keepAttributeDefinition(stated.handle, build({}, builder));
     }
     if (!isShown(builder)) {
         return;

@@ -91,7 +91,7 @@ void TextStyleDecoder::end(const RecordHeader&, DrawingBuilder& builder) {
         m_style.widthFactor = 1.0;
     }
     const uint32_t index = builder.textStyle(m_name);
-    builder.nameTextStyle(m_handle, index);
+    builder.handles().nameTextStyle(m_handle, index);
     TextStyle& style = builder.drawing().textStyles[index];
     m_style.name = style.name;
     style = std::move(m_style);

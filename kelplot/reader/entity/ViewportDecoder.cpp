@@ -156,7 +156,7 @@ void ViewportDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
         return;
     }
     for (const uint64_t handle : m_frozenLayers) {
-        if (const auto layer = builder.layerOf(handle)) {
+        if (const auto layer = builder.handles().layer(handle)) {
             m_viewport.frozenLayers.push_back(*layer);
         }
     }
