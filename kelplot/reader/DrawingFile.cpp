@@ -7,8 +7,8 @@
 #include <string_view>
 #include <system_error>
 
-#include "reader/BinaryGroupReader.h"
 #include "reader/DrawingReader.h"
+#include "reader/groups/BinaryGroupReader.h"
 
 namespace kelplot {
 

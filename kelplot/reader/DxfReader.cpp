@@ -8,12 +8,12 @@
 #include <istream>
 #include <memory>
 
-#include "reader/BinaryGroupReader.h"
 #include "reader/DrawingFile.h"
 #include "reader/DrawingReader.h"
 #include "reader/GroupFilter.h"
-#include "reader/TextGroupReader.h"
 #include "reader/external/ExternalDrawings.h"
+#include "reader/groups/BinaryGroupReader.h"
+#include "reader/groups/TextGroupReader.h"
 
 namespace kelplot {
 

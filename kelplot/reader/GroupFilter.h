@@ -5,8 +5,8 @@
 #include <streambuf>
 #include <string>
 
-#include "reader/GroupSource.h"
 #include "reader/RecordRouter.h"
+#include "reader/groups/GroupSource.h"
 
 namespace kelplot {
 

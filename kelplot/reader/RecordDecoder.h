@@ -4,9 +4,9 @@
 #include <string_view>
 
 #include "reader/DrawingBuilder.h"
-#include "reader/GroupSource.h"
 #include "reader/GroupValue.h"
 #include "reader/RecordHeader.h"
+#include "reader/groups/GroupSource.h"
 
 namespace kelplot {
 

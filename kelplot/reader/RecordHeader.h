@@ -3,7 +3,7 @@
 
 #include "drawing/Entity.h"
 #include "reader/DrawingBuilder.h"
-#include "reader/GroupSource.h"
+#include "reader/groups/GroupSource.h"
 
 namespace kelplot {
 

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "reader/CountGuard.h"
 #include "reader/GroupValue.h"
+#include "reader/groups/CountGuard.h"
 
 namespace kelplot {
 

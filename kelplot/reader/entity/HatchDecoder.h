@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "drawing/Entity.h"
-#include "reader/GroupSource.h"
 #include "reader/RecordDecoder.h"
+#include "reader/groups/GroupSource.h"
 
 namespace kelplot {
 

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "reader/DrawingBuilder.h"
-#include "reader/GroupSource.h"
 #include "reader/RecordDecoder.h"
+#include "reader/groups/GroupSource.h"
 
 namespace kelplot {
 

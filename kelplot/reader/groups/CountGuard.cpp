@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "reader/CountGuard.h"
+#include "reader/groups/CountGuard.h"
 
 #include <string>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include "reader/GroupSource.h"
-#include "reader/InputWindow.h"
+#include "reader/groups/GroupSource.h"
+#include "reader/groups/InputWindow.h"
 
 namespace kelplot {
 

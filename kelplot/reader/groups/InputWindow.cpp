@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "reader/InputWindow.h"
+#include "reader/groups/InputWindow.h"
 
 #include <algorithm>
 #include <cstring>

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "reader/GroupSource.h"
-#include "reader/InputWindow.h"
+#include "reader/groups/GroupSource.h"
+#include "reader/groups/InputWindow.h"
 
 namespace kelplot {
 

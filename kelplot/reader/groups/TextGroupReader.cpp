@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "reader/TextGroupReader.h"
+#include "reader/groups/TextGroupReader.h"
 
 #include <charconv>
 #include <string>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "reader/BinaryGroupReader.h"
+#include "reader/groups/BinaryGroupReader.h"
 
 #include <algorithm>
 #include <array>

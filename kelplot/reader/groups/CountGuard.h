@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "reader/GroupSource.h"
+#include "reader/groups/GroupSource.h"
 
 namespace kelplot {
 
