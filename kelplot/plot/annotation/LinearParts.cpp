@@ -219,7 +219,7 @@ void addLineOutside(DimensionDraft& draft, const LineLayout& line) {
 std::array<Vec2, 2> extensionsOf(const DimensionDraft& draft, const LinearMeasure& measure) {
     const Vec2 measured[] = {draft.dimension().first, draft.dimension().second};
     std::array<Vec2, 2> extensions;
-    for (size_t i = 0; i < extensions.size(); ++i) {
+    for (size_t i = 0; i < 2; ++i) {
         // A point on the dimension line has its extension line on the side of the other one.
         Vec2 towards = measure.ends[i] - measured[i];
         if (!(towards.length() > draft.look().extensionGap)) {
