@@ -48,7 +48,8 @@ struct DimensionLook {
     bool lineInside = false;  ///< the line is drawn between the extension lines even where the arrow heads are outside
     /// Where a text goes that was moved or finds no room.
     enum class TextMove : uint8_t { besideLine, withLeader, freely } textMove = TextMove::besideLine;
-    enum class TextPlace : uint8_t { middle, first, second } textPlace = TextPlace::middle; ///< along the line
+    /// Along the line: in its middle, next to an extension line, or above one and along it.
+    enum class TextPlace : uint8_t { middle, first, second, aboveFirst, aboveSecond } textPlace = TextPlace::middle;
     /// What stays between the extension lines where not all finds room there.
     enum class Fit : uint8_t { none, text, heads, textOrHeads } fit = Fit::textOrHeads;
     bool textForcedInside = false; ///< the text stays between the extension lines whether it fits or not

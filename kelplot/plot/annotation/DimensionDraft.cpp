@@ -136,12 +136,12 @@ void DimensionDraft::addLine(Vec2 from, Vec2 to, const TextBox* text) {
     }
 }
 
-void DimensionDraft::addExtensionLine(size_t index, Vec2 measured, Vec2 end, Vec2 direction) {
+void DimensionDraft::addExtensionLine(size_t index, Vec2 measured, Vec2 end, Vec2 direction, double toText) {
     const DimensionEnd& side = look().ends[index];
     const double distance = dot(end - measured, direction);
     const double shortened = look().extensionLength > 0.0 ? distance - look().extensionLength : 0.0;
     const double start = std::max(look().extensionGap, shortened);
-    const double stop = distance + look().extensionBeyond;
+    const double stop = distance + std::max(look().extensionBeyond, toText);
     if (side.hasExtensionLine && start < stop) {
         m_parts.addLine(measured + direction * start, measured + direction * stop, side.extensionLine);
     }

@@ -69,7 +69,8 @@ public:
     void addEnd(size_t index, Vec2 tip, double direction);
     /// Draws a stretch of the dimension line but for what the text covers.
     void addLine(Vec2 from, Vec2 to, const TextBox* text);
-    void addExtensionLine(size_t index, Vec2 measured, Vec2 end, Vec2 direction);
+    /// @param toText  how far it goes on beyond the dimension line at least
+    void addExtensionLine(size_t index, Vec2 measured, Vec2 end, Vec2 direction, double toText = 0.0);
 
 private:
     const Dimension& m_dimension;

@@ -17,13 +17,15 @@ struct LineLayout {
     Vec2 start;
     Vec2 along;
     double length;
-    std::optional<TextBox> text;
+    std::array<Vec2, 2> extensions; ///< directions in which the extension lines run out
+    std::optional<TextBox> text = {};
     double textAt = 0.0; ///< of its middle, along the line
     bool textMovedAway = false;
     bool headsInside = true;
+    std::optional<size_t> textAbove = {}; ///< the end whose extension line it stands above
 
     Vec2 at(double distance) const { return start + along * distance; }
-    bool textInside() const { return text && textAt >= 0.0 && textAt <= length; }
+    bool textInside() const { return text && !textAbove && textAt >= 0.0 && textAt <= length; }
     const TextBox* box() const { return text ? &*text : nullptr; }
     bool hasLeader(const DimensionLook& look) const {
         return textMovedAway && look.textMove == DimensionLook::TextMove::withLeader;
@@ -65,10 +67,9 @@ double textAtOf(const DimensionDraft& draft, const LineLayout& line, double leng
         return fromEnd;
     case Place::second:
         return line.length - fromEnd;
-    case Place::middle:
-        break;
+    default:
+        return line.length / 2.0;
     }
-    return line.length / 2.0;
 }
 
 /// Puts a text that finds no room beyond the second end, or over the line.
@@ -95,8 +96,27 @@ void placeTextOutside(const DimensionDraft& draft, const Vec2 up, LineLayout& li
     line.text = box;
 }
 
+/// Puts a text above an extension line and along it.
+void placeTextAbove(const DimensionDraft& draft, size_t end, LineLayout& line) {
+    const Vec2 out = line.extensions[end];
+    const double gap = draft.look().gap;
+    TextBox box = draft.boxAt({}, draft.textAngle(angleOf(out), false));
+    const Vec2 up = leftNormal(box.along);
+    box.middle =
+        line.at(end == 0 ? 0.0 : line.length) + out * (gap + box.halfExtent(out)) + up * (gap + box.halfExtent(up));
+    line.text = box;
+    line.textAbove = end;
+    line.headsInside = headsOf(draft) <= roomOf(draft, line);
+}
+
 /// Puts a text where its style has it.
 void placeTextByStyle(const DimensionDraft& draft, LineLayout& line) {
+    using Place = DimensionLook::TextPlace;
+    const Place place = draft.look().textPlace;
+    if (place == Place::aboveFirst || place == Place::aboveSecond) {
+        placeTextAbove(draft, place == Place::aboveFirst ? 0 : 1, line);
+        return;
+    }
     const double direction = angleOf(line.along);
     const double angle = draft.textAngle(direction, draft.look().levelInside);
     const Vec2 upright = leftNormal(unitVector(draft.textAngle(direction, false)));
@@ -134,7 +154,7 @@ void placeTextAsStated(const DimensionDraft& draft, LineLayout& line) {
 
 /// How far the line goes on beyond an end to a text there, from the end on; 0 where the text is elsewhere.
 double reachToText(const DimensionDraft& draft, const LineLayout& line, size_t end) {
-    if (!line.text || line.textInside() || line.textMovedAway || (line.textAt < 0.0) != (end == 0)) {
+    if (!line.text || line.textAbove || line.textInside() || line.textMovedAway || (line.textAt < 0.0) != (end == 0)) {
         return 0.0;
     }
     const Vec2 out = line.along * (end == 0 ? -1.0 : 1.0);
@@ -196,12 +216,26 @@ void addLineOutside(DimensionDraft& draft, const LineLayout& line) {
     }
 }
 
+std::array<Vec2, 2> extensionsOf(const DimensionDraft& draft, const LinearMeasure& measure) {
+    const Vec2 measured[] = {draft.dimension().first, draft.dimension().second};
+    std::array<Vec2, 2> extensions;
+    for (size_t i = 0; i < 2; ++i) {
+        // A point on the dimension line has its extension line on the side of the other one.
+        Vec2 towards = measure.ends[i] - measured[i];
+        if (!(towards.length() > draft.look().extensionGap)) {
+            towards = measure.ends[1 - i] - measured[1 - i];
+        }
+        extensions[i] = measure.extension * (dot(towards, measure.extension) < 0.0 ? -1.0 : 1.0);
+    }
+    return extensions;
+}
+
 } // namespace
 
 void addLinearParts(DimensionDraft& draft) {
     const Dimension& dimension = draft.dimension();
     const LinearMeasure measure = linearMeasureOf(dimension);
-    LineLayout line{measure.ends[0], measure.along, measure.length, {}};
+    LineLayout line{measure.ends[0], measure.along, measure.length, extensionsOf(draft, measure)};
     if (!draft.hasText()) {
         line.headsInside = headsOf(draft) <= roomOf(draft, line);
     } else if (dimension.textPlaced) {
@@ -211,13 +245,9 @@ void addLinearParts(DimensionDraft& draft) {
     }
     const Vec2 measured[] = {dimension.first, dimension.second};
     for (size_t i = 0; i < 2; ++i) {
-        // A point on the dimension line has its extension line on the side of the other one.
-        Vec2 towards = measure.ends[i] - measured[i];
-        if (!(towards.length() > draft.look().extensionGap)) {
-            towards = measure.ends[1 - i] - measured[1 - i];
-        }
-        const double side = dot(towards, measure.extension) < 0.0 ? -1.0 : 1.0;
-        draft.addExtensionLine(i, measured[i], measure.ends[i], measure.extension * side);
+        const Vec2 out = line.extensions[i];
+        const double toText = line.textAbove == i ? draft.look().gap + 2.0 * line.text->halfExtent(out) : 0.0;
+        draft.addExtensionLine(i, measured[i], measure.ends[i], out, toText);
     }
     const bool areTicks = draft.end(0).isTick && draft.end(1).isTick;
     if (areTicks || line.headsInside) {

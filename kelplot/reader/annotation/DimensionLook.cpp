@@ -78,20 +78,13 @@ Choice choiceOf(int number, Choice last, Choice usual) {
     return number >= 0 && number <= static_cast<int>(last) ? static_cast<Choice>(number) : usual;
 }
 
-/// A text may also be above an extension line, which is next to it here.
-DimensionLook::TextPlace textPlaceOf(int number) {
-    using Place = DimensionLook::TextPlace;
-    constexpr int aboveFirst = 3;
-    const int beside = number >= aboveFirst ? number - 2 : number;
-    return choiceOf(beside, Place::second, Place::middle);
-}
-
 /// How a style fits text and arrow heads between the extension lines.
 void setFit(const StyleValues& style, DimensionLook& look) {
     using Move = DimensionLook::TextMove;
+    using Place = DimensionLook::TextPlace;
     using Fit = DimensionLook::Fit;
     look.textMove = choiceOf(style.integer(StyleCode::textMoves), Move::freely, Move::besideLine);
-    look.textPlace = textPlaceOf(style.integer(StyleCode::textPlace));
+    look.textPlace = choiceOf(style.integer(StyleCode::textPlace), Place::aboveSecond, Place::middle);
     look.fit = choiceOf(style.integer(StyleCode::fit), Fit::textOrHeads, Fit::textOrHeads);
     look.textForcedInside = style.flag(StyleCode::textForcedInside);
     look.noLineOutside = look.textForcedInside && style.flag(StyleCode::noLineOutside);

@@ -146,6 +146,7 @@ TEST(DimensionText, StandsOutsideWhereItDoesNotFit) {
         {"where it is stated", narrow + "11=105 21=70", beside, {105, 70}},
         {"next to the first line", wide, "1070=280 1070=1", {103 + shortHalf, 50}},
         {"next to the second line", wide, "1070=280 1070=2", {1097 - shortHalf, 50}},
+        {"above the second line, left of it", wide, "1070=280 1070=4", {1097.5, 51 + shortHalf}},
         {"beside an angle, level", "70=5 10=200 20=0.1 13=200 14=200 24=1 1=8", beside, {200, 7.5}},
     };
     for (const auto& row : rows) {
