@@ -277,7 +277,7 @@ void DrawingBuilder::addReference(const RecordHeader& header, Insert&& reference
         reference.clip = static_cast<uint32_t>(m_clipDictionaries.size());
         m_clipDictionaries.push_back(header.extensionDictionary);
     }
-    add(header, std::move(reference));
+    add(header, reference);
 }
 
 void DrawingBuilder::addAnnotation(const RecordHeader& header, Annotation&& annotation, Insert reference) {

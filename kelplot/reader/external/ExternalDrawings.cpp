@@ -17,7 +17,7 @@ constexpr int deepest = 16; ///< references within references
 
 /// The file that a reference means. Where that is a DWG drawing, the same drawing may lie beside it as DXF.
 QString fileOf(const std::string& stated, const QString& folder) {
-    const QString file = statedFile(stated, folder);
+    QString file = statedFile(stated, folder);
     const QString path = QString::fromStdString(stated);
     const bool isDxf = !file.isEmpty() && !file.endsWith(QLatin1String(".dwg"), Qt::CaseInsensitive);
     if (isDxf || !path.endsWith(QLatin1String(".dwg"), Qt::CaseInsensitive)) {
