@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -30,6 +31,7 @@ struct Image {
     bool transparent = false;  ///< see-through pixels show what lies below
     bool clipped = false;      ///< `clip` applies
     bool clipInverted = false; ///< what is inside is left out
+    size_t crossings = 0;      ///< of `clip` with itself
     bool lostBorder = false;   ///< it has a clip that is a tangle; the box around it stands for it, or nothing
     std::vector<Vec2> clip;    ///< pixels from the upper left corner of the picture, y downward
 

@@ -23,6 +23,13 @@ size_t entitiesInBlocks(const Drawing& drawing) {
     return count;
 }
 
+/// In visits: cutting takes time with every corner of a border, and still more where it crosses itself.
+size_t costOfCutting(size_t corners, size_t crossings) {
+    constexpr size_t costOfCorner = 4;
+    constexpr size_t costOfCrossing = 500;
+    return costOfCorner * corners + costOfCrossing * crossings;
+}
+
 /// Collects what the entities that a walk meets cover.
 class InkFinder : public EntityVisitor {
 public:
@@ -85,6 +92,12 @@ bool EntityWalk::spendVisits(size_t count) {
     return true;
 }
 
+/// Spends what an entity costs apart from its visit: pictures may be cut along borders of their own.
+bool EntityWalk::spendFor(const Entity& entity) {
+    const auto* const image = std::get_if<Image>(&entity.geometry);
+    return image == nullptr || !image->clipped || spendVisits(costOfCutting(image->clip.size(), image->crossings));
+}
+
 void EntityWalk::tell(const Stretch& stretch) {
     constexpr size_t visitsBetween = 1024;
     if (m_progress && m_visits % visitsBetween == 0) {
@@ -100,7 +113,7 @@ void EntityWalk::visit(const Entity& entity, const EntityStyle& style, const Pla
     }
     if (std::holds_alternative<Insert>(entity.geometry)) {
         visitReference(entity, style, map, stretch);
-    } else if (m_styles.isPlotted(style.layer)) {
+    } else if (m_styles.isPlotted(style.layer) && spendFor(entity)) {
         m_visitor->visit(entity, style, mapOf(entity, map));
     }
 }
@@ -161,13 +174,10 @@ std::optional<WalkClip> EntityWalk::clipOf(const Insert& insert, const PlanMap& 
     return clip;
 }
 
-/// Cutting takes time with every corner and still more with every crossing, so that clips count as much as theirs, and
-/// those of the clips around them, do.
+/// A clip counts as much as those around it do besides.
 void EntityWalk::visitCut(const Block& block, const EntityStyle& style, const PlanMap& map, const WalkClip& clip,
                           const Stretch& stretch) {
-    constexpr size_t costOfCorner = 4;
-    constexpr size_t costOfCrossing = 500;
-    const size_t cost = costOfCorner * clip.border.size() + costOfCrossing * clip.crossings;
+    const size_t cost = costOfCutting(clip.border.size(), clip.crossings);
     m_clipCost += cost;
     if (spendVisits(m_clipCost)) {
         WalkClip framed = clip;

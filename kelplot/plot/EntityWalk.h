@@ -92,6 +92,7 @@ private:
     };
 
     bool spendVisits(size_t count);
+    bool spendFor(const Entity& entity);
     void tell(const Stretch& stretch);
     void visit(const Entity& entity, const EntityStyle& style, const PlanMap& map, const Stretch& stretch);
     void visitReference(const Entity& entity, const EntityStyle& style, const PlanMap& map, const Stretch& stretch);

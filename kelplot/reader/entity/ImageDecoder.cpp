@@ -130,8 +130,10 @@ void ImageDecoder::end(const RecordHeader& header, DrawingBuilder& builder) {
         builder.addInWorld(header, std::move(wipeout));
         return;
     }
-    m_image.lostBorder = m_image.clipped && crossingsIn(m_image.clip) > mostCrossings;
+    m_image.crossings = m_image.clipped ? crossingsIn(m_image.clip) : 0;
+    m_image.lostBorder = m_image.crossings > mostCrossings;
     if (m_image.lostBorder) {
+        m_image.crossings = 0;
         m_image.clip = boxAround(m_image.clip);
         m_image.clipped = !m_image.clipInverted && !m_image.clip.empty();
     }

@@ -84,6 +84,7 @@ TEST(Walk, EndsAtItsLimitsAndSaysSo) {
         {"entities after too many copies", nestedDrawing(1, copies(32767), 1, " 0=LINE 11=1"), 900, 1010, true},
         {"clips, each as costly as many visits", cutReferences(100), 50, 70, true},
         {"clips of copies, each as costly as many visits", cutReferences(1, copies(10)), 50, 70, true},
+        {"clipped pictures", withEntities(repeated(" 0=IMAGE 70=7 280=1 14=0 24=0 14=9 24=9", 100)), 60, 80, true},
         {"just not too deep", nestedDrawing(30, ""), 1, 1},
         {"too deep", nestedDrawing(31, ""), 0, 0, false, true},
     };
