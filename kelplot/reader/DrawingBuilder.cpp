@@ -306,8 +306,8 @@ std::vector<Entity>* DrawingBuilder::entitiesOf(const std::string& block) {
         return &m_drawing.paperSpace;
     }
     std::string newName;
-    const NameTable::Found found = m_blocks.find(block, m_decoder, newName);
-    return found.added ? nullptr : &m_drawing.blocks[found.index].entities;
+    const uint32_t index = m_blocks.find(block, m_decoder, newName).index; // that of a new name has no block
+    return index < m_drawing.blocks.size() ? &m_drawing.blocks[index].entities : nullptr;
 }
 
 template <typename Visitor>
