@@ -44,7 +44,8 @@ std::vector<Cell> cellsOf(const TextPiece& piece, const ParagraphFrame& frame) {
     return cells;
 }
 
-/// Adds the columns of a paragraph: one at least.
+/// Adds the columns of a paragraph: one at least. A column ends wherever it is full: letters that stand one below the
+/// other are read one by one.
 void addColumns(const Paragraph& paragraph, const ParagraphFrame& frame, std::vector<Column>& columns) {
     columns.push_back({{}, 0.0, 0.0, paragraph.format.height});
     double y = 0.0;

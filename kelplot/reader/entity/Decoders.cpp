@@ -19,7 +19,6 @@
 #include "reader/entity/LwPolylineDecoder.h"
 #include "reader/entity/MeshDecoder.h"
 #include "reader/entity/MlineDecoder.h"
-#include "reader/entity/PlotStyleNames.h"
 #include "reader/entity/PolylineDecoder.h"
 #include "reader/entity/SplineDecoder.h"
 #include "reader/entity/TableDecoder.h"
@@ -28,6 +27,7 @@
 #include "reader/entity/ViewportDecoder.h"
 #include "reader/mtext/MTextDecoder.h"
 #include "reader/object/ObjectDecoders.h"
+#include "reader/object/PlotStyleNames.h"
 
 namespace kelplot {
 

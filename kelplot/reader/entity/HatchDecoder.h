@@ -7,6 +7,7 @@
 
 #include "drawing/Entity.h"
 #include "reader/RecordDecoder.h"
+#include "reader/entity/HatchGradientDecoder.h"
 #include "reader/groups/GroupSource.h"
 
 namespace kelplot {
@@ -35,26 +36,6 @@ private:
     double m_endDegrees = 0.0;
     bool m_counterClockwise = true;
     Spline m_spline;
-};
-
-/// Builds the gradient of a hatch from its groups.
-class HatchGradientDecoder {
-public:
-    /// Takes a group of the gradient, which the code 450 begins.
-    void take(const Group& group);
-
-    /// The gradient, unless the hatch has none.
-    std::optional<HatchGradient> finish() const;
-
-private:
-    void addColour(const Colour& colour);
-
-    int m_lastCode = 0;
-    bool m_isGradient = false;
-    bool m_hasOneColour = false;
-    double m_tint = 0.0; ///< of the second colour, where there is one only
-    size_t m_colours = 0;
-    HatchGradient m_gradient;
 };
 
 /// Hatches, and polygons that are stored like them.

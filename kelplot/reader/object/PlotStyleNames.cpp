@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "reader/entity/PlotStyleNames.h"
+#include "reader/object/PlotStyleNames.h"
 
 namespace kelplot {
 
