@@ -19,3 +19,6 @@ drawings=(
 for drawing in "${drawings[@]}"; do
     "$kelplot" --dpi 72 -o "$gallery/$drawing.png" "$folder/$drawing.dxf"
 done
+if command -v pngquant >/dev/null; then # smaller by two thirds
+    pngquant --force --ext .png "$gallery"/*.png
+fi
