@@ -64,9 +64,10 @@ template <typename Visit>
 void DashLayout::forEachPeriod(const LineSpan& part, Visit visit) const {
     const double first = std::max(0.0, std::floor((part.from - m_begin) / m_period));
     const double last = std::ceil((part.to - m_begin) / m_period);
-    const double end = m_aligned ? std::min(last, m_periods) : last;
-    for (double number = first; number <= end; number += 1.0) {
-        visit(number, m_begin + number * m_period);
+    const auto end = static_cast<int64_t>(m_aligned ? std::min(last, m_periods) : last);
+    for (auto number = static_cast<int64_t>(first); number <= end; ++number) {
+        const auto count = static_cast<double>(number);
+        visit(count, m_begin + count * m_period);
     }
 }
 

@@ -205,7 +205,7 @@ FontFace FontSet::faceOfStretch(const QString& stretch, const FontChoice& choice
     };
     if (!hasAll(choice.face)) {
         for (const QString& family : familiesAfter(choice.bigFont)) {
-            const FontFace face{installed(family), false, false};
+            FontFace face{installed(family), false, false};
             if (!face.family.isEmpty() && hasAll(face)) {
                 return face;
             }

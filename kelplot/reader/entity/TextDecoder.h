@@ -15,7 +15,7 @@ public:
     void begin(std::string_view type) override;
     void take(const Group& group) override;
     void takeEmbedded(const Group& group) override;
-    void end(const RecordHeader& header, DrawingBuilder& builder) override;
+    void end(const RecordHeader& stated, DrawingBuilder& builder) override;
 
 private:
     enum class Kind { text, attribute, definition };
