@@ -63,7 +63,8 @@ std::string binaryValue(int code, const std::string& value) {
 } // namespace
 
 std::string bytesOf(const std::string& groups, BinaryCodes codes) {
-    std::string bytes("Program Binary DXF\r\n\x1A", 22);
+    std::string bytes("Program Binary DXF\r\n\x1A");
+    bytes += '\0';
     std::istringstream stream(groups);
     for (std::string group; stream >> group;) {
         const size_t sign = group.find('=');
