@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <limits>
 
 #include "geometry/Vec.h"
@@ -30,6 +31,8 @@ struct Box2 {
         return {{std::max(min.x, other.min.x), std::max(min.y, other.min.y)},
                 {std::min(max.x, other.max.x), std::min(max.y, other.max.y)}};
     }
+    /// In order around the box.
+    std::array<Vec2, 4> corners() const { return {min, Vec2{max.x, min.y}, max, Vec2{min.x, max.y}}; }
     Box2 inflated(double by) const { return {{min.x - by, min.y - by}, {max.x + by, max.y + by}}; }
 
     void add(Vec2 p) {

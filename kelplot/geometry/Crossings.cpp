@@ -67,7 +67,8 @@ std::vector<Vec2> boxAround(const std::vector<Vec2>& border) {
     if (border.empty() || !isFinite(border)) {
         return {};
     }
-    return {box.min, {box.max.x, box.min.y}, box.max, {box.min.x, box.max.y}};
+    const auto corners = box.corners();
+    return {corners.begin(), corners.end()};
 }
 
 } // namespace kelplot

@@ -42,7 +42,7 @@ void drawBackground(const MText& text, const PlacedEntity& place, PlotTools& too
     const PlanMap map = placed.through(place.map);
     const Box2 box = placed.frame.inflated(text.border);
     std::vector<Vec2> corners;
-    for (const Vec2 corner : {box.min, Vec2{box.max.x, box.min.y}, box.max, Vec2{box.min.x, box.max.y}}) {
+    for (const Vec2 corner : box.corners()) {
         corners.push_back(map.mapPoint(corner));
     }
     if (text.masked) {

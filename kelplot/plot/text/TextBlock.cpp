@@ -42,7 +42,7 @@ Box2 PlacedText::boxThrough(const Box2& part, const PlanMap& map) const {
         return box;
     }
     const PlanMap whole = through(map);
-    for (const Vec2 corner : {part.min, Vec2{part.max.x, part.min.y}, part.max, Vec2{part.min.x, part.max.y}}) {
+    for (const Vec2 corner : part.corners()) {
         const Vec2 p = whole.mapPoint(corner);
         if (!p.isFinite()) {
             return {};

@@ -23,8 +23,7 @@ Box2 inkOf(const TextRun& run, const Box2& emBox) {
     Box2 box;
     if (!emBox.isEmpty()) {
         const Affine2 place = run.place();
-        for (const Vec2 corner :
-             {emBox.min, Vec2{emBox.max.x, emBox.min.y}, emBox.max, Vec2{emBox.min.x, emBox.max.y}}) {
+        for (const Vec2 corner : emBox.corners()) {
             box.add(place.mapPoint(corner));
         }
     }

@@ -4,8 +4,9 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cstring>
 #include <iterator>
+
+#include "base/LittleEndian.h"
 
 namespace kelplot {
 
@@ -137,23 +138,11 @@ bool BinaryGroupReader::readText(std::string_view& value) {
 
 template <typename Number>
 bool BinaryGroupReader::readNumber(Number& number) {
-    std::array<unsigned char, sizeof(Number)> bytes{};
-    if (!m_window.need(bytes.size())) {
+    if (!m_window.need(sizeof number)) {
         return false;
     }
-    std::memcpy(bytes.data(), m_window.ahead().data(), bytes.size());
-    m_window.skip(bytes.size());
-    // The lowest byte comes first in the file, whatever the machine's own order.
-    std::uint64_t bits = 0;
-    for (size_t i = bytes.size(); i > 0; --i) {
-        bits = bits << 8 | bytes[i - 1];
-    }
-    if constexpr (std::is_floating_point_v<Number>) {
-        static_assert(sizeof(Number) == sizeof(bits));
-        std::memcpy(&number, &bits, sizeof number);
-    } else {
-        number = static_cast<Number>(bits);
-    }
+    number = fromLittleEndian<Number>(m_window.ahead().substr(0, sizeof number));
+    m_window.skip(sizeof number);
     return true;
 }
 

@@ -3,8 +3,8 @@
 
 #include <QString>
 #include <algorithm>
-#include <cstring>
 
+#include "base/LittleEndian.h"
 #include "reader/GroupValue.h"
 
 namespace kelplot {
@@ -27,23 +27,11 @@ std::string_view ByteStream::take(size_t size) {
 }
 
 int32_t ByteStream::integer() {
-    uint32_t value = 0;
-    const std::string_view bytes = take(sizeof value);
-    for (size_t i = bytes.size(); i > 0; --i) {
-        value = value << 8 | static_cast<unsigned char>(bytes[i - 1]);
-    }
-    return static_cast<int32_t>(value);
+    return fromLittleEndian<int32_t>(take(sizeof(int32_t)));
 }
 
 double ByteStream::real() {
-    uint64_t bits = 0;
-    const std::string_view bytes = take(sizeof bits);
-    for (size_t i = bytes.size(); i > 0; --i) {
-        bits = bits << 8 | static_cast<unsigned char>(bytes[i - 1]);
-    }
-    double value = 0.0;
-    std::memcpy(&value, &bits, sizeof value);
-    return saneReal(value);
+    return saneReal(fromLittleEndian<double>(take(sizeof(double))));
 }
 
 Vec3 ByteStream::point() {
