@@ -15,12 +15,16 @@
 #include <unistd.h>
 
 #include "cli/CommandLine.h"
+#include "cli/Completion.h"
 #include "cli/Console.h"
+#include "cli/DrawingListing.h"
 #include "cli/ExitStatus.h"
+#include "cli/HelpPage.h"
 #include "cli/ManualPage.h"
 #include "cli/PaperListing.h"
 #include "cli/PlotJob.h"
 #include "cli/PlotPlan.h"
+#include "cli/PlotRecord.h"
 #include "device/OutputFile.h"
 #include "reader/DrawingReader.h"
 #include "settings/SettingsFile.h"
@@ -84,38 +88,62 @@ Console::Progress progressMode(const Request& request) {
     return !request.quiet && isatty(STDERR_FILENO) ? Console::Progress::whenLong : Console::Progress::never;
 }
 
-/// Does one drawing's work and reports what goes wrong with it.
-ExitStatus guarded(const QString& input, Console& console, const std::function<void()>& work) {
+/// Does one drawing's work and reports what goes wrong with it, also as `error`.
+ExitStatus guarded(const QString& input, Console& console, QString& error, const std::function<void()>& work) {
+    const auto tell = [&](const QString& text, ExitStatus status) {
+        error = text;
+        console.error(text.toStdString());
+        return status;
+    };
     try {
         work();
         return ExitStatus::done;
-    } catch (const ReadError& error) {
-        console.error(error.what());
-        return error.reason == ReadError::Reason::cannotOpen ? ExitStatus::cannotOpen : ExitStatus::notADrawing;
-    } catch (const StrictFailure& error) {
-        console.error(error.what());
-        return ExitStatus::notADrawing;
-    } catch (const UsageError& error) {
-        console.error((input + QStringLiteral(": ") + QString::fromUtf8(error.what())).toStdString());
-        return ExitStatus::usage;
-    } catch (const OutputError& error) {
-        console.error(error.what());
+    } catch (const ReadError& fault) {
+        const bool isUnread = fault.reason == ReadError::Reason::cannotOpen;
+        return tell(QString::fromUtf8(fault.what()), isUnread ? ExitStatus::cannotOpen : ExitStatus::notADrawing);
+    } catch (const StrictFailure& fault) {
+        return tell(QString::fromUtf8(fault.what()), ExitStatus::notADrawing);
+    } catch (const UsageError& fault) {
+        return tell(input + QStringLiteral(": ") + QString::fromUtf8(fault.what()), ExitStatus::usage);
+    } catch (const OutputError& fault) {
+        return tell(QString::fromUtf8(fault.what()), ExitStatus::outputFailed);
     } catch (const std::bad_alloc&) {
-        console.error((input + QStringLiteral(": not enough memory")).toStdString());
-    } catch (const std::exception& error) {
-        console.error((input + QStringLiteral(": ") + QString::fromUtf8(error.what())).toStdString());
+        return tell(input + QStringLiteral(": not enough memory"), ExitStatus::outputFailed);
+    } catch (const std::exception& fault) {
+        return tell(input + QStringLiteral(": ") + QString::fromUtf8(fault.what()), ExitStatus::outputFailed);
     }
-    return ExitStatus::outputFailed;
 }
 
-ExitStatus plotAll(const PlotPlan& plan, Console& console) {
+/// Plots all drawings of a file, or none: an incomplete document is not what was asked for.
+ExitStatus plotFile(const PlannedFile& file, const PlotPlan& plan, Console& console, FileRecord& record) {
+    PageSequence pages(file, plan);
+    for (const QString& input : file.inputs) {
+        DrawingRecord& drawing = record.drawings.emplace_back();
+        drawing.drawing = input;
+        const ExitStatus status =
+            guarded(input, console, drawing.error, [&] { plotDrawing(input, file, plan, pages, console, drawing); });
+        if (status != ExitStatus::done) {
+            return status;
+        }
+    }
+    const ExitStatus status = guarded(file.path, console, record.drawings.back().error, [&] { pages.finish(); });
+    record.written = status == ExitStatus::done;
+    return status;
+}
+
+ExitStatus plotAll(const PlotPlan& plan, const Request& request, Console& console) {
     ExitStatus worst = ExitStatus::done;
-    for (int i = 0; i < plan.inputs.size(); ++i) {
-        const QString& input = plan.inputs[i];
-        const auto plot = [&] {
-            plotDrawing(input, plan.outputs[i], plan, console);
-        };
-        worst = std::max(worst, guarded(input, console, plot));
+    std::vector<FileRecord> records;
+    for (const PlannedFile& file : plan.files) {
+        FileRecord& record = records.emplace_back();
+        record.file = file.path;
+        worst = std::max(worst, plotFile(file, plan, console, record));
+        if (record.written && !request.quiet && !request.json && file.path != QLatin1String("-")) {
+            std::cout << file.path.toStdString() << std::endl;
+        }
+    }
+    if (request.json) {
+        std::cout << jsonOf(records, static_cast<int>(worst)).toStdString();
     }
     return worst;
 }
@@ -131,7 +159,8 @@ ExitStatus listAll(const QStringList& inputs, Listing listing, Console& console)
             }
             listing(input, std::cout, console);
         };
-        worst = std::max(worst, guarded(input, console, list));
+        QString error;
+        worst = std::max(worst, guarded(input, console, error, list));
     }
     return worst;
 }
@@ -159,17 +188,34 @@ ExitStatus plot(const Request& request, Console& console) {
             std::cout << told.toStdString() << std::endl;
         }
     }
-    return plotAll(plan, console);
+    return plotAll(plan, request, console);
+}
+
+/// What ends the program from outside leaves no unfinished file behind.
+void leaveNothingWhenStopped() {
+    for (const int stop : {SIGINT, SIGTERM, SIGHUP}) {
+        const auto before = std::signal(stop, [](int signal) {
+            OutputFile::abandonUnfinished();
+            std::signal(signal, SIG_DFL);
+            std::raise(signal);
+        });
+        if (before == SIG_IGN) { // nohup and the like
+            std::signal(stop, SIG_IGN);
+        }
+    }
 }
 
 ExitStatus run(const Request& request) {
     Console console(std::cerr, progressMode(request), !request.quiet);
     switch (request.action) {
     case Action::showHelp:
-        std::cout << helpText().toStdString();
+        std::cout << helpPage().toStdString();
         return ExitStatus::done;
     case Action::showManual:
         std::cout << manualPage().toStdString();
+        return ExitStatus::done;
+    case Action::showCompletion:
+        std::cout << completionFor(request.shell).toStdString();
         return ExitStatus::done;
     case Action::showVersion:
         std::cout << "kelplot " KELPLOT_VERSION "\n"
@@ -203,6 +249,7 @@ ExitStatus flushed(ExitStatus status) {
 int runKelplot(int argc, char** argv) {
     std::signal(SIGXFSZ, SIG_IGN); // a file that outgrows its limit is reported like one that outgrows its disk
     std::set_terminate(endUncaught);
+    leaveNothingWhenStopped();
     prepareQt();
     // The application gets the program's name only: it would take some options for its own.
     char name[] = "kelplot";

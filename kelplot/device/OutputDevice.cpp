@@ -38,7 +38,7 @@ const FormatEntry& entryOf(OutputFormat format) {
 
 } // namespace
 
-void OutputDevice::nextPage(const SheetSize& /*sheet*/) {
+void OutputDevice::nextPage(const SheetSize& /*sheet*/, const QString& /*name*/) {
     throw OutputError("this format has one page only");
 }
 

@@ -31,8 +31,10 @@ public:
     /// @param isCut  false: to the part of the page that shows, as it was at first
     virtual void clipChanged(bool isCut) { static_cast<void>(isCut); }
 
-    /// Begins a further page, of this size. Throws `OutputError` for formats of one page.
-    virtual void nextPage(const SheetSize& sheet);
+    /// Begins a further page. Throws `OutputError` for formats of one page.
+    ///
+    /// @param name  for the document's outline
+    virtual void nextPage(const SheetSize& sheet, const QString& name);
 
     /// Ends the plot and puts the file in its place, or throws `OutputError` and leaves none.
     virtual void finish() = 0;
@@ -49,7 +51,7 @@ struct OutputSetup {
     int dotsPerInch = 200;
     /// Millimetres from the sheet's upper left corner: the part that shows, for formats whose painter knows no clip.
     std::optional<Box2> visible = std::nullopt;
-    QStringList pageNames = {}; ///< of all pages, in their order, for formats of several
+    QString pageName = {}; ///< of the first page, for the outline of formats of several
 };
 
 enum class OutputFormat { pdf, png, svg };

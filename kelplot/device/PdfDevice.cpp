@@ -21,9 +21,9 @@ QPageLayout pageLayoutFor(const SheetSize& sheet) {
 } // namespace
 
 PdfDevice::PdfDevice(const OutputSetup& setup)
-    : m_path(setup.path), m_file(setup.path), m_pageNames(setup.pageNames), m_pagesStream(m_pages),
-      m_writer(hasOutline() ? &m_pagesStream : &m_file.device()) {
-    if (hasOutline() && !m_pages.open()) {
+    : m_path(setup.path), m_file(setup.path), m_pageNames(setup.pageName), m_pagesStream(m_pages),
+      m_writer(&m_pagesStream) {
+    if (!m_pages.open()) {
         throw outputError(m_path, QStringLiteral("no temporary file: ") + m_pages.errorString());
     }
     m_writer.setPageLayout(pageLayoutFor(setup.sheet));
@@ -39,7 +39,8 @@ DeviceGrid PdfDevice::grid() const {
     return fineGrid();
 }
 
-void PdfDevice::nextPage(const SheetSize& sheet) {
+void PdfDevice::nextPage(const SheetSize& sheet, const QString& name) {
+    m_pageNames << name;
     if (!m_writer.setPageLayout(pageLayoutFor(sheet)) || !m_writer.newPage()) {
         throw outputError(m_path, QStringLiteral("cannot start a further page"));
     }
@@ -72,9 +73,7 @@ void PdfDevice::finish() {
     if (!m_painter.end()) {
         throw outputError(m_path, QStringLiteral("cannot finish the PDF document"));
     }
-    if (hasOutline()) {
-        addOutline();
-    }
+    addOutline();
     m_file.commit();
 }
 

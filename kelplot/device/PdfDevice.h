@@ -15,17 +15,16 @@ public:
 
     DeviceGrid grid() const override;
     QPainter& painter() override { return m_painter; }
-    void nextPage(const SheetSize& sheet) override;
+    void nextPage(const SheetSize& sheet, const QString& name) override;
     void finish() override;
 
 private:
-    bool hasOutline() const { return m_pageNames.size() > 1; }
     void addOutline();
 
     QString m_path;
     OutputFile m_file;
     QStringList m_pageNames;
-    QTemporaryFile m_pages; ///< open where they get an outline
+    QTemporaryFile m_pages;
     WholeStream m_pagesStream;
     QPdfWriter m_writer;
     QPainter m_painter;

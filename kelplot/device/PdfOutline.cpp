@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "device/PdfOutline.h"
 
+#include "device/PlotMark.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <qpdf/Pipeline.hh>
@@ -49,7 +51,7 @@ void addOutline(QPDF& document, const QStringList& pageNames) {
         }
         last = entry;
     }
-    if (count > 0) {
+    if (count > 1) {
         outline.replaceKey("/Type", QPDFObjectHandle::newName("/Outlines"));
         outline.replaceKey("/Last", last);
         outline.replaceKey("/Count", QPDFObjectHandle::newInteger(static_cast<long long>(count)));
@@ -73,6 +75,7 @@ void copyWithOutline(QFileDevice& document, const QStringList& pageNames, Output
     FilePipeline pipeline(target);
     QPDFWriter writer(copy);
     writer.setOutputPipeline(&pipeline);
+    writer.setExtraHeaderText(std::string("% ") + plotMark + "\n");
     writer.setStreamDataMode(qpdf_s_preserve);
     writer.setDeterministicID(true);
     writer.write();

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "cli/PageSequence.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace kelplot {
+
+PageSequence::PageSequence(const PlannedFile& file, const PlotPlan& plan) : m_file(file), m_plan(plan) {
+}
+
+OutputDevice& PageSequence::begin(const PageLayout& layout, const QString& name) {
+    if (m_device) {
+        m_device->nextPage(layout.sheet, name);
+        return *m_device;
+    }
+    if (!m_plan.madeFolder.isEmpty() && !QDir().mkpath(m_plan.madeFolder)) {
+        throw outputError(m_plan.madeFolder, QStringLiteral("the folder cannot be made"));
+    }
+    const OutputSetup setup{m_file.path, m_file.title, layout.sheet, m_plan.dotsPerInch, layout.visiblePart(), name};
+    m_device = createOutputDevice(m_plan.format, setup);
+    return *m_device;
+}
+
+void PageSequence::finish() {
+    m_device->finish();
+}
+
+} // namespace kelplot
