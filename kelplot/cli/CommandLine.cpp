@@ -12,10 +12,11 @@ namespace kelplot {
 namespace {
 
 constexpr const char* exclusivePairs[][2] = {
-    {"portrait", "landscape"},      {"fit", "scale"},
-    {"output", "target-directory"}, {"progress", "quiet"},
-    {"save-paper", "list-papers"},  {"save-paper", "list-layers"},
-    {"save-paper", "list-layouts"},
+    {"portrait", "landscape"},       {"fit", "scale"},
+    {"output", "target-directory"},  {"progress", "quiet"},
+    {"save-paper", "list-papers"},   {"save-paper", "list-layers"},
+    {"save-paper", "list-layouts"},  {"printer", "output"},
+    {"printer", "target-directory"},
 };
 
 void declareOptions(QCommandLineParser& parser) {
@@ -89,7 +90,14 @@ void checkTogether(const QCommandLineParser& parser, Request& request) {
     if (request.json && !plots && request.action != Action::listPapers) {
         throw UsageError(QStringLiteral("--json: allowed for plots and with --list-papers"));
     }
-    if (request.action == Action::listPapers) {
+    if (request.printer.isEmpty()) {
+        for (const char* const option : {"copies", "sides", "no-wait"}) {
+            if (parser.isSet(QLatin1String(option))) {
+                throw UsageError(QStringLiteral("--%1: allowed only with --printer").arg(QLatin1String(option)));
+            }
+        }
+    }
+    if (request.action == Action::listPapers || request.action == Action::listPrinters) {
         return;
     }
     if (request.inputs.isEmpty() && request.action != Action::savePaper) {
@@ -100,11 +108,12 @@ void checkTogether(const QCommandLineParser& parser, Request& request) {
     }
     const bool writesStream = request.outputFile == QLatin1String("-") ||
                               (request.outputFile.isEmpty() && request.inputs.contains(QStringLiteral("-")));
-    if (request.json && plots && writesStream) {
+    if (request.json && plots && writesStream && request.printer.isEmpty()) {
         throw UsageError(QStringLiteral("--json: the plot goes to standard output already; give --output FILE"));
     }
     if (!parser.isSet(QStringLiteral("format"))) {
         deriveFormat(request);
+        request.format = request.printer.isEmpty() ? request.format : OutputFormat::pdf;
     }
 }
 
@@ -137,7 +146,8 @@ Request requestFromArguments(const QStringList& arguments) {
         }
     }
     request.inputs = parser.positionalArguments();
-    if (lays || action == Action::listLayers || action == Action::listLayouts || action == Action::listPapers) {
+    if (lays || action == Action::listLayers || action == Action::listLayouts || action == Action::listPapers ||
+        action == Action::listPrinters) {
         checkTogether(parser, request);
     }
     return request;

@@ -9,8 +9,8 @@
 namespace kelplot {
 namespace {
 
-constexpr const char* commonest[] = {"output", "target-directory", "format", "paper",     "scale",
-                                     "layout", "layers",           "pens",   "monochrome"};
+constexpr const char* commonest[] = {"output", "target-directory", "format",  "paper",     "scale",
+                                     "layout", "layers",           "printer", "monochrome"};
 
 /// A line of help: what to type, and what it does, from the same column on and broken within the line.
 QString entry(const QString& typed, const QString& meaning) {
@@ -60,7 +60,8 @@ Plots DXF drawings to PDF, PNG or SVG files.
     }
     return text + QStringLiteral(R"(
 Exit status: 0 done; 1 wrong usage; 2 a drawing or a file of settings cannot be
-read; 3 a file is no drawing or is truncated; 4 the output failed.
+read; 3 a file is no drawing or is truncated; 4 the output failed; 5 printing
+failed.
 All options: man kelplot
 )");
 }

@@ -22,11 +22,12 @@
 #include "cli/HelpPage.h"
 #include "cli/ManualPage.h"
 #include "cli/PaperListing.h"
-#include "cli/PlotJob.h"
 #include "cli/PlotPlan.h"
 #include "cli/PlotRecord.h"
+#include "cli/PlotRun.h"
+#include "cli/PrinterListing.h"
 #include "device/OutputFile.h"
-#include "reader/DrawingReader.h"
+#include "print/Printers.h"
 #include "settings/SettingsFile.h"
 
 namespace kelplot {
@@ -88,66 +89,6 @@ Console::Progress progressMode(const Request& request) {
     return !request.quiet && isatty(STDERR_FILENO) ? Console::Progress::whenLong : Console::Progress::never;
 }
 
-/// Does one drawing's work and reports what goes wrong with it, also as `error`.
-ExitStatus guarded(const QString& input, Console& console, QString& error, const std::function<void()>& work) {
-    const auto tell = [&](const QString& text, ExitStatus status) {
-        error = text;
-        console.error(text.toStdString());
-        return status;
-    };
-    try {
-        work();
-        return ExitStatus::done;
-    } catch (const ReadError& fault) {
-        const bool isUnread = fault.reason == ReadError::Reason::cannotOpen;
-        return tell(QString::fromUtf8(fault.what()), isUnread ? ExitStatus::cannotOpen : ExitStatus::notADrawing);
-    } catch (const StrictFailure& fault) {
-        return tell(QString::fromUtf8(fault.what()), ExitStatus::notADrawing);
-    } catch (const UsageError& fault) {
-        return tell(input + QStringLiteral(": ") + QString::fromUtf8(fault.what()), ExitStatus::usage);
-    } catch (const OutputError& fault) {
-        return tell(QString::fromUtf8(fault.what()), ExitStatus::outputFailed);
-    } catch (const std::bad_alloc&) {
-        return tell(input + QStringLiteral(": not enough memory"), ExitStatus::outputFailed);
-    } catch (const std::exception& fault) {
-        return tell(input + QStringLiteral(": ") + QString::fromUtf8(fault.what()), ExitStatus::outputFailed);
-    }
-}
-
-/// Plots all drawings of a file, or none: an incomplete document is not what was asked for.
-ExitStatus plotFile(const PlannedFile& file, const PlotPlan& plan, Console& console, FileRecord& record) {
-    PageSequence pages(file, plan);
-    for (const QString& input : file.inputs) {
-        DrawingRecord& drawing = record.drawings.emplace_back();
-        drawing.drawing = input;
-        const ExitStatus status =
-            guarded(input, console, drawing.error, [&] { plotDrawing(input, file, plan, pages, console, drawing); });
-        if (status != ExitStatus::done) {
-            return status;
-        }
-    }
-    const ExitStatus status = guarded(file.path, console, record.drawings.back().error, [&] { pages.finish(); });
-    record.written = status == ExitStatus::done;
-    return status;
-}
-
-ExitStatus plotAll(const PlotPlan& plan, const Request& request, Console& console) {
-    ExitStatus worst = ExitStatus::done;
-    std::vector<FileRecord> records;
-    for (const PlannedFile& file : plan.files) {
-        FileRecord& record = records.emplace_back();
-        record.file = file.path;
-        worst = std::max(worst, plotFile(file, plan, console, record));
-        if (record.written && !request.quiet && !request.json && file.path != QLatin1String("-")) {
-            std::cout << file.path.toStdString() << std::endl;
-        }
-    }
-    if (request.json) {
-        std::cout << jsonOf(records, static_cast<int>(worst)).toStdString();
-    }
-    return worst;
-}
-
 using Listing = void (*)(const QString& input, std::ostream& stream, Console& console);
 
 ExitStatus listAll(const QStringList& inputs, Listing listing, Console& console) {
@@ -188,7 +129,21 @@ ExitStatus plot(const Request& request, Console& console) {
             std::cout << told.toStdString() << std::endl;
         }
     }
-    return plotAll(plan, request, console);
+    if (!plan.printer.isEmpty()) {
+        findPrinter(plan.printer); // before a long plot
+    }
+    std::vector<FileRecord> records;
+    const bool prints = !request.quiet && !request.json;
+    const auto tell = [&](const QString& name) {
+        if (prints && name != QLatin1String("-")) {
+            std::cout << name.toStdString() << std::endl;
+        }
+    };
+    const ExitStatus status = plotAll(plan, console, tell, records);
+    if (request.json) {
+        std::cout << jsonOf(records, static_cast<int>(status)).toStdString();
+    }
+    return status;
 }
 
 /// What ends the program from outside leaves no unfinished file behind.
@@ -228,6 +183,9 @@ ExitStatus run(const Request& request) {
         return listAll(request.inputs, listLayouts, console);
     case Action::listPapers:
         return listPapers(request.json, std::cout, console);
+    case Action::listPrinters:
+        listPrinters(std::cout);
+        return ExitStatus::done;
     case Action::savePaper:
     case Action::plot:
         break;
@@ -263,6 +221,9 @@ int runKelplot(int argc, char** argv) {
     } catch (const UsageError& error) {
         std::cerr << "kelplot: " << error.what() << "\nTry 'kelplot --help'." << std::endl;
         return static_cast<int>(ExitStatus::usage);
+    } catch (const PrintError& error) {
+        std::cerr << "kelplot: " << error.what() << std::endl;
+        return static_cast<int>(ExitStatus::printFailed);
     } catch (const SettingsError& error) {
         std::cerr << "kelplot: " << error.what() << std::endl;
         return static_cast<int>(ExitStatus::cannotOpen);

@@ -80,6 +80,9 @@ A file is not a drawing or is truncated, or there were warnings under \-\-strict
 .TP
 4
 The output failed.
+.TP
+5
+Printing failed: the printer is not known or refuses jobs, or the job was aborted or cancelled.
 .PP
 With several drawings, the highest status counts.
 )")

@@ -130,6 +130,33 @@ void setLayout(Request& request, const QString& value) {
     request.layout = orRefuseEmpty(value, QStringLiteral("the name of a layout, model or all"));
 }
 
+void setPrinter(Request& request, const QString& value) {
+    request.printer = orRefuseEmpty(value, QStringLiteral("the name of a printer; see --list-printers"));
+}
+
+void setCopies(Request& request, const QString& value) {
+    constexpr int mostCopies = 9999;
+    bool isNumber = false;
+    request.copies = value.toInt(&isNumber);
+    if (!isNumber || request.copies < 1 || request.copies > mostCopies) {
+        refuse(value, QStringLiteral("a number from 1 to 9999"));
+    }
+}
+
+void setSides(Request& request, const QString& value) {
+    constexpr struct {
+        const char* name;
+        Sides sides;
+    } names[] = {{"one", Sides::one}, {"long", Sides::twoLongEdge}, {"short", Sides::twoShortEdge}};
+    for (const auto& known : names) {
+        if (value == QLatin1String(known.name)) {
+            request.sides = known.sides;
+            return;
+        }
+    }
+    refuse(value, QStringLiteral("one, or for both sides of the paper: long or short, the edge to turn it over"));
+}
+
 void setTilePaper(Request& request, const QString& value) {
     request.tilePaper = orRefuseEmpty(value, QStringLiteral("a name or WIDTHxHEIGHT in millimetres"));
 }
@@ -185,6 +212,12 @@ const std::vector<OptionRow> rows = {
     {"t", "target-directory", "DIR",
      "Write the plots to DIR, each with the name of its drawing; it is made if need be. [beside the drawings]",
      setOutputDirectory},
+    {"d", "printer", "PRINTER", "Print the plots instead of writing them to files.", setPrinter},
+    {"n", "copies", "COPIES", "With --printer: how many. [1]", setCopies},
+    {nullptr, "sides", "SIDES", "With --printer: one, or both by the long or short edge. [as the printer is set up]",
+     setSides, Default::inSettings, "one long short"},
+    {nullptr, "no-wait", nullptr, "With --printer: do not wait until the job has left the queue.",
+     choose<&Request::doesNotWait>},
     {nullptr, "force", nullptr, "Replace files too that kelplot did not write.", choose<&Request::replaceAny>},
     {nullptr, "format", "FORMAT", "pdf, png or svg; by default as the ending of -o FILE says, or else pdf.", setFormat,
      Default::inSettings, "pdf png svg"},
@@ -229,6 +262,8 @@ const std::vector<OptionRow> rows = {
     {nullptr, "list-layouts", nullptr, "Print the names of the layouts; plot nothing.", act<Action::listLayouts>},
     {nullptr, "list-papers", nullptr, "Print the papers: name, size and margins in millimetres; plot nothing.",
      act<Action::listPapers>},
+    {nullptr, "list-printers", nullptr, "Print the printers with their state; plot nothing.",
+     act<Action::listPrinters>},
     {nullptr, "json", nullptr, "Print what became of each page as JSON; with --list-papers, the papers.",
      choose<&Request::json>},
     {nullptr, "manual", nullptr, "Print the manual page, for man.", act<Action::showManual>},

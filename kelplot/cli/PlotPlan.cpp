@@ -267,7 +267,15 @@ PlotPlan planFor(const Request& request) {
     plan.excludedLayers = request.excludedLayers;
     plan.strict = request.strict;
     plan.files = plannedFiles(request);
-    checkOutputs(plan.files, request);
+    plan.printer = request.printer;
+    plan.print.copies = request.copies;
+    plan.print.sides = request.sides;
+    plan.waitsForPrinter = !request.doesNotWait;
+    if (plan.printer.isEmpty()) {
+        checkOutputs(plan.files, request);
+    } else if (!isPdf) {
+        throw UsageError(QStringLiteral("--printer: takes PDF only"));
+    }
     plan.madeFolder = request.outputDirectory;
     return plan;
 }

@@ -10,6 +10,7 @@
 #include "page/LayoutPage.h"
 #include "page/Tiling.h"
 #include "plot/entity/PlotStyleOptions.h"
+#include "print/PrintJob.h"
 #include "settings/PaperTable.h"
 
 namespace kelplot {
@@ -24,8 +25,11 @@ struct PlannedFile {
 /// What a request comes to, with papers, pens and file names looked up: all that plotting needs to know.
 struct PlotPlan {
     std::vector<PlannedFile> files; ///< in the order of their drawings
-    QString madeFolder;             ///< that is made if it is not there; empty: none
-    QStringList warnings;           ///< about the papers
+    QString printer;                ///< to which they go instead; empty: they are files
+    PrintOptions print;             ///< without title and paper, which are those of each file
+    bool waitsForPrinter = true;
+    QString madeFolder;   ///< that is made if it is not there; empty: none
+    QStringList warnings; ///< about the papers
     OutputFormat format = OutputFormat::pdf;
     int dotsPerInch = 200;
     PageOptions page;

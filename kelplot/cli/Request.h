@@ -9,6 +9,7 @@
 #include "device/OutputDevice.h"
 #include "page/PageSetup.h"
 #include "plot/text/TextMode.h"
+#include "print/PrintJob.h"
 #include "settings/FontTable.h"
 
 namespace kelplot {
@@ -25,6 +26,7 @@ enum class Action {
     listLayers,
     listLayouts,
     listPapers,
+    listPrinters,
     showHelp,
     showVersion,
     showManual,
@@ -70,7 +72,11 @@ struct Request {
     QString layout;             ///< the name of a layout, "model" or "all"; empty: what the drawing was saved in
     QStringList layers;         ///< patterns; empty: all
     QStringList excludedLayers; ///< patterns
-    bool json = false;          ///< papers, and what became of plots, are printed as JSON
+    QString printer;            ///< empty: plots go to files
+    int copies = 1;
+    Sides sides = Sides::asSetUp;
+    bool doesNotWait = false; ///< until the job has left the queue
+    bool json = false;        ///< papers, and what became of plots, are printed as JSON
     bool forceProgress = false;
     bool quiet = false;
     bool strict = false;

@@ -50,10 +50,10 @@ private:
     sigset_t m_before{};
 };
 
-/// A device or a pipe cannot be replaced by a finished file.
+/// A device, a pipe or a file that somebody has open cannot be replaced by a finished file.
 bool takesBytesOnly(const QString& path) {
     const QFileInfo info(path);
-    return info.exists() && !info.isFile() && !info.isDir();
+    return path.startsWith(QLatin1String("/dev/fd/")) || (info.exists() && !info.isFile() && !info.isDir());
 }
 
 /// Flushes a file's bytes to the disk: some file systems notice only then that they have no room for them.
