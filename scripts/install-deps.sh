@@ -11,7 +11,7 @@ packages=(
     libpolyclipping-dev
     libgtest-dev
     libbenchmark-dev
-    poppler-utils cups-daemon
+    poppler-utils cups-daemon hp2xx
     locales
     fonts-dejavu-core fonts-droid-fallback fonts-liberation2 fonts-osifont
 )

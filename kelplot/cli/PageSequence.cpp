@@ -22,6 +22,18 @@ OutputDevice& PageSequence::begin(const PageLayout& layout, const QString& name)
     return *m_device;
 }
 
+std::map<QString, size_t> PageSequence::takeShortcomings() {
+    const std::map<QString, size_t> all = m_device->shortcomings();
+    std::map<QString, size_t> fresh;
+    for (const auto& [kind, count] : all) {
+        if (count > m_taken[kind]) {
+            fresh[kind] = count - m_taken[kind];
+        }
+    }
+    m_taken = all;
+    return fresh;
+}
+
 void PageSequence::finish() {
     m_device->finish();
 }

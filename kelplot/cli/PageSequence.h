@@ -19,6 +19,9 @@ public:
     /// Begins a page and returns the device to draw it on. Throws `OutputError`.
     OutputDevice& begin(const PageLayout& layout, const QString& name);
 
+    /// What the format could not take as it was drawn since this was asked last, with counts.
+    std::map<QString, size_t> takeShortcomings();
+
     /// Puts the file in its place. Throws `OutputError`.
     void finish();
 
@@ -26,6 +29,7 @@ private:
     const PlannedFile& m_file;
     const PlotPlan& m_plan;
     std::unique_ptr<OutputDevice> m_device; ///< null before the first page
+    std::map<QString, size_t> m_taken;      ///< shortcomings
 };
 
 } // namespace kelplot

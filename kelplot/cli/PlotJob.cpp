@@ -77,6 +77,9 @@ void PlotJob::run(const PlannedFile& file, PageSequence& pages) {
         plotSheet(plot, space, file.inputs.size() > 1 ? ofBook : name, pages);
     }
     tellOfFonts(plot.fonts());
+    if (const QString differing = shortcomings(pages.takeShortcomings()); !differing.isEmpty()) {
+        warn(differing);
+    }
 }
 
 /// Once for each text, however many layouts it is true of.

@@ -151,8 +151,8 @@ std::optional<Tiling> tilingFor(const Request& request, PlotPlan& plan) {
     if (request.tilePaper.isEmpty()) {
         return std::nullopt;
     }
-    if (request.format != OutputFormat::pdf) {
-        throw UsageError(QStringLiteral("--tile: the pages go into one PDF file; give --format pdf"));
+    if (!hasPages(request.format)) {
+        throw UsageError(QStringLiteral("--tile: the pages go into one file; give --format pdf or hpgl"));
     }
     PlotPlan pages;
     usePaper({request.tilePaper, QStringLiteral("--tile")}, pages);
@@ -233,12 +233,12 @@ void checkOutputs(const std::vector<PlannedFile>& files, const Request& request)
 } // namespace
 
 PlotPlan planFor(const Request& request) {
-    const bool isPdf = request.format == OutputFormat::pdf;
-    if (request.layout.compare(allLayouts, Qt::CaseInsensitive) == 0 && !isPdf) {
-        throw UsageError(QStringLiteral("--layout: all layouts go into one PDF file; give --format pdf"));
+    const bool onePage = !hasPages(request.format);
+    if (request.layout.compare(allLayouts, Qt::CaseInsensitive) == 0 && onePage) {
+        throw UsageError(QStringLiteral("--layout: all layouts go into one file; give --format pdf or hpgl"));
     }
-    if (request.inputs.size() > 1 && !request.outputFile.isEmpty() && !isPdf) {
-        throw UsageError(QStringLiteral("--output: takes several drawings as a PDF file only; "
+    if (request.inputs.size() > 1 && !request.outputFile.isEmpty() && onePage) {
+        throw UsageError(QStringLiteral("--output: takes several drawings as pdf or hpgl only; "
                                         "give --target-directory for a file each"));
     }
     PlotPlan plan;
@@ -262,7 +262,9 @@ PlotPlan planFor(const Request& request) {
     choosePens(request, plan);
     plan.style.fonts = request.fonts;
     plan.style.patterns = patternsFor(request);
-    plan.style.texts = plan.format == OutputFormat::png ? TextMode::outlines : request.texts; // an image has no texts
+    plan.style.texts = plan.format == OutputFormat::png || plan.format == OutputFormat::hpgl
+                           ? TextMode::outlines
+                           : request.texts; // an image has no texts
     plan.layers = request.layers;
     plan.excludedLayers = request.excludedLayers;
     plan.strict = request.strict;
@@ -273,7 +275,7 @@ PlotPlan planFor(const Request& request) {
     plan.waitsForPrinter = !request.doesNotWait;
     if (plan.printer.isEmpty()) {
         checkOutputs(plan.files, request);
-    } else if (!isPdf) {
+    } else if (plan.format != OutputFormat::pdf) {
         throw UsageError(QStringLiteral("--printer: takes PDF only"));
     }
     plan.madeFolder = request.outputDirectory;

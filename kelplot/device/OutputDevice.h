@@ -3,6 +3,7 @@
 
 #include <QPainter>
 #include <QStringList>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -36,6 +37,9 @@ public:
     /// @param name  for the document's outline
     virtual void nextPage(const SheetSize& sheet, const QString& name);
 
+    /// What of the plot the format could not take as it was drawn, with counts.
+    virtual std::map<QString, size_t> shortcomings() const { return {}; }
+
     /// Ends the plot and puts the file in its place, or throws `OutputError` and leaves none.
     virtual void finish() = 0;
 
@@ -54,7 +58,10 @@ struct OutputSetup {
     QString pageName = {}; ///< of the first page, for the outline of formats of several
 };
 
-enum class OutputFormat { pdf, png, svg };
+enum class OutputFormat { pdf, png, svg, hpgl };
+
+/// Tells whether a format has several pages in one file.
+bool hasPages(OutputFormat format);
 
 /// The format of a name such as "pdf", in any case.
 std::optional<OutputFormat> formatFromName(const QString& name);
