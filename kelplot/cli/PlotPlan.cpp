@@ -142,6 +142,15 @@ StatedPage statedBy(const Request& request) {
     return {anyOf({"paper"}), anyOf({"margins"}), anyOf({"scale", "fit", "window", "center", "portrait", "landscape"})};
 }
 
+/// Texts of a PDF file can be searched and look the same everywhere; those of an SVG file depend on the viewer's fonts,
+/// and an image has none.
+TextMode textModeFor(const Request& request) {
+    if (request.format == OutputFormat::png) {
+        return TextMode::outlines;
+    }
+    return request.texts.value_or(request.format == OutputFormat::pdf ? TextMode::fonts : TextMode::outlines);
+}
+
 QString outputPath(const QString& input, const Request& request) {
     if (!request.outputFile.isEmpty()) {
         return request.outputFile;
@@ -203,7 +212,7 @@ PlotPlan planFor(const Request& request) {
     choosePens(request, plan);
     plan.style.fonts = request.fonts;
     plan.style.patterns = patternsFor(request);
-    plan.style.texts = plan.format == OutputFormat::png ? TextMode::outlines : request.texts; // an image has no texts
+    plan.style.texts = textModeFor(request);
     plan.layers = request.layers;
     plan.excludedLayers = request.excludedLayers;
     plan.strict = request.strict;

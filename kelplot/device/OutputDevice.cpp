@@ -3,9 +3,9 @@
 
 #include <QStringList>
 
-#include "device/PdfDevice.h"
 #include "device/PngDevice.h"
 #include "device/SvgDevice.h"
+#include "device/pdf/PdfDevice.h"
 
 namespace kelplot {
 namespace {
