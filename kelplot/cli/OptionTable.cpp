@@ -237,7 +237,7 @@ const std::vector<OptionRow> rows = {
      setPlotStyle},
     {nullptr, "patterns", "FILE", "Take the lines of hatch patterns that a drawing only names from FILE.", setPatterns},
     {nullptr, "lineweight-scale", "FACTOR", "Multiply all line weights. [1]", setWeightScale, Default::inSettings},
-    {nullptr, "text", "MODE", "outlines, or fonts for texts that can be searched in PDF and SVG files. [outlines]",
+    {nullptr, "text", "MODE", "fonts, for texts that can be searched, or outlines. [fonts in PDF files, else outlines]",
      setTexts, Default::inSettings, "outlines fonts"},
     {nullptr, "layout", "NAME", "Plot a layout, model or all. [as the drawing was saved]", setLayout, Default::none,
      "model all"},

@@ -146,6 +146,15 @@ StatedPage statedBy(const Request& request) {
     return {anyOf({"paper"}), anyOf({"margins"}), anyOf({"scale", "fit", "window", "center", "portrait", "landscape"})};
 }
 
+/// Texts of a PDF file can be searched and look the same everywhere; those of an SVG file depend on the viewer's fonts,
+/// and images and plotters have none.
+TextMode textModeFor(const Request& request) {
+    if (request.format == OutputFormat::png || request.format == OutputFormat::hpgl) {
+        return TextMode::outlines;
+    }
+    return request.texts.value_or(request.format == OutputFormat::pdf ? TextMode::fonts : TextMode::outlines);
+}
+
 /// How the sheets are spread over pages; the margins of a paper that is named count, and those that are stated do not.
 std::optional<Tiling> tilingFor(const Request& request, PlotPlan& plan) {
     if (request.tilePaper.isEmpty()) {
@@ -262,9 +271,7 @@ PlotPlan planFor(const Request& request) {
     choosePens(request, plan);
     plan.style.fonts = request.fonts;
     plan.style.patterns = patternsFor(request);
-    plan.style.texts = plan.format == OutputFormat::png || plan.format == OutputFormat::hpgl
-                           ? TextMode::outlines
-                           : request.texts; // an image has no texts
+    plan.style.texts = textModeFor(request);
     plan.layers = request.layers;
     plan.excludedLayers = request.excludedLayers;
     plan.strict = request.strict;

@@ -67,7 +67,7 @@ struct Request {
     bool monochrome = false;
     std::optional<double> millimetresPerUnit; ///< none: as the drawing says
     double lineWeightScale = 1.0;
-    TextMode texts = TextMode::outlines;
+    std::optional<TextMode> texts; ///< none: as suits the format
     FontTable fonts;
     QString layout;             ///< the name of a layout, "model" or "all"; empty: what the drawing was saved in
     QStringList layers;         ///< patterns; empty: all

@@ -8,6 +8,7 @@
 #include <functional>
 #include <utility>
 
+#include "device/DeviceText.h"
 #include "geometry/Affine2.h"
 #include "geometry/Vec.h"
 
@@ -22,10 +23,12 @@ class DirectPainter {
 public:
     /// Hears whether the painter has a clip besides that of the page.
     using ClipListener = std::function<void(bool isCut)>;
+    /// Draws a text by the device's own means, or answers false.
+    using TextDrawer = std::function<bool(const DeviceText& text)>;
 
     /// @param painter  borrowed; has no world transform except during the calls below
-    explicit DirectPainter(QPainter& painter, ClipListener listener = {})
-        : m_painter(painter), m_listener(std::move(listener)) {}
+    explicit DirectPainter(QPainter& painter, ClipListener listener = {}, TextDrawer textDrawer = {})
+        : m_painter(painter), m_listener(std::move(listener)), m_textDrawer(std::move(textDrawer)) {}
 
     /// Tells the device that the painter's clip has changed.
     void tellClip(bool isCut) const {
@@ -56,6 +59,7 @@ public:
 private:
     QPainter& m_painter;
     ClipListener m_listener;
+    TextDrawer m_textDrawer;
 };
 
 } // namespace kelplot

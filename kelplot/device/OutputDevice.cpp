@@ -3,10 +3,10 @@
 
 #include <QStringList>
 
-#include "device/PdfDevice.h"
 #include "device/PngDevice.h"
 #include "device/SvgDevice.h"
 #include "device/hpgl/HpglDevice.h"
+#include "device/pdf/PdfDevice.h"
 
 namespace kelplot {
 namespace {

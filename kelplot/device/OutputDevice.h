@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 
+#include "device/DeviceText.h"
 #include "device/OutputFile.h"
 #include "page/PageSetup.h"
 
@@ -31,6 +32,14 @@ public:
     ///
     /// @param isCut  false: to the part of the page that shows, as it was at first
     virtual void clipChanged(bool isCut) { static_cast<void>(isCut); }
+
+    /// Draws a text as characters of its font, where the painter would make other texts of it.
+    ///
+    /// @return false: this device leaves it to the painter
+    virtual bool drawText(const DeviceText& text) {
+        static_cast<void>(text);
+        return false;
+    }
 
     /// Begins a further page. Throws `OutputError` for formats of one page.
     ///
