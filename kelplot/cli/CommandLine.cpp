@@ -12,9 +12,14 @@ namespace kelplot {
 namespace {
 
 constexpr const char* exclusivePairs[][2] = {
-    {"portrait", "landscape"},      {"fit", "scale"},
-    {"output", "target-directory"}, {"progress", "quiet"},
-    {"save-paper", "list-papers"},  {"save-paper", "list-layers"},
+    {"portrait", "landscape"},
+    {"fit", "scale"},
+    {"output", "target-directory"},
+    {"progress", "quiet"},
+    {"dpi", "width"},
+    {"grey", "bilevel"},
+    {"save-paper", "list-papers"},
+    {"save-paper", "list-layers"},
     {"save-paper", "list-layouts"},
 };
 

@@ -77,6 +77,8 @@ void PlotJob::run(const QString& output) {
                                     QFileInfo(m_input).completeBaseName(),
                                     layout.sheet,
                                     m_plan.dotsPerInch,
+                                    m_plan.pixelWidth,
+                                    m_plan.pixels,
                                     layout.visiblePart(),
                                     namesOf(spaces)};
             device = createOutputDevice(m_plan.format, setup);
@@ -162,10 +164,15 @@ PageLayout PlotJob::layOut(const DrawingPlot& plot, const Space& space) {
 }
 
 void PlotJob::draw(const DrawingPlot& plot, const Space& space, const PageLayout& layout, OutputDevice& device) {
-    RenderSession session(device);
-    const PlotTarget target = plotTargetFor(layout, device.grid());
-    const PlotReport report = plot.draw(space.entities, target, session.surface(),
-                                        [&](double fraction) { m_console.showProgress(0.5 + fraction / 2.0); });
+    PlotTarget target = plotTargetFor(layout, device.grid());
+    PlotReport report;
+    const int parts = device.partCount();
+    for (int part = 0; part < parts; ++part) {
+        target.part = device.beginPart(part);
+        RenderSession session(device);
+        report.add(plot.draw(space.entities, target, session.surface(),
+                             [&](double fraction) { m_console.showProgress(0.5 + (part + fraction) / parts / 2.0); }));
+    }
     warn(missingParts(m_drawing, report));
 }
 

@@ -176,16 +176,27 @@ QStringList outputPaths(const Request& request) {
     return paths;
 }
 
+void refuseImageOptions(const Request& request) {
+    for (const char* const name : {"grey", "bilevel", "width"}) {
+        if (request.format != OutputFormat::png && request.given.contains(QLatin1String(name))) {
+            throw UsageError(QStringLiteral("--%1: is for images; give --format png").arg(QLatin1String(name)));
+        }
+    }
+}
+
 } // namespace
 
 PlotPlan planFor(const Request& request) {
     if (request.layout.compare(allLayouts, Qt::CaseInsensitive) == 0 && request.format != OutputFormat::pdf) {
         throw UsageError(QStringLiteral("--layout: all layouts go into one PDF file; give --format pdf"));
     }
+    refuseImageOptions(request);
     PlotPlan plan;
     plan.inputs = request.inputs;
     plan.format = request.format;
     plan.dotsPerInch = request.dotsPerInch;
+    plan.pixelWidth = request.pixelWidth;
+    plan.pixels = request.pixels;
     plan.page.orientation = request.orientation;
     plan.page.scale = request.scale;
     plan.page.centred = request.centred;

@@ -19,6 +19,8 @@ struct PlotPlan {
     QStringList warnings; ///< about the papers
     OutputFormat format = OutputFormat::pdf;
     int dotsPerInch = 200;
+    int pixelWidth = 0; ///< as in the request
+    PixelKind pixels = PixelKind::colour;
     PageOptions page;
     StatedPage statedPage;
     QString layout;                           ///< as in the request

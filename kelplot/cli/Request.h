@@ -37,6 +37,8 @@ struct Request {
     QString outputDirectory; ///< empty: the current one
     OutputFormat format = OutputFormat::pdf;
     int dotsPerInch = 200;
+    int pixelWidth = 0; ///< of an image; 0: as the dots per inch say
+    PixelKind pixels = PixelKind::colour;
     AskedPaper paper;
     std::optional<Margins> margins; ///< none: those of the paper
     QString marginsOrigin;          ///< where they were asked for, for messages

@@ -4,8 +4,8 @@
 #include <QStringList>
 
 #include "device/PdfDevice.h"
-#include "device/PngDevice.h"
 #include "device/SvgDevice.h"
+#include "device/png/PngDevice.h"
 
 namespace kelplot {
 namespace {
