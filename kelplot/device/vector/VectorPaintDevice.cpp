@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "device/vector/VectorPaintDevice.h"
+
+#include <cmath>
+#include <limits>
+
+namespace kelplot {
+
+int VectorPaintDevice::metric(PaintDeviceMetric metric) const {
+    constexpr double millimetresPerInch = 25.4;
+    const auto millimetres = [&](int units) {
+        return static_cast<int>(std::lround(units * millimetresPerInch / m_unitsPerInch));
+    };
+    switch (metric) {
+    case PdmWidth:
+        return m_size.width();
+    case PdmHeight:
+        return m_size.height();
+    case PdmWidthMM:
+        return millimetres(m_size.width());
+    case PdmHeightMM:
+        return millimetres(m_size.height());
+    case PdmDpiX:
+    case PdmDpiY:
+    case PdmPhysicalDpiX:
+    case PdmPhysicalDpiY:
+        return m_unitsPerInch;
+    case PdmNumColors:
+        return std::numeric_limits<int>::max();
+    case PdmDepth:
+        return 32;
+    default:
+        return QPaintDevice::metric(metric);
+    }
+}
+
+} // namespace kelplot
