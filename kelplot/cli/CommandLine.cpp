@@ -12,10 +12,16 @@ namespace kelplot {
 namespace {
 
 constexpr const char* exclusivePairs[][2] = {
-    {"portrait", "landscape"},       {"fit", "scale"},
-    {"output", "target-directory"},  {"progress", "quiet"},
-    {"save-paper", "list-papers"},   {"save-paper", "list-layers"},
-    {"save-paper", "list-layouts"},  {"printer", "output"},
+    {"portrait", "landscape"},
+    {"fit", "scale"},
+    {"output", "target-directory"},
+    {"progress", "quiet"},
+    {"dpi", "width"},
+    {"grey", "bilevel"},
+    {"save-paper", "list-papers"},
+    {"save-paper", "list-layers"},
+    {"save-paper", "list-layouts"},
+    {"printer", "output"},
     {"printer", "target-directory"},
 };
 

@@ -9,6 +9,7 @@ namespace {
 
 constexpr int smallestDpi = 10;
 constexpr int largestDpi = 2400;
+constexpr int largestPixelWidth = 1000000;
 constexpr double largestWeightScale = 100.0;
 
 [[noreturn]] void refuse(const QString& value, const QString& allowed) {
@@ -116,6 +117,20 @@ void setDpi(Request& request, const QString& value) {
         refuse(value, QStringLiteral("a whole number from %1 to %2").arg(smallestDpi).arg(largestDpi));
     }
     request.dotsPerInch = dpi;
+}
+
+void setPixelWidth(Request& request, const QString& value) {
+    bool isNumber = false;
+    const int width = value.toInt(&isNumber);
+    if (!isNumber || width < 1 || width > largestPixelWidth) {
+        refuse(value, QStringLiteral("a whole number from 1 to %1").arg(largestPixelWidth));
+    }
+    request.pixelWidth = width;
+}
+
+template <PixelKind kind>
+void usePixels(Request& request, const QString& /*value*/) {
+    request.pixels = kind;
 }
 
 QStringList layerPatterns(const QString& value) {
@@ -244,6 +259,11 @@ const std::vector<OptionRow> rows = {
     {nullptr, "layers", "LIST", "Plot only these layers: names separated by commas, * for any text.", addLayers},
     {nullptr, "exclude-layers", "LIST", "Leave these layers out.", addExcludedLayers},
     {nullptr, "dpi", "N", "Dots per inch of a PNG image. [200]", setDpi, Default::inSettings},
+    {nullptr, "width", "PIXELS", "Width of a PNG image, in place of --dpi.", setPixelWidth},
+    {nullptr, "grey", nullptr, "A PNG image in shades of grey.", usePixels<PixelKind::grey>},
+    {nullptr, "bilevel", nullptr,
+     "A PNG image in black and white alone: lines without smoothing, colours as patterns of dots.",
+     usePixels<PixelKind::bilevel>},
     {nullptr, "portrait", nullptr, "Upright paper; by default as suits the drawing.", turnPaper<Orientation::portrait>},
     {nullptr, "landscape", nullptr, "Paper on its side; by default as suits the drawing.",
      turnPaper<Orientation::landscape>},

@@ -44,8 +44,8 @@ private:
     void plotSheet(const DrawingPlot& plot, const Space& space, const QString& name, PageSequence& pages);
     void plotTiles(const DrawingPlot& plot, const Space& space, const QString& name, const PageLayout& sheet,
                    PageSequence& pages, PageRecord record);
-    void draw(const DrawingPlot& plot, const Space& space, const PageLayout& layout, RenderSession& session,
-              const DeviceGrid& grid, PageRecord& page);
+    void draw(const DrawingPlot& plot, const Space& space, const PageLayout& layout, OutputDevice& device,
+              PageRecord& page);
 
     QString m_input;
     const PlotPlan& m_plan;
@@ -174,9 +174,7 @@ void PlotJob::plotSheet(const DrawingPlot& plot, const Space& space, const QStri
         plotTiles(plot, space, name, layout, pages, record);
         return;
     }
-    OutputDevice& device = pages.begin(layout, name);
-    RenderSession session(device);
-    draw(plot, space, layout, session, device.grid(), record);
+    draw(plot, space, layout, pages.begin(layout, name), record);
     m_record.pages.push_back(record);
 }
 
@@ -190,8 +188,8 @@ void PlotJob::plotTiles(const DrawingPlot& plot, const Space& space, const QStri
     for (const Tile& tile : tiles) {
         const QString place = QStringLiteral("%1 (%2, %3)").arg(name).arg(tile.row + 1).arg(tile.column + 1);
         OutputDevice& device = pages.begin(tile.page, tiles.size() > 1 ? place : name);
+        draw(plot, space, tile.page, device, record);
         RenderSession session(device);
-        draw(plot, space, tile.page, session, device.grid(), record);
         drawTileMarks(tile, titleOf(m_input).toStdWString(), device.grid(), session.surface().renderer);
         record.tile = {tile.row + 1, tile.column + 1};
         record.sheet = tile.page.sheet;
@@ -200,11 +198,18 @@ void PlotJob::plotTiles(const DrawingPlot& plot, const Space& space, const QStri
     m_share *= static_cast<double>(tiles.size());
 }
 
-void PlotJob::draw(const DrawingPlot& plot, const Space& space, const PageLayout& layout, RenderSession& session,
-                   const DeviceGrid& grid, PageRecord& page) {
-    const PlotTarget target = plotTargetFor(layout, grid);
-    const PlotReport report = plot.draw(space.entities, target, session.surface(),
-                                        [&](double fraction) { m_console.showProgress(m_done + m_share * fraction); });
+void PlotJob::draw(const DrawingPlot& plot, const Space& space, const PageLayout& layout, OutputDevice& device,
+                   PageRecord& page) {
+    PlotTarget target = plotTargetFor(layout, device.grid());
+    PlotReport report;
+    const int parts = device.partCount();
+    for (int part = 0; part < parts; ++part) {
+        target.part = device.beginPart(part);
+        RenderSession session(device);
+        report.add(plot.draw(space.entities, target, session.surface(), [&](double fraction) {
+            m_console.showProgress(m_done + m_share * (part + fraction) / parts);
+        }));
+    }
     m_done += m_share;
     page.viewports = report.viewports;
     warn(missingParts(m_drawing, report));

@@ -130,8 +130,8 @@ QStringList missingParts(const Drawing& drawing, const PlotReport& report) {
         messages << counted(report.missingPictures.size(), "picture", "pictures") + QStringLiteral(" left out: ") +
                         pictureNames(drawing, report.missingPictures);
     }
-    if (report.tintedHatches > 0) {
-        messages << counted(report.tintedHatches, "hatch has", "hatches have") +
+    if (!report.tintedHatches.empty()) {
+        messages << counted(report.tintedHatches.size(), "hatch has", "hatches have") +
                         QStringLiteral(" too many lines; a tint stands for them");
     }
     if (report.lostLineTypeTexts) {

@@ -239,6 +239,14 @@ void checkOutputs(const std::vector<PlannedFile>& files, const Request& request)
     }
 }
 
+void refuseImageOptions(const Request& request) {
+    for (const char* const name : {"grey", "bilevel", "width"}) {
+        if (request.format != OutputFormat::png && request.given.contains(QLatin1String(name))) {
+            throw UsageError(QStringLiteral("--%1: is for images; give --format png").arg(QLatin1String(name)));
+        }
+    }
+}
+
 } // namespace
 
 PlotPlan planFor(const Request& request) {
@@ -250,9 +258,12 @@ PlotPlan planFor(const Request& request) {
         throw UsageError(QStringLiteral("--output: takes several drawings as pdf or hpgl only; "
                                         "give --target-directory for a file each"));
     }
+    refuseImageOptions(request);
     PlotPlan plan;
     plan.format = request.format;
     plan.dotsPerInch = request.dotsPerInch;
+    plan.pixelWidth = request.pixelWidth;
+    plan.pixels = request.pixels;
     plan.page.orientation = request.orientation;
     plan.page.scale = request.scale;
     plan.page.centred = request.centred;

@@ -32,6 +32,8 @@ struct PlotPlan {
     QStringList warnings; ///< about the papers
     OutputFormat format = OutputFormat::pdf;
     int dotsPerInch = 200;
+    int pixelWidth = 0; ///< as in the request
+    PixelKind pixels = PixelKind::colour;
     PageOptions page;
     StatedPage statedPage;
     std::optional<Tiling> tiling;             ///< none: the sheets are plotted whole

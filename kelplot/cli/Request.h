@@ -51,6 +51,8 @@ struct Request {
     bool replaceAny = false; ///< files too that kelplot did not write
     OutputFormat format = OutputFormat::pdf;
     int dotsPerInch = 200;
+    int pixelWidth = 0; ///< of an image; 0: as the dots per inch say
+    PixelKind pixels = PixelKind::colour;
     AskedPaper paper;
     std::optional<Margins> margins; ///< none: those of the paper
     QString marginsOrigin;          ///< where they were asked for, for messages

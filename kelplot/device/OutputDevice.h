@@ -33,6 +33,17 @@ public:
     /// @param isCut  false: to the part of the page that shows, as it was at first
     virtual void clipChanged(bool isCut) { static_cast<void>(isCut); }
 
+    /// How often the plot of a page is to be drawn: a device that does not hold a large page whole takes it in parts.
+    virtual int partCount() const { return 1; }
+
+    /// Makes the painter ready for a part, in the order of their numbers.
+    ///
+    /// @return the part in the painter's units: what does not reach it need not be drawn; nothing: all of the page
+    virtual std::optional<Box2> beginPart(int index) {
+        static_cast<void>(index);
+        return std::nullopt;
+    }
+
     /// Draws a text as characters of its font, where the painter would make other texts of it.
     ///
     /// @return false: this device leaves it to the painter
@@ -56,12 +67,17 @@ protected:
     OutputDevice() = default;
 };
 
+/// What the pixels of an image tell apart.
+enum class PixelKind { colour, grey, bilevel };
+
 /// What a device is to make.
 struct OutputSetup {
     QString path;
-    QString title;   ///< for formats that carry one
-    SheetSize sheet; ///< as the sheet lies before the drawing
-    int dotsPerInch = 200;
+    QString title;         ///< for formats that carry one
+    SheetSize sheet;       ///< as the sheet lies before the drawing
+    int dotsPerInch = 200; ///< of an image
+    int pixelWidth = 0;    ///< of an image, in place of the dots per inch; 0: as these say
+    PixelKind pixels = PixelKind::colour;
     /// Millimetres from the sheet's upper left corner: the part that shows, for formats whose painter knows no clip.
     std::optional<Box2> visible = std::nullopt;
     QString pageName = {}; ///< of the first page, for the outline of formats of several

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "geometry/Affine2.h"
@@ -17,9 +18,12 @@ struct PlotTarget {
     double thinnestDashed = 0.0;  ///< device units; thinner lines would not get their dashes right
     Box2 pageBox;                 ///< the page in device units
     std::vector<Box2> limits;     ///< device units; only what lies in all of them shows
+    std::optional<Box2> part;     ///< device units; what lies off it may be passed over; none: nothing
 
     /// The part of the page that shows, as a box; empty when nothing does.
     Box2 visibleBox() const;
+    /// What of that is to be drawn.
+    Box2 drawnBox() const { return part ? visibleBox().intersected(*part) : visibleBox(); }
 };
 
 } // namespace kelplot

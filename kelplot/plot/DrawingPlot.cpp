@@ -128,7 +128,11 @@ public:
             drawModel(std::get<Viewport>(entity.geometry), map);
         }
         const PlacedEntity place{entity, style, map};
+        const size_t tintedBefore = m_tools.tintedHatches;
         std::visit([&](const auto& geometry) { draw(geometry, place, m_tools); }, entity.geometry);
+        if (m_tools.tintedHatches != tintedBefore) {
+            report.tintedHatches.insert(&entity);
+        }
         drawLineTypeTexts(m_tools);
     }
 
@@ -152,12 +156,11 @@ public:
         WalkRules rules;
         rules.visitsSpent = visitsSpent;
         rules.layers = std::move(layers);
-        rules.visible = VisiblePart{m_tools.target.visibleBox(),
+        rules.visible = VisiblePart{m_tools.target.drawnBox(),
                                     [this](const auto& entity, const auto& style, const auto& entityMap) {
                                         return inkBox(entity, style, entityMap);
                                     }};
         report.add(EntityWalk(m_tools.drawing, std::move(rules), *this).run(entities, map, progress));
-        report.tintedHatches += m_tools.tintedHatches;
         report.lostLineTypeTexts = report.lostLineTypeTexts || m_tools.canvas.budget().lostTexts;
     }
 
@@ -214,7 +217,8 @@ private:
 
 void PlotReport::add(const PlotReport& other) {
     WalkReport::add(other);
-    tintedHatches += other.tintedHatches;
+    tintedHatches.insert(other.tintedHatches.begin(), other.tintedHatches.end());
+    missingPictures.insert(other.missingPictures.begin(), other.missingPictures.end());
     viewports += other.viewports;
     lostLineTypeTexts = lostLineTypeTexts || other.lostLineTypeTexts;
     tooManyViewports = tooManyViewports || other.tooManyViewports;

@@ -28,12 +28,12 @@ struct ExtentsReport : WalkReport {
 /// What a plot leaves out besides.
 struct PlotReport : WalkReport {
     PictureFaults missingPictures;
-    size_t tintedHatches = 0; ///< that would take too many lines and are filled with a tint
-    size_t viewports = 0;     ///< through which the model was drawn
+    std::set<const Entity*> tintedHatches; ///< that would take too many lines and are filled with a tint
+    size_t viewports = 0;                  ///< through which the model was drawn
     bool lostLineTypeTexts = false;
     bool tooManyViewports = false;
 
-    /// Adds what a viewport leaves out.
+    /// Adds what a viewport leaves out, or another part of the page.
     void add(const PlotReport& other);
     using WalkReport::add;
 };

@@ -69,7 +69,7 @@ std::optional<Box2> Canvas::finiteBoxOf(const std::vector<Vec2>& points) {
 }
 
 Canvas::Canvas(HT_Renderer& renderer, const PlotTarget& target, PenControl& pens)
-    : m_renderer(renderer), m_pens(pens), m_visible(target.visibleBox()),
+    : m_renderer(renderer), m_pens(pens), m_visible(target.visibleBox()), m_drawn(target.drawnBox()),
       m_areas(areaBoxFor(target, m_visible)), m_flattening{target.flatteningError, surroundingsOf(m_visible)},
       m_dashedFlattening{target.flatteningError, dashedSurroundingsOf(target)}, m_cutter(m_visible) {
 }

@@ -57,7 +57,7 @@ public:
     /// How curves become polylines for the pen in force: where that draws dashes, lengths count far beyond the page.
     const Flattening& flattening() const { return m_pens.isDashed() ? m_dashedFlattening : m_flattening; }
     /// Tells whether anything in `box` may show, lines in it being `width` wide.
-    bool mayShow(const Box2& box, double width) const { return box.inflated(width).intersects(m_visible); }
+    bool mayShow(const Box2& box, double width) const { return box.inflated(width).intersects(m_drawn); }
 
     /// The places of texts on the lines that were drawn since this was asked last.
     std::vector<LineTypeMark> takeMarks() { return std::exchange(m_marks, {}); }
@@ -83,6 +83,7 @@ private:
     HT_Renderer& m_renderer;
     PenControl& m_pens;
     Box2 m_visible;
+    Box2 m_drawn;            ///< the part of that which is to be drawn; the rest is passed over
     Box2 m_areas;            ///< what areas are cut to
     Flattening m_flattening; ///< its box of interest is the visible part of the page with a margin all round
     Flattening m_dashedFlattening;

@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "device/png/TileEngine.h"
+
+#include <QPolygonF>
+#include <cmath>
+
+namespace kelplot {
+namespace {
+
+constexpr double millimetresPerInch = 25.4;
+
+/// The extent of points in the device's coordinates.
+QRectF boxOf(const QPointF* points, int count, const QTransform& map) {
+    double left = HUGE_VAL, top = HUGE_VAL, right = -HUGE_VAL, bottom = -HUGE_VAL;
+    for (int i = 0; i < count; ++i) {
+        const QPointF point = map.map(points[i]);
+        left = std::min(left, point.x());
+        right = std::max(right, point.x());
+        top = std::min(top, point.y());
+        bottom = std::max(bottom, point.y());
+    }
+    return {QPointF(left, top), QPointF(right, bottom)};
+}
+
+/// The path of a polyline. One that ends at its start gets ends there and no corner, as the painter draws it: by less
+/// than can be seen it stays open.
+QPainterPath pathOf(const QPointF* points, int count) {
+    constexpr double opening = 1.0 / 1024.0;
+    QPainterPath path(points[0]);
+    for (int i = 1; i < count; ++i) {
+        path.lineTo(points[i]);
+    }
+    if (points[0] == points[count - 1]) {
+        path.lineTo(points[0] + QPointF(opening, 0.0));
+    }
+    return path;
+}
+
+/// A pen for lines that meet at the edges of tiles. Lines up to a pixel wide are drawn by a shortcut that begins anew
+/// where the tile begins, which moves them by up to half a pixel.
+QPen joiningPen(QPen pen, const QTransform& toPixels) {
+    constexpr double justWider = 1.001; // pixels
+    const double scale = std::sqrt(std::abs(toPixels.determinant()));
+    if (pen.style() == Qt::SolidLine && !pen.isCosmetic() && scale > 0.0) {
+        pen.setWidthF(std::max(pen.widthF(), justWider / scale));
+    }
+    return pen;
+}
+
+} // namespace
+
+TileEngine::TileEngine() : QPaintEngine(AllFeatures), m_stroke(QPen(), QTransform()) {
+}
+
+void TileEngine::setTile(QImage& pixels, const QRect& place, bool isPart) {
+    m_pixels = &pixels;
+    m_place = place;
+    m_isPart = isPart;
+}
+
+bool TileEngine::begin(QPaintDevice* /*device*/) {
+    return m_pixels != nullptr && m_painter.begin(m_pixels);
+}
+
+void TileEngine::updateState(const QPaintEngineState& now) {
+    const DirtyFlags changes = now.state();
+    if (changes & DirtyTransform) {
+        m_toTile = now.transform() * QTransform::fromTranslate(-m_place.x(), -m_place.y());
+        m_painter.setTransform(m_toTile);
+    }
+    if (changes & (DirtyPen | DirtyTransform)) {
+        const QPen pen = m_isPart ? joiningPen(now.pen(), m_toTile) : now.pen();
+        m_painter.setPen(pen);
+        m_stroke = LongStroke(pen, m_toTile);
+    }
+    if (changes & DirtyBrush) {
+        m_painter.setBrush(now.brush());
+    }
+    if (changes & DirtyBrushOrigin) {
+        m_painter.setBrushOrigin(now.brushOrigin());
+    }
+    if (changes & DirtyBackground) {
+        m_painter.setBackground(now.backgroundBrush());
+    }
+    if (changes & DirtyBackgroundMode) {
+        m_painter.setBackgroundMode(now.backgroundMode());
+    }
+    if (changes & DirtyCompositionMode) {
+        m_painter.setCompositionMode(now.compositionMode());
+    }
+    if (changes & DirtyOpacity) {
+        m_painter.setOpacity(now.opacity());
+    }
+    if (changes & DirtyHints) {
+        m_painter.setRenderHints(m_painter.renderHints(), false);
+        m_painter.setRenderHints(now.renderHints());
+        m_painter.setRenderHint(QPainter::Antialiasing, m_smooth && (now.renderHints() & QPainter::Antialiasing));
+    }
+    updateClip(now);
+}
+
+void TileEngine::updateClip(const QPaintEngineState& now) {
+    const DirtyFlags changes = now.state();
+    if (changes & DirtyClipPath) {
+        m_painter.setClipPath(now.clipPath(), now.clipOperation());
+    }
+    if (changes & DirtyClipRegion) {
+        m_painter.setClipRegion(now.clipRegion(), now.clipOperation());
+    }
+    if (changes & DirtyClipEnabled) {
+        m_painter.setClipping(now.isClipEnabled());
+    }
+}
+
+/// Tells whether shapes with this extent in the tile's pixels reach it, with the lines around them.
+bool TileEngine::touchesTile(const QRectF& box) const {
+    const double reach = m_stroke.reach();
+    return box.right() + reach >= 0.0 && box.bottom() + reach >= 0.0 && box.left() - reach <= m_place.width() &&
+           box.top() - reach <= m_place.height();
+}
+
+bool TileEngine::cutsLines(const QRectF& box) const {
+    return LongStroke::isLong(box) && m_stroke.applies() && m_painter.testRenderHint(QPainter::Antialiasing);
+}
+
+void TileEngine::drawCut(const QPainterPath& lines) {
+    m_painter.resetTransform();
+    m_stroke.draw(lines, QRect(QPoint(0, 0), m_place.size()), m_painter);
+    m_painter.setTransform(m_toTile);
+}
+
+void TileEngine::drawRects(const QRectF* rects, int count) {
+    m_painter.drawRects(rects, count);
+}
+
+void TileEngine::drawLines(const QLineF* lines, int count) {
+    for (int i = 0; i < count; ++i) {
+        const QPointF ends[] = {lines[i].p1(), lines[i].p2()};
+        const QRectF box = boxOf(ends, 2, m_toTile);
+        if (touchesTile(box) && cutsLines(box)) {
+            drawCut(pathOf(ends, 2));
+        } else if (touchesTile(box)) {
+            m_painter.drawLine(lines[i]);
+        }
+    }
+}
+
+void TileEngine::drawEllipse(const QRectF& rect) {
+    QPainterPath ellipse;
+    ellipse.addEllipse(rect);
+    if (m_painter.brush() == Qt::NoBrush) {
+        drawPath(ellipse);
+    } else {
+        m_painter.drawEllipse(rect);
+    }
+}
+
+void TileEngine::drawPath(const QPainterPath& path) {
+    const QRectF box = m_toTile.mapRect(path.controlPointRect());
+    if (!touchesTile(box)) {
+        return;
+    }
+    if (!cutsLines(box)) {
+        m_painter.drawPath(path);
+        return;
+    }
+    if (m_painter.brush() != Qt::NoBrush) {
+        m_painter.fillPath(path, m_painter.brush());
+    }
+    drawCut(path);
+}
+
+void TileEngine::drawPoints(const QPointF* points, int count) {
+    m_painter.drawPoints(points, count);
+}
+
+void TileEngine::drawPolygon(const QPointF* points, int count, PolygonDrawMode mode) {
+    const QRectF box = boxOf(points, count, m_toTile);
+    if (!touchesTile(box)) {
+        return;
+    }
+    switch (mode) {
+    case PolylineMode:
+        if (cutsLines(box)) {
+            drawCut(pathOf(points, count));
+        } else {
+            m_painter.drawPolyline(points, count);
+        }
+        break;
+    case ConvexMode:
+        m_painter.drawConvexPolygon(points, count);
+        break;
+    case OddEvenMode:
+    case WindingMode:
+        m_painter.drawPolygon(points, count, mode == OddEvenMode ? Qt::OddEvenFill : Qt::WindingFill);
+        break;
+    }
+}
+
+void TileEngine::drawPixmap(const QRectF& target, const QPixmap& pixmap, const QRectF& source) {
+    m_painter.drawPixmap(target, pixmap, source);
+}
+
+void TileEngine::drawImage(const QRectF& target, const QImage& image, const QRectF& source,
+                           Qt::ImageConversionFlags flags) {
+    if (touchesTile(m_toTile.mapRect(target.normalized()))) {
+        m_painter.drawImage(target, image, source, flags);
+    }
+}
+
+void TileEngine::drawTiledPixmap(const QRectF& target, const QPixmap& pixmap, const QPointF& offset) {
+    m_painter.drawTiledPixmap(target, pixmap, offset);
+}
+
+int TileDevice::metric(PaintDeviceMetric metric) const {
+    const auto millimetres = [&](int pixels) {
+        return static_cast<int>(std::lround(pixels / m_dotsPerInch * millimetresPerInch));
+    };
+    switch (metric) {
+    case PdmWidth:
+        return m_page.width();
+    case PdmHeight:
+        return m_page.height();
+    case PdmWidthMM:
+        return millimetres(m_page.width());
+    case PdmHeightMM:
+        return millimetres(m_page.height());
+    case PdmDpiX:
+    case PdmDpiY:
+    case PdmPhysicalDpiX:
+    case PdmPhysicalDpiY:
+        return static_cast<int>(std::lround(m_dotsPerInch));
+    case PdmNumColors:
+        return 1 << 24;
+    case PdmDepth:
+        return 32;
+    case PdmDevicePixelRatio:
+        return 1;
+    case PdmDevicePixelRatioScaled:
+        return static_cast<int>(devicePixelRatioFScale());
+    }
+    return 0;
+}
+
+} // namespace kelplot
