@@ -11,11 +11,10 @@ namespace KelDriver::Internal {
 
 namespace {
 
-/// Letters that are set one after the other, in the order in which they are written.
-bool isPlain(QChar character) {
-    constexpr ushort softHyphen = 0xAD;
-    const ushort code = character.unicode();
-    return (code >= 0x20 && code < 0x7F) || (code > 0xA0 && code <= 0xFF && code != softHyphen);
+/// Whether a character has a shape of its own, in whatever script; others change how a text is set.
+bool hasShape(QChar character) {
+    return character == QLatin1Char(' ') || character.isLetterOrNumber() || character.isMark() || character.isPunct() ||
+           character.isSymbol();
 }
 
 /// Fonts give the points of an outline in sixty-fourths of a pixel.
@@ -38,7 +37,7 @@ QPointF controlOf(QPointF start, QPointF firstControl) {
 
 QPainterPath LetterOutlines::join(const QString& text, const QFont& font) {
     QPainterPath path;
-    if (!std::all_of(text.begin(), text.end(), isPlain)) {
+    if (!std::all_of(text.begin(), text.end(), hasShape)) {
         return path;
     }
     QTextLayout layout(text, font);
@@ -54,26 +53,29 @@ QPainterPath LetterOutlines::join(const QString& text, const QFont& font) {
     const QVector<QPointF> places = runs.front().positions();
     const QPointF baseLine(0, line.y() + line.ascent());
     for (int i = 0; i < letters.size(); ++i) {
-        const auto [letter, isNew] = known.letters.try_emplace(letters[i]);
-        if (isNew) {
-            letter->second = segmentsOf(known.raw.pathForGlyph(letters[i]));
-        }
-        append(letter->second, places[i] - baseLine, path);
+        append(letterOf(known, letters[i]), places[i] - baseLine, path);
     }
     return path;
 }
 
 LetterOutlines::Font& LetterOutlines::fontFor(const QRawFont& raw) {
-    constexpr size_t mostFonts = 32; // each has as many plain letters as there are, and a few that stand for several
-    const auto known = std::find_if(m_fonts.begin(), m_fonts.end(), [&](const Font& font) { return font.raw == raw; });
-    if (known != m_fonts.end()) {
-        return *known;
-    }
-    if (m_fonts.size() == mostFonts) {
+    constexpr size_t mostFonts = 64;
+    constexpr size_t mostSegments = size_t{1} << 17; // some megabytes
+    if (m_fonts.size() > mostFonts || m_segments > mostSegments) {
         m_fonts.clear();
+        m_segments = 0;
     }
-    m_fonts.push_back({raw, {}});
-    return m_fonts.back();
+    const auto known = std::find_if(m_fonts.begin(), m_fonts.end(), [&](const Font& font) { return font.raw == raw; });
+    return known != m_fonts.end() ? *known : m_fonts.emplace_back(Font{raw, {}});
+}
+
+const LetterOutlines::Letter& LetterOutlines::letterOf(Font& font, uint32_t number) {
+    const auto [letter, isNew] = font.letters.try_emplace(number);
+    if (isNew) {
+        letter->second = segmentsOf(font.raw.pathForGlyph(number));
+        m_segments += letter->second.size();
+    }
+    return letter->second;
 }
 
 LetterOutlines::Letter LetterOutlines::segmentsOf(const QPainterPath& outline) {

@@ -17,7 +17,7 @@ namespace KelDriver::Internal {
 class LetterOutlines {
 public:
     /// What `QPainterPath::addText` makes of a text at the origin, point for point. Empty for texts that are to be left
-    /// to it: those of other scripts, those that several fonts share, and those that show nothing.
+    /// to it: those that several fonts or scripts share, and those that show nothing.
     QPainterPath join(const QString& text, const QFont& font);
 
 private:
@@ -33,10 +33,12 @@ private:
     };
 
     Font& fontFor(const QRawFont& raw);
+    const Letter& letterOf(Font& font, uint32_t number);
     static Letter segmentsOf(const QPainterPath& outline);
     static void append(const Letter& letter, QPointF place, QPainterPath& path);
 
     std::vector<Font> m_fonts;
+    size_t m_segments = 0; ///< of all letters
 };
 
 } // namespace KelDriver::Internal

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <complex>
 #include <cwchar>
+#include <iterator>
 #include <limits>
 #include <random>
 #include <string>
@@ -209,9 +210,11 @@ TEST_F(TextTest, PlotsThatRepeatTextsDrawThemAsBefore) {
         }
     }
     std::minstd_rand random;
+    constexpr wchar_t scripts[] = {L' ', L'0', L'A', L'\u00A0', L'\u0300', L'\u0410', L'\u05D0', L'\u0620', L'\u4E00'};
     for (int i = 0; i < 1000; ++i) { // more than there is room for, and one too long to keep
         std::wstring text(1 + random() % 30, L' ');
-        std::generate(text.begin(), text.end(), [&] { return static_cast<wchar_t>(L' ' + random() % 0xE0); });
+        const wchar_t script = scripts[random() % std::size(scripts)];
+        std::generate(text.begin(), text.end(), [&] { return static_cast<wchar_t>(script + random() % 0x20); });
         drawBoth(text, fontOf(5 + i % 40), {});
         recorder.clear();
     }
