@@ -214,7 +214,7 @@ TEST_F(TextTest, PlotsThatRepeatTextsDrawThemAsBefore) {
     for (int i = 0; i < 1000; ++i) { // more than there is room for, and one too long to keep
         std::wstring text(1 + random() % 30, L' ');
         const wchar_t script = scripts[random() % std::size(scripts)];
-        std::generate(text.begin(), text.end(), [&] { return static_cast<wchar_t>(script + random() % 0x20); });
+        std::generate(text.begin(), text.end(), [&] { return script + static_cast<wchar_t>(random() % 0x20); });
         drawBoth(text, fontOf(5 + i % 40), {});
         recorder.clear();
     }
