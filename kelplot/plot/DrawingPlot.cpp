@@ -127,6 +127,7 @@ public:
         if (m_isSheet && showsModel(entity)) {
             drawModel(std::get<Viewport>(entity.geometry), map);
         }
+        m_tools.useLayer(style);
         const PlacedEntity place{entity, style, map};
         std::visit([&](const auto& geometry) { draw(geometry, place, m_tools); }, entity.geometry);
         drawLineTypeTexts(m_tools);
@@ -134,6 +135,7 @@ public:
 
     void beginClip(const WalkClip& clip) override {
         if (clip.frame != nullptr) {
+            m_tools.useLayer(*clip.frame);
             m_tools.useLinePen(*clip.frame);
             m_tools.canvas.drawOutline(clip.border);
         }
@@ -203,6 +205,7 @@ private:
         ++report.viewports;
         m_tools.clips.pop();
         m_tools.pens.forget();
+        m_tools.forgetLayer();
     }
 
     PlotTools& m_tools;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <string>
@@ -40,11 +41,6 @@ private:
         SheetSize sheet;
         std::vector<int> contents;
     };
-    struct Layer {
-        QString title;
-        int number;
-        std::string name;
-    };
 
     void writePages(int tree, int resources);
     std::string outlineEntries();
@@ -56,7 +52,8 @@ private:
     QString m_title;
     QStringList m_pageNames;
     std::vector<Page> m_pages;
-    std::vector<Layer> m_layers;
+    std::vector<int> m_layers;                ///< the numbers of their objects
+    QHash<QString, std::string> m_layerNames; ///< among the resources
 };
 
 } // namespace kelplot
