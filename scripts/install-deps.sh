@@ -7,11 +7,11 @@ set -euo pipefail
 packages=(
     g++ cmake ninja-build pkg-config
     qtbase5-dev libqt5svg5-dev
-    libdxflib-dev libdeflate-dev libharfbuzz-dev zlib1g-dev
+    libdxflib-dev libdeflate-dev libharfbuzz-dev zlib1g-dev libcups2-dev
     libpolyclipping-dev
     libgtest-dev
     libbenchmark-dev
-    poppler-utils qpdf
+    poppler-utils qpdf cups-daemon hp2xx
     locales
     fonts-dejavu-core fonts-droid-fallback fonts-liberation2 fonts-osifont
 )

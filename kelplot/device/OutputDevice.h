@@ -3,6 +3,7 @@
 
 #include <QPainter>
 #include <QStringList>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -43,8 +44,13 @@ public:
         return false;
     }
 
-    /// Begins a further page, of this size. Throws `OutputError` for formats of one page.
-    virtual void nextPage(const SheetSize& sheet);
+    /// Begins a further page. Throws `OutputError` for formats of one page.
+    ///
+    /// @param name  for the document's outline
+    virtual void nextPage(const SheetSize& sheet, const QString& name);
+
+    /// What of the plot the format could not take as it was drawn, with counts.
+    virtual std::map<QString, size_t> shortcomings() const { return {}; }
 
     /// Ends the plot and puts the file in its place, or throws `OutputError` and leaves none.
     virtual void finish() = 0;
@@ -61,10 +67,13 @@ struct OutputSetup {
     int dotsPerInch = 200;
     /// Millimetres from the sheet's upper left corner: the part that shows, for formats whose painter knows no clip.
     std::optional<Box2> visible = std::nullopt;
-    QStringList pageNames = {}; ///< of all pages, in their order, for formats of several
+    QString pageName = {}; ///< of the first page, for the outline of formats of several
 };
 
-enum class OutputFormat { pdf, png, svg };
+enum class OutputFormat { pdf, png, svg, hpgl };
+
+/// Tells whether a format has several pages in one file.
+bool hasPages(OutputFormat format);
 
 /// The format of a name such as "pdf", in any case.
 std::optional<OutputFormat> formatFromName(const QString& name);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "device/PngDevice.h"
 
+#include "device/PlotMark.h"
+
 #include <QBuffer>
 #include <QImageWriter>
 #include <algorithm>
@@ -38,6 +40,7 @@ QImage blankImage(const OutputSetup& setup) {
         throw outputError(setup.path, QStringLiteral("not enough memory for ") + size);
     }
     image.fill(Qt::white);
+    image.setText(QStringLiteral("Software"), QString::fromLatin1(plotMark));
     const int dotsPerMetre = static_cast<int>(std::lround(setup.dotsPerInch / millimetresPerInch * 1000.0));
     image.setDotsPerMeterX(dotsPerMetre);
     image.setDotsPerMeterY(dotsPerMetre);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "device/SvgDevice.h"
 
+#include "device/PlotMark.h"
 #include "page/DeviceGrid.h"
 
 namespace kelplot {
@@ -25,7 +26,7 @@ SvgDevice::SvgDevice(const OutputSetup& setup)
     m_generator.setSize(size);
     m_generator.setViewBox(QRect(QPoint(0, 0), size));
     m_generator.setTitle(setup.title);
-    m_generator.setDescription(QStringLiteral("Plotted with kelplot"));
+    m_generator.setDescription(QString::fromLatin1(plotMark));
     if (!m_painter.begin(&m_generator)) {
         throw outputError(m_path, QStringLiteral("cannot start an SVG document"));
     }

@@ -14,10 +14,10 @@ QSize sizeOf(const SheetSize& sheet) {
 } // namespace
 
 PdfDevice::PdfDevice(const OutputSetup& setup)
-    : m_file(setup.path), m_document(m_file, setup.title, setup.pageNames),
+    : m_file(setup.path), m_document(m_file, setup.title),
       m_sink(m_document, pointsPerMillimetre / fineUnitsPerMillimetre),
       m_page(m_sink, sizeOf(setup.sheet), fineDotsPerInch) {
-    m_sink.beginPage(setup.sheet);
+    m_sink.beginPage(setup.sheet, setup.pageName);
     if (!m_painter.begin(&m_page)) {
         throw outputError(setup.path, QStringLiteral("cannot start a PDF document"));
     }
@@ -36,9 +36,9 @@ bool PdfDevice::drawText(const DeviceText& text) {
     return true;
 }
 
-void PdfDevice::nextPage(const SheetSize& sheet) {
+void PdfDevice::nextPage(const SheetSize& sheet, const QString& name) {
     m_page.setSize(sizeOf(sheet));
-    m_sink.beginPage(sheet);
+    m_sink.beginPage(sheet, name);
     const QRect page(QPoint(0, 0), sizeOf(sheet));
     m_painter.setWindow(page);
     m_painter.setViewport(page);

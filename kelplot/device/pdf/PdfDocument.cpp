@@ -9,8 +9,7 @@
 
 namespace kelplot {
 
-PdfDocument::PdfDocument(OutputFile& file, QString title, QStringList pageNames)
-    : m_file(file), m_title(std::move(title)), m_pageNames(std::move(pageNames)) {
+PdfDocument::PdfDocument(OutputFile& file, QString title) : m_file(file), m_title(std::move(title)) {
 }
 
 std::string PdfDocument::layer(const QString& name) {
@@ -22,8 +21,8 @@ std::string PdfDocument::layer(const QString& name) {
     return resource;
 }
 
-void PdfDocument::beginPage(const SheetSize& sheet) {
-    m_pages.push_back({m_file.newNumber(), sheet, {}});
+void PdfDocument::beginPage(const SheetSize& sheet, const QString& name) {
+    m_pages.push_back({m_file.newNumber(), sheet, name, {}});
 }
 
 void PdfDocument::addContent(PdfBytes content) {
@@ -52,16 +51,16 @@ void PdfDocument::writePages(int tree, int resources) {
 
 /// The outline names the pages where there are several.
 std::string PdfDocument::outlineEntries() {
-    const size_t count = std::min(m_pages.size(), static_cast<size_t>(m_pageNames.size()));
-    if (m_pageNames.size() < 2 || count == 0) {
+    const size_t count = m_pages.size();
+    if (count < 2) {
         return {};
     }
     const int outline = m_file.newNumber();
     std::vector<int> entries(count);
     std::generate(entries.begin(), entries.end(), [this] { return m_file.newNumber(); });
     for (size_t i = 0; i < count; ++i) {
-        m_file.addObject(entries[i], "<</Title" + pdfText(m_pageNames[static_cast<int>(i)]) + "/Parent " +
-                                         pdfReference(outline) + "/Dest[" + pdfReference(m_pages[i].number) + "/Fit]" +
+        m_file.addObject(entries[i], "<</Title" + pdfText(m_pages[i].name) + "/Parent " + pdfReference(outline) +
+                                         "/Dest[" + pdfReference(m_pages[i].number) + "/Fit]" +
                                          (i > 0 ? "/Prev " + pdfReference(entries[i - 1]) : std::string()) +
                                          (i + 1 < count ? "/Next " + pdfReference(entries[i + 1]) : std::string()) +
                                          ">>");
@@ -74,8 +73,8 @@ std::string PdfDocument::outlineEntries() {
 /// Viewers show the names of pages in place of their numbers.
 std::string PdfDocument::labelEntries() const {
     std::string labels;
-    for (int i = 0; i < m_pageNames.size(); ++i) {
-        labels += std::to_string(i) + "<</P" + pdfText(m_pageNames[i]) + ">>";
+    for (size_t i = 0; i < m_pages.size(); ++i) {
+        labels += std::to_string(i) + "<</P" + pdfText(m_pages[i].name) + ">>";
     }
     return "/PageLabels<</Nums[" + labels + "]>>";
 }

@@ -3,7 +3,6 @@
 
 #include <QHash>
 #include <QString>
-#include <QStringList>
 #include <string>
 #include <vector>
 
@@ -16,9 +15,8 @@ namespace kelplot {
 /// pages, layers.
 class PdfDocument {
 public:
-    /// @param file       borrowed
-    /// @param pageNames  of all pages, in their order; may be fewer
-    PdfDocument(OutputFile& file, QString title, QStringList pageNames);
+    /// @param file  borrowed
+    PdfDocument(OutputFile& file, QString title);
 
     PdfFile& file() { return m_file; }
     PdfResources& resources() { return m_resources; }
@@ -27,7 +25,9 @@ public:
     std::string layer(const QString& name);
 
     /// Begins a page, after the one before if there is one.
-    void beginPage(const SheetSize& sheet);
+    ///
+    /// @param name  for the outline and the label
+    void beginPage(const SheetSize& sheet, const QString& name);
     /// Adds to the content of the page that was begun last.
     void addContent(PdfBytes content);
 
@@ -39,6 +39,7 @@ private:
     struct Page {
         int number;
         SheetSize sheet;
+        QString name;
         std::vector<int> contents;
     };
 
@@ -50,7 +51,6 @@ private:
     PdfFile m_file;
     PdfResources m_resources;
     QString m_title;
-    QStringList m_pageNames;
     std::vector<Page> m_pages;
     std::vector<int> m_layers;                ///< the numbers of their objects
     QHash<QString, std::string> m_layerNames; ///< among the resources

@@ -148,9 +148,9 @@ void PdfSink::setLayer(const QString& name) {
     m_content.setLayer(name.isEmpty() ? std::string() : m_document.layer(name));
 }
 
-void PdfSink::beginPage(const SheetSize& sheet) {
+void PdfSink::beginPage(const SheetSize& sheet, const QString& name) {
     endPage();
-    m_document.beginPage(sheet);
+    m_document.beginPage(sheet, name);
     m_base = QTransform(m_pointsPerUnit, 0.0, 0.0, -m_pointsPerUnit, 0.0, sheet.height * pointsPerMillimetre);
     m_content.beginPage(m_base);
 }

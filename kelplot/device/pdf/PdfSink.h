@@ -34,7 +34,7 @@ public:
     /// What is drawn from here on belongs to a layer; an empty name: to none.
     void setLayer(const QString& name);
 
-    void beginPage(const SheetSize& sheet);
+    void beginPage(const SheetSize& sheet, const QString& name);
     /// Ends the page and the document.
     void finish();
 

@@ -3,7 +3,10 @@
 
 #include <libdeflate.h>
 #include <new>
+#include <string>
 #include <utility>
+
+#include "device/PlotMark.h"
 
 namespace kelplot {
 namespace {
@@ -73,7 +76,8 @@ void StreamWorker::takeAll() {
     if (m_compressor == nullptr) {
         throw std::bad_alloc();
     }
-    write("%PDF-1.7\n%\xE2\xE3\xCF\xD3\n"); // four bytes beyond ASCII, for programs that guess what a file holds
+    // The four bytes beyond ASCII are for programs that guess what a file holds.
+    write("%PDF-1.7\n%\xE2\xE3\xCF\xD3\n% " + std::string(plotMark) + '\n');
     for (;;) {
         std::unique_lock lock(m_mutex);
         m_changed.wait(lock, [this] { return m_isLast || !m_waiting.empty(); });

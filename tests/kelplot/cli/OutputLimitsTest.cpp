@@ -10,7 +10,7 @@ namespace {
 
 const QString showcase = QStringLiteral(EXAMPLE_DRAWINGS "/showcase.dxf");
 
-const std::string oldPlot = "the plot of last year";
+const std::string oldPlot = "Plotted with kelplot last year";
 
 /// Plots over an old file under a limit that the plot does not keep to.
 void expectOldPlotKept(const std::string& name, const QString& drawing, const QString& limit, const char* reason) {
