@@ -80,7 +80,7 @@ int strangers(const QImage& a, const QImage& b, int tolerance, int reach) {
     return count;
 }
 
-void expectAlike(const QImage& own, const QImage& other, const char* name, int allowed = 4, int reach = 1) {
+void expectAlike(const QImage& own, const QImage& other, const char* name, int allowed = 8, int reach = 1) {
     constexpr int tolerance = 48;
     ASSERT_EQ(own.size(), other.size()) << name;
     const int different = strangers(own, other, tolerance, reach) + strangers(other, own, tolerance, reach);
@@ -224,7 +224,7 @@ TEST(PdfDevice, ShowsWhatQtShows) {
     for (const Row& row : rows) {
         const TemporaryDirectory directory;
         const QImage own = drawn(directory, [&](PdfDevice& device) { row.paint(device.painter()); });
-        expectAlike(own, row.other(directory, row.paint), row.name, 4, row.reach);
+        expectAlike(own, row.other(directory, row.paint), row.name, 8, row.reach);
     }
 }
 
