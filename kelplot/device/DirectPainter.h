@@ -23,17 +23,28 @@ class DirectPainter {
 public:
     /// Hears whether the painter has a clip besides that of the page.
     using ClipListener = std::function<void(bool isCut)>;
+    /// Hears the name of a layer.
+    using LayerListener = std::function<void(const QString& name)>;
     /// Draws a text by the device's own means, or answers false.
     using TextDrawer = std::function<bool(const DeviceText& text)>;
 
     /// @param painter  borrowed; has no world transform except during the calls below
-    explicit DirectPainter(QPainter& painter, ClipListener listener = {}, TextDrawer textDrawer = {})
-        : m_painter(painter), m_listener(std::move(listener)), m_textDrawer(std::move(textDrawer)) {}
+    explicit DirectPainter(QPainter& painter, ClipListener listener = {}, TextDrawer textDrawer = {},
+                           LayerListener layerListener = {})
+        : m_painter(painter), m_listener(std::move(listener)), m_textDrawer(std::move(textDrawer)),
+          m_layerListener(std::move(layerListener)) {}
 
     /// Tells the device that the painter's clip has changed.
     void tellClip(bool isCut) const {
         if (m_listener) {
             m_listener(isCut);
+        }
+    }
+
+    /// Tells the device the name of the layer to which what is drawn from here on belongs.
+    void tellLayer(const QString& name) const {
+        if (m_layerListener) {
+            m_layerListener(name);
         }
     }
 
@@ -60,6 +71,7 @@ private:
     QPainter& m_painter;
     ClipListener m_listener;
     TextDrawer m_textDrawer;
+    LayerListener m_layerListener;
 };
 
 } // namespace kelplot

@@ -44,6 +44,9 @@ public:
         return std::nullopt;
     }
 
+    /// Is to be called whenever what is drawn next belongs to another layer of the drawing than what was drawn last.
+    virtual void layerChanged(const QString& name) { static_cast<void>(name); }
+
     /// Draws a text as characters of its font, where the painter would make other texts of it.
     ///
     /// @return false: this device leaves it to the painter

@@ -29,6 +29,8 @@ int VectorPaintDevice::metric(PaintDeviceMetric metric) const {
         return std::numeric_limits<int>::max();
     case PdmDepth:
         return 32;
+    case PdmDevicePixelRatio:
+        return 1;
     default:
         return QPaintDevice::metric(metric);
     }
