@@ -6,7 +6,7 @@ set -euo pipefail
 
 packages=(
     g++ cmake ninja-build pkg-config
-    qtbase5-dev libqt5svg5-dev
+    qtbase5-dev
     libdxflib-dev libpng-dev libqpdf-dev zlib1g-dev
     libpolyclipping-dev
     libgtest-dev

@@ -79,7 +79,6 @@ void PlotJob::run(const QString& output) {
                                     m_plan.dotsPerInch,
                                     m_plan.pixelWidth,
                                     m_plan.pixels,
-                                    layout.visiblePart(),
                                     namesOf(spaces)};
             device = createOutputDevice(m_plan.format, setup);
         }

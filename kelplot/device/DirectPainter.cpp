@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "device/DirectPainter.h"
 
-#include <QPaintEngine>
 #include <QPainter>
 #include <QPainterPath>
 #include <QTransform>
@@ -56,10 +55,6 @@ double DirectPainter::dotsAlong(Vec2 vector) const {
 
 void DirectPainter::mixPixels(bool mix) {
     m_painter.setRenderHint(QPainter::SmoothPixmapTransform, mix);
-}
-
-bool DirectPainter::passesClipsOver() const {
-    return m_painter.paintEngine()->type() == QPaintEngine::SVG;
 }
 
 } // namespace kelplot

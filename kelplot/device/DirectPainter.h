@@ -6,7 +6,6 @@
 #include <QFont>
 #include <QString>
 #include <functional>
-#include <utility>
 
 #include "geometry/Affine2.h"
 #include "geometry/Vec.h"
@@ -20,19 +19,8 @@ namespace kelplot {
 /// gradients, and the transform for pictures that are turned. The renderer knows none of these.
 class DirectPainter {
 public:
-    /// Hears whether the painter has a clip besides that of the page.
-    using ClipListener = std::function<void(bool isCut)>;
-
     /// @param painter  borrowed; has no world transform except during the calls below
-    explicit DirectPainter(QPainter& painter, ClipListener listener = {})
-        : m_painter(painter), m_listener(std::move(listener)) {}
-
-    /// Tells the device that the painter's clip has changed.
-    void tellClip(bool isCut) const {
-        if (m_listener) {
-            m_listener(isCut);
-        }
-    }
+    explicit DirectPainter(QPainter& painter) : m_painter(painter) {}
 
     /// Draws a text as characters of its font, not as outlines.
     ///
@@ -50,12 +38,9 @@ public:
     /// Sets whether pixels are averaged where a picture has more of them than the device has dots; else some are
     /// skipped.
     void mixPixels(bool mix);
-    /// Tells whether the device ignores the clip, as Qt's SVG generator does.
-    bool passesClipsOver() const;
 
 private:
     QPainter& m_painter;
-    ClipListener m_listener;
 };
 
 } // namespace kelplot

@@ -4,8 +4,8 @@
 #include <QStringList>
 
 #include "device/PdfDevice.h"
-#include "device/SvgDevice.h"
 #include "device/png/PngDevice.h"
+#include "device/svg/SvgDevice.h"
 
 namespace kelplot {
 namespace {

@@ -26,11 +26,6 @@ public:
     /// The painter, begun and ready; lent until `finish`.
     virtual QPainter& painter() = 0;
 
-    /// Is to be called whenever the painter's clip has changed during a plot.
-    ///
-    /// @param isCut  false: to the part of the page that shows, as it was at first
-    virtual void clipChanged(bool isCut) { static_cast<void>(isCut); }
-
     /// How often the plot of a page is to be drawn: a device that does not hold a large page whole takes it in parts.
     virtual int partCount() const { return 1; }
 
@@ -63,8 +58,6 @@ struct OutputSetup {
     int dotsPerInch = 200; ///< of an image
     int pixelWidth = 0;    ///< of an image, in place of the dots per inch; 0: as these say
     PixelKind pixels = PixelKind::colour;
-    /// Millimetres from the sheet's upper left corner: the part that shows, for formats whose painter knows no clip.
-    std::optional<Box2> visible = std::nullopt;
     QStringList pageNames = {}; ///< of all pages, in their order, for formats of several
 };
 
