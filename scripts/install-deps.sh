@@ -6,7 +6,7 @@ set -euo pipefail
 
 packages=(
     g++ cmake ninja-build pkg-config
-    qtbase5-dev libqt5svg5-dev
+    qtbase5-dev
     libdxflib-dev libdeflate-dev libharfbuzz-dev libpng-dev zlib1g-dev libcups2-dev
     libpolyclipping-dev
     libgtest-dev
