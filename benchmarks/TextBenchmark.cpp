@@ -2,7 +2,8 @@
 
 // Texts through the renderer and painted by hand, in one run, and the splitting of texts by font.
 //
-// Names read BM_DrawText/<ours or hand>/<text>, the target being that ours takes at most 1.1 times as long; and
+// Names read BM_DrawText/<ours or hand>/<text>, the target being that ours takes at most 1.1 times as long;
+// BM_DrawTextAgain, the same in a plot that repeats the text; BM_DrawNumbers, a plot of numbers that all differ; and
 // BM_SubText/<text>, whose counter "characters" is a rate.
 
 #include <cmath>
@@ -86,13 +87,21 @@ struct Page {
         renderer.AttachDriver(&painter, {pageSize, pageSize}, false);
         renderer.setScale(plotScale);
     }
+    /// From here on the renderer keeps outlines.
+    void startPlot() {
+        renderer.StartRender();
+        renderer.SetColor(0);
+    }
     QImage image;
     QPainter painter;
     QTRenderer renderer;
 };
 
-void drawOurs(benchmark::State& state, const Sample& sample) {
+void drawOurs(benchmark::State& state, const Sample& sample, bool inPlot) {
     Page page;
+    if (inPlot) {
+        page.startPlot();
+    }
     std::wstring text = sample.text;
     std::vector<double> widths(text.size(), advance);
     const HT_Font font = plotFont();
@@ -107,6 +116,29 @@ void drawHand(benchmark::State& state, const Sample& sample) {
     const std::vector<double> widths(std::wcslen(sample.text), advance);
     for ([[maybe_unused]] const auto iteration : state) {
         drawByHand(page.painter, sample.text, sample.isFitted ? widths.data() : nullptr);
+    }
+}
+
+std::wstring numberOf(int index) {
+    return L"+" + std::to_wstring(index / 100) + L"." + std::to_wstring(index % 100);
+}
+
+void drawNumbersOurs(benchmark::State& state) {
+    Page page;
+    page.startPlot();
+    const HT_Font font = plotFont();
+    int index = 0;
+    for ([[maybe_unused]] const auto iteration : state) {
+        std::wstring text = numberOf(index++);
+        page.renderer.DrawText(text.data(), static_cast<int>(text.size()), font, position, 0, widthFactor, nullptr);
+    }
+}
+
+void drawNumbersByHand(benchmark::State& state) {
+    Page page;
+    int index = 0;
+    for ([[maybe_unused]] const auto iteration : state) {
+        drawByHand(page.painter, numberOf(index++).c_str(), nullptr);
     }
 }
 
@@ -132,10 +164,16 @@ void registerAll() {
     for (const Sample& sample : samples) {
         const std::string name = sample.name;
         benchmark::RegisterBenchmark(("BM_DrawText/ours/" + name).c_str(),
-                                     [&](benchmark::State& state) { drawOurs(state, sample); });
+                                     [&](benchmark::State& state) { drawOurs(state, sample, false); });
         benchmark::RegisterBenchmark(("BM_DrawText/hand/" + name).c_str(),
                                      [&](benchmark::State& state) { drawHand(state, sample); });
+        benchmark::RegisterBenchmark(("BM_DrawTextAgain/ours/" + name).c_str(),
+                                     [&](benchmark::State& state) { drawOurs(state, sample, true); });
+        benchmark::RegisterBenchmark(("BM_DrawTextAgain/hand/" + name).c_str(),
+                                     [&](benchmark::State& state) { drawHand(state, sample); });
     }
+    benchmark::RegisterBenchmark("BM_DrawNumbers/ours", drawNumbersOurs);
+    benchmark::RegisterBenchmark("BM_DrawNumbers/hand", drawNumbersByHand);
     for (const auto& [name, text] : {std::pair("short", std::wstring(L"Section A")),
                                      std::pair("one font", repeated(L"All dimensions in mm. ", 500)),
                                      std::pair("two fonts", repeated(L"Maße 中文 ", 500))}) {

@@ -14,7 +14,7 @@ import sys
 # them count as one room.
 TREES = {
     "src": ["port", "geometry", "region", "settings", "image", "paper", "render"],
-    "kelplot": ["base", "geometry", "drawing", "page", "device", "settings", "reader", "plot/pen", "plot/shape",
+    "kelplot": ["base", "geometry", "drawing", "page", "print", "device", "settings", "reader", "plot/pen", "plot/shape",
                 "plot/picture", "plot/text", "plot/annotation", "plot/entity", "plot", "cli"],
 }
 PUBLIC = ("keldriver/", "gpc.h", "imgo.h")

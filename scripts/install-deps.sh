@@ -7,11 +7,11 @@ set -euo pipefail
 packages=(
     g++ cmake ninja-build pkg-config
     qtbase5-dev
-    libdxflib-dev libpng-dev libqpdf-dev zlib1g-dev
+    libdxflib-dev libdeflate-dev libharfbuzz-dev libpng-dev zlib1g-dev libcups2-dev
     libpolyclipping-dev
     libgtest-dev
     libbenchmark-dev
-    poppler-utils
+    poppler-utils qpdf cups-daemon hp2xx
     locales
     fonts-dejavu-core fonts-droid-fallback fonts-liberation2 fonts-osifont
 )

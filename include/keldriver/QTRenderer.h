@@ -46,9 +46,11 @@ public:
     /// restores it a second time.
     void DetachDriver() override;
     /// Saves the painter's state and installs a solid pen of Qt's usual width and a solid brush, both opaque black.
-    /// Each lasts until a setter rebuilds it; the recorded style stays as it is. False without a painter.
+    /// Each lasts until a setter rebuilds it; the recorded style stays as it is. False without a painter. From here on,
+    /// texts that come again are not shaped again; a few megabytes hold their outlines until `FinishRender`,
+    /// `DetachDriver` or the renderer's end.
     bool StartRender() override;
-    /// Does nothing; what `StartRender` saved stays on the painter's stack.
+    /// Does nothing to the painter; what `StartRender` saved stays on its stack.
     void FinishRender() override;
 
     /// Draws one point on the device grid with the painter's pen. An opaque point whose plot coordinates round to the

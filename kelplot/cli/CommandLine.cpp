@@ -21,6 +21,8 @@ constexpr const char* exclusivePairs[][2] = {
     {"save-paper", "list-papers"},
     {"save-paper", "list-layers"},
     {"save-paper", "list-layouts"},
+    {"printer", "output"},
+    {"printer", "target-directory"},
 };
 
 void declareOptions(QCommandLineParser& parser) {
@@ -58,6 +60,9 @@ Action actionOf(const QCommandLineParser& parser) {
             applyOption(row, {}, switches);
         }
     }
+    if (switches.action == Action::plot && parser.isSet(QStringLiteral("completion"))) {
+        return Action::showCompletion;
+    }
     const bool onlySaves = parser.isSet(QStringLiteral("save-paper")) && parser.positionalArguments().isEmpty();
     return switches.action == Action::plot && onlySaves ? Action::savePaper : switches.action;
 }
@@ -87,21 +92,34 @@ void deriveFormat(Request& request) {
 
 void checkTogether(const QCommandLineParser& parser, Request& request) {
     refuseExclusivePairs(parser);
-    const bool listsPapers = request.action == Action::listPapers;
-    if (request.json && !listsPapers) {
-        throw UsageError(QStringLiteral("--json: allowed only with --list-papers"));
+    const bool plots = request.action == Action::plot;
+    if (request.json && !plots && request.action != Action::listPapers) {
+        throw UsageError(QStringLiteral("--json: allowed for plots and with --list-papers"));
     }
-    if (listsPapers) {
+    if (request.printer.isEmpty()) {
+        for (const char* const option : {"copies", "sides", "no-wait"}) {
+            if (parser.isSet(QLatin1String(option))) {
+                throw UsageError(QStringLiteral("--%1: allowed only with --printer").arg(QLatin1String(option)));
+            }
+        }
+    }
+    if (request.action == Action::listPapers || request.action == Action::listPrinters) {
         return;
     }
     if (request.inputs.isEmpty() && request.action != Action::savePaper) {
         throw UsageError(QStringLiteral("no drawing given"));
     }
-    if (!request.outputFile.isEmpty() && request.inputs.size() > 1) {
-        throw UsageError(QStringLiteral("--output: takes one drawing only; give --target-directory for several"));
+    if (request.inputs.count(QStringLiteral("-")) > 1) {
+        throw UsageError(QStringLiteral("standard input holds one drawing only"));
+    }
+    const bool writesStream = request.outputFile == QLatin1String("-") ||
+                              (request.outputFile.isEmpty() && request.inputs.contains(QStringLiteral("-")));
+    if (request.json && plots && writesStream && request.printer.isEmpty()) {
+        throw UsageError(QStringLiteral("--json: the plot goes to standard output already; give --output FILE"));
     }
     if (!parser.isSet(QStringLiteral("format"))) {
         deriveFormat(request);
+        request.format = request.printer.isEmpty() ? request.format : OutputFormat::pdf;
     }
 }
 
@@ -134,18 +152,11 @@ Request requestFromArguments(const QStringList& arguments) {
         }
     }
     request.inputs = parser.positionalArguments();
-    if (lays || action == Action::listLayers || action == Action::listLayouts || action == Action::listPapers) {
+    if (lays || action == Action::listLayers || action == Action::listLayouts || action == Action::listPapers ||
+        action == Action::listPrinters) {
         checkTogether(parser, request);
     }
     return request;
-}
-
-QString helpText() {
-    QCommandLineParser parser;
-    declareOptions(parser);
-    return parser.helpText() +
-           QStringLiteral("\nExit status: 0 done; 1 wrong usage; 2 a drawing, or a file of papers, pens or defaults, "
-                          "cannot be\nread; 3 a file is not a drawing or is truncated; 4 the output failed.\n");
 }
 
 } // namespace kelplot

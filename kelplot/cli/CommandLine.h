@@ -9,7 +9,4 @@ namespace kelplot {
 /// `SettingsError` when the settings that the plot needs are faulty.
 Request requestFromArguments(const QStringList& arguments);
 
-/// The text for `--help`.
-QString helpText();
-
 } // namespace kelplot

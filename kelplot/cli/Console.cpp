@@ -2,6 +2,7 @@
 #include "cli/Console.h"
 
 #include <algorithm>
+#include <cmath>
 #include <ostream>
 
 namespace kelplot {
@@ -34,7 +35,9 @@ void Console::note(const std::string& text) {
 
 void Console::startWork(const std::string& label) {
     m_label = label;
-    m_nextUpdate = m_clock() + (m_progress == Progress::always ? std::chrono::milliseconds(0) : longWork);
+    m_entities = 0;
+    m_start = m_clock();
+    m_nextUpdate = m_start + (m_progress == Progress::always ? std::chrono::milliseconds(0) : longWork);
 }
 
 void Console::showProgress(double fraction) {
@@ -46,10 +49,28 @@ void Console::showProgress(double fraction) {
         return;
     }
     m_nextUpdate = now + updateInterval;
-    const int perCent = static_cast<int>(std::clamp(fraction, 0.0, 1.0) * 100.0);
-    const std::string line = m_label + ": " + std::to_string(perCent) + " %";
+    std::string line = progressText(std::clamp(fraction, 0.0, 1.0), now);
+    const size_t width = line.size();
+    if (width < m_shownWidth) {
+        line.append(m_shownWidth - width, ' ');
+    }
     m_stream << '\r' << line << std::flush;
-    m_shownWidth = std::max(m_shownWidth, line.size());
+    m_shownWidth = std::max(m_shownWidth, width);
+}
+
+std::string Console::progressText(double fraction, Time now) const {
+    constexpr std::chrono::duration<double> worthTelling(2.0);
+    constexpr double leastFraction = 0.05; // to guess the rest from
+    std::string text = m_label + ": " + std::to_string(static_cast<int>(fraction * 100.0)) + " %";
+    if (m_entities > 0) {
+        text += ", " + std::to_string(m_entities) + (m_entities == 1 ? " entity" : " entities");
+    }
+    const std::chrono::duration<double> spent = now - m_start;
+    if (spent >= worthTelling && fraction >= leastFraction) {
+        const double left = spent.count() * (1.0 - fraction) / fraction;
+        text += ", " + std::to_string(std::lround(std::ceil(left))) + " s left";
+    }
+    return text;
 }
 
 void Console::endWork() {

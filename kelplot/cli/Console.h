@@ -33,6 +33,8 @@ public:
     void startWork(const std::string& label);
     /// Shows the progress of the work, from 0 to 1, if an update is due.
     void showProgress(double fraction);
+    /// Sets how many entities the work is about, which the progress tells from here on.
+    void setEntities(size_t count) { m_entities = count; }
     /// Removes the progress line.
     void endWork();
 
@@ -43,7 +45,11 @@ private:
     Progress m_progress;
     bool m_warnings;
     Clock m_clock;
+    std::string progressText(double fraction, Time now) const;
+
     std::string m_label;
+    size_t m_entities = 0; ///< 0: not known
+    Time m_start;
     Time m_nextUpdate;
     size_t m_shownWidth = 0;
 };

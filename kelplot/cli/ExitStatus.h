@@ -10,6 +10,7 @@ enum class ExitStatus {
     cannotOpen = 2, ///< a drawing or a file of settings
     notADrawing = 3,
     outputFailed = 4,
+    printFailed = 5,
 };
 
 } // namespace kelplot

@@ -15,14 +15,19 @@
 #include <unistd.h>
 
 #include "cli/CommandLine.h"
+#include "cli/Completion.h"
 #include "cli/Console.h"
+#include "cli/DrawingListing.h"
 #include "cli/ExitStatus.h"
+#include "cli/HelpPage.h"
 #include "cli/ManualPage.h"
 #include "cli/PaperListing.h"
-#include "cli/PlotJob.h"
 #include "cli/PlotPlan.h"
+#include "cli/PlotRecord.h"
+#include "cli/PlotRun.h"
+#include "cli/PrinterListing.h"
 #include "device/OutputFile.h"
-#include "reader/DrawingReader.h"
+#include "print/Printers.h"
 #include "settings/SettingsFile.h"
 
 namespace kelplot {
@@ -84,42 +89,6 @@ Console::Progress progressMode(const Request& request) {
     return !request.quiet && isatty(STDERR_FILENO) ? Console::Progress::whenLong : Console::Progress::never;
 }
 
-/// Does one drawing's work and reports what goes wrong with it.
-ExitStatus guarded(const QString& input, Console& console, const std::function<void()>& work) {
-    try {
-        work();
-        return ExitStatus::done;
-    } catch (const ReadError& error) {
-        console.error(error.what());
-        return error.reason == ReadError::Reason::cannotOpen ? ExitStatus::cannotOpen : ExitStatus::notADrawing;
-    } catch (const StrictFailure& error) {
-        console.error(error.what());
-        return ExitStatus::notADrawing;
-    } catch (const UsageError& error) {
-        console.error((input + QStringLiteral(": ") + QString::fromUtf8(error.what())).toStdString());
-        return ExitStatus::usage;
-    } catch (const OutputError& error) {
-        console.error(error.what());
-    } catch (const std::bad_alloc&) {
-        console.error((input + QStringLiteral(": not enough memory")).toStdString());
-    } catch (const std::exception& error) {
-        console.error((input + QStringLiteral(": ") + QString::fromUtf8(error.what())).toStdString());
-    }
-    return ExitStatus::outputFailed;
-}
-
-ExitStatus plotAll(const PlotPlan& plan, Console& console) {
-    ExitStatus worst = ExitStatus::done;
-    for (int i = 0; i < plan.inputs.size(); ++i) {
-        const QString& input = plan.inputs[i];
-        const auto plot = [&] {
-            plotDrawing(input, plan.outputs[i], plan, console);
-        };
-        worst = std::max(worst, guarded(input, console, plot));
-    }
-    return worst;
-}
-
 using Listing = void (*)(const QString& input, std::ostream& stream, Console& console);
 
 ExitStatus listAll(const QStringList& inputs, Listing listing, Console& console) {
@@ -131,7 +100,8 @@ ExitStatus listAll(const QStringList& inputs, Listing listing, Console& console)
             }
             listing(input, std::cout, console);
         };
-        worst = std::max(worst, guarded(input, console, list));
+        QString error;
+        worst = std::max(worst, guarded(input, console, error, list));
     }
     return worst;
 }
@@ -159,17 +129,48 @@ ExitStatus plot(const Request& request, Console& console) {
             std::cout << told.toStdString() << std::endl;
         }
     }
-    return plotAll(plan, console);
+    if (!plan.printer.isEmpty()) {
+        findPrinter(plan.printer); // before a long plot
+    }
+    std::vector<FileRecord> records;
+    const bool prints = !request.quiet && !request.json;
+    const auto tell = [&](const QString& name) {
+        if (prints && name != QLatin1String("-")) {
+            std::cout << name.toStdString() << std::endl;
+        }
+    };
+    const ExitStatus status = plotAll(plan, console, tell, records);
+    if (request.json) {
+        std::cout << jsonOf(records, static_cast<int>(status)).toStdString();
+    }
+    return status;
+}
+
+/// What ends the program from outside leaves no unfinished file behind.
+void leaveNothingWhenStopped() {
+    for (const int stop : {SIGINT, SIGTERM, SIGHUP}) {
+        const auto before = std::signal(stop, [](int signal) {
+            OutputFile::abandonUnfinished();
+            std::signal(signal, SIG_DFL);
+            std::raise(signal);
+        });
+        if (before == SIG_IGN) { // nohup and the like
+            std::signal(stop, SIG_IGN);
+        }
+    }
 }
 
 ExitStatus run(const Request& request) {
     Console console(std::cerr, progressMode(request), !request.quiet);
     switch (request.action) {
     case Action::showHelp:
-        std::cout << helpText().toStdString();
+        std::cout << helpPage().toStdString();
         return ExitStatus::done;
     case Action::showManual:
         std::cout << manualPage().toStdString();
+        return ExitStatus::done;
+    case Action::showCompletion:
+        std::cout << completionFor(request.shell).toStdString();
         return ExitStatus::done;
     case Action::showVersion:
         std::cout << "kelplot " KELPLOT_VERSION "\n"
@@ -182,6 +183,9 @@ ExitStatus run(const Request& request) {
         return listAll(request.inputs, listLayouts, console);
     case Action::listPapers:
         return listPapers(request.json, std::cout, console);
+    case Action::listPrinters:
+        listPrinters(std::cout);
+        return ExitStatus::done;
     case Action::savePaper:
     case Action::plot:
         break;
@@ -203,6 +207,7 @@ ExitStatus flushed(ExitStatus status) {
 int runKelplot(int argc, char** argv) {
     std::signal(SIGXFSZ, SIG_IGN); // a file that outgrows its limit is reported like one that outgrows its disk
     std::set_terminate(endUncaught);
+    leaveNothingWhenStopped();
     prepareQt();
     // The application gets the program's name only: it would take some options for its own.
     char name[] = "kelplot";
@@ -216,6 +221,9 @@ int runKelplot(int argc, char** argv) {
     } catch (const UsageError& error) {
         std::cerr << "kelplot: " << error.what() << "\nTry 'kelplot --help'." << std::endl;
         return static_cast<int>(ExitStatus::usage);
+    } catch (const PrintError& error) {
+        std::cerr << "kelplot: " << error.what() << std::endl;
+        return static_cast<int>(ExitStatus::printFailed);
     } catch (const SettingsError& error) {
         std::cerr << "kelplot: " << error.what() << std::endl;
         return static_cast<int>(ExitStatus::cannotOpen);

@@ -47,8 +47,10 @@ kelplot \- plot DXF drawings to PDF, PNG or SVG files
 .B kelplot
 [\fIOPTION\fR]... \fIFILE\fR...
 .SH DESCRIPTION
-Plots each drawing to a file of its name in the current directory, fitted to an A4 sheet unless options say
-otherwise. A file that cannot be written whole is not written at all.
+Plots each drawing to a file of its name beside it, fitted to an A4 sheet unless options say otherwise, and prints the
+names of these files. A file that cannot be written whole is not written at all, and one that kelplot did not write is
+replaced only with \fB\-\-force\fR. A \fIFILE\fR of \- is standard input, whose plot goes to standard output unless
+\fB\-\-output\fR names a file.
 .SH OPTIONS
 )");
     for (const OptionRow& row : optionRows()) {
@@ -78,6 +80,9 @@ A file is not a drawing or is truncated, or there were warnings under \-\-strict
 .TP
 4
 The output failed.
+.TP
+5
+Printing failed: the printer is not known or refuses jobs, or the job was aborted or cancelled.
 .PP
 With several drawings, the highest status counts.
 )")

@@ -145,6 +145,54 @@ void setLayout(Request& request, const QString& value) {
     request.layout = orRefuseEmpty(value, QStringLiteral("the name of a layout, model or all"));
 }
 
+void setPrinter(Request& request, const QString& value) {
+    request.printer = orRefuseEmpty(value, QStringLiteral("the name of a printer; see --list-printers"));
+}
+
+void setCopies(Request& request, const QString& value) {
+    constexpr int mostCopies = 9999;
+    bool isNumber = false;
+    request.copies = value.toInt(&isNumber);
+    if (!isNumber || request.copies < 1 || request.copies > mostCopies) {
+        refuse(value, QStringLiteral("a number from 1 to 9999"));
+    }
+}
+
+void setSides(Request& request, const QString& value) {
+    constexpr struct {
+        const char* name;
+        Sides sides;
+    } names[] = {{"one", Sides::one}, {"long", Sides::twoLongEdge}, {"short", Sides::twoShortEdge}};
+    for (const auto& known : names) {
+        if (value == QLatin1String(known.name)) {
+            request.sides = known.sides;
+            return;
+        }
+    }
+    refuse(value, QStringLiteral("one, or for both sides of the paper: long or short, the edge to turn it over"));
+}
+
+void setTilePaper(Request& request, const QString& value) {
+    request.tilePaper = orRefuseEmpty(value, QStringLiteral("a name or WIDTHxHEIGHT in millimetres"));
+}
+
+void setTileOverlap(Request& request, const QString& value) {
+    constexpr double largestOverlap = 1000.0;
+    const auto overlap = numberFromText(value.toStdString());
+    if (!overlap || *overlap < 0.0 || *overlap > largestOverlap) {
+        refuse(value, QStringLiteral("millimetres from 0 to 1000"));
+    }
+    request.tileOverlap = *overlap;
+}
+
+void setShell(Request& request, const QString& value) {
+    if (value != QLatin1String("bash") && value != QLatin1String("zsh")) {
+        refuse(value, QStringLiteral("bash or zsh"));
+    }
+    request.shell = value;
+    request.action = Action::showCompletion;
+}
+
 void addLayers(Request& request, const QString& value) {
     request.layers += layerPatterns(value);
 }
@@ -173,10 +221,21 @@ void act(Request& request, const QString& /*value*/) {
 }
 
 const std::vector<OptionRow> rows = {
-    {"o", "output", "FILE", "Write the plot to FILE.", setOutputFile},
-    {"t", "target-directory", "DIR", "Write the plots to DIR, each with the name of its drawing.", setOutputDirectory},
-    {nullptr, "format", "FORMAT", "pdf, png or svg; by default as the ending of -o FILE says, or else pdf.", setFormat,
-     Default::inSettings},
+    {"o", "output", "FILE",
+     "Write to FILE, or to standard output if it is -. Several drawings become the pages of one PDF file.",
+     setOutputFile},
+    {"t", "target-directory", "DIR",
+     "Write the plots to DIR, each with the name of its drawing; it is made if need be. [beside the drawings]",
+     setOutputDirectory},
+    {"d", "printer", "PRINTER", "Print the plots instead of writing them to files.", setPrinter},
+    {"n", "copies", "COPIES", "With --printer: how many. [1]", setCopies},
+    {nullptr, "sides", "SIDES", "With --printer: one, or both by the long or short edge. [as the printer is set up]",
+     setSides, Default::inSettings, "one long short"},
+    {nullptr, "no-wait", nullptr, "With --printer: do not wait until the job has left the queue.",
+     choose<&Request::doesNotWait>},
+    {nullptr, "force", nullptr, "Replace files too that kelplot did not write.", choose<&Request::replaceAny>},
+    {nullptr, "format", "FORMAT", "pdf, png, svg or hpgl; by default as the ending of -o FILE says, or else pdf.",
+     setFormat, Default::inSettings, "pdf png svg hpgl"},
     {nullptr, "paper", "PAPER", "A name such as A3 or Letter, or WIDTHxHEIGHT in millimetres. [A4]", setPaper,
      Default::inSettings},
     {nullptr, "save-paper", "NAME", "Keep the size given with --paper, and its margins, under NAME.", setSavedPaper},
@@ -184,7 +243,7 @@ const std::vector<OptionRow> rows = {
      Default::inSettings},
     {nullptr, "scale", "SCALE", "Plot to scale: 1:50, 2:1 or 0.5.", setScale, Default::inSettings},
     {nullptr, "units", "UNIT", "What a drawing unit is: mm, cm, m, in or ft. [as the drawing says]", setUnits,
-     Default::inSettings},
+     Default::inSettings, "mm cm m in ft none"},
     {nullptr, "window", "X1,Y1,X2,Y2", "Plot only this part: two opposite corners in drawing units.", setWindow},
     {nullptr, "pens", "FILE", "Take widths, colours and screening by colour number from FILE.", setPens,
      Default::inSettings},
@@ -193,9 +252,10 @@ const std::vector<OptionRow> rows = {
      setPlotStyle},
     {nullptr, "patterns", "FILE", "Take the lines of hatch patterns that a drawing only names from FILE.", setPatterns},
     {nullptr, "lineweight-scale", "FACTOR", "Multiply all line weights. [1]", setWeightScale, Default::inSettings},
-    {nullptr, "text", "MODE", "outlines, or fonts for texts that can be searched in PDF and SVG files. [outlines]",
-     setTexts, Default::inSettings},
-    {nullptr, "layout", "NAME", "Plot a layout, model or all. [as the drawing was saved]", setLayout},
+    {nullptr, "text", "MODE", "fonts, for texts that can be searched, or outlines. [fonts in PDF files, else outlines]",
+     setTexts, Default::inSettings, "outlines fonts"},
+    {nullptr, "layout", "NAME", "Plot a layout, model or all. [as the drawing was saved]", setLayout, Default::none,
+     "model all"},
     {nullptr, "layers", "LIST", "Plot only these layers: names separated by commas, * for any text.", addLayers},
     {nullptr, "exclude-layers", "LIST", "Leave these layers out.", addExcludedLayers},
     {nullptr, "dpi", "N", "Dots per inch of a PNG image. [200]", setDpi, Default::inSettings},
@@ -209,6 +269,9 @@ const std::vector<OptionRow> rows = {
      turnPaper<Orientation::landscape>},
     {nullptr, "fit", nullptr, "Plot as large as the paper allows. [default]", fit},
     {nullptr, "center", nullptr, "With --scale: in the middle, not at the lower left.", choose<&Request::centred>},
+    {nullptr, "tile", "PAPER", "Spread the sheet over pages of this paper, with marks to put them together.",
+     setTilePaper},
+    {nullptr, "tile-overlap", "MM", "How much neighbouring pages share. [10]", setTileOverlap},
     {nullptr, "monochrome", nullptr, "Black ink only.", choose<&Request::monochrome>},
     {nullptr, "progress", nullptr, "Show progress even if standard error is not a terminal.",
      choose<&Request::forceProgress>},
@@ -219,10 +282,15 @@ const std::vector<OptionRow> rows = {
     {nullptr, "list-layouts", nullptr, "Print the names of the layouts; plot nothing.", act<Action::listLayouts>},
     {nullptr, "list-papers", nullptr, "Print the papers: name, size and margins in millimetres; plot nothing.",
      act<Action::listPapers>},
-    {nullptr, "json", nullptr, "With --list-papers: as JSON.", choose<&Request::json>},
+    {nullptr, "list-printers", nullptr, "Print the printers with their state; plot nothing.",
+     act<Action::listPrinters>},
+    {nullptr, "json", nullptr, "Print what became of each page as JSON; with --list-papers, the papers.",
+     choose<&Request::json>},
     {nullptr, "manual", nullptr, "Print the manual page, for man.", act<Action::showManual>},
+    {nullptr, "completion", "SHELL", "Print the completion of options for bash or zsh.", setShell, Default::none,
+     "bash zsh"},
     {nullptr, "version", nullptr, "Print the version.", act<Action::showVersion>},
-    {"h", "help", nullptr, "Print a list of the options.", act<Action::showHelp>},
+    {"h", "help", nullptr, "Print the commonest options and examples.", act<Action::showHelp>},
 };
 
 } // namespace

@@ -18,6 +18,7 @@ struct OptionRow {
     const char* description;
     void (*apply)(Request& request, const QString& value); ///< throws `UsageError`
     Default preset = Default::none;
+    const char* choices = nullptr; ///< separated by blanks; null: the value is free, or a FILE or DIR
 };
 
 /// All options, in the order in which they are applied: a later one overrides an earlier one.

@@ -1,47 +1,37 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "cli/PlotJob.h"
 
-#include <QFile>
 #include <QFileInfo>
-#include <QSet>
-#include <memory>
-#include <ostream>
 #include <utility>
 
 #include "cli/ChosenPens.h"
+#include "cli/DrawingInput.h"
 #include "cli/LayerFilter.h"
 #include "cli/PlotMessages.h"
 #include "cli/RenderSession.h"
 #include "cli/SpaceChoice.h"
 #include "plot/DrawingPlot.h"
+#include "plot/TileMarks.h"
 #include "plot/annotation/AnnotationBlocks.h"
-#include "reader/DxfReader.h"
 
 namespace kelplot {
 namespace {
 
-constexpr int longestLabel = 60; ///< characters; the line of progress must not wrap
-
-Drawing readDrawing(const QString& input, const Progress& progress) {
-    DxfReader reader;
-    return reader.read(QFile::encodeName(input).toStdString(), progress);
+QString nameOf(const Space& space) {
+    return space.layout ? QString::fromStdString(space.layout->name) : QString(modelSpaceName);
 }
 
-QStringList namesOf(const std::vector<Space>& spaces) {
-    QStringList names;
-    for (const Space& space : spaces) {
-        names << (space.layout ? QString::fromStdString(space.layout->name) : QString(modelSpaceName));
-    }
-    return names;
+QString titleOf(const QString& input) {
+    return QFileInfo(input).completeBaseName();
 }
 
 /// One drawing on its way to paper.
 class PlotJob {
 public:
-    PlotJob(QString input, const PlotPlan& plan, Console& console)
-        : m_input(std::move(input)), m_plan(plan), m_console(console) {}
+    PlotJob(QString input, const PlotPlan& plan, Console& console, DrawingRecord& record)
+        : m_input(std::move(input)), m_plan(plan), m_console(console), m_record(record) {}
 
-    void run(const QString& output);
+    void run(const PlannedFile& file, PageSequence& pages);
 
 private:
     void warn(const QString& text);
@@ -50,50 +40,54 @@ private:
     void note(const QString& text);
     void usePens(const Space& space, DrawingPlot& plot);
     void tellOfFonts(const FontReport& fonts);
-    PageLayout layOut(const DrawingPlot& plot, const Space& space);
-    void draw(const DrawingPlot& plot, const Space& space, const PageLayout& layout, OutputDevice& device);
+    PageLayout layOut(const DrawingPlot& plot, const Space& space, PageRecord& record);
+    void plotSheet(const DrawingPlot& plot, const Space& space, const QString& name, PageSequence& pages);
+    void plotTiles(const DrawingPlot& plot, const Space& space, const QString& name, const PageLayout& sheet,
+                   PageSequence& pages, PageRecord record);
+    void draw(const DrawingPlot& plot, const Space& space, const PageLayout& layout, OutputDevice& device,
+              PageRecord& page);
 
     QString m_input;
     const PlotPlan& m_plan;
     Console& m_console;
+    DrawingRecord& m_record;
     Drawing m_drawing;
-    QSet<QString> m_told; ///< warnings and notes
+    double m_done = 0.0;  ///< of all pages
+    double m_share = 1.0; ///< of one page in them
 };
 
-void PlotJob::run(const QString& output) {
-    m_drawing = readDrawing(m_input, [&](double fraction) { m_console.showProgress(fraction / 2.0); });
+void PlotJob::run(const PlannedFile& file, PageSequence& pages) {
+    constexpr double reading = 0.5;
+    m_drawing = readDrawing(m_input, [&](double fraction) { m_console.showProgress(reading * fraction); });
     applyLayers();
     buildAnnotations(m_drawing, m_plan.style.fonts);
     DrawingPlot plot(m_drawing, m_plan.style);
-    std::unique_ptr<OutputDevice> device;
     const std::vector<Space> spaces = chosenSpaces(m_drawing, m_plan.layout);
+    size_t entities = 0;
+    for (const Space& space : spaces) {
+        entities += space.entities.size();
+    }
+    m_console.setEntities(entities);
+    m_done = reading;
+    m_share = (1.0 - reading) / static_cast<double>(spaces.size());
     for (const Space& space : spaces) {
         usePens(space, plot);
-        const PageLayout layout = layOut(plot, space);
-        if (device) {
-            device->nextPage(layout.sheet);
-        } else {
-            const OutputSetup setup{output,
-                                    QFileInfo(m_input).completeBaseName(),
-                                    layout.sheet,
-                                    m_plan.dotsPerInch,
-                                    m_plan.pixelWidth,
-                                    m_plan.pixels,
-                                    namesOf(spaces)};
-            device = createOutputDevice(m_plan.format, setup);
-        }
-        draw(plot, space, layout, *device);
+        const QString name = nameOf(space);
+        const QString ofBook = spaces.size() > 1 ? titleOf(m_input) + QStringLiteral(": ") + name : titleOf(m_input);
+        plotSheet(plot, space, file.inputs.size() > 1 ? ofBook : name, pages);
     }
     tellOfFonts(plot.fonts());
-    device->finish();
+    if (const QString differing = shortcomings(pages.takeShortcomings()); !differing.isEmpty()) {
+        warn(differing);
+    }
 }
 
 /// Once for each text, however many layouts it is true of.
 void PlotJob::warn(const QString& text) {
-    if (m_told.contains(text)) {
+    if (m_record.warnings.contains(text)) {
         return;
     }
-    m_told.insert(text);
+    m_record.warnings << text;
     const std::string full = (m_input + QStringLiteral(": ") + text).toStdString();
     if (m_plan.strict) {
         throw StrictFailure(full);
@@ -116,8 +110,8 @@ void PlotJob::applyLayers() {
 
 /// Once for each text, as `warn`.
 void PlotJob::note(const QString& text) {
-    if (!text.isEmpty() && !m_told.contains(text)) {
-        m_told.insert(text);
+    if (!text.isEmpty() && !m_record.notes.contains(text)) {
+        m_record.notes << text;
         m_console.note((m_input + QStringLiteral(": ") + text).toStdString());
     }
 }
@@ -130,16 +124,23 @@ void PlotJob::usePens(const Space& space, DrawingPlot& plot) {
 }
 
 void PlotJob::tellOfFonts(const FontReport& fonts) {
+    m_record.replacedFonts = fonts.replaced;
+    for (const uint character : fonts.missing) {
+        m_record.missingCharacters << QString::fromUcs4(&character, 1);
+    }
     note(replacedFonts(fonts));
     if (const QString missing = missingCharacters(fonts); !missing.isEmpty()) {
         warn(missing);
     }
 }
 
-PageLayout PlotJob::layOut(const DrawingPlot& plot, const Space& space) {
+PageLayout PlotJob::layOut(const DrawingPlot& plot, const Space& space, PageRecord& record) {
     ExtentsReport report;
     const Box2 extents = plot.extents(space.entities, &report);
     warn(missingParts(m_drawing, report));
+    for (const auto& [kind, entities] : report.unplotted) {
+        record.leftOut[QString::fromStdString(kind)] = entities.size();
+    }
     PageOptions page = m_plan.page;
     double millimetresPerUnit = m_plan.millimetresPerUnit.value_or(m_drawing.millimetresPerUnit);
     if (space.layout) {
@@ -162,65 +163,64 @@ PageLayout PlotJob::layOut(const DrawingPlot& plot, const Space& space) {
     return layout;
 }
 
-void PlotJob::draw(const DrawingPlot& plot, const Space& space, const PageLayout& layout, OutputDevice& device) {
+void PlotJob::plotSheet(const DrawingPlot& plot, const Space& space, const QString& name, PageSequence& pages) {
+    PageRecord record;
+    record.space = nameOf(space);
+    record.entities = space.entities.size();
+    const PageLayout layout = layOut(plot, space, record);
+    record.scale = layout.scale;
+    record.sheet = layout.sheet;
+    if (m_plan.tiling) {
+        plotTiles(plot, space, name, layout, pages, record);
+        return;
+    }
+    draw(plot, space, layout, pages.begin(layout, name), record);
+    m_record.pages.push_back(record);
+}
+
+void PlotJob::plotTiles(const DrawingPlot& plot, const Space& space, const QString& name, const PageLayout& sheet,
+                        PageSequence& pages, PageRecord record) {
+    const std::vector<Tile> tiles = tilesOf(sheet, *m_plan.tiling);
+    if (tiles.empty()) {
+        throw UsageError(QStringLiteral("--tile: the sheet would take more than 1000 pages of this paper"));
+    }
+    m_share /= static_cast<double>(tiles.size());
+    for (const Tile& tile : tiles) {
+        const QString place = QStringLiteral("%1 (%2, %3)").arg(name).arg(tile.row + 1).arg(tile.column + 1);
+        OutputDevice& device = pages.begin(tile.page, tiles.size() > 1 ? place : name);
+        draw(plot, space, tile.page, device, record);
+        RenderSession session(device);
+        drawTileMarks(tile, titleOf(m_input).toStdWString(), device.grid(), session.surface().renderer);
+        record.tile = {tile.row + 1, tile.column + 1};
+        record.sheet = tile.page.sheet;
+        m_record.pages.push_back(record);
+    }
+    m_share *= static_cast<double>(tiles.size());
+}
+
+void PlotJob::draw(const DrawingPlot& plot, const Space& space, const PageLayout& layout, OutputDevice& device,
+                   PageRecord& page) {
     PlotTarget target = plotTargetFor(layout, device.grid());
     PlotReport report;
     const int parts = device.partCount();
     for (int part = 0; part < parts; ++part) {
         target.part = device.beginPart(part);
         RenderSession session(device);
-        report.add(plot.draw(space.entities, target, session.surface(),
-                             [&](double fraction) { m_console.showProgress(0.5 + (part + fraction) / parts / 2.0); }));
+        report.add(plot.draw(space.entities, target, session.surface(), [&](double fraction) {
+            m_console.showProgress(m_done + m_share * (part + fraction) / parts);
+        }));
     }
+    m_done += m_share;
+    page.viewports = report.viewports;
     warn(missingParts(m_drawing, report));
 }
 
-const char* stateOf(const Layer& layer) {
-    if (layer.frozen) {
-        return "frozen";
-    }
-    if (!layer.on) {
-        return "off";
-    }
-    return layer.plotted ? "plotted" : "not plotted";
-}
-
-/// Shows the progress of a drawing for as long as this lives.
-class WorkOn {
-public:
-    WorkOn(const QString& input, Console& console) : m_console(console) {
-        m_console.startWork(QFileInfo(input).fileName().left(longestLabel).toStdString());
-    }
-    ~WorkOn() { m_console.endWork(); }
-    WorkOn(const WorkOn&) = delete;
-    WorkOn& operator=(const WorkOn&) = delete;
-
-private:
-    Console& m_console;
-};
-
 } // namespace
 
-void plotDrawing(const QString& input, const QString& output, const PlotPlan& plan, Console& console) {
+void plotDrawing(const QString& input, const PlannedFile& file, const PlotPlan& plan, PageSequence& pages,
+                 Console& console, DrawingRecord& record) {
     const WorkOn work(input, console);
-    PlotJob(input, plan, console).run(output);
-}
-
-void listLayouts(const QString& input, std::ostream& stream, Console& console) {
-    const WorkOn work(input, console);
-    const Drawing drawing = readDrawing(input, [&](double fraction) { console.showProgress(fraction); });
-    stream << modelSpaceName.latin1() << '\n';
-    for (const Layout& layout : drawing.layouts) {
-        stream << layout.name << '\n';
-    }
-}
-
-void listLayers(const QString& input, std::ostream& stream, Console& console) {
-    const WorkOn work(input, console);
-    const Drawing drawing = readDrawing(input, [&](double fraction) { console.showProgress(fraction); });
-    for (const Layer& layer : drawing.layers) {
-        stream << layer.name << '\t' << stateOf(layer) << '\n';
-    }
+    PlotJob(input, plan, console, record).run(file, pages);
 }
 
 } // namespace kelplot

@@ -2,11 +2,12 @@
 #pragma once
 
 #include <QString>
-#include <iosfwd>
 #include <stdexcept>
 
 #include "cli/Console.h"
+#include "cli/PageSequence.h"
 #include "cli/PlotPlan.h"
+#include "cli/PlotRecord.h"
 
 namespace kelplot {
 
@@ -16,13 +17,9 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Plots one drawing to one file. Throws `ReadError`, `OutputError` or `StrictFailure`; then there is no file.
-void plotDrawing(const QString& input, const QString& output, const PlotPlan& plan, Console& console);
-
-/// Prints the names by which the spaces of a drawing are asked for, a line each. Throws `ReadError`.
-void listLayouts(const QString& input, std::ostream& stream, Console& console);
-
-/// Prints the layers of a drawing, a line each: the name, a tab and the state. Throws `ReadError`.
-void listLayers(const QString& input, std::ostream& stream, Console& console);
+/// Plots one drawing as the next pages of a file, and records what became of it. Throws `ReadError`, `UsageError`,
+/// `OutputError` or `StrictFailure`.
+void plotDrawing(const QString& input, const PlannedFile& file, const PlotPlan& plan, PageSequence& pages,
+                 Console& console, DrawingRecord& record);
 
 } // namespace kelplot

@@ -177,6 +177,14 @@ QString replacedFonts(const FontReport& fonts) {
     return replaced.isEmpty() ? QString() : QStringLiteral("fonts replaced: ") + replaced.join(QStringLiteral("; "));
 }
 
+QString shortcomings(const std::map<QString, size_t>& counts) {
+    QStringList kinds;
+    for (const auto& [kind, count] : counts) {
+        kinds << QStringLiteral("%1: %2").arg(kind).arg(count);
+    }
+    return kinds.isEmpty() ? QString() : QStringLiteral("in this format: ") + kinds.join(QStringLiteral("; "));
+}
+
 QString missingCharacters(const FontReport& fonts) {
     QStringList missing;
     for (const uint character : fonts.missing) {

@@ -18,6 +18,9 @@ QString tooLarge(const Box2& subject, double millimetresPerUnit, const PageLayou
 /// Which families stand for fonts that are not installed; empty where none do.
 QString replacedFonts(const FontReport& fonts);
 
+/// What the format of the output could not take as it was drawn; empty where there is nothing.
+QString shortcomings(const std::map<QString, size_t>& counts);
+
 /// Which characters no font has; empty where there are none.
 QString missingCharacters(const FontReport& fonts);
 

@@ -10,6 +10,7 @@
 #include "base/Numbers.h"
 #include "cli/PaperListing.h"
 #include "cli/SpaceChoice.h"
+#include "device/PlotMark.h"
 #include "settings/PaperFile.h"
 #include "settings/PaperTable.h"
 #include "settings/PenSection.h"
@@ -67,9 +68,8 @@ void requireRoom(const Request& request, const PageOptions& page) {
                          .arg(request.paper.origin, request.paper.text));
 }
 
-/// Finds the sheet and margins of the paper that was asked for; a name is looked up in the paper files.
-void choosePaper(const Request& request, PlotPlan& plan) {
-    const AskedPaper& asked = request.paper;
+/// Finds the sheet and margins of a paper; a name is looked up in the paper files.
+void usePaper(const AskedPaper& asked, PlotPlan& plan) {
     const std::string text = asked.text.toStdString();
     if (const auto size = sheetSizeFromText(text)) {
         useSize(asked, *size, plan);
@@ -79,6 +79,10 @@ void choosePaper(const Request& request, PlotPlan& plan) {
     } else {
         useName(asked, plan);
     }
+}
+
+void choosePaper(const Request& request, PlotPlan& plan) {
+    usePaper(request.paper, plan);
     plan.page.margins = request.margins.value_or(plan.page.margins);
     requireRoom(request, plan.page);
 }
@@ -142,12 +146,33 @@ StatedPage statedBy(const Request& request) {
     return {anyOf({"paper"}), anyOf({"margins"}), anyOf({"scale", "fit", "window", "center", "portrait", "landscape"})};
 }
 
-QString outputPath(const QString& input, const Request& request) {
-    if (!request.outputFile.isEmpty()) {
-        return request.outputFile;
+/// Texts of a PDF file can be searched and look the same everywhere; those of an SVG file depend on the viewer's fonts,
+/// and images and plotters have none.
+TextMode textModeFor(const Request& request) {
+    if (request.format == OutputFormat::png || request.format == OutputFormat::hpgl) {
+        return TextMode::outlines;
     }
-    const QString name = QFileInfo(input).completeBaseName() + QLatin1Char('.') + suffixOf(request.format);
-    return request.outputDirectory.isEmpty() ? name : QDir(request.outputDirectory).filePath(name);
+    return request.texts.value_or(request.format == OutputFormat::pdf ? TextMode::fonts : TextMode::outlines);
+}
+
+/// How the sheets are spread over pages; the margins of a paper that is named count, and those that are stated do not.
+std::optional<Tiling> tilingFor(const Request& request, PlotPlan& plan) {
+    if (request.tilePaper.isEmpty()) {
+        return std::nullopt;
+    }
+    if (!hasPages(request.format)) {
+        throw UsageError(QStringLiteral("--tile: the pages go into one file; give --format pdf or hpgl"));
+    }
+    PlotPlan pages;
+    usePaper({request.tilePaper, QStringLiteral("--tile")}, pages);
+    plan.warnings << pages.warnings;
+    const Tiling tiling{pages.page.paper, pages.page.margins, request.tileOverlap};
+    if (!leavesRoom(tiling)) {
+        throw UsageError(QStringLiteral("--tile: \"%1\" has no room within its margins and the overlap of %2 mm")
+                             .arg(request.tilePaper)
+                             .arg(request.tileOverlap));
+    }
+    return tiling;
 }
 
 /// The same text for the same file, whatever path names it.
@@ -156,24 +181,62 @@ QString identityOf(const QString& path) {
     return info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
 }
 
-/// The output file of each input.
-QStringList outputPaths(const Request& request) {
+bool isStandardStream(const QString& path) {
+    return path == QLatin1String("-");
+}
+
+QString outputPath(const QString& input, const Request& request) {
+    if (!request.outputFile.isEmpty()) {
+        return request.outputFile;
+    }
+    if (isStandardStream(input)) {
+        return input;
+    }
+    const QFileInfo info(input);
+    const QString name = info.completeBaseName() + QLatin1Char('.') + suffixOf(request.format);
+    if (!request.outputDirectory.isEmpty()) {
+        return QDir::cleanPath(QDir(request.outputDirectory).filePath(name));
+    }
+    return info.path() == QLatin1String(".") ? name : QDir(info.path()).filePath(name);
+}
+
+/// The files of a request: one for all drawings where its name is given, else one for each.
+std::vector<PlannedFile> plannedFiles(const Request& request) {
+    std::vector<PlannedFile> files;
+    for (const QString& input : request.inputs) {
+        if (!files.empty() && !request.outputFile.isEmpty()) {
+            files.back().inputs << input;
+            files.back().title = QFileInfo(request.outputFile).completeBaseName();
+        } else {
+            const QString title =
+                isStandardStream(input) ? QStringLiteral("drawing") : QFileInfo(input).completeBaseName();
+            files.push_back({outputPath(input, request), title, {input}});
+        }
+    }
+    return files;
+}
+
+/// Refuses files that would replace a drawing, one another, or what somebody else has made.
+void checkOutputs(const std::vector<PlannedFile>& files, const Request& request) {
     QMap<QString, QString> takenBy;
     for (const QString& input : request.inputs) {
         takenBy.insert(identityOf(input), input);
     }
-    QStringList paths;
-    for (const QString& input : request.inputs) {
-        const QString path = outputPath(input, request);
-        const QString identity = identityOf(path);
+    for (const PlannedFile& file : files) {
+        if (isStandardStream(file.path)) {
+            continue;
+        }
+        const QString identity = identityOf(file.path);
         if (takenBy.contains(identity)) {
             throw UsageError(QStringLiteral("%1: its plot would replace %2, which belongs to %3")
-                                 .arg(input, path, takenBy.value(identity)));
+                                 .arg(file.inputs[0], file.path, takenBy.value(identity)));
         }
-        takenBy.insert(identity, input);
-        paths << path;
+        takenBy.insert(identity, file.inputs[0]);
+        if (!request.replaceAny && !isReplaceable(file.path)) {
+            throw UsageError(QStringLiteral("%1: is there already and no plot of kelplot's; give --force to replace it")
+                                 .arg(file.path));
+        }
     }
-    return paths;
 }
 
 void refuseImageOptions(const Request& request) {
@@ -187,12 +250,16 @@ void refuseImageOptions(const Request& request) {
 } // namespace
 
 PlotPlan planFor(const Request& request) {
-    if (request.layout.compare(allLayouts, Qt::CaseInsensitive) == 0 && request.format != OutputFormat::pdf) {
-        throw UsageError(QStringLiteral("--layout: all layouts go into one PDF file; give --format pdf"));
+    const bool onePage = !hasPages(request.format);
+    if (request.layout.compare(allLayouts, Qt::CaseInsensitive) == 0 && onePage) {
+        throw UsageError(QStringLiteral("--layout: all layouts go into one file; give --format pdf or hpgl"));
+    }
+    if (request.inputs.size() > 1 && !request.outputFile.isEmpty() && onePage) {
+        throw UsageError(QStringLiteral("--output: takes several drawings as pdf or hpgl only; "
+                                        "give --target-directory for a file each"));
     }
     refuseImageOptions(request);
     PlotPlan plan;
-    plan.inputs = request.inputs;
     plan.format = request.format;
     plan.dotsPerInch = request.dotsPerInch;
     plan.pixelWidth = request.pixelWidth;
@@ -203,6 +270,7 @@ PlotPlan planFor(const Request& request) {
     plan.page.window = request.window;
     choosePaper(request, plan);
     plan.statedPage = statedBy(request);
+    plan.tiling = tilingFor(request, plan);
     plan.layout = request.layout;
     plan.millimetresPerUnit = request.millimetresPerUnit;
     if (!request.savedPaper.isEmpty()) {
@@ -214,11 +282,21 @@ PlotPlan planFor(const Request& request) {
     choosePens(request, plan);
     plan.style.fonts = request.fonts;
     plan.style.patterns = patternsFor(request);
-    plan.style.texts = plan.format == OutputFormat::png ? TextMode::outlines : request.texts; // an image has no texts
+    plan.style.texts = textModeFor(request);
     plan.layers = request.layers;
     plan.excludedLayers = request.excludedLayers;
     plan.strict = request.strict;
-    plan.outputs = outputPaths(request);
+    plan.files = plannedFiles(request);
+    plan.printer = request.printer;
+    plan.print.copies = request.copies;
+    plan.print.sides = request.sides;
+    plan.waitsForPrinter = !request.doesNotWait;
+    if (plan.printer.isEmpty()) {
+        checkOutputs(plan.files, request);
+    } else if (plan.format != OutputFormat::pdf) {
+        throw UsageError(QStringLiteral("--printer: takes PDF only"));
+    }
+    plan.madeFolder = request.outputDirectory;
     return plan;
 }
 

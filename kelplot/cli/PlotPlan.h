@@ -4,18 +4,31 @@
 #include <QString>
 #include <QStringList>
 #include <optional>
+#include <vector>
 
 #include "cli/Request.h"
 #include "page/LayoutPage.h"
+#include "page/Tiling.h"
 #include "plot/entity/PlotStyleOptions.h"
+#include "print/PrintJob.h"
 #include "settings/PaperTable.h"
 
 namespace kelplot {
 
+/// A file that is to be written, and the drawings whose pages it is to hold.
+struct PlannedFile {
+    QString path; ///< "-": standard output
+    QString title;
+    QStringList inputs;
+};
+
 /// What a request comes to, with papers, pens and file names looked up: all that plotting needs to know.
 struct PlotPlan {
-    QStringList inputs;
-    QStringList outputs;  ///< the file of each input, in their order
+    std::vector<PlannedFile> files; ///< in the order of their drawings
+    QString printer;                ///< to which they go instead; empty: they are files
+    PrintOptions print;             ///< without title and paper, which are those of each file
+    bool waitsForPrinter = true;
+    QString madeFolder;   ///< that is made if it is not there; empty: none
     QStringList warnings; ///< about the papers
     OutputFormat format = OutputFormat::pdf;
     int dotsPerInch = 200;
@@ -23,6 +36,7 @@ struct PlotPlan {
     PixelKind pixels = PixelKind::colour;
     PageOptions page;
     StatedPage statedPage;
+    std::optional<Tiling> tiling;             ///< none: the sheets are plotted whole
     QString layout;                           ///< as in the request
     std::optional<double> millimetresPerUnit; ///< of model space; none: as the drawing says
     PlotStyleOptions style;
@@ -36,7 +50,8 @@ struct PlotPlan {
 };
 
 /// Works out what a request to plot, or to save a paper, comes to. Throws `UsageError` for papers that are unknown or
-/// leave no room, where two inputs would share an output, and where an output would replace an input; `SettingsError`
+/// leave no room, where two inputs would share an output, and where an output would replace an input or what is no
+/// plot of kelplot's; `SettingsError`
 /// for a faulty file of papers or pens.
 PlotPlan planFor(const Request& request);
 

@@ -9,6 +9,7 @@
 #include "device/OutputDevice.h"
 #include "page/PageSetup.h"
 #include "plot/text/TextMode.h"
+#include "print/PrintJob.h"
 #include "settings/FontTable.h"
 
 namespace kelplot {
@@ -19,7 +20,18 @@ public:
     explicit UsageError(const QString& text) : std::runtime_error(text.toStdString()) {}
 };
 
-enum class Action { plot, savePaper, listLayers, listLayouts, listPapers, showHelp, showVersion, showManual };
+enum class Action {
+    plot,
+    savePaper,
+    listLayers,
+    listLayouts,
+    listPapers,
+    listPrinters,
+    showHelp,
+    showVersion,
+    showManual,
+    showCompletion
+};
 
 /// A paper as it was asked for.
 struct AskedPaper {
@@ -31,10 +43,12 @@ struct AskedPaper {
 struct Request {
     Action action = Action::plot;
     QStringList inputs;
+    QString shell;           ///< whose completion is asked for
     QStringList given;       ///< the options of the command line, by their long names
     QStringList warnings;    ///< about the settings
-    QString outputFile;      ///< for a single input; empty: named after the input
-    QString outputDirectory; ///< empty: the current one
+    QString outputFile;      ///< "-": standard output; empty: named after the input
+    QString outputDirectory; ///< empty: that of the input
+    bool replaceAny = false; ///< files too that kelplot did not write
     OutputFormat format = OutputFormat::pdf;
     int dotsPerInch = 200;
     int pixelWidth = 0; ///< of an image; 0: as the dots per inch say
@@ -45,6 +59,8 @@ struct Request {
     Orientation orientation = Orientation::automatic;
     std::optional<double> scale; ///< none: as large as the page allows
     bool centred = false;
+    QString tilePaper;         ///< over whose pages the sheet is spread; empty: it is plotted whole
+    double tileOverlap = 10.0; ///< millimetres
     std::optional<Box2> window;
     QString savedPaper;       ///< the name under which the paper's size is to be kept; empty: not at all
     QStringList pensFiles;    ///< the last to state a pen counts; empty: the drawing's pens
@@ -53,12 +69,16 @@ struct Request {
     bool monochrome = false;
     std::optional<double> millimetresPerUnit; ///< none: as the drawing says
     double lineWeightScale = 1.0;
-    TextMode texts = TextMode::outlines;
+    std::optional<TextMode> texts; ///< none: as suits the format
     FontTable fonts;
     QString layout;             ///< the name of a layout, "model" or "all"; empty: what the drawing was saved in
     QStringList layers;         ///< patterns; empty: all
     QStringList excludedLayers; ///< patterns
-    bool json = false;          ///< lists are printed as JSON
+    QString printer;            ///< empty: plots go to files
+    int copies = 1;
+    Sides sides = Sides::asSetUp;
+    bool doesNotWait = false; ///< until the job has left the queue
+    bool json = false;        ///< papers, and what became of plots, are printed as JSON
     bool forceProgress = false;
     bool quiet = false;
     bool strict = false;

@@ -28,8 +28,12 @@ private:
 } // namespace
 
 void DirectPainter::drawText(const QString& text, const QFont& font, const Affine2& place, const QColor& ink) {
+    const QTransform transform = transformOf(place);
+    if (m_textDrawer && m_textDrawer({text, font, transform, ink})) {
+        return;
+    }
     const PainterState state(m_painter);
-    m_painter.setWorldTransform(transformOf(place), true);
+    m_painter.setWorldTransform(transform, true);
     m_painter.setBackgroundMode(Qt::TransparentMode);
     m_painter.setPen(ink);
     m_painter.setFont(font);

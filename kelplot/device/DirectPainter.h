@@ -6,7 +6,9 @@
 #include <QFont>
 #include <QString>
 #include <functional>
+#include <utility>
 
+#include "device/DeviceText.h"
 #include "geometry/Affine2.h"
 #include "geometry/Vec.h"
 
@@ -19,8 +21,12 @@ namespace kelplot {
 /// gradients, and the transform for pictures that are turned. The renderer knows none of these.
 class DirectPainter {
 public:
+    /// Draws a text by the device's own means, or answers false.
+    using TextDrawer = std::function<bool(const DeviceText& text)>;
+
     /// @param painter  borrowed; has no world transform except during the calls below
-    explicit DirectPainter(QPainter& painter) : m_painter(painter) {}
+    explicit DirectPainter(QPainter& painter, TextDrawer textDrawer = {})
+        : m_painter(painter), m_textDrawer(std::move(textDrawer)) {}
 
     /// Draws a text as characters of its font, not as outlines.
     ///
@@ -41,6 +47,7 @@ public:
 
 private:
     QPainter& m_painter;
+    TextDrawer m_textDrawer;
 };
 
 } // namespace kelplot

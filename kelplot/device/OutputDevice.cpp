@@ -3,7 +3,8 @@
 
 #include <QStringList>
 
-#include "device/PdfDevice.h"
+#include "device/hpgl/HpglDevice.h"
+#include "device/pdf/PdfDevice.h"
 #include "device/png/PngDevice.h"
 #include "device/svg/SvgDevice.h"
 
@@ -19,12 +20,15 @@ struct FormatEntry {
     OutputFormat format;
     const char* name;
     std::unique_ptr<OutputDevice> (*create)(const OutputSetup& setup);
+    bool hasPages = false;
+    const char* otherName = nullptr;
 };
 
 constexpr FormatEntry formats[] = {
-    {OutputFormat::pdf, "pdf", create<PdfDevice>},
+    {OutputFormat::pdf, "pdf", create<PdfDevice>, true},
     {OutputFormat::png, "png", create<PngDevice>},
     {OutputFormat::svg, "svg", create<SvgDevice>},
+    {OutputFormat::hpgl, "hpgl", create<HpglDevice>, true, "plt"},
 };
 
 const FormatEntry& entryOf(OutputFormat format) {
@@ -38,13 +42,18 @@ const FormatEntry& entryOf(OutputFormat format) {
 
 } // namespace
 
-void OutputDevice::nextPage(const SheetSize& /*sheet*/) {
+void OutputDevice::nextPage(const SheetSize& /*sheet*/, const QString& /*name*/) {
     throw OutputError("this format has one page only");
+}
+
+bool hasPages(OutputFormat format) {
+    return entryOf(format).hasPages;
 }
 
 std::optional<OutputFormat> formatFromName(const QString& name) {
     for (const FormatEntry& entry : formats) {
-        if (name.compare(QLatin1String(entry.name), Qt::CaseInsensitive) == 0) {
+        if (name.compare(QLatin1String(entry.name), Qt::CaseInsensitive) == 0 ||
+            (entry.otherName && name.compare(QLatin1String(entry.otherName), Qt::CaseInsensitive) == 0)) {
             return entry.format;
         }
     }

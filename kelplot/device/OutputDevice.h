@@ -3,10 +3,12 @@
 
 #include <QPainter>
 #include <QStringList>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 
+#include "device/DeviceText.h"
 #include "device/OutputFile.h"
 #include "page/PageSetup.h"
 
@@ -37,8 +39,21 @@ public:
         return std::nullopt;
     }
 
-    /// Begins a further page, of this size. Throws `OutputError` for formats of one page.
-    virtual void nextPage(const SheetSize& sheet);
+    /// Draws a text as characters of its font, where the painter would make other texts of it.
+    ///
+    /// @return false: this device leaves it to the painter
+    virtual bool drawText(const DeviceText& text) {
+        static_cast<void>(text);
+        return false;
+    }
+
+    /// Begins a further page. Throws `OutputError` for formats of one page.
+    ///
+    /// @param name  for the document's outline
+    virtual void nextPage(const SheetSize& sheet, const QString& name);
+
+    /// What of the plot the format could not take as it was drawn, with counts.
+    virtual std::map<QString, size_t> shortcomings() const { return {}; }
 
     /// Ends the plot and puts the file in its place, or throws `OutputError` and leaves none.
     virtual void finish() = 0;
@@ -58,10 +73,13 @@ struct OutputSetup {
     int dotsPerInch = 200; ///< of an image
     int pixelWidth = 0;    ///< of an image, in place of the dots per inch; 0: as these say
     PixelKind pixels = PixelKind::colour;
-    QStringList pageNames = {}; ///< of all pages, in their order, for formats of several
+    QString pageName = {}; ///< of the first page, for the outline of formats of several
 };
 
-enum class OutputFormat { pdf, png, svg };
+enum class OutputFormat { pdf, png, svg, hpgl };
+
+/// Tells whether a format has several pages in one file.
+bool hasPages(OutputFormat format);
 
 /// The format of a name such as "pdf", in any case.
 std::optional<OutputFormat> formatFromName(const QString& name);

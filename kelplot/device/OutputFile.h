@@ -20,7 +20,8 @@ public:
 };
 
 /// A file that appears under its name only when it is complete, and not at all if anything fails first. Until then
-/// whatever had the name stays untouched. Devices and pipes are written to as they are.
+/// whatever had the name stays untouched. Devices and pipes are written to as they are, and so is standard output,
+/// which is called "-".
 class OutputFile {
 public:
     /// Opens a new file beside the named one, or throws `OutputError`.
@@ -39,7 +40,7 @@ public:
     void commit();
 
     /// Removes what there is of the file that is being written, for a program that ends without its destructors.
-    /// Takes no memory.
+    /// Takes no memory, and may be called by a signal's handler.
     /// @return the path that was asked for; empty when no file is being written
     static const char* abandonUnfinished() noexcept;
 

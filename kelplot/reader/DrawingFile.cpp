@@ -3,7 +3,9 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
+#include <memory>
 #include <string_view>
 #include <system_error>
 
@@ -73,9 +75,29 @@ std::string otherKind(std::string_view beginning) {
     return {};
 }
 
-} // namespace
+/// Opens a copy of what standard input holds, in a file without a name: drawings are read by their size, and from the
+/// start more than once.
+DrawingFile openStandardInput(const std::string& path) {
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> copy(std::tmpfile(), &std::fclose);
+    if (!copy) {
+        refuse(ReadError::Reason::cannotOpen, path, "no temporary file: " + std::generic_category().message(errno));
+    }
+    std::array<char, size_t{1} << 16> buffer{};
+    while (const size_t count = std::fread(buffer.data(), 1, buffer.size(), stdin)) {
+        if (std::fwrite(buffer.data(), 1, count, copy.get()) != count) {
+            refuse(ReadError::Reason::cannotOpen, path, "temporary file: " + std::generic_category().message(errno));
+        }
+    }
+    if (std::ferror(stdin) != 0 || std::fflush(copy.get()) != 0) {
+        refuse(ReadError::Reason::cannotOpen, path, std::generic_category().message(errno));
+    }
+    DrawingFile file;
+    file.size = static_cast<std::uintmax_t>(std::ftell(copy.get()));
+    file.stream.open("/proc/self/fd/" + std::to_string(fileno(copy.get())), std::ios::in | std::ios::binary);
+    return file;
+}
 
-DrawingFile openDrawingFile(const std::string& path) {
+DrawingFile openNamedFile(const std::string& path) {
     std::error_code error;
     const std::filesystem::file_status status = std::filesystem::status(path, error);
     if (!std::filesystem::exists(status)) {
@@ -96,6 +118,16 @@ DrawingFile openDrawingFile(const std::string& path) {
     file.size = std::filesystem::file_size(path, error);
     if (error) {
         refuse(ReadError::Reason::cannotOpen, path, error.message());
+    }
+    return file;
+}
+
+} // namespace
+
+DrawingFile openDrawingFile(const std::string& path) {
+    DrawingFile file = path == "-" ? openStandardInput(path) : openNamedFile(path);
+    if (!file.stream) {
+        refuse(ReadError::Reason::cannotOpen, path, "cannot be read");
     }
     if (file.size == 0) {
         refuse(ReadError::Reason::notADrawing, path, "the file is empty");

@@ -14,8 +14,8 @@ struct DrawingFile {
     bool isBinary = false; ///< else it is in text form
 };
 
-/// Opens `path`, or throws `ReadError`: `cannotOpen` where there is no readable regular file, and
-/// `notADrawing` where the file is empty or of another known kind.
+/// Opens `path`, or a copy of standard input for "-", or throws `ReadError`: `cannotOpen` where there is no readable
+/// regular file, and `notADrawing` where the file is empty or of another known kind.
 DrawingFile openDrawingFile(const std::string& path);
 
 } // namespace kelplot

@@ -32,16 +32,16 @@ int qtWeightFor(int32_t win32Weight) {
     return found == std::end(weights) ? usualWeight : found->qt;
 }
 
-int screenDotsPerInch() {
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    return screen == nullptr ? usualDotsPerInch : static_cast<int>(screen->logicalDotsPerInch());
-}
-
 int32_t negated(int32_t value) {
     return value == INT32_MIN ? INT32_MIN : -value;
 }
 
 } // namespace
+
+int screenDotsPerInch() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen == nullptr ? usualDotsPerInch : static_cast<int>(screen->logicalDotsPerInch());
+}
 
 std::wstring faceNameOf(const tagLOGFONTW& record) {
     return {record.lfFaceName, std::find(std::begin(record.lfFaceName), std::end(record.lfFaceName), L'\0')};

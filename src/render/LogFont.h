@@ -11,6 +11,9 @@
 
 namespace KelDriver::Internal {
 
+/// The primary screen's resolution as whole dots; the usual one where there is no screen.
+int screenDotsPerInch();
+
 /// The face name of a record, which may fill its field without a terminator.
 std::wstring faceNameOf(const tagLOGFONTW& record);
 

@@ -7,9 +7,14 @@
 #include <QPainter>
 #include <QPen>
 
+#include "render/TextOutlines.h"
+
+using namespace KelDriver::Internal;
+
 QTRenderer::QTRenderer() = default;
 
 QTRenderer::~QTRenderer() {
+    endTextOutlines(this);
     if (painter != nullptr) {
         painter->restore();
     }
@@ -28,6 +33,7 @@ void QTRenderer::AttachDriver(void* target, const HT_Int_Size&, bool) {
 }
 
 void QTRenderer::DetachDriver() {
+    endTextOutlines(this);
     // The painter stays recorded, and the destructor restores it once more: part of the interface.
     if (painter != nullptr) {
         painter->restore();
@@ -38,6 +44,7 @@ bool QTRenderer::StartRender() {
     if (painter == nullptr) {
         return false;
     }
+    beginTextOutlines(this);
     painter->save();
     painter->setPen(QPen(QColor(0, 0, 0)));
     painter->setBrush(QBrush(QColor(0, 0, 0), Qt::SolidPattern));
@@ -45,6 +52,7 @@ bool QTRenderer::StartRender() {
 }
 
 void QTRenderer::FinishRender() {
+    endTextOutlines(this);
 }
 
 void QTRenderer::setScale(double factor) {

@@ -4,19 +4,17 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <string_view>
 
 #include <QBrush>
-#include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPen>
-#include <QString>
 #include <QTransform>
 
 #include "geometry/Numeric.h"
 #include "render/LogFont.h"
-#include "render/WideText.h"
+#include "render/TextOutlines.h"
+#include "render/TextShape.h"
 
 using namespace KelDriver::Internal;
 
@@ -29,26 +27,6 @@ int32_t roundedWidth(const double* charWidths, int length, double widthFactor) {
         sum += static_cast<uint32_t>(roundToInt32(charWidths[i] / widthFactor));
     }
     return static_cast<int32_t>(sum);
-}
-
-/// The number of UTF-16 units that the first `length` characters take up.
-int utf16Length(std::wstring_view text, int length) {
-    return toQString(text.substr(0, static_cast<size_t>(std::max(length, 0)))).size();
-}
-
-/// Gives the font the size at which the text's natural width is `target`, in whole points, where there is one.
-void fitWidth(QFont& font, const QString& text, int measuredUnits, int32_t target) {
-    if (target < 1) {
-        return;
-    }
-    const int natural = QFontMetrics(font).horizontalAdvance(text, measuredUnits);
-    if (natural < 1) {
-        return;
-    }
-    const int32_t points = truncateToInt32(font.pointSizeF() * target / natural);
-    if (points > 0) {
-        font.setPointSize(points);
-    }
 }
 
 /// The elements of a text's transform are rounded to single precision: part of the interface.
@@ -84,14 +62,14 @@ void QTRenderer::DrawText(wchar_t* text, int length, const HT_Font& font, const 
     if (widthFactor == 0.0 || !isFinite(transform)) {
         return; // nothing would show, and the widths could not be divided by the factor
     }
-    const QString characters = toQString(text);
-    QFont qtFont = fontFor(logFontFor(font));
-    qtFont.setStyleStrategy(QFont::PreferAntialias);
-    if (charWidths != nullptr) {
-        fitWidth(qtFont, characters, utf16Length(text, length), roundedWidth(charWidths, length, widthFactor));
+    TextShape shape{text, logFontFor(font), 0, 0, screenDotsPerInch()};
+    const int32_t width = charWidths != nullptr ? roundedWidth(charWidths, length, widthFactor) : 0;
+    if (width >= 1) {
+        shape.width = width;
+        shape.measured = std::max(length, 0);
     }
-    QPainterPath outline;
-    outline.addText(0, 0, qtFont, characters);
+    TextOutlines* const kept = textOutlinesOf(this);
+    const QPainterPath outline = kept != nullptr ? kept->get(shape) : outlineOf(shape);
 
     painter->save();
     painter->setBackgroundMode(Qt::TransparentMode);

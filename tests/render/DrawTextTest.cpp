@@ -1,15 +1,21 @@
 // SPDX-License-Identifier: BSD-3-Clause
+#include <algorithm>
 #include <cmath>
 #include <complex>
 #include <cwchar>
+#include <iterator>
 #include <limits>
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include <QDirIterator>
+#include <QFontDatabase>
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QStandardPaths>
 
 #include "keldriver/FontName.h"
 #include "render/LogFont.h"
@@ -50,6 +56,36 @@ QPainterPath outlineOf(const QFont& font) {
     QPainterPath path;
     path.addText(0, 0, font, QString::fromStdWString(sample));
     return path;
+}
+
+bool isSameOutline(const QPainterPath& a, const QPainterPath& b) {
+    bool same = a.elementCount() == b.elementCount();
+    for (int i = 0; same && i < a.elementCount(); ++i) {
+        const QPainterPath::Element left = a.elementAt(i), right = b.elementAt(i);
+        same = left.type == right.type && left.x == right.x && left.y == right.y; // to the last bit
+    }
+    return same;
+}
+
+// The file of DejaVu Serif with a name as long as its own.
+QByteArray renamedSerif(const char* family) {
+    const auto bigEndian = [](const char* name) {
+        QByteArray bytes;
+        for (; *name != '\0'; ++name) {
+            bytes += '\0';
+            bytes += *name;
+        }
+        return bytes;
+    };
+    for (const QString& folder : QStandardPaths::standardLocations(QStandardPaths::FontsLocation)) {
+        QDirIterator files(folder, {QStringLiteral("DejaVuSerif.ttf")}, QDir::Files, QDirIterator::Subdirectories);
+        if (files.hasNext()) {
+            QFile file(files.next());
+            EXPECT_TRUE(file.open(QFile::ReadOnly));
+            return file.readAll().replace(bigEndian("DejaVu Serif"), bigEndian(family));
+        }
+    }
+    return {};
 }
 
 class TextTest : public RendererTest {
@@ -137,6 +173,70 @@ TEST_F(TextTest, FitsTheWidthInWholePoints) {
         ASSERT_EQ(recorder.calls().size(), 1U) << row.name;
         EXPECT_EQ(recorder.calls()[0].path, outlineOf(row.expected)) << row.name;
     }
+}
+
+// A plot keeps outlines, and draws the same as a renderer that was never told to start one.
+TEST_F(TextTest, PlotsThatRepeatTextsDrawThemAsBefore) {
+    QTRenderer plot;
+    plot.AttachDriver(&painter, {1000, 1000}, false);
+    ASSERT_TRUE(plot.StartRender());
+    const auto drawBoth = [&](std::wstring text, const HT_Font& font, std::vector<double> widths) {
+        for (QTRenderer* const drawing : {&renderer, &plot, &plot}) {
+            drawing->DrawText(text.data(), static_cast<int>(widths.size()), font, {0, 0}, 0, 2,
+                              widths.empty() ? nullptr : widths.data());
+        }
+        const auto count = recorder.calls().size();
+        ASSERT_GE(count, 3U);
+        for (const size_t kept : {count - 2, count - 1}) {
+            EXPECT_TRUE(isSameOutline(recorder.calls()[count - 3].path, recorder.calls()[kept].path))
+                << QString::fromStdWString(text).toStdString();
+        }
+    };
+    HT_Font heavy = fontOf(height);
+    heavy.bold = 1;
+    HT_Font slanted = fontOf(height);
+    slanted.italic = 1;
+    HT_Font otherFace = fontOf(height);
+    std::wcscpy(otherFace.faceName, L"DejaVu Serif");
+    for (const HT_Font& font : {fontOf(height), fontOf(height + 1), heavy, slanted, otherFace}) {
+        // The same text in all ways to fit it, and texts that begin or end like one another.
+        for (const std::vector<double>& widths :
+             {std::vector<double>(), {200, 200, 200}, {200, 200}, {150, 150, 100}}) {
+            drawBoth(L"AVA", font, widths);
+        }
+        for (const wchar_t* const text :
+             {L"AV", L"", L" ", L"ffi To. \u00C4\u00E9", L"a\u00ADb\u00AD", L"x\ty", L"+\u4E2D"}) {
+            drawBoth(text, font, {});
+        }
+    }
+    std::minstd_rand random;
+    constexpr wchar_t scripts[] = {L' ', L'0', L'A', L'\u00A0', L'\u0300', L'\u0410', L'\u05D0', L'\u0620', L'\u4E00'};
+    for (int i = 0; i < 1000; ++i) { // more than there is room for, and one too long to keep
+        std::wstring text(1 + random() % 30, L' ');
+        const wchar_t script = scripts[random() % std::size(scripts)];
+        std::generate(text.begin(), text.end(), [&] { return script + static_cast<wchar_t>(random() % 0x20); });
+        drawBoth(text, fontOf(5 + i % 40), {});
+        recorder.clear();
+    }
+    drawBoth(std::wstring(15'000, L'.'), fontOf(height), {});
+
+    // Other fonts count at once, even while a plot is drawn.
+    HT_Font changing = fontOf(height);
+    std::wcscpy(changing.faceName, L"Goes away!!!");
+    const auto drawnAnew = [&] {
+        drawBoth(L"AVA", changing, {});
+        return recorder.calls().back().path;
+    };
+    const int added = QFontDatabase::addApplicationFontFromData(renamedSerif("Goes away!!!"));
+    const QPainterPath serif = drawnAnew();
+    QFontDatabase::removeApplicationFont(added);
+    const QPainterPath other = drawnAnew();
+    EXPECT_FALSE(isSameOutline(serif, other));
+    QFont::insertSubstitution(QStringLiteral("Goes away!!!"), QStringLiteral("DejaVu Serif"));
+    EXPECT_TRUE(isSameOutline(serif, drawnAnew()));
+    QFont::removeSubstitutions(QStringLiteral("Goes away!!!"));
+    EXPECT_TRUE(isSameOutline(other, drawnAnew()));
+    plot.DetachDriver();
 }
 
 TEST_F(TextTest, HeavyAndSlantedFonts) {

@@ -4,6 +4,8 @@
 #include <csetjmp>
 #include <png.h>
 
+#include "device/PlotMark.h"
+
 namespace kelplot {
 namespace {
 
@@ -32,6 +34,18 @@ int colourTypeOf(PixelKind pixels) {
     return pixels == PixelKind::colour ? PNG_COLOR_TYPE_RGB : PNG_COLOR_TYPE_GRAY;
 }
 
+/// A text beyond Latin-1 takes the chunk for UTF-8. The entry refers to `value`.
+png_text entryOf(char* key, const QString& text, QByteArray& value) {
+    const bool isLatin = QString::fromLatin1(text.toLatin1()) == text;
+    value = isLatin ? text.toLatin1() : text.toUtf8();
+    value.replace('\0', ' ');
+    png_text entry = {};
+    entry.compression = isLatin ? PNG_TEXT_COMPRESSION_NONE : PNG_ITXT_COMPRESSION_NONE;
+    entry.key = key;
+    entry.text = value.data();
+    return entry;
+}
+
 } // namespace
 
 PngEncoder::PngEncoder(QIODevice& target, const PngHead& head)
@@ -47,26 +61,16 @@ PngEncoder::~PngEncoder() {
     png_destroy_write_struct(&m_png, &m_info);
 }
 
-/// Texts beyond Latin-1 take the chunk for UTF-8.
-void PngEncoder::writeTitle(const QString& title) {
-    const bool isLatin = QString::fromLatin1(title.toLatin1()) == title;
-    QByteArray value = isLatin ? title.toLatin1() : title.toUtf8();
-    value.replace('\0', ' ');
-    char key[] = "Title";
-    png_text text = {};
-    text.compression = isLatin ? PNG_TEXT_COMPRESSION_NONE : PNG_ITXT_COMPRESSION_NONE;
-    text.key = key;
-    text.text = value.data();
-    png_set_text(m_png, m_info, &text, 1); // copies it
-}
-
 bool PngEncoder::writeHead(const PngHead& head) {
-    if (!head.title.isEmpty()) {
-        writeTitle(head.title);
-    }
+    char software[] = "Software";
+    char title[] = "Title";
+    QByteArray values[2]; // an error of the library jumps over the ends of no other scope
+    png_text texts[] = {entryOf(software, QString::fromLatin1(plotMark), values[0]),
+                        entryOf(title, head.title, values[1])};
     if (setjmp(png_jmpbuf(m_png)) != 0) {
         return false;
     }
+    png_set_text(m_png, m_info, texts, head.title.isEmpty() ? 1 : 2); // copies them
     png_set_user_limits(m_png, PNG_UINT_31_MAX, PNG_UINT_31_MAX);
     png_set_IHDR(m_png, m_info, static_cast<png_uint_32>(head.size.width()),
                  static_cast<png_uint_32>(head.size.height()), head.pixels == PixelKind::bilevel ? 1 : 8,

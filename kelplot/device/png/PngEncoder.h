@@ -36,7 +36,6 @@ public:
 
 private:
     bool writeHead(const PngHead& head);
-    void writeTitle(const QString& title);
 
     png_struct_def* m_png = nullptr;
     png_info_def* m_info = nullptr;

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "device/PlotMark.h"
+
 namespace kelplot {
 namespace {
 
@@ -47,7 +49,7 @@ SvgSink::SvgSink(QIODevice& target, QSizeF page, double unitsPerMillimetre, cons
              << lengthText(page.width() / unitsPerMillimetre) << "mm\" height=\""
              << lengthText(page.height() / unitsPerMillimetre) << "mm\" viewBox=\"0 0 " << page.width() << " "
              << page.height() << "\" fill=\"none\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n<title>"
-             << title << "</title>\n<desc>Plotted with kelplot</desc>\n";
+             << title << "</title>\n<desc>" << plotMark << "</desc>\n";
 }
 
 void SvgSink::finish() {

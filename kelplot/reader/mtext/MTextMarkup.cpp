@@ -272,8 +272,9 @@ void MarkupParser::finishParagraph(bool columnBreak) {
     finishSpan();
     m_paragraph.format = m_format;
     m_paragraph.columnBreakAfter = columnBreak;
-    m_paragraphs.push_back(m_paragraph);
-    m_paragraph.pieces.clear(); // its indents and alignment go on
+    std::vector<TextPiece> pieces = std::exchange(m_paragraph.pieces, {});
+    m_paragraphs.push_back(m_paragraph); // its indents and alignment go on
+    m_paragraphs.back().pieces = std::move(pieces);
 }
 
 } // namespace

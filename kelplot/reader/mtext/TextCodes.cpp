@@ -8,6 +8,7 @@ namespace kelplot {
 
 namespace {
 
+constexpr std::string_view marks = "%^"; ///< that codes begin with
 constexpr std::string_view codeMark = "%%";
 constexpr size_t codeLength = 3;
 constexpr size_t numberDigits = 3;
@@ -104,11 +105,16 @@ std::vector<TextStretch> textStretches(std::string_view text, const TextEncoding
     TextStretch stretch;
     const auto finish = [&] {
         if (!stretch.text.empty()) {
-            stretches.push_back(stretch);
-            stretch.text.clear();
+            stretches.push_back({std::exchange(stretch.text, {}), stretch.lines});
         }
     };
     while (!text.empty()) {
+        const size_t plain = std::min(text.find_first_of(marks), text.size());
+        stretch.text += text.substr(0, plain);
+        text.remove_prefix(plain);
+        if (text.empty()) {
+            break;
+        }
         if (bool* const line = lineOfCode(text, stretch.lines)) {
             const bool begins = !*line;
             finish();

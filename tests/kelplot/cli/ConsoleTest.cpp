@@ -44,5 +44,27 @@ TEST(Console, ShowsProgressOfLongWorkOnOneLineThatMessagesEnd) {
     }
 }
 
+TEST(Console, TellsTheEntitiesAndTheTimeLeft) {
+    std::ostringstream stream;
+    Console::Time now{};
+    Console console(stream, Console::Progress::always, true, [&] { return now; });
+    const auto shownAfter = [&](int seconds, double progress) {
+        now += std::chrono::seconds(seconds);
+        stream.str({});
+        console.showProgress(progress);
+        return stream.str();
+    };
+    console.startWork("p");
+    EXPECT_EQ(shownAfter(1, 0.5), "\rp: 50 %");
+    console.setEntities(2000);
+    EXPECT_EQ(shownAfter(1, 0.04), "\rp: 4 %, 2000 entities");
+    EXPECT_EQ(shownAfter(7, 0.75), "\rp: 75 %, 2000 entities, 3 s left");
+    EXPECT_EQ(shownAfter(11, 1.0), "\rp: 100 %, 2000 entities, 0 s left");
+    console.endWork();
+    console.startWork("q");
+    console.setEntities(1);
+    EXPECT_EQ(shownAfter(1, 0.5), "\rq: 50 %, 1 entity");
+}
+
 } // namespace
 } // namespace kelplot

@@ -33,7 +33,7 @@ TEST(Kelplot, WithoutItsFolderItTakesSizesOnly) {
     }
 }
 
-TEST(Kelplot, TextsOfAPdfCanBeSearchedOnDemand) {
+TEST(Kelplot, TextsOfAPdfCanBeSearchedUnlessTheyAreOutlines) {
     const TemporaryDirectory directory;
     const QString showcase = QStringLiteral(EXAMPLE_DRAWINGS "/showcase.dxf");
     const auto wordsIn = [&](const char* mode) {

@@ -21,7 +21,7 @@ TEST(SamplePlots, ShowInkOrSayWhyNot) {
         GTEST_SKIP() << "no sample drawings in " << samples.path().toStdString();
     }
     const TemporaryDirectory directory;
-    QStringList arguments = {"--format", "png", "--dpi", "20"};
+    QStringList arguments = {"-t", ".", "--format", "png", "--dpi", "20"};
     for (const QString& name : names) {
         arguments << samples.filePath(name);
     }

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include <QPdfWriter>
-#include <QTemporaryFile>
-
 #include "device/OutputDevice.h"
+#include "device/pdf/PdfSink.h"
+#include "device/vector/VectorPaintDevice.h"
 
 namespace kelplot {
 
@@ -12,22 +11,19 @@ namespace kelplot {
 class PdfDevice final : public OutputDevice {
 public:
     explicit PdfDevice(const OutputSetup& setup);
+    ~PdfDevice() override;
 
     DeviceGrid grid() const override;
     QPainter& painter() override { return m_painter; }
-    void nextPage(const SheetSize& sheet) override;
+    bool drawText(const DeviceText& text) override;
+    void nextPage(const SheetSize& sheet, const QString& name) override;
     void finish() override;
 
 private:
-    bool hasOutline() const { return m_pageNames.size() > 1; }
-    void addOutline();
-
-    QString m_path;
     OutputFile m_file;
-    QStringList m_pageNames;
-    QTemporaryFile m_pages; ///< open where they get an outline
-    WholeStream m_pagesStream;
-    QPdfWriter m_writer;
+    PdfDocument m_document;
+    PdfSink m_sink;
+    VectorPaintDevice m_page;
     QPainter m_painter;
 };
 

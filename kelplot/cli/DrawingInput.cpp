@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "cli/DrawingInput.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include "reader/DxfReader.h"
+
+namespace kelplot {
+
+WorkOn::WorkOn(const QString& input, Console& console) : m_console(console) {
+    constexpr int longestLabel = 40; // characters; the line of progress must not wrap
+    m_console.startWork(QFileInfo(input).fileName().left(longestLabel).toStdString());
+}
+
+Drawing readDrawing(const QString& input, const Progress& progress) {
+    DxfReader reader;
+    return reader.read(QFile::encodeName(input).toStdString(), progress);
+}
+
+} // namespace kelplot

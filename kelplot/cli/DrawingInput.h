@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include <QString>
+
+#include "base/Progress.h"
+#include "cli/Console.h"
+#include "drawing/Drawing.h"
+
+namespace kelplot {
+
+/// Shows the progress of a drawing for as long as this lives.
+class WorkOn {
+public:
+    WorkOn(const QString& input, Console& console);
+    ~WorkOn() { m_console.endWork(); }
+    WorkOn(const WorkOn&) = delete;
+    WorkOn& operator=(const WorkOn&) = delete;
+
+private:
+    Console& m_console;
+};
+
+/// Reads a drawing, "-" from standard input. Throws `ReadError`.
+Drawing readDrawing(const QString& input, const Progress& progress);
+
+} // namespace kelplot

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "device/PlotMark.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace kelplot {
+
+bool isReplaceable(const QString& path) {
+    constexpr qint64 beginning = 1024;
+    const QFileInfo info(path);
+    if (!info.isFile() || info.size() == 0) {
+        return true;
+    }
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.read(beginning).contains(plotMark);
+}
+
+} // namespace kelplot

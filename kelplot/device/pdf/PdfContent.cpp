@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "device/pdf/PdfContent.h"
+
+#include <algorithm>
+
+#include "device/pdf/PdfPath.h"
+
+namespace kelplot {
+namespace {
+
+/// Writes a colour and the operator for it.
+void writeColour(PdfBytes& bytes, QRgb colour, const char* greyOperator, const char* colourOperator) {
+    constexpr double brightest = 255.0;
+    constexpr int decimals = 3;
+    bytes.decimal(qRed(colour) / brightest, decimals);
+    if (qRed(colour) == qGreen(colour) && qGreen(colour) == qBlue(colour)) {
+        bytes << greyOperator;
+        return;
+    }
+    bytes.decimal(qGreen(colour) / brightest, decimals).decimal(qBlue(colour) / brightest, decimals) << colourOperator;
+}
+
+int capOf(const QPen& pen) {
+    switch (pen.capStyle()) {
+    case Qt::FlatCap:
+        return 0;
+    case Qt::RoundCap:
+        return 1;
+    default:
+        return 2;
+    }
+}
+
+int joinOf(const QPen& pen) {
+    switch (pen.joinStyle()) {
+    case Qt::RoundJoin:
+        return 1;
+    case Qt::BevelJoin:
+        return 2;
+    default:
+        return 0;
+    }
+}
+
+} // namespace
+
+void PdfContent::beginPage(const QTransform& base) {
+    m_state = {};
+    m_penIsSet = false;
+    concatenate(base);
+}
+
+void PdfContent::endPage() {
+    m_nextClips.clear();
+    m_clipsChange = true;
+    m_layer.clear();
+    drawing();
+}
+
+void PdfContent::setClips(const std::vector<PageShape>& clips) {
+    m_nextClips = clips;
+    m_clipsChange = true;
+}
+
+void PdfContent::endText() {
+    if (m_isInText) {
+        m_bytes << "ET\n";
+        m_isInText = false;
+    }
+}
+
+void PdfContent::endLayer() {
+    endText();
+    if (!m_openLayer.empty()) {
+        m_bytes << "EMC\n";
+        m_openLayer.clear();
+    }
+}
+
+/// Keeps the clips that stay, from the outermost inwards.
+void PdfContent::updateClips() {
+    m_clipsChange = false;
+    const auto end = m_clips.begin() + static_cast<std::ptrdiff_t>(std::min(m_clips.size(), m_nextClips.size()));
+    const auto kept =
+        static_cast<size_t>(std::mismatch(m_clips.begin(), end, m_nextClips.begin()).first - m_clips.begin());
+    if (kept == m_clips.size() && kept == m_nextClips.size()) {
+        return;
+    }
+    endLayer();
+    while (m_clips.size() > kept) {
+        m_bytes << "Q\n";
+        m_state = std::move(m_outer.back());
+        m_outer.pop_back();
+        m_clips.pop_back();
+        m_penIsSet = false;
+    }
+    for (size_t i = kept; i < m_nextClips.size(); ++i) {
+        const PageShape& clip = m_nextClips[i];
+        m_bytes << "q\n";
+        PdfPath(m_bytes, clip, PathUse::area).write();
+        m_bytes << (clip.rule == Qt::OddEvenFill ? "W* n\n" : "W n\n");
+        m_outer.push_back(m_state);
+        m_clips.push_back(clip);
+    }
+}
+
+void PdfContent::update() {
+    if (m_clipsChange) {
+        updateClips();
+    }
+    if (m_layer != m_openLayer) {
+        endLayer();
+        m_openLayer = m_layer;
+        if (!m_layer.empty()) {
+            m_bytes << "/OC/" << m_layer << " BDC\n";
+        }
+    }
+}
+
+PdfBytes& PdfContent::drawing() {
+    endText();
+    update();
+    return m_bytes;
+}
+
+void PdfContent::setFill(QRgb colour) {
+    update();
+    if (m_state.fill != colour) {
+        m_state.fill = colour;
+        writeColour(m_bytes, colour, "g\n", "rg\n");
+    }
+}
+
+void PdfContent::setBlend(int blend) {
+    update();
+    if (m_state.blend != blend) {
+        m_state.blend = blend;
+        m_bytes << "/B" << blend << " gs\n";
+    }
+}
+
+void PdfContent::setDashes(const QPen& pen) {
+    constexpr int decimals = 2;
+    PdfBytes dashes;
+    dashes << '[';
+    const QVector<qreal> pattern = pen.style() == Qt::SolidLine ? QVector<qreal>() : pen.dashPattern();
+    const double unit = pen.widthF() > 0.0 ? pen.widthF() : 1.0;
+    if (std::any_of(pattern.begin(), pattern.end(), [](double length) { return length > 0.0; })) {
+        for (const double length : pattern) {
+            dashes.decimal(std::max(0.0, length) * unit, decimals);
+        }
+        dashes << ']';
+        dashes.decimal(pen.dashOffset() * unit, decimals) << "d\n";
+    } else {
+        dashes << "]0 d\n";
+    }
+    if (m_state.dashes != dashes.view()) {
+        m_state.dashes = dashes.view();
+        m_bytes << dashes.view();
+    }
+}
+
+void PdfContent::setPen(const QPen& pen) {
+    drawing();
+    if (m_penIsSet && pen == m_pen) {
+        return;
+    }
+    m_pen = pen;
+    m_penIsSet = true;
+    if (const QRgb colour = pen.color().rgb(); m_state.stroke != colour) {
+        m_state.stroke = colour;
+        writeColour(m_bytes, colour, "G\n", "RG\n");
+    }
+    if (m_state.lineWidth != pen.widthF()) {
+        m_state.lineWidth = pen.widthF();
+        m_bytes.decimal(pen.widthF(), 2) << "w\n";
+    }
+    if (m_state.cap != capOf(pen)) {
+        m_state.cap = capOf(pen);
+        m_bytes << m_state.cap << " J\n";
+    }
+    if (m_state.join != joinOf(pen)) {
+        m_state.join = joinOf(pen);
+        m_bytes << m_state.join << " j\n";
+    }
+    // The painter counts the limit from the line's middle and in widths, the file from inside to outside.
+    if (const double limit = std::max(1.0, pen.miterLimit() * 2.0); m_state.join == 0 && m_state.mitreLimit != limit) {
+        m_state.mitreLimit = limit;
+        m_bytes.decimal(limit, 2) << "M\n";
+    }
+    setDashes(pen);
+}
+
+void PdfContent::fill(const PageShape& shape) {
+    drawing();
+    PdfPath(m_bytes, shape, PathUse::area).paint(shape.rule == Qt::OddEvenFill ? "f*\n" : "f\n");
+}
+
+void PdfContent::stroke(const PageShape& shape) {
+    drawing();
+    PdfPath(m_bytes, shape, m_pen.style() == Qt::SolidLine ? PathUse::solidLine : PathUse::dashedLine).paint("S\n");
+}
+
+void PdfContent::show(const TextPiece& piece, const QTransform& place) {
+    constexpr int decimals = 3; // of the letters' size: a text is many times as long as that
+    update();
+    if (!m_isInText) {
+        m_bytes << "BT\n";
+        m_isInText = true;
+    }
+    if (m_state.font != piece.font) {
+        m_state.font = piece.font;
+        m_bytes << "/F" << piece.font << " 1 Tf\n";
+    }
+    m_bytes.decimal(place.m11(), decimals).decimal(place.m12(), decimals);
+    m_bytes.decimal(place.m21() + piece.slant * place.m11(), decimals);
+    m_bytes.decimal(place.m22() + piece.slant * place.m12(), decimals);
+    m_bytes.coordinate(place.dx() + piece.start * place.m11()).coordinate(place.dy() + piece.start * place.m12());
+    m_bytes << "Tm\n" << piece.showing;
+}
+
+void PdfContent::concatenate(const QTransform& map) {
+    constexpr int decimals = 8;
+    m_bytes.decimal(map.m11(), decimals).decimal(map.m12(), decimals).decimal(map.m21(), decimals);
+    m_bytes.decimal(map.m22(), decimals).decimal(map.dx(), decimals).decimal(map.dy(), decimals) << "cm\n";
+}
+
+} // namespace kelplot

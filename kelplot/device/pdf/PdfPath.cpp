@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "device/pdf/PdfPath.h"
+
+#include <QRectF>
+#include <cmath>
+
+namespace kelplot {
+namespace {
+
+/// From so many points on the map to the own origin pays.
+constexpr size_t fewestMapped = 4;
+
+} // namespace
+
+void PdfPath::paint(std::string_view operation) {
+    m_decimals = decimalsNeeded();
+    if (writeRectangle()) {
+        m_bytes << operation;
+        return;
+    }
+    const bool isMapped = m_shape.elements.size() >= fewestMapped;
+    if (isMapped) {
+        m_originX = std::round(m_shape.elements[0].x);
+        m_originY = std::round(m_shape.elements[0].y);
+        m_bytes << "q 1 0 0 1 ";
+        m_bytes.decimal(m_originX, 0).decimal(m_originY, 0) << "cm\n";
+    }
+    if (writeSubpaths()) {
+        m_bytes << operation;
+    }
+    if (isMapped) {
+        m_bytes << "Q\n";
+    }
+}
+
+void PdfPath::write() {
+    if (!writeRectangle() && !writeSubpaths()) {
+        m_bytes << "0 0 0 0 re\n"; // an empty path would not count
+    }
+}
+
+/// Curves that are large against the page's grid need no finer coordinates than that; lines lie on it anyway.
+int PdfPath::decimalsNeeded() const {
+    constexpr double largeStep = 10.0;
+    double steps = 0.0;
+    for (size_t i = 1; i < m_shape.elements.size(); ++i) {
+        steps += std::abs(m_shape.elements[i].x - m_shape.elements[i - 1].x) +
+                 std::abs(m_shape.elements[i].y - m_shape.elements[i - 1].y);
+    }
+    return steps > largeStep * static_cast<double>(m_shape.elements.size()) ? 0 : 1;
+}
+
+/// The sides of a rectangle may be drawn in any order unless they are dashed, and all four only if all are there.
+bool PdfPath::writeRectangle() {
+    const bool mayBe =
+        m_use == PathUse::area || (m_use == PathUse::solidLine && m_shape.isClosed(0, m_shape.elements.size()));
+    QRectF box;
+    if (!mayBe || !m_shape.isRectangle(box)) {
+        return false;
+    }
+    m_bytes.coordinate(box.x()).coordinate(box.y()).coordinate(box.width()).coordinate(box.height()) << "re\n";
+    return true;
+}
+
+bool PdfPath::writeSubpaths() {
+    bool isAny = false;
+    for (size_t from = 0; from < m_shape.elements.size();) {
+        const size_t to = m_shape.endOfSubpath(from);
+        if (to - from > 1) {
+            writeSubpath(from, to);
+            isAny = true;
+        }
+        from = to;
+    }
+    return isAny;
+}
+
+void PdfPath::put(const PageShape::Element& element) {
+    m_bytes.decimal(element.x - m_originX, m_decimals).decimal(element.y - m_originY, m_decimals);
+}
+
+void PdfPath::writeSubpath(size_t from, size_t to) {
+    const PageShape::Element* const elements = m_shape.elements.data();
+    const bool isClosed = m_shape.isClosed(from, to);
+    const bool endsStraight = elements[to - 1].type == QPainterPath::LineToElement;
+    const size_t end = isClosed && endsStraight ? to - 1 : to; // the last side comes with the closing
+    put(elements[from]);
+    m_bytes << "m\n";
+    for (size_t i = from + 1; i < end; ++i) {
+        put(elements[i]);
+        if (elements[i].type == QPainterPath::LineToElement) {
+            m_bytes << "l\n";
+        } else if (elements[i].type == QPainterPath::CurveToDataElement &&
+                   elements[i - 1].type == QPainterPath::CurveToDataElement) {
+            m_bytes << "c\n";
+        }
+    }
+    if (isClosed && m_use != PathUse::area) {
+        m_bytes << "h\n";
+    }
+}
+
+} // namespace kelplot

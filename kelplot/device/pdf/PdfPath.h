@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#pragma once
+
+#include "device/pdf/PdfBytes.h"
+#include "device/vector/PageShape.h"
+
+namespace kelplot {
+
+/// How a shape is painted.
+enum class PathUse { area, solidLine, dashedLine };
+
+/// Writes shapes in few digits. Shapes of several points are written from their own origin: numbers are shorter then,
+/// and shapes that repeat elsewhere on the page compress to almost nothing.
+class PdfPath {
+public:
+    PdfPath(PdfBytes& bytes, const PageShape& shape, PathUse use) : m_bytes(bytes), m_shape(shape), m_use(use) {}
+
+    /// Writes the shape and the operator that paints it.
+    void paint(std::string_view operation);
+    /// Writes the shape where it lies, for a clip.
+    void write();
+
+private:
+    bool writeRectangle();
+    bool writeSubpaths();
+    void writeSubpath(size_t from, size_t to);
+    void put(const PageShape::Element& element);
+    int decimalsNeeded() const;
+
+    PdfBytes& m_bytes;
+    const PageShape& m_shape;
+    PathUse m_use;
+    int m_decimals = 1;
+    double m_originX = 0.0;
+    double m_originY = 0.0;
+};
+
+} // namespace kelplot
