@@ -130,7 +130,9 @@ void SvgSink::closeGroups() {
 void SvgSink::useStyle(const QByteArray& style) {
     if (m_groupClip != m_clip) {
         closeGroups();
-        m_stream << "<g clip-path=\"url(#" << m_clip << ")\">\n";
+        if (!m_clip.isEmpty()) {
+            m_stream << "<g clip-path=\"url(#" << m_clip << ")\">\n";
+        }
         m_groupClip = m_clip;
     }
     if (m_style != style) {
@@ -207,7 +209,12 @@ QByteArray SvgSink::penStyle(const QPen& pen, double opacity) const {
 }
 
 void SvgSink::stroke(const PageShape& shape, const QPen& pen, const PageBlend& blend) {
-    beginElement("path", penStyle(pen, blend.opacity), blend);
+    if (pen != m_pen || blend.opacity != m_penOpacity) {
+        m_pen = pen;
+        m_penOpacity = blend.opacity;
+        m_penStyle = penStyle(pen, blend.opacity);
+    }
+    beginElement("path", m_penStyle, blend);
     m_stream << " d=\"";
     m_stream.addPathData(shape);
     m_stream << "\"/>\n";

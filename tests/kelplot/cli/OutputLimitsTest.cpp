@@ -13,8 +13,7 @@ const QString showcase = QStringLiteral(EXAMPLE_DRAWINGS "/showcase.dxf");
 const std::string oldPlot = "Plotted with kelplot last year";
 
 /// Plots over an old file under a limit that the plot does not keep to.
-void expectOldPlotKept(const std::string& name, const QString& drawing, const QString& limit,
-                       const QString& message) {
+void expectOldPlotKept(const std::string& name, const QString& drawing, const QString& limit, const QString& message) {
     SCOPED_TRACE(name + " under " + limit.toStdString());
     const TemporaryDirectory directory;
     directory.write(name, oldPlot);
