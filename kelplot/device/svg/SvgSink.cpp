@@ -216,7 +216,9 @@ void SvgSink::stroke(const PageShape& shape, const QPen& pen, const PageBlend& b
     }
     beginElement("path", m_penStyle, blend);
     m_stream << " d=\"";
-    m_stream.addPathData(shape);
+    // Round ends look as a join does, and some viewers leave a hole in a closed curve that is smaller than the pen.
+    m_stream.addPathData(shape,
+                         pen.capStyle() == Qt::RoundCap ? SvgStream::CurveEnds::open : SvgStream::CurveEnds::closed);
     m_stream << "\"/>\n";
 }
 
