@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "device/PlotMark.h"
+
 namespace kelplot {
 namespace {
 
@@ -130,7 +132,9 @@ void SvgSink::closeGroups() {
 void SvgSink::useStyle(const QByteArray& style) {
     if (m_groupClip != m_clip) {
         closeGroups();
-        m_stream << "<g clip-path=\"url(#" << m_clip << ")\">\n";
+        if (!m_clip.isEmpty()) {
+            m_stream << "<g clip-path=\"url(#" << m_clip << ")\">\n";
+        }
         m_groupClip = m_clip;
     }
     if (m_style != style) {
@@ -207,9 +211,16 @@ QByteArray SvgSink::penStyle(const QPen& pen, double opacity) const {
 }
 
 void SvgSink::stroke(const PageShape& shape, const QPen& pen, const PageBlend& blend) {
-    beginElement("path", penStyle(pen, blend.opacity), blend);
+    if (pen != m_pen || blend.opacity != m_penOpacity) {
+        m_pen = pen;
+        m_penOpacity = blend.opacity;
+        m_penStyle = penStyle(pen, blend.opacity);
+    }
+    beginElement("path", m_penStyle, blend);
     m_stream << " d=\"";
-    m_stream.addPathData(shape);
+    // Round ends look as a join does, and some viewers leave a hole in a closed curve that is smaller than the pen.
+    m_stream.addPathData(shape,
+                         pen.capStyle() == Qt::RoundCap ? SvgStream::CurveEnds::open : SvgStream::CurveEnds::closed);
     m_stream << "\"/>\n";
 }
 

@@ -39,6 +39,7 @@ private:
     void beginElement(const char* element, const QByteArray& style, const PageBlend& blend);
     QByteArray penStyle(const QPen& pen, double opacity) const;
 
+    /// Clips with the name of the last of them, which has the others in it.
     using NamedClips = std::pair<std::vector<PageShape>, QByteArray>;
 
     SvgStream m_stream;
@@ -48,7 +49,10 @@ private:
     int m_clipCount = 0;
     QByteArray m_clip;      ///< the name of the clip in force; empty: none
     QByteArray m_groupClip; ///< of the group that is open
-    QByteArray m_style;     ///< the attributes of the group that is open within that; empty: none is
+    QPen m_pen{Qt::NoPen};  ///< that was used last
+    double m_penOpacity = 1.0;
+    QByteArray m_penStyle; ///< its attributes
+    QByteArray m_style;    ///< the attributes of the group that is open within that; empty: none is
 };
 
 } // namespace kelplot

@@ -142,12 +142,12 @@ void SvgStream::goTo(const PageShape::Element& place) {
     m_pen.y = tenthsOf(place.y);
 }
 
-void SvgStream::addPathData(const PageShape& shape) {
+void SvgStream::addPathData(const PageShape& shape, CurveEnds ends) {
     const std::vector<PageShape::Element>& elements = shape.elements;
     for (size_t start = 0, end = 0; start < elements.size(); start = end) {
         end = shape.endOfSubpath(start);
-        const bool closes = shape.isClosed(start, end);
         const bool endsWithLine = elements[end - 1].type == QPainterPath::LineToElement;
+        const bool closes = (endsWithLine || ends == CurveEnds::closed) && shape.isClosed(start, end);
         const qint64 first[] = {tenthsOf(elements[start].x), tenthsOf(elements[start].y)};
         m_text += m_pen.letter = 'M';
         addCoordinates(first, 2);

@@ -30,8 +30,10 @@ public:
     void addExact(double number, int digits = 7);
     /// Adds "matrix(...)".
     void addMatrix(const QTransform& map);
-    /// Adds the data of a path. A subpath that ends at its start is closed.
-    void addPathData(const PageShape& shape);
+    enum class CurveEnds { closed, open };
+    /// Adds the data of a path. A subpath that ends at its start is closed, unless it ends there with a curve that is
+    /// to stay open.
+    void addPathData(const PageShape& shape, CurveEnds ends = CurveEnds::closed);
 
     /// Passes on what there is.
     void flush();

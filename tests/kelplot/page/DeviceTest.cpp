@@ -71,6 +71,8 @@ TEST(SvgDevice, NestsClipsAndKeepsThem) {
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
         painter.setClipRect(QRect(5, 6, 70, 80));
         painter.drawLine(0, 3, 9, 3);
+        painter.setClipping(false);
+        painter.drawLine(0, 4, 9, 4);
     });
     const std::string pen = " stroke=\"#000000\" stroke-width=\"1\" stroke-linecap=\"square\""
                             " stroke-linejoin=\"bevel\"";
@@ -82,7 +84,8 @@ TEST(SvgDevice, NestsClipsAndKeepsThem) {
                   "<clipPath id=\"c3\" clip-path=\"url(#c2)\"><path clip-rule=\"evenodd\" d=\"M0 0h50l-50 50z\"/>"
                   "</clipPath>\n<path" +
                   pen + " clip-path=\"url(#c3)\" style=\"mix-blend-mode:multiply\" d=\"M0 2h9\"/>\n" +
-                  "<g clip-path=\"url(#c1)\">\n<g" + pen + ">\n<path d=\"M0 3h9\"/>\n</g>\n</g>\n");
+                  "<g clip-path=\"url(#c1)\">\n<g" + pen + ">\n<path d=\"M0 3h9\"/>\n</g>\n</g>\n<g" + pen +
+                  ">\n<path d=\"M0 4h9\"/>\n</g>\n");
 }
 
 TEST(SvgDevice, WritesAnImageOnceAndGradientsAndPatternsInPlace) {
