@@ -11,7 +11,7 @@ packages=(
     libpolyclipping-dev
     libgtest-dev
     libbenchmark-dev
-    poppler-utils qpdf cups-daemon hp2xx
+    poppler-utils qpdf libqpdf-dev cups-daemon hp2xx
     locales
     fonts-dejavu-core fonts-droid-fallback fonts-liberation2 fonts-osifont
 )
