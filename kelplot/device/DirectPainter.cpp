@@ -29,7 +29,7 @@ private:
 
 void DirectPainter::drawText(const QString& text, const QFont& font, const Affine2& place, const QColor& ink) {
     const QTransform transform = transformOf(place);
-    if (m_textDrawer && m_textDrawer({text, font, transform, ink})) {
+    if (m_device != nullptr && m_device->drawText({text, font, transform, ink})) {
         return;
     }
     const PainterState state(m_painter);

@@ -6,9 +6,8 @@
 #include <QFont>
 #include <QString>
 #include <functional>
-#include <utility>
 
-#include "device/DeviceText.h"
+#include "device/DirectDevice.h"
 #include "geometry/Affine2.h"
 #include "geometry/Vec.h"
 
@@ -21,12 +20,16 @@ namespace kelplot {
 /// gradients, and the transform for pictures that are turned. The renderer knows none of these.
 class DirectPainter {
 public:
-    /// Draws a text by the device's own means, or answers false.
-    using TextDrawer = std::function<bool(const DeviceText& text)>;
-
     /// @param painter  borrowed; has no world transform except during the calls below
-    explicit DirectPainter(QPainter& painter, TextDrawer textDrawer = {})
-        : m_painter(painter), m_textDrawer(std::move(textDrawer)) {}
+    /// @param device   what the painter draws on, borrowed; null: it can do no more than the painter
+    explicit DirectPainter(QPainter& painter, DirectDevice* device = nullptr) : m_painter(painter), m_device(device) {}
+
+    /// Tells the device the name of the layer to which what is drawn from here on belongs.
+    void tellLayer(const QString& name) const {
+        if (m_device != nullptr) {
+            m_device->layerChanged(name);
+        }
+    }
 
     /// Draws a text as characters of its font, not as outlines.
     ///
@@ -47,7 +50,7 @@ public:
 
 private:
     QPainter& m_painter;
-    TextDrawer m_textDrawer;
+    DirectDevice* m_device;
 };
 
 } // namespace kelplot

@@ -8,19 +8,15 @@
 #include <optional>
 #include <string>
 
-#include "device/DeviceText.h"
+#include "device/DirectDevice.h"
 #include "device/OutputFile.h"
 #include "page/PageSetup.h"
 
 namespace kelplot {
 
 /// A sheet that takes a plot through the painter it lends, and puts it into a file.
-class OutputDevice {
+class OutputDevice : public DirectDevice {
 public:
-    virtual ~OutputDevice() = default;
-    OutputDevice(const OutputDevice&) = delete;
-    OutputDevice& operator=(const OutputDevice&) = delete;
-
     /// The units in which the painter takes coordinates. The painter's world transform is free for drawing:
     /// the map from these units to the device is set below it.
     virtual DeviceGrid grid() const = 0;
@@ -39,14 +35,6 @@ public:
         return std::nullopt;
     }
 
-    /// Draws a text as characters of its font, where the painter would make other texts of it.
-    ///
-    /// @return false: this device leaves it to the painter
-    virtual bool drawText(const DeviceText& text) {
-        static_cast<void>(text);
-        return false;
-    }
-
     /// Begins a further page. Throws `OutputError` for formats of one page.
     ///
     /// @param name  for the document's outline
@@ -57,9 +45,6 @@ public:
 
     /// Ends the plot and puts the file in its place, or throws `OutputError` and leaves none.
     virtual void finish() = 0;
-
-protected:
-    OutputDevice() = default;
 };
 
 /// What the pixels of an image tell apart.

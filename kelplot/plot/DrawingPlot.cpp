@@ -127,6 +127,7 @@ public:
         if (m_isSheet && showsModel(entity)) {
             drawModel(std::get<Viewport>(entity.geometry), map);
         }
+        m_tools.useLayer(style);
         const PlacedEntity place{entity, style, map};
         const size_t tintedBefore = m_tools.tintedHatches;
         std::visit([&](const auto& geometry) { draw(geometry, place, m_tools); }, entity.geometry);
@@ -138,6 +139,7 @@ public:
 
     void beginClip(const WalkClip& clip) override {
         if (clip.frame != nullptr) {
+            m_tools.useLayer(*clip.frame);
             m_tools.useLinePen(*clip.frame);
             m_tools.canvas.drawOutline(clip.border);
         }
@@ -206,6 +208,7 @@ private:
         ++report.viewports;
         m_tools.clips.pop();
         m_tools.pens.forget();
+        m_tools.forgetLayer();
     }
 
     PlotTools& m_tools;

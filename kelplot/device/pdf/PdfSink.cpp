@@ -123,9 +123,7 @@ void PdfSink::drawText(const QString& text, const QFont& font, const QTransform&
     setBlend(ink, blend);
     const double em = font.pixelSize();
     const QTransform letters = QTransform::fromScale(em, -em) * place;
-    for (const TextPiece& piece : prepared.pieces) {
-        m_content.show(piece, letters);
-    }
+    m_content.show(text, prepared, letters);
     if (!prepared.outlines.isEmpty()) {
         fillOutlines(prepared.outlines, place, ink, blend);
     }

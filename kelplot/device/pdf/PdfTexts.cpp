@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 namespace kelplot {
 namespace {
@@ -23,7 +22,8 @@ public:
         }
         if (!isKnown) {
             endShowing();
-            m_bytes << "/Span<</ActualText" << pdfText(cluster.characters) << ">>BDC\n";
+            m_hasSpans = true;
+            m_bytes << beginSpan(cluster.characters);
         }
         for (const PlacedGlyph& glyph : cluster.glyphs) {
             moveTo((glyph.at.x() / pixelsPerEm - m_start) * perEm, -glyph.at.y() / pixelsPerEm);
@@ -32,9 +32,11 @@ public:
         }
         if (!isKnown) {
             endShowing();
-            m_bytes << "EMC\n";
+            m_bytes << endSpan;
         }
     }
+
+    bool hasSpans() const { return m_hasSpans; }
 
     TextPiece finish() {
         endShowing();
@@ -81,6 +83,7 @@ private:
     PdfBytes m_bytes;
     PdfBytes m_shown; ///< what the next operator shows
     bool m_isMoved = false;
+    bool m_hasSpans = false;
     double m_pen = 0.0;
     double m_rise = 0.0;
 };
@@ -102,6 +105,10 @@ bool isShowable(const GlyphCluster& cluster, const PdfFont& font) {
 
 } // namespace
 
+std::string beginSpan(const QString& characters) {
+    return "/Span<</ActualText" + pdfText(characters) + ">>BDC\n";
+}
+
 int PdfTexts::indexOf(const QRawFont& font) {
     const auto known = std::find_if(m_fonts.begin(), m_fonts.end(),
                                     [&](const std::unique_ptr<PdfFont>& other) { return other->font() == font; });
@@ -115,14 +122,8 @@ int PdfTexts::indexOf(const QRawFont& font) {
 PreparedText PdfTexts::prepared(const QString& text, const QFont& font) {
     PreparedText prepared;
     prepared.outlines.setFillRule(Qt::WindingFill);
-    std::optional<PieceWriter> piece;
+    std::vector<PieceWriter> pieces;
     int pieceFont = -1;
-    const auto endPiece = [&] {
-        if (piece) {
-            prepared.pieces.push_back(piece->finish());
-            piece.reset();
-        }
-    };
     const double pixelsPerEm = font.pixelSize();
     for (const GlyphCluster& cluster : glyphClusters(text, font)) {
         if (cluster.glyphs.empty()) {
@@ -134,14 +135,16 @@ PreparedText PdfTexts::prepared(const QString& text, const QFont& font) {
             addOutlines(cluster, prepared.outlines);
             continue;
         }
-        if (!piece || index != pieceFont) {
-            endPiece();
-            piece.emplace(used, index, cluster.glyphs[0].at.x() / pixelsPerEm);
+        if (index != pieceFont) {
+            pieces.emplace_back(used, index, cluster.glyphs[0].at.x() / pixelsPerEm);
             pieceFont = index;
         }
-        piece->add(cluster, pixelsPerEm);
+        pieces.back().add(cluster, pixelsPerEm);
     }
-    endPiece();
+    for (PieceWriter& piece : pieces) {
+        prepared.hasSpans = prepared.hasSpans || piece.hasSpans();
+        prepared.pieces.push_back(piece.finish());
+    }
     return prepared;
 }
 

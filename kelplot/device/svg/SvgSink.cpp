@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "device/svg/SvgSink.h"
 
+#include "device/PlotMark.h"
+
 #include <algorithm>
 #include <cmath>
 
