@@ -14,7 +14,7 @@ namespace {
 /// The next level takes a third of the time again and saves a hundredth of the size.
 constexpr int deflateLevel = 5;
 /// What may wait to be written; the drawing thread waits when there is more.
-constexpr size_t mostWaiting = size_t{3} << 20;
+constexpr size_t mostWaiting = size_t{1} << 20;
 
 } // namespace
 
