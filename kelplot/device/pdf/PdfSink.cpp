@@ -11,7 +11,7 @@ namespace kelplot {
 namespace {
 
 /// The operators of a page go to the file in parts of this size.
-constexpr size_t partBytes = size_t{1} << 20;
+constexpr size_t partBytes = size_t{1} << 18;
 
 QRectF boxOf(const PageShape& shape) {
     QRectF box;
@@ -170,7 +170,9 @@ void PdfSink::finish() {
 /// Hands the operators on when there are enough of them.
 void PdfSink::passOn(size_t most) {
     if (m_content.bytes().size() > most) {
-        m_document.addContent(std::exchange(m_content.bytes(), PdfBytes()));
+        PdfBytes next;
+        next.reserve(partBytes + partBytes / 4);
+        m_document.addContent(std::exchange(m_content.bytes(), std::move(next)));
     }
 }
 

@@ -15,11 +15,9 @@ public:
     PieceWriter(PdfFont& font, int index, double start) : m_font(font), m_start(start) { m_piece.font = index; }
 
     void add(const GlyphCluster& cluster, double pixelsPerEm) {
-        // The font keeps the glyph whatever is known of it.
-        bool isKnown = m_font.use(cluster.glyphs[0].index, cluster.glyphs.size() == 1 ? cluster.characters : QString());
-        for (size_t i = 1; i < cluster.glyphs.size(); ++i) {
-            isKnown = m_font.use(cluster.glyphs[i].index, {});
-        }
+        const bool isAlone = cluster.glyphs.size() == 1;
+        const PdfFont::Use first = m_font.use(cluster.glyphs[0].index, isAlone ? cluster.characters : QString());
+        const bool isKnown = first.isUnderstood;
         if (!isKnown) {
             endShowing();
             m_hasSpans = true;
@@ -28,7 +26,7 @@ public:
         for (const PlacedGlyph& glyph : cluster.glyphs) {
             moveTo((glyph.at.x() / pixelsPerEm - m_start) * perEm, -glyph.at.y() / pixelsPerEm);
             m_shown.hex4(glyph.index);
-            m_pen += m_font.width(glyph.index);
+            m_pen += isAlone ? first.width : m_font.use(glyph.index, {}).width;
         }
         if (!isKnown) {
             endShowing();
