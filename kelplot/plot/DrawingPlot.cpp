@@ -63,7 +63,7 @@ bool isUprightRectangle(const std::vector<Vec2>& polygon) {
 
 /// Tells whether an entity is a viewport through which the model is drawn.
 bool showsModel(const Entity& entity) {
-    const auto* const viewport = std::get_if<Viewport>(&entity.geometry);
+    const auto* const viewport = geometryAs<Viewport>(entity);
     return viewport != nullptr && viewport->on && !viewport->perspective;
 }
 
@@ -125,12 +125,12 @@ public:
             return;
         }
         if (m_isSheet && showsModel(entity)) {
-            drawModel(std::get<Viewport>(entity.geometry), map);
+            drawModel(*geometryAs<Viewport>(entity), map);
         }
         m_tools.useLayer(style);
         const PlacedEntity place{entity, style, map};
         const size_t tintedBefore = m_tools.tintedHatches;
-        std::visit([&](const auto& geometry) { draw(geometry, place, m_tools); }, entity.geometry);
+        visitGeometry([&](const auto& geometry) { draw(geometry, place, m_tools); }, entity);
         if (m_tools.tintedHatches != tintedBefore) {
             report.tintedHatches.insert(&entity);
         }
