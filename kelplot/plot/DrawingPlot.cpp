@@ -247,11 +247,7 @@ Box2 DrawingPlot::extents(const std::vector<Entity>& entities, ExtentsReport* re
 
 PlotReport DrawingPlot::draw(const std::vector<Entity>& entities, const PlotTarget& target, const PlotSurface& surface,
                              const Progress& progress) const {
-    ClipStack clips(surface.renderer, target, [&](bool isCut) {
-        if (surface.direct != nullptr) {
-            surface.direct->tellClip(isCut);
-        }
-    });
+    ClipStack clips(surface.renderer, target);
     PictureStore pictures(m_drawing);
     PlotTools tools(m_drawing, target, m_style, m_texts, pictures, surface, clips);
     EntityPlotter plotter(tools, &entities != &m_drawing.modelSpace);

@@ -31,9 +31,10 @@ int VectorPaintDevice::metric(PaintDeviceMetric metric) const {
         return 32;
     case PdmDevicePixelRatio:
         return 1;
-    default:
-        return QPaintDevice::metric(metric);
+    case PdmDevicePixelRatioScaled:
+        return static_cast<int>(devicePixelRatioFScale());
     }
+    return 0;
 }
 
 } // namespace kelplot
