@@ -32,8 +32,8 @@ public:
     /// @param characters  for which it stands; empty: for none alone
     Use use(uint32_t glyph, const QString& characters);
 
-    /// Writes the font with all that belongs to it, under the number of its dictionary.
-    void write(PdfFile& file, int number) const;
+    /// Writes the font with all that belongs to it, its dictionary under this number.
+    void write(PdfFile& file, int dictionary) const;
 
 private:
     enum class Kind { none, trueType, compact };
