@@ -48,6 +48,7 @@ public:
     }
 
 private:
+    bool flag() { return m_input.take<uint8_t>() % 2 != 0; }
     double number() { return m_input.takeCoordinate(m_input.take<uint8_t>() % 4U); }
     QPointF point() {
         const double x = number();
@@ -88,7 +89,7 @@ private:
                 made.lineTo(point());
             }
         }
-        made.setFillRule(m_input.take<bool>() ? Qt::WindingFill : Qt::OddEvenFill);
+        made.setFillRule(flag() ? Qt::WindingFill : Qt::OddEvenFill);
         return made;
     }
     QImage picture() {
@@ -158,12 +159,11 @@ private:
         const QPointF right = point();
         const QPointF down = point();
         const QPointF origin = point();
-        m_painter.setWorldTransform({right.x(), right.y(), down.x(), down.y(), origin.x(), origin.y()},
-                                    m_input.take<bool>());
+        m_painter.setWorldTransform({right.x(), right.y(), down.x(), down.y(), origin.x(), origin.y()}, flag());
     }
     void setClip() {
         const auto operation = static_cast<Qt::ClipOperation>(m_input.take<uint8_t>() % 3);
-        if (m_input.take<bool>()) {
+        if (flag()) {
             m_painter.setClipRect(box(), operation);
         } else {
             m_painter.setClipPath(path(), operation);
@@ -171,9 +171,9 @@ private:
     }
     void setLook() {
         m_painter.setOpacity(m_input.take<uint8_t>() / 255.0);
-        m_painter.setCompositionMode(m_input.take<bool>() ? QPainter::CompositionMode_Multiply
-                                                          : QPainter::CompositionMode_SourceOver);
-        m_painter.setRenderHint(QPainter::SmoothPixmapTransform, m_input.take<bool>());
+        m_painter.setCompositionMode(flag() ? QPainter::CompositionMode_Multiply
+                                            : QPainter::CompositionMode_SourceOver);
+        m_painter.setRenderHint(QPainter::SmoothPixmapTransform, flag());
         m_device.layerChanged(QString(QChar('a' + m_input.take<uint8_t>() % 4)));
     }
     void saveState() {
@@ -217,16 +217,16 @@ private:
     void drawPicture() {
         const QImage image = picture();
         const QRectF target = box();
-        m_painter.drawImage(target, image, m_input.take<bool>() ? QRectF(image.rect()) : box());
+        m_painter.drawImage(target, image, flag() ? QRectF(image.rect()) : box());
     }
     void drawText() {
-        QFont font(m_input.take<bool>() ? QStringLiteral("DejaVu Sans") : QStringLiteral("osifont"));
+        QFont font(flag() ? QStringLiteral("DejaVu Sans") : QStringLiteral("osifont"));
         font.setPixelSize(m_input.take<uint8_t>() + 1);
         QString text;
         for (int left = m_input.take<uint8_t>() % 12; left >= 0; --left) {
             text += QChar(m_input.take<uint16_t>());
         }
-        if (m_input.take<bool>()) {
+        if (flag()) {
             m_painter.setFont(font);
             m_painter.drawText(point(), text);
             return;
