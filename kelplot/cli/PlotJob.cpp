@@ -21,10 +21,6 @@ QString nameOf(const Space& space) {
     return space.layout ? QString::fromStdString(space.layout->name) : QString(modelSpaceName);
 }
 
-QString titleOf(const QString& input) {
-    return QFileInfo(input).completeBaseName();
-}
-
 /// One drawing on its way to paper.
 class PlotJob {
 public:
@@ -189,6 +185,7 @@ void PlotJob::plotTiles(const DrawingPlot& plot, const Space& space, const QStri
         const QString place = QStringLiteral("%1 (%2, %3)").arg(name).arg(tile.row + 1).arg(tile.column + 1);
         OutputDevice& device = pages.begin(tile.page, tiles.size() > 1 ? place : name);
         draw(plot, space, tile.page, device, record);
+        device.layerChanged({}); // the marks belong to none
         RenderSession session(device);
         drawTileMarks(tile, titleOf(m_input).toStdWString(), device.grid(), session.surface().renderer);
         record.tile = {tile.row + 1, tile.column + 1};

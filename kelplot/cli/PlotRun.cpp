@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <new>
+#include <optional>
 
 #include "cli/PageSequence.h"
 #include "cli/PlotJob.h"
@@ -69,10 +70,11 @@ ExitStatus plotFile(const PlannedFile& file, const PlotPlan& plan, Console& cons
 /// Plots a file's pages where only the printer sees them.
 ExitStatus printFile(const PlannedFile& file, const PlotPlan& plan, Console& console,
                      const std::function<void(const QString&)>& tell, FileRecord& record) {
-    PrintSpool spool;
+    std::optional<PrintSpool> spool;
     PlannedFile spooled = file;
-    spooled.path = spool.path();
-    const ExitStatus status = plotPages(spooled, plan, console, record);
+    QString failure;
+    ExitStatus status = guarded(plan.printer, console, failure, [&] { spooled.path = spool.emplace().path(); });
+    status = status == ExitStatus::done ? plotPages(spooled, plan, console, record) : status;
     if (status != ExitStatus::done) {
         return status;
     }
@@ -81,7 +83,7 @@ ExitStatus printFile(const PlannedFile& file, const PlotPlan& plan, Console& con
         options.title = file.title;
         options.paper = record.drawings.front().pages.front().sheet;
         PrintJob job(plan.printer, options);
-        job.send(spool.pages());
+        job.send(spool->pages());
         record.file = job.name();
         record.written = true;
         tell(job.name());

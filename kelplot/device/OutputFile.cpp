@@ -71,7 +71,8 @@ OutputError outputError(const QString& path, const QString& reason) {
     return OutputError((path + QStringLiteral(": ") + reason).toStdString());
 }
 
-OutputFile::OutputFile(const QString& path) : m_path(path) {
+OutputFile::OutputFile(const QString& path)
+    : m_path(path == QLatin1String("-") ? QStringLiteral("standard output") : path) {
     constexpr auto mode = QIODevice::WriteOnly | QIODevice::Unbuffered;
     bool isOpen = false;
     if (path == QLatin1String("-")) {
@@ -86,7 +87,7 @@ OutputFile::OutputFile(const QString& path) : m_path(path) {
         isOpen = m_file->open(mode);
     }
     if (!isOpen) {
-        throw outputError(path, m_file->errorString());
+        throw outputError(m_path, m_file->errorString());
     }
     m_stream.emplace(*m_file);
     keepPath(path.toUtf8(), unfinished.path);

@@ -153,10 +153,11 @@ void PdfSink::beginPage(const SheetSize& sheet, const QString& name) {
     m_document.beginPage(sheet, name);
     m_base = QTransform(m_pointsPerUnit, 0.0, 0.0, -m_pointsPerUnit, 0.0, sheet.height * pointsPerMillimetre);
     m_content.beginPage(m_base);
+    m_hasPage = true;
 }
 
 void PdfSink::endPage() {
-    if (!m_content.bytes().isEmpty()) {
+    if (m_hasPage) {
         m_content.endPage();
         passOn(0);
     }

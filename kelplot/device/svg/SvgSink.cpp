@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "device/svg/SvgSink.h"
 
-#include "device/PlotMark.h"
-
 #include <algorithm>
 #include <cmath>
 

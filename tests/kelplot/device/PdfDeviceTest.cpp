@@ -242,6 +242,25 @@ void showOutlines(QPainter& painter, const QFont& font, const TextRow& row) {
     painter.fillPath(outlines, Qt::darkBlue);
 }
 
+TEST(PdfDevice, LeavesNoStateToTheNextPage) {
+    const TemporaryDirectory directory;
+    QPolygonF longLine; // more than is handed on at once, as the last thing on its page
+    for (int i = 0; i < 400'000; ++i) {
+        longLine << QPointF(i * 7919 % 7620, i * 104729 % 5080);
+    }
+    drawn(directory, [&](PdfDevice& device) {
+        device.painter().setClipRect(100, 100, 500, 500);
+        device.layerChanged("a");
+        device.painter().drawPolyline(longLine);
+        device.nextPage(sheet, "next");
+        device.painter().drawRect(0, 0, 900, 900);
+    });
+    for (const char* const page : {"1", "2"}) {
+        const Outcome outcome = run(directory, {"-f", page, "-l", page, "-r", "20", "own.pdf", "p"}, "pdftoppm");
+        EXPECT_EQ(outcome.messages.toStdString(), "") << "page " << page;
+    }
+}
+
 TEST(PdfDevice, TextsLieWhereTheirOutlinesLieAndCanBeReadBack) {
     const QTransform level = QTransform::fromTranslate(300, 2500).scale(0.6, 0.6);
     const TextRow rows[] = {
