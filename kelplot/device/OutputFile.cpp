@@ -74,6 +74,7 @@ OutputError outputError(const QString& path, const QString& reason) {
 OutputFile::OutputFile(const QString& path)
     : m_path(path == QLatin1String("-") ? QStringLiteral("standard output") : path) {
     constexpr auto mode = QIODevice::WriteOnly | QIODevice::Unbuffered;
+    const SignalPause pause; // until the file is known
     bool isOpen = false;
     if (path == QLatin1String("-")) {
         auto stream = std::make_unique<QFile>();
@@ -98,17 +99,24 @@ OutputFile::OutputFile(const QString& path)
 }
 
 OutputFile::~OutputFile() {
+    const SignalPause pause; // until it is gone
+    m_stream.reset();
+    m_file.reset();
     keepPath({}, unfinished.temporary);
     keepPath({}, unfinished.path);
 }
 
 void OutputFile::write(const QByteArray& bytes) {
     m_stream->write(bytes);
+    check();
+}
+
+void OutputFile::check() const {
     throwIfFailed(m_stream->failure());
 }
 
 void OutputFile::commit() {
-    throwIfFailed(m_stream->failure());
+    check();
     if (auto* const saved = qobject_cast<QSaveFile*>(m_file.get())) {
         throwIfFailed(syncFailure(*saved));
         const SignalPause pause;

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <new>
+#include <stdexcept>
 
 namespace kelplot {
 namespace {
@@ -63,7 +64,8 @@ PdfBytes fontSubset(const QRawFont& font, const std::vector<uint32_t>& glyphs, c
     }
     const Owned<hb_face_t> subset(hb_subset_or_fail(face.get(), input.get()));
     if (!subset) {
-        throw std::bad_alloc();
+        throw std::runtime_error("the font " + font.familyName().toStdString() +
+                                 " cannot be embedded; texts can be drawn as outlines (--text=outlines)");
     }
     const Owned<hb_blob_t> blob(table == nullptr
                                     ? hb_face_reference_blob(subset.get())
