@@ -38,7 +38,9 @@ void measure(const char* what, PreviewWindow& window, const std::function<void(i
         QApplication::processEvents();
     }
     std::sort(times.begin(), times.end());
-    const auto at = [&](double share) { return times[static_cast<size_t>(share * (frames - 1))]; };
+    const auto at = [&](double share) {
+        return times[static_cast<size_t>(share * (frames - 1))];
+    };
     std::printf("%-28s median %5.1f ms   95 %% %5.1f ms   worst %5.1f ms\n", what, at(0.5), at(0.95), at(1.0));
     std::printf("%-28s %.0f ms later\n", "  drawn afresh", millisecondsUntilSettled(window));
 }
@@ -59,7 +61,9 @@ int main(int argc, char** argv) {
         const auto circle = [&](int i) {
             view.pan({static_cast<int>(12 * std::cos(i / 10.0)), static_cast<int>(12 * std::sin(i / 10.0))});
         };
-        const auto breathe = [&](int i) { view.zoomBy(i % 80 < 40 ? 1.04 : 1.0 / 1.04); };
+        const auto breathe = [&](int i) {
+            view.zoomBy(i % 80 < 40 ? 1.04 : 1.0 / 1.04);
+        };
         measure("whole page, moved", window, circle);
         measure("whole page, zoomed", window, breathe);
         view.zoomBy(8.0);

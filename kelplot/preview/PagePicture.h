@@ -10,6 +10,10 @@ namespace kelplot {
 struct PictureOrder {
     double pixelsPerMillimetre = 1.0;
     QRect place; ///< of the part on the page, in pixels
+
+    friend bool operator==(const PictureOrder& a, const PictureOrder& b) {
+        return a.pixelsPerMillimetre == b.pixelsPerMillimetre && a.place == b.place;
+    }
 };
 
 /// A picture of a part of a page.

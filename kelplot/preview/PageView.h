@@ -31,6 +31,11 @@ public:
     void setPicture(const PagePicture& picture);
     /// Takes a picture of the whole page, for what the other does not show.
     void setOverview(const PagePicture& overview);
+    bool hasOverview() const { return !m_overview.image.isNull(); }
+    bool hasPicture() const { return !m_picture.image.isNull(); }
+
+    /// Whether no further picture is going to be asked for.
+    bool isAtRest() const { return !m_rest.isActive(); }
 
     const ViewFrame& frame() const { return m_frame; }
     /// Pixels of the screen in one of the window's.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "preview/PreviewDrawing.h"
 
+#include <QElapsedTimer>
 #include <algorithm>
 
 #include "cli/ChosenPens.h"
@@ -94,14 +95,24 @@ const PageLayout& PreviewDrawing::layOut(size_t page) {
     return m_layout;
 }
 
-QImage PreviewDrawing::draw(size_t page, const PictureOrder& order, const Progress& progress) {
+QImage PreviewDrawing::draw(size_t page, const PictureOrder& order, const Progress& progress,
+                            const std::function<void(const QImage&)>& watch) {
+    constexpr qint64 betweenLooks = 300; // milliseconds
+    QElapsedTimer sinceLook;
+    sinceLook.start();
     PictureDevice device(m_layout.sheet, order);
     PlotTarget target = plotTargetFor(m_layout, device.grid());
     target.part = device.beginPart(0);
     PlotReport report;
     {
         RenderSession session(device);
-        report = m_plot->draw(m_spaces[page].entities, target, session.surface(), progress);
+        report = m_plot->draw(m_spaces[page].entities, target, session.surface(), [&](double fraction) {
+            progress(fraction);
+            if (watch && sinceLook.hasExpired(betweenLooks)) {
+                watch(device.image());
+                sinceLook.start();
+            }
+        });
     }
     device.finish();
     remark(missingParts(*m_drawing, report));

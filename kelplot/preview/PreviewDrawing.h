@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -50,7 +51,10 @@ public:
     const PageLayout& layOut(size_t page);
 
     /// Draws a part of a page that is laid out. Throws what `progress` throws, and `std::bad_alloc`.
-    QImage draw(size_t page, const PictureOrder& order, const Progress& progress);
+    ///
+    /// @param watch  sees the picture as it grows, now and then; may be empty
+    QImage draw(size_t page, const PictureOrder& order, const Progress& progress,
+                const std::function<void(const QImage&)>& watch = {});
 
     /// What there is to tell of the pages that were laid out and drawn by the plan in use, each once.
     QStringList remarks() const;

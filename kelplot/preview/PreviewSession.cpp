@@ -55,9 +55,17 @@ void PreviewSession::open(const QString& input, std::shared_ptr<const PlotPlan> 
     m_worker.post([this, input, plan](const Progress& progress) {
         std::ostringstream sink;
         Console console(sink, Console::Progress::never, false);
+        int told = 0; // per cent
+        const auto tellProgress = [&](double fraction) {
+            progress(fraction);
+            if (const int percent = static_cast<int>(fraction * 100.0); percent > told) {
+                told = percent;
+                m_worker.tell([this, input, fraction] { m_events.reading(input, fraction); });
+            }
+        };
         QString error;
         const ExitStatus status = kelplot::guarded(input, console, error, [&] {
-            m_drawings.push_back(std::make_unique<PreviewDrawing>(input, plan, progress));
+            m_drawings.push_back(std::make_unique<PreviewDrawing>(input, plan, tellProgress));
         });
         if (status != ExitStatus::done) {
             m_worker.tell([this, error, status] { m_events.notOpened(error, status); });
@@ -98,7 +106,14 @@ void PreviewSession::layOut(const PageOrder& order) {
 
 void PreviewSession::draw(const PageOrder& order, const Progress& progress) {
     PreviewDrawing& drawing = *m_drawings[order.drawing];
-    const PagePicture picture{*order.picture, drawing.draw(order.page, *order.picture, progress)};
+    const auto watch = [&](const QImage& image) {
+        // A page of which nothing is shown yet is better seen unfinished.
+        if (!m_hasOverview) {
+            const PagePicture picture{*order.picture, image.copy()};
+            m_worker.tell([this, serial = order.serial, picture] { m_events.drawing(serial, picture); });
+        }
+    };
+    const PagePicture picture{*order.picture, drawing.draw(order.page, *order.picture, progress, watch)};
     const bool serves = isWhole(*order.picture, m_sheet);
     m_worker.tell([this, serial = order.serial, picture, remarks = drawing.remarks(), serves] {
         m_events.drawn(serial, picture, remarks);

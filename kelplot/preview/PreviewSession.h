@@ -42,9 +42,11 @@ struct OutputOrder {
 
 /// Who hears, in the window's thread, of what became of the orders.
 struct PreviewEvents {
+    std::function<void(const QString& input, double fraction)> reading;
     std::function<void(const QString& input, const DrawingFacts& facts)> opened;
     std::function<void(const QString& error, ExitStatus status)> notOpened;
     std::function<void(int serial, const PageLayout& layout)> laidOut;
+    std::function<void(int serial, const PagePicture& picture)> drawing; ///< a picture that still grows
     std::function<void(int serial, const PagePicture& picture, const QStringList& remarks)> drawn;
     std::function<void(int serial, const PagePicture& picture)> overviewDrawn;
     std::function<void(const QString& what, const QStringList& warnings)> done; ///< a file or a print job

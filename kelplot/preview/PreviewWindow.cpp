@@ -48,17 +48,34 @@ PreviewWindow::PreviewWindow(const Request& request)
 
 PreviewEvents PreviewWindow::events() {
     PreviewEvents events;
-    events.opened = [this](const QString& input, const DrawingFacts& facts) { opened(input, facts); };
+    events.reading = [this](const QString& input, double fraction) {
+        if (m_drawings.empty()) {
+            m_view->showNotice(QStringLiteral("Reading %1: %2 %")
+                                   .arg(QFileInfo(input).fileName())
+                                   .arg(static_cast<int>(fraction * 100.0)));
+        }
+    };
+    events.opened = [this](const QString& input, const DrawingFacts& facts) {
+        opened(input, facts);
+    };
     events.notOpened = [this](const QString& error, ExitStatus status) {
         std::cerr << "kelplot: " << error.toStdString() << std::endl;
         m_failure = std::max(m_failure, status);
         m_unread << error;
+        m_status->setRemarks(m_status->remarks() + QStringList(error));
         if (m_drawings.empty()) {
             m_status->setBusy(false);
             m_view->showNotice(m_unread.join(QLatin1Char('\n')));
         }
     };
-    events.laidOut = [this](int serial, const PageLayout& layout) { laidOut(serial, layout); };
+    events.laidOut = [this](int serial, const PageLayout& layout) {
+        laidOut(serial, layout);
+    };
+    events.drawing = [this](int serial, const PagePicture& picture) {
+        if (serial == m_serial && !m_view->hasOverview()) {
+            m_view->setPicture(picture);
+        }
+    };
     events.drawn = [this](int serial, const PagePicture& picture, const QStringList& remarks) {
         drawn(serial, picture, remarks);
     };
@@ -71,9 +88,15 @@ PreviewEvents PreviewWindow::events() {
         m_status->say(QStringLiteral("%1: done").arg(what));
         m_status->setRemarks(m_status->remarks() + warnings);
     };
-    events.told = [this](const QString& words) { m_status->say(words); };
-    events.printersFound = [this](const std::vector<Printer>& printers) { askToPrint(printers); };
-    events.failed = [this](const QString& error) { tellFailure(error); };
+    events.told = [this](const QString& words) {
+        m_status->say(words);
+    };
+    events.printersFound = [this](const std::vector<Printer>& printers) {
+        askToPrint(printers);
+    };
+    events.failed = [this](const QString& error) {
+        tellFailure(error);
+    };
     return events;
 }
 
@@ -99,10 +122,18 @@ void PreviewWindow::arrange() {
     addPanel(*bar, m_layers, QStringLiteral("Layers"), IconKind::layers);
     addPanel(*bar, m_options, QStringLiteral("Options"), IconKind::options);
     connect(m_tabs, &QTabBar::currentChanged, this, [this] { showTab(); });
-    m_view->onRest = [this] { order(m_view->frame().visiblePart()); };
-    m_view->onMove = [this] { moved(); };
-    m_view->onPointer = [this](std::optional<QPointF> onSheet) { m_status->setPointer(onSheet); };
-    m_options->onChange = [this] { optionsChanged(); };
+    m_view->onRest = [this] {
+        order(m_view->frame().visiblePart());
+    };
+    m_view->onMove = [this] {
+        moved();
+    };
+    m_view->onPointer = [this](std::optional<QPointF> onSheet) {
+        m_status->setPointer(onSheet);
+    };
+    m_options->onChange = [this] {
+        optionsChanged();
+    };
     m_layers->onChange = [this](const std::vector<char>& shown) {
         if (!m_tabPages.empty()) {
             drawing().shown = shown;
@@ -218,6 +249,7 @@ void PreviewWindow::order(std::optional<PictureOrder> picture) {
                                QRectF(QPointF(place.topLeft()) * ratio, QSizeF(place.size()) * ratio).toAlignedRect()};
     }
     settle(false);
+    m_ordered = picture.value_or(PictureOrder());
     m_session->show({m_serial, tabPage().drawing, tabPage().page, m_plan, drawing().shown, picture});
 }
 
@@ -235,7 +267,9 @@ void PreviewWindow::drawn(int serial, const PagePicture& picture, const QStringL
     }
     m_view->setPicture(picture);
     m_status->setRemarks(m_unread + m_request.warnings + remarks);
-    settle(true);
+    if (m_view->isAtRest() && picture.order == m_ordered) {
+        settle(true);
+    }
 }
 
 void PreviewWindow::settle(bool settled) {
@@ -262,7 +296,9 @@ void PreviewWindow::optionsChanged() {
 
 bool PreviewWindow::hasLayouts() {
     const std::vector<PageFacts>& pages = drawing().facts.pages;
-    const auto isLayout = [](const PageFacts& page) { return !page.layout.isEmpty() && page.layout != modelSpaceName; };
+    const auto isLayout = [](const PageFacts& page) {
+        return !page.layout.isEmpty() && page.layout != modelSpaceName;
+    };
     return std::count_if(pages.begin(), pages.end(), isLayout) > 1;
 }
 

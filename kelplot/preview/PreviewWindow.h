@@ -76,9 +76,10 @@ private:
     std::vector<OpenDrawing> m_drawings;
     std::vector<TabPage> m_tabPages; ///< for each tab
     ExitStatus m_failure = ExitStatus::done;
-    QStringList m_unread; ///< why drawings could not be read
-    int m_serial = 0;     ///< of what is shown
-    bool m_isOther = true; ///< the page that is laid out next is not the one that was shown
+    QStringList m_unread;   ///< why drawings could not be read
+    int m_serial = 0;       ///< of what is shown
+    bool m_isOther = true;  ///< the page that is laid out next is not the one that was shown
+    PictureOrder m_ordered; ///< last
     bool m_isSettled = false;
     QTabBar* m_tabs; ///< the widgets belong to this one
     PageView* m_view;

@@ -14,8 +14,8 @@ QString textOf(const Printer& printer) {
     if (!printer.description.isEmpty() && printer.description != printer.name) {
         text += QStringLiteral(" \u2013 ") + printer.description;
     }
-    return text + QStringLiteral(" (%1%2)").arg(
-                      printer.state, printer.accepts ? QString() : QStringLiteral(", takes no jobs"));
+    return text + QStringLiteral(" (%1%2)").arg(printer.state,
+                                                printer.accepts ? QString() : QStringLiteral(", takes no jobs"));
 }
 
 } // namespace
@@ -34,7 +34,8 @@ PrintDialog::PrintDialog(QWidget* parent, const std::vector<Printer>& printers, 
     m_copies->setRange(1, 9999);
     m_copies->setValue(request.copies);
     m_sides->addItems({QStringLiteral("As the printer is set up"), QStringLiteral("One side"),
-                       QStringLiteral("Both, turned over the long edge"), QStringLiteral("Both, turned over the short edge")});
+                       QStringLiteral("Both, turned over the long edge"),
+                       QStringLiteral("Both, turned over the short edge")});
     m_sides->setCurrentIndex(static_cast<int>(request.sides));
     m_allLayouts->setEnabled(hasLayouts);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);

@@ -24,7 +24,9 @@ QString lengthText(double millimetres) {
 }
 
 QString scaleText(double scale) {
-    const auto number = [](double value) { return QString::number(value, 'g', 4); };
+    const auto number = [](double value) {
+        return QString::number(value, 'g', 4);
+    };
     return scale < 1.0 ? QStringLiteral("1:") + number(1.0 / scale) : number(scale) + QStringLiteral(":1");
 }
 
@@ -40,8 +42,8 @@ std::optional<Vec2> drawingPoint(const Affine2& toSheet, QPointF onSheet) {
 } // namespace
 
 StatusLine::StatusLine()
-    : m_remarks(new QToolButton), m_news(new QLabel), m_busy(new QProgressBar), m_pointer(fieldOf(26)), m_paper(fieldOf(16)),
-      m_scale(fieldOf(10)), m_zoom(fieldOf(8)) {
+    : m_remarks(new QToolButton), m_news(new QLabel), m_busy(new QProgressBar), m_pointer(fieldOf(26)),
+      m_paper(fieldOf(16)), m_scale(fieldOf(10)), m_zoom(fieldOf(8)) {
     constexpr int busyWidth = 80;
     m_remarks->setAutoRaise(true);
     m_remarks->setToolTip(QStringLiteral("What the plot leaves out or replaces"));
@@ -67,12 +69,14 @@ void StatusLine::setRemarks(const QStringList& remarks) {
     m_texts = remarks;
     const auto count = m_texts.size();
     m_remarks->setVisible(count > 0);
-    m_remarks->setText(QStringLiteral("\u26a0 %1 %2\u2026").arg(count).arg(QLatin1String(count == 1 ? "remark" : "remarks")));
+    m_remarks->setText(
+        QStringLiteral("\u26a0 %1 %2\u2026").arg(count).arg(QLatin1String(count == 1 ? "remark" : "remarks")));
 }
 
 void StatusLine::setPage(const PageLayout& layout) {
     m_layout = layout;
-    m_paper->setText(QStringLiteral("%1 \u00d7 %2 mm").arg(lengthText(layout.sheet.width), lengthText(layout.sheet.height)));
+    m_paper->setText(
+        QStringLiteral("%1 \u00d7 %2 mm").arg(lengthText(layout.sheet.width), lengthText(layout.sheet.height)));
     m_scale->setText(scaleText(layout.scale));
 }
 
