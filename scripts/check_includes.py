@@ -15,7 +15,7 @@ import sys
 TREES = {
     "src": ["port", "geometry", "region", "settings", "image", "paper", "render"],
     "kelplot": ["base", "geometry", "drawing", "page", "print", "device", "settings", "reader", "plot/pen", "plot/shape",
-                "plot/picture", "plot/text", "plot/annotation", "plot/entity", "plot", "cli"],
+                "plot/picture", "plot/text", "plot/annotation", "plot/entity", "plot", "cli", "preview"],
 }
 PUBLIC = ("keldriver/", "gpc.h", "imgo.h")
 

@@ -49,7 +49,9 @@ public:
 
 private:
     bool flag() { return m_input.take<uint8_t>() % 2 != 0; }
-    double number() { return m_input.takeCoordinate(m_input.take<uint8_t>() % 4U); }
+    bool isDashed() const { return m_painter.pen().style() > Qt::SolidLine; }
+    /// Small where lines have dashes: Qt lays them out one by one.
+    double number() { return m_input.takeCoordinate(isDashed() ? 2 : m_input.take<uint8_t>() % 4U); }
     QPointF point() {
         const double x = number();
         return {x, number()};
@@ -144,12 +146,15 @@ private:
         pen.setStyle(static_cast<Qt::PenStyle>(m_input.take<uint8_t>() % 6));
         pen.setCapStyle(static_cast<Qt::PenCapStyle>(m_input.take<uint8_t>() % 3 * 0x10));
         pen.setJoinStyle(static_cast<Qt::PenJoinStyle>(m_input.take<uint8_t>() % 3 * 0x40));
-        if (m_input.take<uint8_t>() % 4 == 0) {
+        if (pen.style() != Qt::SolidLine && m_input.take<uint8_t>() % 4 == 0) {
             pen.setDashPattern({m_input.take<uint8_t>() / 16.0, 0.5 + m_input.take<uint8_t>() / 16.0});
             pen.setDashOffset(m_input.take<int8_t>());
         }
         pen.setCosmetic(m_input.take<uint8_t>() % 4 == 0);
         m_painter.setPen(pen);
+        if (isDashed()) {
+            m_painter.resetTransform();
+        }
     }
     void setBrush() {
         m_painter.setBrush(brush());
@@ -159,6 +164,9 @@ private:
         const QPointF right = point();
         const QPointF down = point();
         const QPointF origin = point();
+        if (isDashed()) {
+            return;
+        }
         m_painter.setWorldTransform({right.x(), right.y(), down.x(), down.y(), origin.x(), origin.y()}, flag());
     }
     void setClip() {

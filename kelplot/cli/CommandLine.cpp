@@ -134,7 +134,7 @@ Request requestFromArguments(const QStringList& arguments) {
     }
     Request request;
     const Action action = actionOf(parser);
-    const bool lays = action == Action::plot || action == Action::savePaper;
+    const bool lays = action == Action::plot || action == Action::preview || action == Action::savePaper;
     if (lays) {
         applyDefaults(driverFolder(), request);
         applyDefaults(ownFolder(), request);

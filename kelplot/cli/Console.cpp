@@ -41,6 +41,9 @@ void Console::startWork(const std::string& label) {
 }
 
 void Console::showProgress(double fraction) {
+    if (m_watcher) {
+        m_watcher(fraction);
+    }
     if (m_progress == Progress::never) {
         return;
     }

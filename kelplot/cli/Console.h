@@ -6,6 +6,8 @@
 #include <iosfwd>
 #include <string>
 
+#include "base/Progress.h"
+
 namespace kelplot {
 
 /// What the user reads while drawings are plotted: messages, and one line of progress that comes and goes.
@@ -33,6 +35,8 @@ public:
     void startWork(const std::string& label);
     /// Shows the progress of the work, from 0 to 1, if an update is due.
     void showProgress(double fraction);
+    /// Has somebody else hear of all progress from here on; what they throw ends the work.
+    void watchProgress(kelplot::Progress watcher) { m_watcher = std::move(watcher); }
     /// Sets how many entities the work is about, which the progress tells from here on.
     void setEntities(size_t count) { m_entities = count; }
     /// Removes the progress line.
@@ -45,6 +49,7 @@ private:
     Progress m_progress;
     bool m_warnings;
     Clock m_clock;
+    kelplot::Progress m_watcher;
     std::string progressText(double fraction, Time now) const;
 
     std::string m_label;

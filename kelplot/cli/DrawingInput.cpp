@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "cli/LayerFilter.h"
+#include "plot/annotation/AnnotationBlocks.h"
 #include "reader/DxfReader.h"
 
 namespace kelplot {
@@ -24,6 +26,16 @@ QString titleOf(const QString& input) {
 Drawing readDrawing(const QString& input, const Progress& progress) {
     DxfReader reader;
     return reader.read(QFile::encodeName(input).toStdString(), progress);
+}
+
+std::shared_ptr<Drawing> readToPlot(const QString& input, const PlotPlan& plan, const Progress& progress,
+                                    QStringList& warnings) {
+    auto drawing = std::make_shared<Drawing>(readDrawing(input, progress));
+    for (const QString& pattern : filterLayers(*drawing, plan.layers, plan.excludedLayers)) {
+        warnings << QStringLiteral("no layer is named \"%1\"").arg(pattern);
+    }
+    buildAnnotations(*drawing, plan.style.fonts);
+    return drawing;
 }
 
 } // namespace kelplot

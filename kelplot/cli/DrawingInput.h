@@ -2,9 +2,13 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
+#include <functional>
+#include <memory>
 
 #include "base/Progress.h"
 #include "cli/Console.h"
+#include "cli/PlotPlan.h"
 #include "drawing/Drawing.h"
 
 namespace kelplot {
@@ -29,5 +33,14 @@ QString titleOf(const QString& input);
 
 /// Reads a drawing, "-" from standard input. Throws `ReadError`.
 Drawing readDrawing(const QString& input, const Progress& progress);
+
+/// Hands out a drawing that is ready to be plotted by a plan, and appends to `warnings` what is to be told of it.
+using DrawingSource = std::function<std::shared_ptr<const Drawing>(const QString& input, const PlotPlan& plan,
+                                                                   const Progress& progress, QStringList& warnings)>;
+
+/// Reads a drawing, keeps the layers off paper that the plan leaves out, and builds what the drawing leaves to its
+/// reader. Throws `ReadError`.
+std::shared_ptr<Drawing> readToPlot(const QString& input, const PlotPlan& plan, const Progress& progress,
+                                    QStringList& warnings);
 
 } // namespace kelplot

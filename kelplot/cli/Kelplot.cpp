@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "cli/Kelplot.h"
 
+#include <QFile>
 #include <QGuiApplication>
-#include <QTextCodec>
 #include <algorithm>
-#include <clocale>
-#include <csignal>
-#include <cstdio>
-#include <cstdlib>
-#include <exception>
+#include <cerrno>
+#include <cstring>
 #include <functional>
 #include <iostream>
-#include <new>
 #include <unistd.h>
 
 #include "cli/CommandLine.h"
@@ -27,61 +23,11 @@
 #include "cli/PlotRecord.h"
 #include "cli/PlotRun.h"
 #include "cli/PrinterListing.h"
-#include "device/OutputFile.h"
+#include "cli/ProgramFrame.h"
 #include "print/Printers.h"
-#include "settings/SettingsFile.h"
 
 namespace kelplot {
 namespace {
-
-/// Qt's own remarks are about its installation, not about the user's drawing.
-void keepQtQuiet(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
-    if (type == QtCriticalMsg || type == QtFatalMsg) {
-        std::cerr << "kelplot: " << text.toStdString() << std::endl;
-    }
-}
-
-/// Ends the program where memory runs out again while a plot is being abandoned for lack of it. That happens in
-/// destructors of Qt's painters, which write the rest of their document, and leaves no way back to the other drawings.
-[[noreturn]] void endWithoutMemory() {
-    constexpr int mostText = 4096; // beyond that a path is cut
-    static char text[mostText];
-    const char* const path = OutputFile::abandonUnfinished();
-    const int length = std::snprintf(text, mostText, "kelplot: %s%snot enough memory\n", path, *path ? ": " : "");
-    const int told = std::min(length, mostText - 1);
-    [[maybe_unused]] const auto written = ::write(STDERR_FILENO, text, static_cast<size_t>(told));
-    std::_Exit(static_cast<int>(ExitStatus::outputFailed));
-}
-
-/// What the runtime calls for an exception that nobody can catch.
-[[noreturn]] void endUncaught() {
-    if (std::current_exception()) {
-        try {
-            throw;
-        } catch (const std::bad_alloc&) {
-            endWithoutMemory();
-        } catch (...) { // a bug in the program: let it abort and leave its trace
-        }
-    }
-    std::abort();
-}
-
-/// Sets up what Qt needs to know before its application object exists.
-void prepareQt() {
-    qInstallMessageHandler(keepQtQuiet);
-    // No window is ever shown, so no display is needed.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    // File names are taken as they are, also by a job that runs without a locale.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
-}
-
-QStringList argumentsOf(int argc, char** argv) {
-    QStringList arguments;
-    std::for_each(argv, argv + argc, [&](const char* argument) { arguments << QString::fromUtf8(argument); });
-    return arguments;
-}
 
 Console::Progress progressMode(const Request& request) {
     if (request.forceProgress) {
@@ -146,25 +92,11 @@ ExitStatus plot(const Request& request, Console& console) {
             told << name.toStdString() << std::endl;
         }
     };
-    const ExitStatus status = plotAll(plan, console, tell, records);
+    const ExitStatus status = plotAll(plan, readToPlot, console, tell, records);
     if (request.json) {
         std::cout << jsonOf(records, static_cast<int>(status)).toStdString();
     }
     return status;
-}
-
-/// What ends the program from outside leaves no unfinished file behind.
-void leaveNothingWhenStopped() {
-    for (const int stop : {SIGINT, SIGTERM, SIGHUP}) {
-        const auto before = std::signal(stop, [](int signal) {
-            OutputFile::abandonUnfinished();
-            std::signal(signal, SIG_DFL);
-            std::raise(signal);
-        });
-        if (before == SIG_IGN) { // nohup and the like
-            std::signal(stop, SIG_IGN);
-        }
-    }
 }
 
 ExitStatus run(const Request& request) {
@@ -194,10 +126,22 @@ ExitStatus run(const Request& request) {
         listPrinters(std::cout);
         return ExitStatus::done;
     case Action::savePaper:
+    case Action::preview: // replaces the program before it gets here
     case Action::plot:
         break;
     }
     return plot(request, console);
+}
+
+/// Replaces this program by the one that shows drawings, which lies beside it where it is installed. Throws
+/// `UsageError`.
+[[noreturn]] void becomePreview(char** argv) {
+    const QString path = QCoreApplication::applicationDirPath() + QStringLiteral("/kelplot-preview");
+    if (!QFile::exists(path)) {
+        throw UsageError(QStringLiteral("--preview: is not installed; there is no %1").arg(path));
+    }
+    ::execv(QFile::encodeName(path).constData(), argv);
+    throw UsageError(QStringLiteral("--preview: %1: %2").arg(path, QString::fromLocal8Bit(std::strerror(errno))));
 }
 
 /// The final status of a run: text that did not reach standard output is a failure too.
@@ -212,32 +156,28 @@ ExitStatus flushed(ExitStatus status) {
 } // namespace
 
 int runKelplot(int argc, char** argv) {
-    std::signal(SIGXFSZ, SIG_IGN); // a file that outgrows its limit is reported like one that outgrows its disk
-    std::set_terminate(endUncaught);
-    leaveNothingWhenStopped();
-    prepareQt();
+    prepareProgram();
+    // No window is ever shown, so no display is needed.
+    const bool choosesPlatform = qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+    if (choosesPlatform) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     // The application gets the program's name only: it would take some options for its own.
     char name[] = "kelplot";
     char* nameOnly[] = {name, nullptr};
     int count = 1;
     const QGuiApplication application(count, nameOnly);
-    std::setlocale(LC_NUMERIC, "C");
-    std::setlocale(LC_CTYPE, "C.UTF-8"); // the library widens paths and settings under it
-    try {
-        return static_cast<int>(flushed(run(requestFromArguments(argumentsOf(argc, argv)))));
-    } catch (const UsageError& error) {
-        std::cerr << "kelplot: " << error.what() << "\nTry 'kelplot --help'." << std::endl;
-        return static_cast<int>(ExitStatus::usage);
-    } catch (const PrintError& error) {
-        std::cerr << "kelplot: " << error.what() << std::endl;
-        return static_cast<int>(ExitStatus::printFailed);
-    } catch (const SettingsError& error) {
-        std::cerr << "kelplot: " << error.what() << std::endl;
-        return static_cast<int>(ExitStatus::cannotOpen);
-    } catch (const std::exception& error) {
-        std::cerr << "kelplot: " << error.what() << std::endl;
-        return static_cast<int>(ExitStatus::outputFailed);
-    }
+    useNeutralLocale();
+    return statusOf([&] {
+        const Request request = requestFromArguments(argumentsOf(argc, argv));
+        if (request.action != Action::preview) {
+            return flushed(run(request));
+        }
+        if (choosesPlatform) {
+            qunsetenv("QT_QPA_PLATFORM");
+        }
+        becomePreview(argv);
+    });
 }
 
 } // namespace kelplot

@@ -278,6 +278,8 @@ const std::vector<OptionRow> rows = {
     {nullptr, "quiet", nullptr, "No progress and no warnings.", choose<&Request::quiet>},
     {nullptr, "strict", nullptr, "Treat warnings as failures: write nothing and exit with 3.",
      choose<&Request::strict>},
+    {nullptr, "preview", nullptr, "Show the pages in a window, to look at before they are printed or saved.",
+     act<Action::preview>},
     {nullptr, "list-layers", nullptr, "Print the layers and their state; plot nothing.", act<Action::listLayers>},
     {nullptr, "list-layouts", nullptr, "Print the names of the layouts; plot nothing.", act<Action::listLayouts>},
     {nullptr, "list-papers", nullptr, "Print the papers: name, size and margins in millimetres; plot nothing.",

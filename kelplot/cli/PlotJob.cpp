@@ -1,25 +1,19 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "cli/PlotJob.h"
 
-#include <QFileInfo>
 #include <utility>
 
 #include "cli/ChosenPens.h"
 #include "cli/DrawingInput.h"
-#include "cli/LayerFilter.h"
 #include "cli/PlotMessages.h"
 #include "cli/RenderSession.h"
 #include "cli/SpaceChoice.h"
+#include "cli/SpaceLayout.h"
 #include "plot/DrawingPlot.h"
 #include "plot/TileMarks.h"
-#include "plot/annotation/AnnotationBlocks.h"
 
 namespace kelplot {
 namespace {
-
-QString nameOf(const Space& space) {
-    return space.layout ? QString::fromStdString(space.layout->name) : QString(modelSpaceName);
-}
 
 /// One drawing on its way to paper.
 class PlotJob {
@@ -27,12 +21,11 @@ public:
     PlotJob(QString input, const PlotPlan& plan, Console& console, DrawingRecord& record)
         : m_input(std::move(input)), m_plan(plan), m_console(console), m_record(record) {}
 
-    void run(const PlannedFile& file, PageSequence& pages);
+    void run(const PlannedFile& file, const DrawingSource& source, PageSequence& pages);
 
 private:
     void warn(const QString& text);
     void warn(const QStringList& texts);
-    void applyLayers();
     void note(const QString& text);
     void usePens(const Space& space, DrawingPlot& plot);
     void tellOfFonts(const FontReport& fonts);
@@ -47,18 +40,19 @@ private:
     const PlotPlan& m_plan;
     Console& m_console;
     DrawingRecord& m_record;
-    Drawing m_drawing;
+    std::shared_ptr<const Drawing> m_drawing;
     double m_done = 0.0;  ///< of all pages
     double m_share = 1.0; ///< of one page in them
 };
 
-void PlotJob::run(const PlannedFile& file, PageSequence& pages) {
+void PlotJob::run(const PlannedFile& file, const DrawingSource& source, PageSequence& pages) {
     constexpr double reading = 0.5;
-    m_drawing = readDrawing(m_input, [&](double fraction) { m_console.showProgress(reading * fraction); });
-    applyLayers();
-    buildAnnotations(m_drawing, m_plan.style.fonts);
-    DrawingPlot plot(m_drawing, m_plan.style);
-    const std::vector<Space> spaces = chosenSpaces(m_drawing, m_plan.layout);
+    QStringList warnings;
+    m_drawing = source(
+        m_input, m_plan, [&](double fraction) { m_console.showProgress(reading * fraction); }, warnings);
+    warn(warnings);
+    DrawingPlot plot(*m_drawing, m_plan.style);
+    const std::vector<Space> spaces = chosenSpaces(*m_drawing, m_plan.layout);
     size_t entities = 0;
     for (const Space& space : spaces) {
         entities += space.entities.size();
@@ -97,13 +91,6 @@ void PlotJob::warn(const QStringList& texts) {
     }
 }
 
-void PlotJob::applyLayers() {
-    const QStringList unmatched = filterLayers(m_drawing, m_plan.layers, m_plan.excludedLayers);
-    for (const QString& pattern : unmatched) {
-        warn(QStringLiteral("no layer is named \"%1\"").arg(pattern));
-    }
-}
-
 /// Once for each text, as `warn`.
 void PlotJob::note(const QString& text) {
     if (!text.isEmpty() && !m_record.notes.contains(text)) {
@@ -113,7 +100,7 @@ void PlotJob::note(const QString& text) {
 }
 
 void PlotJob::usePens(const Space& space, DrawingPlot& plot) {
-    const ChosenPens pens = chosenPens(m_drawing, space, m_plan);
+    const ChosenPens pens = chosenPens(*m_drawing, space, m_plan);
     plot.usePens(pens.table);
     note(pens.note);
     warn(pens.warnings);
@@ -131,32 +118,12 @@ void PlotJob::tellOfFonts(const FontReport& fonts) {
 }
 
 PageLayout PlotJob::layOut(const DrawingPlot& plot, const Space& space, PageRecord& record) {
-    ExtentsReport report;
-    const Box2 extents = plot.extents(space.entities, &report);
-    warn(missingParts(m_drawing, report));
-    for (const auto& [kind, entities] : report.unplotted) {
+    const SpaceLayout found = layOutSpace(*m_drawing, plot, space, m_plan);
+    warn(found.warnings);
+    for (const auto& [kind, entities] : found.extents.unplotted) {
         record.leftOut[QString::fromStdString(kind)] = entities.size();
     }
-    PageOptions page = m_plan.page;
-    double millimetresPerUnit = m_plan.millimetresPerUnit.value_or(m_drawing.millimetresPerUnit);
-    if (space.layout) {
-        const auto own = pageOfLayout(space.layout->settings, extents, page, m_plan.statedPage);
-        if (own) {
-            page = *own;
-        } else {
-            warn(QStringLiteral("the paper and margins of the layout leave no room; it is fitted to the usual paper"));
-        }
-        millimetresPerUnit = space.layout->settings.millimetresPerUnit;
-    }
-    PageLayout layout = layOutPage(extents, millimetresPerUnit, page);
-    if (extents.isEmpty()) {
-        warn(QStringLiteral("nothing to plot"));
-    } else if (page.window && !page.window->intersects(extents)) {
-        warn(QStringLiteral("nothing to plot in the window"));
-    } else if (!layout.drawingFits) {
-        warn(tooLarge(page.window.value_or(extents), millimetresPerUnit, layout, page.window.has_value()));
-    }
-    return layout;
+    return found.page;
 }
 
 void PlotJob::plotSheet(const DrawingPlot& plot, const Space& space, const QString& name, PageSequence& pages) {
@@ -209,15 +176,15 @@ void PlotJob::draw(const DrawingPlot& plot, const Space& space, const PageLayout
     }
     m_done += m_share;
     page.viewports = report.viewports;
-    warn(missingParts(m_drawing, report));
+    warn(missingParts(*m_drawing, report));
 }
 
 } // namespace
 
-void plotDrawing(const QString& input, const PlannedFile& file, const PlotPlan& plan, PageSequence& pages,
-                 Console& console, DrawingRecord& record) {
+void plotDrawing(const QString& input, const PlannedFile& file, const PlotPlan& plan, const DrawingSource& source,
+                 PageSequence& pages, Console& console, DrawingRecord& record) {
     const WorkOn work(input, console);
-    PlotJob(input, plan, console, record).run(file, pages);
+    PlotJob(input, plan, console, record).run(file, source, pages);
 }
 
 } // namespace kelplot

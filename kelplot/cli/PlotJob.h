@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "cli/Console.h"
+#include "cli/DrawingInput.h"
 #include "cli/PageSequence.h"
 #include "cli/PlotPlan.h"
 #include "cli/PlotRecord.h"
@@ -19,7 +20,9 @@ public:
 
 /// Plots one drawing as the next pages of a file, and records what became of it. Throws `ReadError`, `UsageError`,
 /// `OutputError` or `StrictFailure`.
-void plotDrawing(const QString& input, const PlannedFile& file, const PlotPlan& plan, PageSequence& pages,
-                 Console& console, DrawingRecord& record);
+///
+/// @param source  of the drawing
+void plotDrawing(const QString& input, const PlannedFile& file, const PlotPlan& plan, const DrawingSource& source,
+                 PageSequence& pages, Console& console, DrawingRecord& record);
 
 } // namespace kelplot

@@ -7,7 +7,6 @@
 
 #include "cli/PageSequence.h"
 #include "cli/PlotJob.h"
-#include "cli/PrintSpool.h"
 #include "device/OutputFile.h"
 #include "reader/DrawingReader.h"
 
@@ -40,16 +39,14 @@ ExitStatus guarded(const QString& name, Console& console, QString& error, const 
     }
 }
 
-namespace {
-
-/// Plots all drawings of a file, or none: an incomplete document is not what was asked for.
-ExitStatus plotPages(const PlannedFile& file, const PlotPlan& plan, Console& console, FileRecord& record) {
+ExitStatus plotPages(const PlannedFile& file, const PlotPlan& plan, const DrawingSource& source, Console& console,
+                     FileRecord& record) {
     PageSequence pages(file, plan);
     for (const QString& input : file.inputs) {
         DrawingRecord& drawing = record.drawings.emplace_back();
         drawing.drawing = input;
-        const ExitStatus status =
-            guarded(input, console, drawing.error, [&] { plotDrawing(input, file, plan, pages, console, drawing); });
+        const ExitStatus status = guarded(input, console, drawing.error,
+                                          [&] { plotDrawing(input, file, plan, source, pages, console, drawing); });
         if (status != ExitStatus::done) {
             return status;
         }
@@ -57,53 +54,68 @@ ExitStatus plotPages(const PlannedFile& file, const PlotPlan& plan, Console& con
     return guarded(file.path, console, record.drawings.back().error, [&] { pages.finish(); });
 }
 
-ExitStatus plotFile(const PlannedFile& file, const PlotPlan& plan, Console& console,
-                    const std::function<void(const QString&)>& tell, FileRecord& record) {
-    const ExitStatus status = plotPages(file, plan, console, record);
+std::unique_ptr<PrintJob> startPrinting(const PlannedFile& file, const PlotPlan& plan, PrintSpool& spool,
+                                        const FileRecord& record) {
+    PrintOptions options = plan.print;
+    options.title = file.title;
+    options.paper = record.drawings.front().pages.front().sheet;
+    auto job = std::make_unique<PrintJob>(plan.printer, options);
+    job->send(spool.pages());
+    return job;
+}
+
+namespace {
+
+/// What plotting or printing a file needs besides.
+struct PlotRun {
+    const PlotPlan& plan;
+    const DrawingSource& source;
+    Console& console;
+    const std::function<void(const QString&)>& tell;
+};
+
+ExitStatus plotFile(const PlannedFile& file, const PlotRun& run, FileRecord& record) {
+    const ExitStatus status = plotPages(file, run.plan, run.source, run.console, record);
     record.written = status == ExitStatus::done;
     if (record.written) {
-        tell(file.path);
+        run.tell(file.path);
     }
     return status;
 }
 
 /// Plots a file's pages where only the printer sees them.
-ExitStatus printFile(const PlannedFile& file, const PlotPlan& plan, Console& console,
-                     const std::function<void(const QString&)>& tell, FileRecord& record) {
+ExitStatus printFile(const PlannedFile& file, const PlotRun& run, FileRecord& record) {
     std::optional<PrintSpool> spool;
     PlannedFile spooled = file;
     QString failure;
-    ExitStatus status = guarded(plan.printer, console, failure, [&] { spooled.path = spool.emplace().path(); });
-    status = status == ExitStatus::done ? plotPages(spooled, plan, console, record) : status;
+    ExitStatus status = guarded(run.plan.printer, run.console, failure, [&] { spooled.path = spool.emplace().path(); });
+    status = status == ExitStatus::done ? plotPages(spooled, run.plan, run.source, run.console, record) : status;
     if (status != ExitStatus::done) {
         return status;
     }
-    return guarded(plan.printer, console, record.drawings.back().error, [&] {
-        PrintOptions options = plan.print;
-        options.title = file.title;
-        options.paper = record.drawings.front().pages.front().sheet;
-        PrintJob job(plan.printer, options);
-        job.send(spool->pages());
-        record.file = job.name();
+    return guarded(run.plan.printer, run.console, record.drawings.back().error, [&] {
+        const std::unique_ptr<PrintJob> job = startPrinting(file, run.plan, *spool, record);
+        record.file = job->name();
         record.written = true;
-        tell(job.name());
-        if (plan.waitsForPrinter) {
-            job.follow(
-                [&](const QString& words) { console.note((job.name() + QStringLiteral(": ") + words).toStdString()); });
+        run.tell(job->name());
+        if (run.plan.waitsForPrinter) {
+            job->follow([&](const QString& words) {
+                run.console.note((job->name() + QStringLiteral(": ") + words).toStdString());
+            });
         }
     });
 }
 
 } // namespace
 
-ExitStatus plotAll(const PlotPlan& plan, Console& console, const std::function<void(const QString&)>& tell,
-                   std::vector<FileRecord>& records) {
+ExitStatus plotAll(const PlotPlan& plan, const DrawingSource& source, Console& console,
+                   const std::function<void(const QString&)>& tell, std::vector<FileRecord>& records) {
+    const PlotRun run{plan, source, console, tell};
     ExitStatus worst = ExitStatus::done;
     for (const PlannedFile& file : plan.files) {
         FileRecord& record = records.emplace_back();
         record.file = file.path;
-        worst = std::max(worst, plan.printer.isEmpty() ? plotFile(file, plan, console, tell, record)
-                                                       : printFile(file, plan, console, tell, record));
+        worst = std::max(worst, plan.printer.isEmpty() ? plotFile(file, run, record) : printFile(file, run, record));
     }
     return worst;
 }

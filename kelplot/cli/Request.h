@@ -22,6 +22,7 @@ public:
 
 enum class Action {
     plot,
+    preview,
     savePaper,
     listLayers,
     listLayouts,

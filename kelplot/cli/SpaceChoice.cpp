@@ -38,6 +38,10 @@ QString layoutNames(const Drawing& drawing) {
 
 } // namespace
 
+QString nameOf(const Space& space) {
+    return space.layout ? QString::fromStdString(space.layout->name) : QString(modelSpaceName);
+}
+
 std::vector<Space> chosenSpaces(const Drawing& drawing, const QString& wanted) {
     if (wanted.isEmpty()) {
         return {savedSpace(drawing)};

@@ -18,6 +18,9 @@ struct Space {
     const Layout* layout; ///< null: model space, or a sheet that the drawing says nothing of
 };
 
+/// The name of a layout, or that of model space.
+QString nameOf(const Space& space);
+
 /// The spaces of a drawing that are asked for, in their order. Without a name that is what the drawing was saved in,
 /// if it holds anything, else model space, or else the sheet. Refers to the drawing. Throws `UsageError` where there is
 /// no such layout.

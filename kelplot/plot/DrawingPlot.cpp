@@ -162,7 +162,13 @@ public:
                                     [this](const auto& entity, const auto& style, const auto& entityMap) {
                                         return inkBox(entity, style, entityMap);
                                     }};
-        report.add(EntityWalk(m_tools.drawing, std::move(rules), *this).run(entities, map, progress));
+        const Progress told = [&](double fraction) {
+            m_done = fraction;
+            progress(fraction);
+        };
+        m_progress = progress ? &told : nullptr;
+        report.add(EntityWalk(m_tools.drawing, std::move(rules), *this).run(entities, map, progress ? told : progress));
+        m_progress = nullptr;
         report.lostLineTypeTexts = report.lostLineTypeTexts || m_tools.canvas.budget().lostTexts;
     }
 
@@ -201,7 +207,7 @@ private:
         tools.canvas.setBudget(m_tools.canvas.budget());
         EntityPlotter plotter(tools, false);
         plotter.run(m_tools.drawing.modelSpace, view, {viewport.frozenLayers, viewport.overrides},
-                    report.visitsInBlocks, {});
+                    report.visitsInBlocks, progressWithin());
         m_tools.patternDashesLeft = tools.patternDashesLeft;
         m_tools.canvas.setBudget(tools.canvas.budget());
         report.add(plotter.report);
@@ -211,8 +217,20 @@ private:
         m_tools.forgetLayer();
     }
 
+    /// For what is drawn as a part of one entity: it tells that the plot goes on, so that it can be ended there too.
+    Progress progressWithin() const {
+        if (m_progress == nullptr) {
+            return {};
+        }
+        return [this](double) {
+            (*m_progress)(m_done);
+        };
+    }
+
     PlotTools& m_tools;
     bool m_isSheet;
+    const Progress* m_progress = nullptr; ///< of the walk that is under way
+    double m_done = 0.0;
     std::vector<bool> m_hiding; ///< for each clip that the walk is in, whether it leaves nothing of the page
 };
 

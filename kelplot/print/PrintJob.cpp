@@ -157,20 +157,24 @@ PrintJob::State PrintJob::state() const {
     return found;
 }
 
+bool PrintJob::hasLeft(QString& words) const {
+    const State now = state();
+    words = now.words;
+    if (now.number == IPP_JSTATE_ABORTED || now.number == IPP_JSTATE_CANCELED) {
+        fail(QStringLiteral("job %1 was %2: %3")
+                 .arg(m_number)
+                 .arg(QLatin1String(now.number == IPP_JSTATE_ABORTED ? "aborted" : "cancelled"), now.words));
+    }
+    return now.number == 0 || now.number == IPP_JSTATE_COMPLETED;
+}
+
 void PrintJob::follow(const std::function<void(const QString&)>& tell) {
     constexpr std::chrono::milliseconds pause(300);
     QString told;
-    for (State now = state(); now.number != 0; now = state()) {
-        if (now.number == IPP_JSTATE_COMPLETED) {
-            return;
-        }
-        if (now.number == IPP_JSTATE_ABORTED || now.number == IPP_JSTATE_CANCELED) {
-            fail(QStringLiteral("job %1 was %2: %3")
-                     .arg(m_number)
-                     .arg(QLatin1String(now.number == IPP_JSTATE_ABORTED ? "aborted" : "cancelled"), now.words));
-        }
-        if (!now.words.isEmpty() && now.words != told) {
-            told = now.words;
+    QString words;
+    while (!hasLeft(words)) {
+        if (!words.isEmpty() && words != told) {
+            told = words;
             tell(told);
         }
         std::this_thread::sleep_for(pause);

@@ -38,6 +38,12 @@ public:
     /// @param document  at its first byte
     void send(QIODevice& document);
 
+    /// Looks at the queue once. Throws `PrintError` if the job was aborted or cancelled.
+    ///
+    /// @param words  receives what the queue says of the job; may become empty
+    /// @return whether the job has left the queue
+    bool hasLeft(QString& words) const;
+
     /// Waits until the job has left the queue. Throws `PrintError` if it was aborted or cancelled.
     ///
     /// @param tell  hears what the queue says of the job, whenever that changes

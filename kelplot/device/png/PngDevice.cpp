@@ -4,17 +4,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "device/png/PixelGrid.h"
+
 namespace kelplot {
 namespace {
 
 constexpr double millimetresPerInch = 25.4;
-
-/// Plot units per pixel. The renderer draws in whole units; with these, edges fall between pixels and are smoothed.
-constexpr int unitsPerPixel = 16;
-
-/// Qt draws lines up to a pixel wide by a shortcut that counts dashes in pixels along the steeper axis, which makes
-/// them too long on slopes and curves.
-constexpr int thinnestDashed = unitsPerPixel + 1;
 
 /// What readers of PNG files take for sound.
 constexpr double longestSide = 1e6;
@@ -83,15 +78,8 @@ std::optional<Box2> PngDevice::beginPart(int index) {
     if (!m_painter.begin(&m_device)) {
         throw outputError(m_path, QStringLiteral("cannot draw on an image"));
     }
-    m_painter.setRenderHint(QPainter::Antialiasing);
-    m_painter.setWindow(0, 0, m_size.width() * unitsPerPixel, m_size.height() * unitsPerPixel);
-    m_painter.setViewport(0, 0, m_size.width(), m_size.height());
-    if (partCount() == 1) {
-        return std::nullopt;
-    }
-    const Vec2 corner{static_cast<double>(tile.left()), static_cast<double>(tile.top())};
-    const Vec2 size{static_cast<double>(tile.width()), static_cast<double>(tile.height())};
-    return Box2{corner * unitsPerPixel, (corner + size) * unitsPerPixel};
+    preparePixelPainter(m_painter, m_size);
+    return partCount() == 1 ? std::nullopt : std::optional(unitsOf(tile));
 }
 
 void PngDevice::writeBand() {
@@ -105,8 +93,7 @@ void PngDevice::writeBand() {
 }
 
 DeviceGrid PngDevice::grid() const {
-    const double pixelsPerMillimetre = m_dotsPerInch / millimetresPerInch;
-    return {pixelsPerMillimetre * unitsPerPixel, unitsPerPixel, unitsPerPixel / 10.0, thinnestDashed};
+    return pixelGrid(m_dotsPerInch / millimetresPerInch);
 }
 
 void PngDevice::finish() {

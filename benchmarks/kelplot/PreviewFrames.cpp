@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// How long the preview takes for a frame while a page is moved and zoomed.
+#include <QApplication>
+#include <QElapsedTimer>
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <functional>
+#include <vector>
+
+#include "cli/CommandLine.h"
+#include "cli/ProgramFrame.h"
+#include "preview/PreviewWindow.h"
+
+namespace {
+
+using kelplot::PreviewWindow;
+
+double millisecondsUntilSettled(PreviewWindow& window) {
+    QElapsedTimer time;
+    time.start();
+    while (!window.isSettled()) {
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    }
+    return static_cast<double>(time.nsecsElapsed()) / 1e6;
+}
+
+/// Moves the page step by step and has every step painted.
+void measure(const char* what, PreviewWindow& window, const std::function<void(int)>& step) {
+    constexpr int frames = 240;
+    std::vector<double> times;
+    for (int i = 0; i < frames; ++i) {
+        QElapsedTimer time;
+        time.start();
+        step(i);
+        window.view().repaint();
+        times.push_back(static_cast<double>(time.nsecsElapsed()) / 1e6);
+        QApplication::processEvents();
+    }
+    std::sort(times.begin(), times.end());
+    const auto at = [&](double share) {
+        return times[static_cast<size_t>(share * (frames - 1))];
+    };
+    std::printf("%-28s median %5.1f ms   95 %% %5.1f ms   worst %5.1f ms\n", what, at(0.5), at(0.95), at(1.0));
+    std::printf("%-28s %.0f ms later\n", "  drawn afresh", millisecondsUntilSettled(window));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    kelplot::prepareProgram();
+    int count = 1;
+    const QApplication application(count, argv);
+    kelplot::useNeutralLocale();
+    return kelplot::statusOf([&] {
+        PreviewWindow window(kelplot::requestFromArguments(kelplot::argumentsOf(argc, argv)));
+        window.resize(1900, 1000);
+        window.show();
+        std::printf("%-28s %.0f ms\n", "read and drawn", millisecondsUntilSettled(window));
+        kelplot::PageView& view = window.view();
+        const auto circle = [&](int i) {
+            view.pan({static_cast<int>(12 * std::cos(i / 10.0)), static_cast<int>(12 * std::sin(i / 10.0))});
+        };
+        const auto breathe = [&](int i) {
+            view.zoomBy(i % 80 < 40 ? 1.04 : 1.0 / 1.04);
+        };
+        measure("whole page, moved", window, circle);
+        measure("whole page, zoomed", window, breathe);
+        view.zoomBy(8.0);
+        millisecondsUntilSettled(window);
+        measure("eight times as large, moved", window, circle);
+        measure("eight times as large, zoomed", window, breathe);
+        return window.status();
+    });
+}

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "preview/PreviewProgram.h"
+
+#include <QApplication>
+
+#include "cli/CommandLine.h"
+#include "cli/ProgramFrame.h"
+#include "preview/PreviewWindow.h"
+
+namespace kelplot {
+namespace {
+
+/// The request of a command line, which asks for nothing but to show drawings. Throws `UsageError`.
+Request requestToShow(const QStringList& arguments) {
+    const Request request = requestFromArguments(arguments);
+    if (request.action != Action::preview && request.action != Action::plot) {
+        throw UsageError(QStringLiteral("kelplot-preview only shows drawings"));
+    }
+    if (!request.savedPaper.isEmpty()) {
+        throw UsageError(QStringLiteral("--save-paper: not with --preview"));
+    }
+    return request;
+}
+
+} // namespace
+
+int runPreview(int argc, char** argv) {
+    prepareProgram();
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    // The application gets the program's name only: it would take some options for its own.
+    char name[] = "kelplot-preview";
+    char* nameOnly[] = {name, nullptr};
+    int count = 1;
+    const QApplication application(count, nameOnly);
+    useNeutralLocale();
+    return statusOf([&] {
+        PreviewWindow window(requestToShow(argumentsOf(argc, argv)));
+        window.show();
+        QApplication::exec();
+        return window.status();
+    });
+}
+
+} // namespace kelplot
