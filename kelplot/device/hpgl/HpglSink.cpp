@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "device/hpgl/HpglSink.h"
 
-#include <QPainterPathStroker>
 #include <algorithm>
 #include <cmath>
 
@@ -12,26 +11,6 @@ namespace kelplot {
 namespace {
 
 constexpr double unitsPerMillimetre = 40.0;
-
-QPainterPath pathOf(const PageShape& shape) {
-    QPainterPath path;
-    path.setFillRule(shape.rule);
-    for (size_t i = 0; i < shape.elements.size(); ++i) {
-        const PageShape::Element& element = shape.elements[i];
-        switch (element.type) {
-        case QPainterPath::MoveToElement:
-            path.moveTo(element.x, element.y);
-            break;
-        case QPainterPath::CurveToElement:
-            path.cubicTo(element, shape.elements[i + 1], shape.elements[i + 2]);
-            i += 2;
-            break;
-        default:
-            path.lineTo(element.x, element.y);
-        }
-    }
-    return path;
-}
 
 int endsOf(Qt::PenCapStyle cap) {
     constexpr int butt = 1;
@@ -47,18 +26,6 @@ int joinsOf(Qt::PenJoinStyle join) {
     return join == Qt::RoundJoin ? round : join == Qt::BevelJoin ? bevelled : mitred;
 }
 
-/// The area that a line without dashes covers.
-QPainterPath areaOf(const QPolygonF& line, const QPen& pen) {
-    QPainterPathStroker stroker;
-    stroker.setWidth(std::max(pen.widthF(), 1.0));
-    stroker.setCapStyle(pen.capStyle());
-    stroker.setJoinStyle(pen.joinStyle());
-    stroker.setMiterLimit(pen.miterLimit());
-    QPainterPath path;
-    path.addPolygon(line);
-    return stroker.createStroke(path);
-}
-
 } // namespace
 
 QPaintEngine::PaintEngineFeatures HpglSink::features() const {
@@ -67,24 +34,9 @@ QPaintEngine::PaintEngineFeatures HpglSink::features() const {
 }
 
 void HpglSink::setClips(const std::vector<PageShape>& clips) {
-    m_clip.reset();
-    m_clipInside = QRectF();
-    for (const PageShape& clip : clips) {
-        m_clip = m_clip ? m_clip->intersected(pathOf(clip)) : pathOf(clip);
-    }
-    if (clips.size() == 1) {
-        clips[0].isRectangle(m_clipInside);
-    }
-}
-
-HpglSink::Visibility HpglSink::visibilityOf(const QRectF& box) const {
-    if (!m_clip || m_clipInside.contains(box)) {
-        return Visibility::whole;
-    }
-    if (!m_clip->boundingRect().intersects(box)) {
-        return Visibility::none;
-    }
-    return m_clipInside.isEmpty() && m_clip->contains(box) ? Visibility::whole : Visibility::part;
+    m_clip = PlotterClip(clips);
+    const std::optional<QRectF>& window = m_clip.window();
+    m_writer.setWindow(window ? QRect(onPlotter(window->bottomLeft()), onPlotter(window->topRight())) : QRect());
 }
 
 QPoint HpglSink::onPlotter(const QPointF& point) const {
@@ -115,15 +67,21 @@ QRgb HpglSink::inkOf(const PageBrush& brush, const PageBlend& blend) {
 
 void HpglSink::fill(const PageShape& shape, const PageBrush& brush, const PageBlend& blend) {
     const QPainterPath path = pathOf(shape);
-    const Visibility visibility = visibilityOf(path.boundingRect());
-    if (visibility != Visibility::none) {
-        fillPath(visibility == Visibility::part ? path.intersected(*m_clip) : path, inkOf(brush, blend));
+    if (!m_clip.mayShow(path.boundingRect())) {
+        return;
+    }
+    const QList<QPolygonF> outlines = path.toSubpathPolygons();
+    const QRgb ink = inkOf(brush, blend);
+    if (m_clip.hasBorders()) {
+        fillOutlines(m_clip.partInside(outlines), true, ink);
+    } else {
+        fillOutlines({outlines.begin(), outlines.end()}, shape.rule == Qt::OddEvenFill, ink);
     }
 }
 
-void HpglSink::fillPath(const QPainterPath& path, QRgb colour) {
+void HpglSink::fillOutlines(const std::vector<QPolygonF>& polygons, bool evenOdd, QRgb colour) {
     std::vector<PlotterOutline> outlines;
-    for (const QPolygonF& polygon : path.toSubpathPolygons()) {
+    for (const QPolygonF& polygon : polygons) {
         PlotterOutline outline;
         for (const QPointF& point : polygon) {
             const QPoint next = onPlotter(point);
@@ -136,7 +94,7 @@ void HpglSink::fillPath(const QPainterPath& path, QRgb colour) {
         }
     }
     for (const std::vector<PlotterOutline>& group : separateGroups(std::move(outlines))) {
-        m_writer.fill(group, path.fillRule() == Qt::OddEvenFill, colour);
+        m_writer.fill(group, evenOdd, colour);
     }
 }
 
@@ -145,19 +103,27 @@ void HpglSink::stroke(const PageShape& shape, const QPen& pen, const PageBlend& 
     const HpglWriter::Pen style{inkOf(pen.color(), blend), std::max(pen.widthF(), 1.0) / unitsPerMillimetre,
                                 endsOf(pen.capStyle()), joinsOf(pen.joinStyle())};
     for (const QPolygonF& line : pathOf(shape).toSubpathPolygons()) {
+        if (!m_clip.mayShow(line.boundingRect().adjusted(-reach, -reach, reach, reach))) {
+            continue;
+        }
         forEachDash({line.begin(), line.end()}, pen, [&](const std::vector<QPointF>& dash) {
-            const QPolygonF points(QVector<QPointF>(dash.begin(), dash.end()));
-            const Visibility visibility = visibilityOf(points.boundingRect().adjusted(-reach, -reach, reach, reach));
-            if (visibility == Visibility::part) {
-                fillPath(areaOf(points, pen).intersected(*m_clip), style.colour);
-            } else if (visibility == Visibility::whole) {
-                std::vector<QPoint> onPaper;
-                std::transform(dash.begin(), dash.end(), std::back_inserter(onPaper),
-                               [&](const QPointF& point) { return onPlotter(point); });
-                m_writer.drawPolyline(onPaper, style);
+            if (!m_clip.hasBorders()) {
+                drawLine(dash, style);
+                return;
+            }
+            for (const std::vector<QPointF>& part : m_clip.partsInside(dash)) {
+                drawLine(part, style);
             }
         });
     }
+}
+
+void HpglSink::drawLine(const std::vector<QPointF>& points, const HpglWriter::Pen& pen) {
+    std::vector<QPoint> onPaper;
+    onPaper.reserve(points.size());
+    std::transform(points.begin(), points.end(), std::back_inserter(onPaper),
+                   [&](const QPointF& point) { return onPlotter(point); });
+    m_writer.drawPolyline(onPaper, pen);
 }
 
 void HpglSink::drawImage(const PagePicture& /*picture*/, const PageBlend& /*blend*/) {

@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include <QPainterPath>
 #include <map>
-#include <optional>
 
 #include "device/hpgl/HpglWriter.h"
+#include "device/hpgl/PlotterClip.h"
 #include "device/vector/VectorSink.h"
 
 namespace kelplot {
 
-/// Draws a page with the pens of a plotter: opaque, in plain colours. Clips are applied here, since a plotter has only
-/// upright rectangles.
+/// Draws a page with the pens of a plotter: opaque, in plain colours.
 class HpglSink final : public VectorSink {
 public:
     /// @param writer  borrowed; outlives this
@@ -29,18 +27,15 @@ public:
     const std::map<QString, size_t>& shortcomings() const { return m_shortcomings; }
 
 private:
-    enum class Visibility { none, part, whole };
-
-    Visibility visibilityOf(const QRectF& box) const;
-    void fillPath(const QPainterPath& path, QRgb colour);
+    void fillOutlines(const std::vector<QPolygonF>& polygons, bool evenOdd, QRgb colour);
+    void drawLine(const std::vector<QPointF>& points, const HpglWriter::Pen& pen);
     QRgb inkOf(QColor colour, const PageBlend& blend);
     QRgb inkOf(const PageBrush& brush, const PageBlend& blend);
     QPoint onPlotter(const QPointF& point) const;
 
     HpglWriter& m_writer;
     QSize m_page;
-    std::optional<QPainterPath> m_clip;
-    QRectF m_clipInside; ///< the rectangle that the clip is; empty if it is none
+    PlotterClip m_clip;
     std::map<QString, size_t> m_shortcomings;
 };
 

@@ -9,7 +9,7 @@
 
 // The commands are those of the HP-GL/2 reference: IN initialise, PS plot size, TR transparency, NP number of pens, PC
 // pen colour, WU unit of widths, SP select pen, PW pen width, LA line attributes, PE polyline encoded, PM polygon mode,
-// FP fill polygon, PG page.
+// FP fill polygon, IW input window, PG page.
 
 namespace kelplot {
 namespace {
@@ -31,6 +31,7 @@ void HpglWriter::beginPage(QSize size, const QByteArray& title) {
     std::replace_if(
         name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
     m_pens.clear();
+    m_windowSent = QRect(); // as the plotter begins
     m_selected = 0;
     m_width = -1.0;
     m_ends = 0;
@@ -44,6 +45,23 @@ void HpglWriter::endPage() {
     m_text += "SP0;PG;\n";
     m_write(m_text);
     m_text.clear();
+}
+
+void HpglWriter::setWindow(const QRect& window) {
+    m_window = window;
+}
+
+void HpglWriter::sendWindow() {
+    if (m_window == m_windowSent) {
+        return;
+    }
+    m_windowSent = m_window;
+    m_text += "IW";
+    if (!m_window.isNull()) {
+        m_text += QByteArray::number(m_window.left()) + ',' + QByteArray::number(m_window.top()) + ',' +
+                  QByteArray::number(m_window.right()) + ',' + QByteArray::number(m_window.bottom());
+    }
+    m_text += ';';
 }
 
 /// Makes a pen of the colour the one in force. Where there are no more pens it is the nearest.
@@ -102,6 +120,7 @@ void HpglWriter::addEncoded(const std::vector<QPoint>& points, size_t first) {
 }
 
 void HpglWriter::drawPolyline(const std::vector<QPoint>& points, const Pen& pen) {
+    sendWindow();
     select(pen.colour);
     setWidth(pen.width);
     setAttributes(pen);
@@ -119,6 +138,7 @@ void HpglWriter::drawPolyline(const std::vector<QPoint>& points, const Pen& pen)
 
 void HpglWriter::fill(const std::vector<PlotterOutline>& outlines, bool evenOdd, QRgb colour) {
     constexpr double finest = 0.05; // millimetres; plotters that fill by lines take the pen's width for them
+    sendWindow();
     select(colour);
     setWidth(finest);
     bool isFirst = true;

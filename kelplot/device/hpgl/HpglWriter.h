@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QRect>
 #include <QRgb>
 #include <QSize>
 #include <functional>
@@ -32,6 +33,9 @@ public:
     void beginPage(QSize size, const QByteArray& title);
     void endPage();
 
+    /// Everything from here on shows only in this rectangle; null: on the whole page.
+    void setWindow(const QRect& window);
+
     /// @param points  at least one
     void drawPolyline(const std::vector<QPoint>& points, const Pen& pen);
 
@@ -39,6 +43,7 @@ public:
     void fill(const std::vector<PlotterOutline>& outlines, bool evenOdd, QRgb colour);
 
 private:
+    void sendWindow();
     void select(QRgb colour);
     void setWidth(double width);
     void setAttributes(const Pen& pen);
@@ -49,6 +54,8 @@ private:
     Write m_write;
     QByteArray m_text;
     std::vector<QRgb> m_pens; ///< the colours of pens 1 and up
+    QRect m_window;           ///< that was asked for
+    QRect m_windowSent;       ///< null: none
     int m_selected = 0;       ///< pen; 0: none
     double m_width = -1.0;
     int m_ends = 0;
