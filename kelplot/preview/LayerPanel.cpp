@@ -64,9 +64,9 @@ void LayerPanel::tell() {
     if (m_isFilling || !onChange) {
         return;
     }
-    std::vector<char> shown;
-    for (int i = 0; i < m_list->topLevelItemCount(); ++i) {
-        shown.push_back(m_list->topLevelItem(i)->checkState(0) == Qt::Checked ? 1 : 0);
+    std::vector<char> shown(m_layers.size());
+    for (size_t i = 0; i < shown.size(); ++i) {
+        shown[i] = m_list->topLevelItem(static_cast<int>(i))->checkState(0) == Qt::Checked ? 1 : 0;
     }
     onChange(shown);
 }

@@ -12,7 +12,7 @@ namespace {
 
 /// The request of a command line, which asks for nothing but to show drawings. Throws `UsageError`.
 Request requestToShow(const QStringList& arguments) {
-    const Request request = requestFromArguments(arguments);
+    Request request = requestFromArguments(arguments);
     if (request.action != Action::preview && request.action != Action::plot) {
         throw UsageError(QStringLiteral("kelplot-preview only shows drawings"));
     }

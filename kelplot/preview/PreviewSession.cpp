@@ -31,8 +31,7 @@ bool isWhole(const PictureOrder& order, const SheetSize& sheet) {
 
 } // namespace
 
-PreviewSession::PreviewSession(QObject& receiver, PreviewEvents events)
-    : m_events(std::move(events)), m_worker(receiver) {
+PreviewSession::PreviewSession(PreviewEvents events) : m_events(std::move(events)) {
 }
 
 /// Tells of what a task throws.

@@ -58,8 +58,8 @@ struct PreviewEvents {
 /// The drawings of a preview. Everything is done in a thread of its own, and the answers come as events.
 class PreviewSession {
 public:
-    /// @param receiver  in whose thread the events happen, and while it lives
-    PreviewSession(QObject& receiver, PreviewEvents events);
+    /// @param events  happen in the thread that calls this, as long as this lives
+    explicit PreviewSession(PreviewEvents events);
 
     void open(const QString& input, std::shared_ptr<const PlotPlan> plan);
     /// Lays a page out and draws it; the newest order counts.

@@ -40,7 +40,7 @@ PreviewWindow::PreviewWindow(const Request& request)
     arrange();
     m_status->setBusy(true);
     m_view->showNotice(QStringLiteral("Reading %1 \u2026").arg(QFileInfo(request.inputs.front()).fileName()));
-    m_session = std::make_unique<PreviewSession>(*this, events());
+    m_session = std::make_unique<PreviewSession>(events());
     for (const QString& input : request.inputs) {
         m_session->open(input, m_plan);
     }
@@ -162,16 +162,16 @@ void PreviewWindow::addActions(QToolBar& bar) {
     });
     addAction(bar, IconKind::save, QStringLiteral("Save"), QKeySequence::Save, [this] { askToSave(false); });
     m_saveAll = addAction(bar, IconKind::save, QStringLiteral("Save all layouts"),
-                          QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S), [this] { askToSave(true); });
+                          QKeySequence(QStringLiteral("Ctrl+Shift+S")), [this] { askToSave(true); });
     m_saveAll->setVisible(false);
     bar.addSeparator();
     addAction(bar, IconKind::zoomOut, QStringLiteral("Zoom out"), QKeySequence::ZoomOut,
               [this] { m_view->zoomBy(1.0 / zoomStep); });
     addAction(bar, IconKind::zoomIn, QStringLiteral("Zoom in"), QKeySequence::ZoomIn,
               [this] { m_view->zoomBy(zoomStep); });
-    addAction(bar, IconKind::fit, QStringLiteral("Whole page"), QKeySequence(Qt::CTRL + Qt::Key_0),
+    addAction(bar, IconKind::fit, QStringLiteral("Whole page"), QKeySequence(QStringLiteral("Ctrl+0")),
               [this] { m_view->fit(); });
-    addAction(bar, IconKind::trueSize, QStringLiteral("True size"), QKeySequence(Qt::CTRL + Qt::Key_1),
+    addAction(bar, IconKind::trueSize, QStringLiteral("True size"), QKeySequence(QStringLiteral("Ctrl+1")),
               [this] { m_view->setScale(logicalDpiX() / millimetresPerInch); });
     auto* const spacer = new QWidget;
     spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);

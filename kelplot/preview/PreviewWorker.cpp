@@ -1,12 +1,37 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "preview/PreviewWorker.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <algorithm>
 #include <chrono>
 
 namespace kelplot {
+namespace {
 
-PreviewWorker::PreviewWorker(QObject& receiver) : m_receiver(receiver), m_thread([this] { run(); }) {
+struct ActionEvent final : QEvent {
+    static constexpr Type kind = User;
+
+    explicit ActionEvent(std::function<void()> todo) : QEvent(kind), action(std::move(todo)) {}
+
+    std::function<void()> action;
+};
+
+} // namespace
+
+void ActionReceiver::post(std::function<void()> action) {
+    QCoreApplication::postEvent(this, new ActionEvent(std::move(action)));
+}
+
+bool ActionReceiver::event(QEvent* event) {
+    if (event->type() != ActionEvent::kind) {
+        return QObject::event(event);
+    }
+    static_cast<ActionEvent*>(event)->action();
+    return true;
+}
+
+PreviewWorker::PreviewWorker() : m_thread([this] { run(); }) {
 }
 
 PreviewWorker::~PreviewWorker() {
@@ -34,10 +59,6 @@ void PreviewWorker::draw(Work work) {
         m_isCancelled = m_isCancelled || m_isDrawing;
     }
     m_wakes.notify_one();
-}
-
-void PreviewWorker::tell(std::function<void()> action) const {
-    QMetaObject::invokeMethod(&m_receiver, std::move(action), Qt::QueuedConnection);
 }
 
 /// Waits for work; empty when it is time to look at what is watched, or to stop.

@@ -18,14 +18,23 @@ namespace kelplot {
 /// tell.
 struct Cancelled {};
 
+/// Does things in the thread that it was made in.
+class ActionReceiver final : public QObject {
+public:
+    /// For any thread. What is still to be done when this is destroyed is not done any more.
+    void post(std::function<void()> action);
+
+protected:
+    bool event(QEvent* event) override;
+};
+
 /// The one thread in which drawings are read, drawn and written, so that the window never waits.
 class PreviewWorker {
 public:
     /// Reports its progress, which throws `Cancelled` when the work is to end. Throws nothing else.
     using Work = std::function<void(const Progress& progress)>;
 
-    /// @param receiver  in whose thread `tell` has things done; outlives this
-    explicit PreviewWorker(QObject& receiver);
+    PreviewWorker();
     /// Ends the work under way and waits for that.
     ~PreviewWorker();
     PreviewWorker(const PreviewWorker&) = delete;
@@ -38,8 +47,8 @@ public:
     /// ended if it is under way.
     void draw(Work work);
 
-    /// For the work: does something in the receiver's thread.
-    void tell(std::function<void()> action) const;
+    /// For the work: does something in the thread that this was made in, and not after its end.
+    void tell(std::function<void()> action) { m_receiver.post(std::move(action)); }
 
     /// For the work: looks at something a few times a second until that returns true.
     void watch(std::function<bool()> look) { m_watched.push_back(std::move(look)); }
@@ -50,7 +59,7 @@ private:
     Work next();
     void lookAround();
 
-    QObject& m_receiver;
+    ActionReceiver m_receiver;
     std::mutex m_mutex; ///< for what both threads use
     std::condition_variable m_wakes;
     std::deque<Work> m_posted;
