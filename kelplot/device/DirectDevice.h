@@ -26,6 +26,11 @@ public:
     /// Is to be called whenever what is drawn next belongs to another layer of the drawing than what was drawn last.
     virtual void layerChanged(const QString& name) { static_cast<void>(name); }
 
+    /// What is drawn from here to the end of the copy is a copy of a block, which may come again. Copies may hold
+    /// others.
+    virtual void copyBegins() {}
+    virtual void copyEnds() {}
+
     /// Draws a text as characters of its font, where the painter would make other texts of it.
     ///
     /// @return false: this device leaves it to the painter

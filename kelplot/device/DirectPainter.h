@@ -31,6 +31,18 @@ public:
         }
     }
 
+    /// Tells the device that what is drawn up to the end of the copy is a copy of a block.
+    void beginCopy() const {
+        if (m_device != nullptr) {
+            m_device->copyBegins();
+        }
+    }
+    void endCopy() const {
+        if (m_device != nullptr) {
+            m_device->copyEnds();
+        }
+    }
+
     /// Draws a text as characters of its font, not as outlines.
     ///
     /// @param place  from the font's units, y downwards and the origin at the start of the base line, to device units

@@ -34,6 +34,10 @@ public:
     /// What is drawn from here on belongs to a layer; an empty name: to none.
     void setLayer(const QString& name);
 
+    /// What is drawn up to the end of the copy may come again elsewhere. Copies may hold others.
+    void beginCopy() { m_content.beginCopy(); }
+    void endCopy() { m_content.endCopy(); }
+
     void beginPage(const SheetSize& sheet, const QString& name);
     /// Ends the page and the document.
     void finish();
@@ -49,6 +53,7 @@ private:
     PdfDocument& m_document;
     double m_pointsPerUnit;
     QTransform m_base; ///< of the page, from page units to points
+    PdfForms m_forms;
     PdfContent m_content;
     PdfTexts m_texts;
     PdfImages m_images;
