@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <QByteArray>
 #include <QColor>
 #include <QFont>
 #include <QString>
@@ -30,6 +31,9 @@ public:
     /// others.
     virtual void copyBegins() {}
     virtual void copyEnds() {}
+
+    /// The pixels that are drawn next may be those of the picture in this file; empty: in none.
+    virtual void pictureFollows(const QByteArray& file) { static_cast<void>(file); }
 
     /// Draws a text as characters of its font, where the painter would make other texts of it.
     ///

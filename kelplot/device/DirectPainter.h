@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QBrush>
+#include <QByteArray>
 #include <QColor>
 #include <QFont>
 #include <QString>
@@ -40,6 +41,13 @@ public:
     void endCopy() const {
         if (m_device != nullptr) {
             m_device->copyEnds();
+        }
+    }
+
+    /// Tells the device the file from which the pixels come that are drawn next; empty: from none.
+    void tellPicture(const QByteArray& file) const {
+        if (m_device != nullptr) {
+            m_device->pictureFollows(file);
         }
     }
 

@@ -38,6 +38,9 @@ public:
     void beginCopy() { m_content.beginCopy(); }
     void endCopy() { m_content.endCopy(); }
 
+    /// The file from which the images that are drawn next come, if they come from one.
+    void setPictureFile(const QByteArray& file) { m_images.setFile(file); }
+
     void beginPage(const SheetSize& sheet, const QString& name);
     /// Ends the page and the document.
     void finish();
