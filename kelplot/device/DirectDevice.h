@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <QByteArray>
 #include <QColor>
 #include <QFont>
 #include <QString>
@@ -25,6 +26,14 @@ public:
 
     /// Is to be called whenever what is drawn next belongs to another layer of the drawing than what was drawn last.
     virtual void layerChanged(const QString& name) { static_cast<void>(name); }
+
+    /// What is drawn from here to the end of the copy is a copy of a block, which may come again. Copies may hold
+    /// others.
+    virtual void copyBegins() {}
+    virtual void copyEnds() {}
+
+    /// The pixels that are drawn next may be those of the picture in this file; empty: in none.
+    virtual void pictureFollows(const QByteArray& file) { static_cast<void>(file); }
 
     /// Draws a text as characters of its font, where the painter would make other texts of it.
     ///

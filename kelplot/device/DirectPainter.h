@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QBrush>
+#include <QByteArray>
 #include <QColor>
 #include <QFont>
 #include <QString>
@@ -28,6 +29,25 @@ public:
     void tellLayer(const QString& name) const {
         if (m_device != nullptr) {
             m_device->layerChanged(name);
+        }
+    }
+
+    /// Tells the device that what is drawn up to the end of the copy is a copy of a block.
+    void beginCopy() const {
+        if (m_device != nullptr) {
+            m_device->copyBegins();
+        }
+    }
+    void endCopy() const {
+        if (m_device != nullptr) {
+            m_device->copyEnds();
+        }
+    }
+
+    /// Tells the device the file from which the pixels come that are drawn next; empty: from none.
+    void tellPicture(const QByteArray& file) const {
+        if (m_device != nullptr) {
+            m_device->pictureFollows(file);
         }
     }
 

@@ -137,6 +137,17 @@ public:
         drawLineTypeTexts(m_tools);
     }
 
+    void beginCopy() override {
+        if (m_tools.surface.direct != nullptr) {
+            m_tools.surface.direct->beginCopy();
+        }
+    }
+    void endCopy() override {
+        if (m_tools.surface.direct != nullptr) {
+            m_tools.surface.direct->endCopy();
+        }
+    }
+
     void beginClip(const WalkClip& clip) override {
         if (clip.frame != nullptr) {
             m_tools.useLayer(*clip.frame);

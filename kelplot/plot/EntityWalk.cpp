@@ -218,11 +218,13 @@ void EntityWalk::visitCopies(const Insert& insert, const EntityStyle& reference,
 void EntityWalk::visitCopy(const Block& block, const EntityStyle& reference, const PlanMap& map,
                            const Stretch& stretch) {
     const auto count = static_cast<double>(block.entities.size());
+    m_visitor->beginCopy();
     for (size_t i = 0; i < block.entities.size() && spendVisits(1); ++i) {
         const Entity& entity = block.entities[i];
         const Stretch part = stretch.part(static_cast<double>(i), count);
         visit(entity, m_styles.resolve(entity.attributes, reference), map, part);
     }
+    m_visitor->endCopy();
 }
 
 /// What the first of many copies covers, from a walk of its own; nothing where finding out is not worth the effort.

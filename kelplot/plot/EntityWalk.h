@@ -30,6 +30,9 @@ public:
     /// @param map  from the entity's own coordinates to those of the walk
     virtual void visit(const Entity& entity, const EntityStyle& style, const PlanMap& map) = 0;
 
+    /// Everything up to the end of this copy comes from one copy of a block.
+    virtual void beginCopy() {}
+    virtual void endCopy() {}
     /// Everything up to the end of this clip is cut by it.
     virtual void beginClip(const WalkClip&) {}
     virtual void endClip() {}

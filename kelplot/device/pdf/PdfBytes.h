@@ -17,6 +17,8 @@ public:
     bool isEmpty() const { return m_used == 0; }
     std::string_view view() const { return {m_bytes.data(), m_used}; }
     void clear() { m_used = 0; }
+    /// Takes away what came after the first `bytes`.
+    void cutAfter(size_t bytes) { m_used = std::min(m_used, bytes); }
     /// Takes memory for so many bytes in all, before they come.
     void reserve(size_t bytes) { m_bytes.resize(std::max(bytes, m_bytes.size())); }
 

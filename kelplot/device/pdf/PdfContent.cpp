@@ -43,6 +43,10 @@ int joinOf(const QPen& pen) {
     }
 }
 
+QPointF startOf(const PageShape& shape) {
+    return {shape.elements[0].x, shape.elements[0].y};
+}
+
 /// Tells whether readers find the order of a text by the places of its letters: mirrored, they run backwards, and on a
 /// slope each seems to begin a line.
 bool isReadInOrder(const QTransform& place) {
@@ -73,6 +77,53 @@ void PdfContent::setClips(const std::vector<PageShape>& clips) {
     m_clipsChange = true;
 }
 
+void PdfContent::beginCopy() {
+    endRun();
+    ++m_copies;
+}
+
+void PdfContent::endCopy() {
+    endRun();
+    --m_copies;
+}
+
+/// Begins a run within a copy, unless there is one already.
+void PdfContent::beginRun(QPointF at) {
+    const QPointF base(std::round(at.x()), std::round(at.y()));
+    const bool isNear = std::max(std::abs(base.x()), std::abs(base.y())) <= PdfForms::farthest;
+    if (m_copies == 0 || m_run || !isNear) {
+        return;
+    }
+    endText();
+    m_bytes << "q 1 0 0 1 ";
+    m_bytes.decimal(base.x(), 0).decimal(base.y(), 0) << "cm\n";
+    m_run = Run{m_bytes.size(), base, m_state, m_pen, m_penIsSet};
+}
+
+void PdfContent::endRun() {
+    if (!m_run) {
+        return;
+    }
+    endText();
+    if (const std::string_view form = m_forms.nameOf(m_bytes.view().substr(m_run->start)); !form.empty()) {
+        m_bytes.cutAfter(m_run->start);
+        m_bytes << '/' << form << " Do\n";
+    }
+    m_bytes << "Q\n";
+    m_state = std::move(m_run->state);
+    m_pen = std::move(m_run->pen);
+    m_penIsSet = m_run->penIsSet;
+    m_run.reset();
+}
+
+/// Ends a run after something that it drew; what comes next begins another.
+void PdfContent::endLongRun() {
+    constexpr size_t mostBytes = size_t{1} << 16;
+    if (m_run && m_bytes.size() - m_run->start > mostBytes) {
+        endRun();
+    }
+}
+
 void PdfContent::endText() {
     if (m_isInText) {
         m_bytes << "ET\n";
@@ -81,6 +132,7 @@ void PdfContent::endText() {
 }
 
 void PdfContent::endLayer() {
+    endRun();
     endText();
     if (!m_openLayer.empty()) {
         m_bytes << "EMC\n";
@@ -128,9 +180,14 @@ void PdfContent::update() {
     }
 }
 
-PdfBytes& PdfContent::drawing() {
+void PdfContent::ready() {
     endText();
     update();
+}
+
+PdfBytes& PdfContent::drawing() {
+    endRun();
+    ready();
     return m_bytes;
 }
 
@@ -172,7 +229,7 @@ void PdfContent::setDashes(const QPen& pen) {
 }
 
 void PdfContent::setPen(const QPen& pen) {
-    drawing();
+    ready();
     if (m_penIsSet && pen == m_pen) {
         return;
     }
@@ -203,13 +260,18 @@ void PdfContent::setPen(const QPen& pen) {
 }
 
 void PdfContent::fill(const PageShape& shape) {
-    drawing();
-    PdfPath(m_bytes, shape, PathUse::area).paint(shape.rule == Qt::OddEvenFill ? "f*\n" : "f\n");
+    ready();
+    beginRun(startOf(shape));
+    PdfPath(m_bytes, shape, PathUse::area, base()).paint(shape.rule == Qt::OddEvenFill ? "f*\n" : "f\n");
+    endLongRun();
 }
 
 void PdfContent::stroke(const PageShape& shape) {
-    drawing();
-    PdfPath(m_bytes, shape, m_pen.style() == Qt::SolidLine ? PathUse::solidLine : PathUse::dashedLine).paint("S\n");
+    ready();
+    beginRun(startOf(shape));
+    const PathUse use = m_pen.style() == Qt::SolidLine ? PathUse::solidLine : PathUse::dashedLine;
+    PdfPath(m_bytes, shape, use, base()).paint("S\n");
+    endLongRun();
 }
 
 void PdfContent::show(const QString& text, const PreparedText& prepared, const QTransform& place) {
@@ -217,6 +279,7 @@ void PdfContent::show(const QString& text, const PreparedText& prepared, const Q
         return;
     }
     update();
+    beginRun({place.dx(), place.dy()});
     if (!m_isInText) {
         m_bytes << "BT\n";
         m_isInText = true;
@@ -227,6 +290,7 @@ void PdfContent::show(const QString& text, const PreparedText& prepared, const Q
         show(piece, place);
     }
     m_bytes << (needsSpan ? endSpan : "");
+    endLongRun();
 }
 
 void PdfContent::show(const TextPiece& piece, const QTransform& place) {
@@ -238,7 +302,8 @@ void PdfContent::show(const TextPiece& piece, const QTransform& place) {
     m_bytes.decimal(place.m11(), decimals).decimal(place.m12(), decimals);
     m_bytes.decimal(place.m21() + piece.slant * place.m11(), decimals);
     m_bytes.decimal(place.m22() + piece.slant * place.m12(), decimals);
-    m_bytes.coordinate(place.dx() + piece.start * place.m11()).coordinate(place.dy() + piece.start * place.m12());
+    m_bytes.coordinate(place.dx() + piece.start * place.m11() - base().x());
+    m_bytes.coordinate(place.dy() + piece.start * place.m12() - base().y());
     m_bytes << "Tm\n" << piece.showing;
 }
 

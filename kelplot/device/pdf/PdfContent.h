@@ -4,9 +4,11 @@
 #include <QColor>
 #include <QPen>
 #include <QTransform>
+#include <optional>
 #include <vector>
 
 #include "device/pdf/PdfBytes.h"
+#include "device/pdf/PdfForms.h"
 #include "device/pdf/PdfState.h"
 #include "device/pdf/PdfTexts.h"
 #include "device/vector/PageShape.h"
@@ -16,8 +18,12 @@ namespace kelplot {
 /// The operators of a page. State is set where it changes; clips and texts are begun and ended as they are needed.
 class PdfContent {
 public:
-    /// The operators so far; they may be taken away at any time.
+    /// @param forms  borrowed
+    explicit PdfContent(PdfForms& forms) : m_forms(forms) {}
+
+    /// The operators so far. They may be taken away whenever they are whole.
     PdfBytes& bytes() { return m_bytes; }
+    bool areWhole() const { return !m_run; }
 
     /// Begins a page on which coordinates are mapped by `base` to what the file counts in.
     void beginPage(const QTransform& base);
@@ -27,7 +33,13 @@ public:
     /// What is drawn from here on belongs to a layer, by the name of its resource; empty: to none.
     void setLayer(const std::string& layer) { m_layer = layer; }
 
-    /// Ends a text, if one was begun, and brings clip and layer up to date, for other operators than those below.
+    /// What is drawn up to the end of the copy may come again elsewhere. Copies may hold others.
+    void beginCopy();
+    void endCopy();
+
+    /// Ends a text, if one was begun, and brings clip and layer up to date.
+    void ready();
+    /// The same for other operators than those below.
     PdfBytes& drawing();
     /// These are set for the next operator of the kind.
     void setFill(QRgb colour);
@@ -44,15 +56,32 @@ public:
     void concatenate(const QTransform& map);
 
 private:
+    /// Shapes and texts of one copy that lie within the same clips and on the same layer. Their coordinates are counted
+    /// from where the first begins, so that those of another copy are the same.
+    struct Run {
+        size_t start; ///< of its operators
+        QPointF base;
+        PdfState state; ///< around it
+        QPen pen;
+        bool penIsSet;
+    };
+
     void update();
+    void beginRun(QPointF at);
+    void endRun();
+    void endLongRun();
+    QPointF base() const { return m_run ? m_run->base : QPointF(); }
     void updateClips();
     void endText();
     void endLayer();
     void show(const TextPiece& piece, const QTransform& place);
     void setDashes(const QPen& pen);
 
+    PdfForms& m_forms;
     PdfBytes m_bytes;
     PdfState m_state;
+    int m_copies = 0; ///< that were begun
+    std::optional<Run> m_run;
     std::vector<PdfState> m_outer;      ///< the states around each clip in force
     std::vector<PageShape> m_clips;     ///< those in force
     std::vector<PageShape> m_nextClips; ///< those for what is drawn next

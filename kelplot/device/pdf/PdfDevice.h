@@ -16,6 +16,9 @@ public:
     DeviceGrid grid() const override;
     QPainter& painter() override { return m_painter; }
     void layerChanged(const QString& name) override { m_sink.setLayer(name); }
+    void copyBegins() override { m_sink.beginCopy(); }
+    void copyEnds() override { m_sink.endCopy(); }
+    void pictureFollows(const QByteArray& file) override { m_sink.setPictureFile(file); }
     bool drawText(const DeviceText& text) override;
     void nextPage(const SheetSize& sheet, const QString& name) override;
     void finish() override;

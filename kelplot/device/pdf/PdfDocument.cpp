@@ -21,6 +21,13 @@ std::string PdfDocument::layer(const QString& name) {
     return resource;
 }
 
+int PdfDocument::resourcesNumber() {
+    if (m_resourcesNumber == 0) {
+        m_resourcesNumber = m_file.newNumber();
+    }
+    return m_resourcesNumber;
+}
+
 void PdfDocument::beginPage(const SheetSize& sheet, const QString& name) {
     m_pages.push_back({m_file.newNumber(), sheet, name, {}});
 }
@@ -29,12 +36,12 @@ void PdfDocument::addContent(PdfBytes content) {
     m_pages.back().contents.push_back(m_file.addStream({}, std::move(content)));
 }
 
-void PdfDocument::writePages(int tree, int resources) {
+void PdfDocument::writePages(int tree) {
     std::string kids;
     for (const Page& page : m_pages) {
         constexpr int decimals = 3;
         PdfBytes object;
-        object << "<</Type/Page/Parent " << pdfReference(tree) << "/Resources " << pdfReference(resources)
+        object << "<</Type/Page/Parent " << pdfReference(tree) << "/Resources " << pdfReference(resourcesNumber())
                << "/MediaBox[0 0 ";
         object.decimal(page.sheet.width * pointsPerMillimetre, decimals);
         object.decimal(page.sheet.height * pointsPerMillimetre, decimals) << "]/Contents[";
@@ -92,9 +99,8 @@ std::string PdfDocument::layerEntries() const {
 
 void PdfDocument::finish(const std::string& fonts) {
     const int tree = m_file.newNumber();
-    const int resources = m_file.newNumber();
-    m_resources.write(m_file, resources, fonts);
-    writePages(tree, resources);
+    m_resources.write(m_file, resourcesNumber(), fonts);
+    writePages(tree);
     const DocumentFacts facts(m_title);
     const int metadata = m_file.addStream("/Type/Metadata/Subtype/XML", facts.metadata(), false);
     const std::string outline = outlineEntries();

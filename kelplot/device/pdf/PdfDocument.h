@@ -20,6 +20,8 @@ public:
 
     PdfFile& file() { return m_file; }
     PdfResources& resources() { return m_resources; }
+    /// The number of the object that the resources become.
+    int resourcesNumber();
 
     /// The name of a layer among the resources, without the slash. Layers that are never asked for are left out.
     std::string layer(const QString& name);
@@ -43,13 +45,14 @@ private:
         std::vector<int> contents;
     };
 
-    void writePages(int tree, int resources);
+    void writePages(int tree);
     std::string outlineEntries();
     std::string labelEntries() const;
     std::string layerEntries() const;
 
     PdfFile m_file;
     PdfResources m_resources;
+    int m_resourcesNumber = 0; ///< as long as nothing has asked for it
     QString m_title;
     std::vector<Page> m_pages;
     std::vector<int> m_layers;                ///< the numbers of their objects

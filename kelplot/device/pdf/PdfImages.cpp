@@ -4,6 +4,7 @@
 #include <QCryptographicHash>
 
 #include "device/pdf/ImagePixels.h"
+#include "device/vector/JpegStream.h"
 
 namespace kelplot {
 namespace {
@@ -59,13 +60,19 @@ int PdfImages::write(const QImage& image, bool isSmooth) {
     if (isSmooth) {
         dictionary += "/Interpolate true";
     }
+    if (const JpegStream jpeg = jpegOf(m_file, image); !jpeg.isEmpty()) {
+        dictionary += jpeg.components == 1 ? "/ColorSpace/DeviceGray" : "/ColorSpace/DeviceRGB";
+        PdfBytes bytes;
+        bytes << std::string_view(jpeg.bytes.constData(), static_cast<size_t>(jpeg.bytes.size()));
+        return m_document.addStream(dictionary + "/BitsPerComponent 8/Filter/DCTDecode", std::move(bytes), false);
+    }
     if (auto mask = opacitiesOf(image)) {
         const std::string form = formOf(*mask, image);
-        dictionary += "/SMask " + pdfReference(m_file.addStream(headOf(image) + form, std::move(mask->bytes)));
+        dictionary += "/SMask " + pdfReference(m_document.addStream(headOf(image) + form, std::move(mask->bytes)));
     }
     ImagePixels pixels = coloursOf(image);
     dictionary += formOf(pixels, image);
-    return m_file.addStream(std::move(dictionary), std::move(pixels.bytes));
+    return m_document.addStream(std::move(dictionary), std::move(pixels.bytes));
 }
 
 std::string PdfImages::nameOf(const QImage& image, bool isSmooth) {
@@ -93,7 +100,7 @@ std::string PdfImages::nameOfStencil(const QImage& image) {
                                      static_cast<size_t>((bits.width() + 7) / 8));
         }
         name = m_resources.add("XObject", 'I',
-                               m_file.addStream(headOf(image) + "/ImageMask true/Decode[1 0]", std::move(rows)));
+                               m_document.addStream(headOf(image) + "/ImageMask true/Decode[1 0]", std::move(rows)));
     }
     return name;
 }

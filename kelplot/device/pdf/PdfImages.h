@@ -14,7 +14,10 @@ namespace kelplot {
 class PdfImages {
 public:
     /// Both are borrowed.
-    PdfImages(PdfFile& file, PdfResources& resources) : m_file(file), m_resources(resources) {}
+    PdfImages(PdfFile& file, PdfResources& resources) : m_document(file), m_resources(resources) {}
+
+    /// The file from which the next images may come: where it holds their very pixels as a JPEG, it is taken over.
+    void setFile(const QByteArray& file) { m_file = file; }
 
     /// The name of an image among the resources, without the slash.
     std::string nameOf(const QImage& image, bool isSmooth);
@@ -24,8 +27,9 @@ public:
 private:
     int write(const QImage& image, bool isSmooth);
 
-    PdfFile& m_file;
+    PdfFile& m_document;
     PdfResources& m_resources;
+    QByteArray m_file;
     std::map<QByteArray, std::string> m_names; ///< by what tells images apart
 };
 

@@ -18,12 +18,12 @@ void PdfPath::paint(std::string_view operation) {
         m_bytes << operation;
         return;
     }
-    const bool isMapped = m_shape.elements.size() >= fewestMapped;
+    const QPointF start(std::round(m_shape.elements[0].x), std::round(m_shape.elements[0].y));
+    const bool isMapped = m_shape.elements.size() >= fewestMapped && start != m_origin;
     if (isMapped) {
-        m_originX = std::round(m_shape.elements[0].x);
-        m_originY = std::round(m_shape.elements[0].y);
         m_bytes << "q 1 0 0 1 ";
-        m_bytes.decimal(m_originX, 0).decimal(m_originY, 0) << "cm\n";
+        m_bytes.decimal(start.x() - m_origin.x(), 0).decimal(start.y() - m_origin.y(), 0) << "cm\n";
+        m_origin = start;
     }
     if (writeSubpaths()) {
         m_bytes << operation;
@@ -58,7 +58,11 @@ bool PdfPath::writeRectangle() {
     if (!mayBe || !m_shape.isRectangle(box)) {
         return false;
     }
-    m_bytes.coordinate(box.x()).coordinate(box.y()).coordinate(box.width()).coordinate(box.height()) << "re\n";
+    m_bytes.coordinate(box.x() - m_origin.x())
+            .coordinate(box.y() - m_origin.y())
+            .coordinate(box.width())
+            .coordinate(box.height())
+        << "re\n";
     return true;
 }
 
@@ -76,7 +80,7 @@ bool PdfPath::writeSubpaths() {
 }
 
 void PdfPath::put(const PageShape::Element& element) {
-    m_bytes.decimal(element.x - m_originX, m_decimals).decimal(element.y - m_originY, m_decimals);
+    m_bytes.decimal(element.x - m_origin.x(), m_decimals).decimal(element.y - m_origin.y(), m_decimals);
 }
 
 void PdfPath::writeSubpath(size_t from, size_t to) {

@@ -13,7 +13,9 @@ enum class PathUse { area, solidLine, dashedLine };
 /// and shapes that repeat elsewhere on the page compress to almost nothing.
 class PdfPath {
 public:
-    PdfPath(PdfBytes& bytes, const PageShape& shape, PathUse use) : m_bytes(bytes), m_shape(shape), m_use(use) {}
+    /// @param base  a point of whole page units where the coordinates begin that are in force
+    PdfPath(PdfBytes& bytes, const PageShape& shape, PathUse use, QPointF base = {})
+        : m_bytes(bytes), m_shape(shape), m_use(use), m_origin(base) {}
 
     /// Writes the shape and the operator that paints it.
     void paint(std::string_view operation);
@@ -31,8 +33,7 @@ private:
     const PageShape& m_shape;
     PathUse m_use;
     int m_decimals = 1;
-    double m_originX = 0.0;
-    double m_originY = 0.0;
+    QPointF m_origin; ///< from which coordinates are counted
 };
 
 } // namespace kelplot

@@ -37,8 +37,8 @@ const char* fillOperator(const PageShape& shape) {
 } // namespace
 
 PdfSink::PdfSink(PdfDocument& document, double pointsPerUnit)
-    : m_document(document), m_pointsPerUnit(pointsPerUnit), m_images(document.file(), document.resources()),
-      m_brushes(document.file(), document.resources(), m_images) {
+    : m_document(document), m_pointsPerUnit(pointsPerUnit), m_forms(document), m_content(m_forms),
+      m_images(document.file(), document.resources()), m_brushes(document.file(), document.resources(), m_images) {
 }
 
 QPaintEngine::PaintEngineFeatures PdfSink::features() const {
@@ -54,7 +54,7 @@ void PdfSink::setBlend(const QColor& ink, const PageBlend& blend) {
 void PdfSink::fill(const PageShape& shape, const PageBrush& brush, const PageBlend& blend) {
     if (brush.brush.style() == Qt::SolidPattern) {
         const QColor& ink = brush.brush.color();
-        m_content.drawing();
+        m_content.ready();
         m_content.setFill(ink.rgb());
         setBlend(ink, blend);
         m_content.fill(shape);
@@ -170,7 +170,7 @@ void PdfSink::finish() {
 
 /// Hands the operators on when there are enough of them.
 void PdfSink::passOn(size_t most) {
-    if (m_content.bytes().size() > most) {
+    if (m_content.areWhole() && m_content.bytes().size() > most) {
         PdfBytes next;
         next.reserve(partBytes + partBytes / 4);
         m_document.addContent(std::exchange(m_content.bytes(), std::move(next)));

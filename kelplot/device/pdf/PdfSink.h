@@ -34,6 +34,13 @@ public:
     /// What is drawn from here on belongs to a layer; an empty name: to none.
     void setLayer(const QString& name);
 
+    /// What is drawn up to the end of the copy may come again elsewhere. Copies may hold others.
+    void beginCopy() { m_content.beginCopy(); }
+    void endCopy() { m_content.endCopy(); }
+
+    /// The file from which the images that are drawn next come, if they come from one.
+    void setPictureFile(const QByteArray& file) { m_images.setFile(file); }
+
     void beginPage(const SheetSize& sheet, const QString& name);
     /// Ends the page and the document.
     void finish();
@@ -50,6 +57,7 @@ private:
     double m_pointsPerUnit;
     bool m_hasPage = false;
     QTransform m_base; ///< of the page, from page units to points
+    PdfForms m_forms;
     PdfContent m_content;
     PdfTexts m_texts;
     PdfImages m_images;

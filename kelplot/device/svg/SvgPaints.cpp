@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QRadialGradient>
 
+#include "device/vector/JpegStream.h"
+
 namespace kelplot {
 namespace {
 
@@ -123,14 +125,15 @@ void SvgPaints::writePattern(const PageBrush& brush, const QByteArray& name) {
 }
 
 QByteArray SvgPaints::imageOf(const QImage& image) {
-    const QByteArray file = fileOf(image);
+    const JpegStream jpeg = jpegOf(m_file, image);
+    const QByteArray file = jpeg.isEmpty() ? fileOf(image) : jpeg.bytes;
     constexpr int digits = 16;
     const QByteArray name = "i" + QCryptographicHash::hash(file, QCryptographicHash::Sha1).toHex().left(digits);
     if (!m_images.contains(name)) {
         m_images.insert(name);
         m_stream << "<defs><image id=\"" << name << "\" width=\"" << image.width() << "\" height=\"" << image.height()
-                 << "\" preserveAspectRatio=\"none\" xlink:href=\"data:image/png;base64," << file.toBase64()
-                 << "\"/></defs>\n";
+                 << "\" preserveAspectRatio=\"none\" xlink:href=\"data:image/" << (jpeg.isEmpty() ? "png" : "jpeg")
+                 << ";base64," << file.toBase64() << "\"/></defs>\n";
     }
     return "#" + name;
 }

@@ -16,6 +16,8 @@ public:
 
     /// The value of a fill attribute; writes the gradient or pattern that it refers to.
     QByteArray paintOf(const PageBrush& brush);
+    /// The file from which the next images may come: where it holds their very pixels as a JPEG, it is taken over.
+    void setFile(const QByteArray& file) { m_file = file; }
     /// The reference to an image, of a unit a pixel. An image is written once, however often it is asked for.
     QByteArray imageOf(const QImage& image);
 
@@ -25,6 +27,7 @@ private:
     void writePattern(const PageBrush& brush, const QByteArray& name);
 
     SvgStream& m_stream;
+    QByteArray m_file;
     QSet<QByteArray> m_images; ///< that are written, by the names that their content gives them
     int m_names = 0;
 };

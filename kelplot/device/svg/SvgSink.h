@@ -21,6 +21,9 @@ public:
     /// @param unitsPerMillimetre  how many page units a millimetre of the true size has
     SvgSink(QIODevice& target, QSizeF page, double unitsPerMillimetre, const QString& title);
 
+    /// The file from which the images that are drawn next come, if they come from one.
+    void setPictureFile(const QByteArray& file) { m_paints.setFile(file); }
+
     /// Ends the document.
     void finish();
 

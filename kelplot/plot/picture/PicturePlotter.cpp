@@ -88,10 +88,16 @@ bool PicturePlotter::draw(const Image& image, uint8_t opacity, const PlanMap& ma
     }
     const HT_RasterImagePtr fitting = fittingDevice(place, *picture);
     HT_RasterImage& drawn = fitting ? *fitting : *picture;
+    if (m_direct != nullptr) {
+        m_direct->tellPicture(m_store.file());
+    }
     if (image.clipped) {
         drawClipped(image, map, place, drawn);
     } else {
         drawPixels(place, drawn);
+    }
+    if (m_direct != nullptr) {
+        m_direct->tellPicture({});
     }
     return true;
 }

@@ -87,39 +87,43 @@ int64_t pixelCount(const HT_RasterImage& picture) {
 
 } // namespace
 
-HT_RasterImagePtr PictureStore::load(uint32_t definition, const PictureLook& look) {
+PictureStore::Picture PictureStore::load(uint32_t definition, const PictureLook& look) {
     const ImageDefinition stated =
         definition < m_drawing.images.size() ? m_drawing.images[definition] : ImageDefinition();
     const std::string& folder = stated.folder.empty() ? m_drawing.folder : stated.folder;
     QFile file(statedFile(stated.path, QString::fromStdString(folder)));
     const std::optional<PictureFault> fault = faultOf(file);
-    HT_RasterImagePtr picture = fault ? HT_RasterImagePtr() : changed(decoded(contentOf(file)), look);
-    if (!picture) {
+    const QByteArray bytes = fault ? QByteArray() : contentOf(file);
+    HT_RasterImagePtr pixels = fault ? HT_RasterImagePtr() : changed(decoded(bytes), look);
+    if (!pixels) {
         m_missing.emplace(definition, fault.value_or(PictureFault::notPicture));
     }
-    return picture;
+    const bool isKept = look.keepsColours() && bytes.startsWith("\xFF\xD8");
+    return {std::move(pixels), isKept ? bytes : QByteArray()};
 }
 
 HT_RasterImage* PictureStore::find(uint32_t definition, const PictureLook& look) {
     constexpr int64_t mostPixels = int64_t{1} << 26; // a quarter of a gibibyte
     const auto known = m_pictures.find({definition, look});
     if (known != m_pictures.end()) {
-        return known->second.get();
+        m_file = known->second.file;
+        return known->second.pixels.get();
     }
     if (m_missing.count(definition) != 0) {
         return nullptr;
     }
-    HT_RasterImagePtr picture = load(definition, look);
-    if (!picture) {
+    Picture picture = load(definition, look);
+    if (!picture.pixels) {
         return nullptr;
     }
-    const int64_t pixels = pixelCount(*picture);
+    const int64_t pixels = pixelCount(*picture.pixels);
     if (m_pixels + pixels > mostPixels) {
         m_pictures.clear();
         m_pixels = 0;
     }
     m_pixels += pixels;
-    return m_pictures.emplace(std::pair(definition, look), std::move(picture)).first->second.get();
+    m_file = picture.file;
+    return m_pictures.emplace(std::pair(definition, look), std::move(picture)).first->second.pixels.get();
 }
 
 } // namespace kelplot

@@ -34,15 +34,24 @@ public:
     /// A picture as the renderer takes it, with 32 bits per pixel; valid until the next call. Null where its file
     /// is missing or holds no picture.
     HT_RasterImage* find(uint32_t definition, const PictureLook& look);
+    /// The file of the picture that was found last, where it shows as it came and its format is one that documents may
+    /// hold; else empty.
+    const QByteArray& file() const { return m_file; }
 
     /// The pictures that could not be loaded.
     const PictureFaults& missing() const { return m_missing; }
 
 private:
-    HT_RasterImagePtr load(uint32_t definition, const PictureLook& look);
+    struct Picture {
+        HT_RasterImagePtr pixels;
+        QByteArray file;
+    };
+
+    Picture load(uint32_t definition, const PictureLook& look);
 
     const Drawing& m_drawing;
-    std::map<std::pair<uint32_t, PictureLook>, HT_RasterImagePtr> m_pictures;
+    std::map<std::pair<uint32_t, PictureLook>, Picture> m_pictures;
+    QByteArray m_file;
     int64_t m_pixels = 0; ///< of all that are kept
     PictureFaults m_missing;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QImage>
 #include <QPainterPath>
 #include <QPdfWriter>
@@ -288,6 +289,48 @@ TEST(PdfDevice, TextsLieWhereTheirOutlinesLieAndCanBeReadBack) {
         expectAlike(texts, drawn(directory, [&](PdfDevice& device) { showOutlines(device.painter(), font, row); }),
                     row.text.toUtf8().constData(), 12);
     }
+}
+
+/// A symbol with much in it that must not leak from one copy to the next: a colour, a clip, a layer, a text.
+void drawSymbol(PdfDevice& device, int index) {
+    QPainter& painter = device.painter();
+    QFont font("DejaVu Sans", -1);
+    font.setPixelSize(300);
+    painter.setPen(QPen(Qt::red, 30));
+    painter.drawEllipse(0, 0, 300, 300);
+    painter.setPen(QPen(Qt::blue, 60, Qt::DashLine));
+    painter.drawLine(0, 0, 300, 300);
+    device.drawText({"Nr.", font, QTransform(), Qt::darkGreen});
+    device.layerChanged(index % 2 == 0 ? "even" : "odd");
+    painter.fillRect(350, 0, 200, 300, QColor(0, 0, 0, 100));
+    painter.setClipRect(0, 0, 300, 150);
+    painter.fillRect(100, 0, 400, 300, Qt::cyan);
+    painter.setClipping(false);
+    painter.drawLine(0, 300, 500, 300);
+}
+
+TEST(PdfDevice, CopiesThatRepeatAreWrittenOnceAndLookTheSame) {
+    constexpr int copies = 48;
+    QByteArray files[2];
+    QImage pages[2];
+    for (const bool isTold : {false, true}) {
+        const TemporaryDirectory directory;
+        pages[isTold] = drawn(directory, [&](PdfDevice& device) {
+            for (int i = 0; i < copies; ++i) {
+                device.painter().setTransform(QTransform::fromTranslate(100 + i % 8 * 907, 400 + i / 8 * 771));
+                isTold ? device.copyBegins() : void();
+                drawSymbol(device, i);
+                isTold ? device.copyEnds() : void();
+            }
+        });
+        QFile file(QString::fromStdString(directory.path("own.pdf")));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        files[isTold] = file.readAll();
+        EXPECT_EQ(run(directory, {"own.pdf", "-"}, "pdftotext").output.count("Nr."), copies);
+    }
+    EXPECT_TRUE(pages[0] == pages[1]);
+    EXPECT_EQ(files[0].count("/Subtype/Form"), 0);
+    EXPECT_GE(files[1].count("/Subtype/Form"), 1);
 }
 
 } // namespace
