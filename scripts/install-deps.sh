@@ -6,12 +6,12 @@ set -euo pipefail
 
 packages=(
     g++ cmake ninja-build pkg-config
-    qtbase5-dev libqt5svg5-dev
+    qtbase5-dev
     libdxflib-dev libdeflate-dev libharfbuzz-dev libpng-dev zlib1g-dev libcups2-dev
     libpolyclipping-dev
     libgtest-dev
     libbenchmark-dev
-    poppler-utils qpdf cups-daemon hp2xx
+    poppler-utils qpdf libqpdf-dev cups-daemon hp2xx
     locales
     fonts-dejavu-core fonts-droid-fallback fonts-liberation2 fonts-osifont
 )

@@ -26,7 +26,7 @@ public:
         require(attributes.layer < m_drawing.layers.size());
         require(attributes.lineType < m_drawing.lineTypes.size() || attributes.lineType >= lineTypeByBlock);
         require(attributes.plotStyle < m_drawing.plotStyles.size() || attributes.plotStyle >= plotStyleByBlock);
-        std::visit(*this, entity.geometry);
+        visitGeometry(*this, entity);
     }
 
     void operator()(const Spline& spline) const {

@@ -34,9 +34,6 @@ void declareOptions(QCommandLineParser& parser) {
         names << QString::fromLatin1(row.name);
         parser.addOption({names, QString::fromLatin1(row.description), QString::fromLatin1(row.valueName)});
     }
-    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("Drawings to plot."),
-                                 QStringLiteral("FILE..."));
-    parser.setApplicationDescription(QStringLiteral("Plots DXF drawings to PDF, PNG or SVG files."));
 }
 
 void applyOptions(const QCommandLineParser& parser, Request& request) {
@@ -96,6 +93,9 @@ void checkTogether(const QCommandLineParser& parser, Request& request) {
     if (request.json && !plots && request.action != Action::listPapers) {
         throw UsageError(QStringLiteral("--json: allowed for plots and with --list-papers"));
     }
+    if (parser.isSet(QStringLiteral("tile-overlap")) && !parser.isSet(QStringLiteral("tile"))) {
+        throw UsageError(QStringLiteral("--tile-overlap: allowed only with --tile"));
+    }
     if (request.printer.isEmpty()) {
         for (const char* const option : {"copies", "sides", "no-wait"}) {
             if (parser.isSet(QLatin1String(option))) {
@@ -113,7 +113,8 @@ void checkTogether(const QCommandLineParser& parser, Request& request) {
         throw UsageError(QStringLiteral("standard input holds one drawing only"));
     }
     const bool writesStream = request.outputFile == QLatin1String("-") ||
-                              (request.outputFile.isEmpty() && request.inputs.contains(QStringLiteral("-")));
+                              (request.outputFile.isEmpty() && request.outputDirectory.isEmpty() &&
+                               request.inputs.contains(QStringLiteral("-")));
     if (request.json && plots && writesStream && request.printer.isEmpty()) {
         throw UsageError(QStringLiteral("--json: the plot goes to standard output already; give --output FILE"));
     }

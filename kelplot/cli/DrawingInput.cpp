@@ -15,6 +15,14 @@ WorkOn::WorkOn(const QString& input, Console& console) : m_console(console) {
     m_console.startWork(QFileInfo(input).fileName().left(longestLabel).toStdString());
 }
 
+bool isStandardStream(const QString& name) {
+    return name == QLatin1String("-");
+}
+
+QString titleOf(const QString& input) {
+    return isStandardStream(input) ? QStringLiteral("drawing") : QFileInfo(input).completeBaseName();
+}
+
 Drawing readDrawing(const QString& input, const Progress& progress) {
     DxfReader reader;
     return reader.read(QFile::encodeName(input).toStdString(), progress);

@@ -25,6 +25,12 @@ private:
     Console& m_console;
 };
 
+/// Tells whether a name stands for standard input, or for standard output where one is to be written.
+bool isStandardStream(const QString& name);
+
+/// What a drawing is called: its file without folder and ending.
+QString titleOf(const QString& input);
+
 /// Reads a drawing, "-" from standard input. Throws `ReadError`.
 Drawing readDrawing(const QString& input, const Progress& progress);
 

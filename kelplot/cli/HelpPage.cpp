@@ -42,7 +42,7 @@ QString entryOf(const OptionRow& row) {
 
 QString helpPage() {
     QString text = QStringLiteral(R"(Usage: kelplot [OPTION]... FILE...
-Plots DXF drawings to PDF, PNG or SVG files.
+Plots DXF drawings to PDF, PNG, SVG or HP-GL/2 files, or prints them.
 
   kelplot plan.dxf                          plan.pdf beside it, fitted to A4
   kelplot --paper A1 --scale 1:50 plan.dxf  to scale

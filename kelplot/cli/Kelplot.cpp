@@ -13,6 +13,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Completion.h"
 #include "cli/Console.h"
+#include "cli/DrawingInput.h"
 #include "cli/DrawingListing.h"
 #include "cli/ExitStatus.h"
 #include "cli/HelpPage.h"
@@ -69,10 +70,16 @@ ExitStatus plot(const Request& request, Console& console) {
     if (!passOn(request.warnings + plan.warnings, plan.strict, console)) {
         return ExitStatus::notADrawing;
     }
+    const bool writesStream = std::any_of(plan.files.begin(), plan.files.end(),
+                                          [](const PlannedFile& file) { return isStandardStream(file.path); });
+    if (writesStream && plan.printer.isEmpty() && isatty(STDOUT_FILENO)) {
+        throw UsageError(QStringLiteral("standard output is a terminal; give --output FILE"));
+    }
+    std::ostream& told = writesStream ? std::cerr : std::cout;
     if (plan.savedPaper) {
-        const QString told = savePaper(plan);
+        const QString saved = savePaper(plan);
         if (!request.quiet) {
-            std::cout << told.toStdString() << std::endl;
+            told << saved.toStdString() << std::endl;
         }
     }
     if (!plan.printer.isEmpty()) {
@@ -81,8 +88,8 @@ ExitStatus plot(const Request& request, Console& console) {
     std::vector<FileRecord> records;
     const bool prints = !request.quiet && !request.json;
     const auto tell = [&](const QString& name) {
-        if (prints && name != QLatin1String("-")) {
-            std::cout << name.toStdString() << std::endl;
+        if (prints && !isStandardStream(name)) {
+            told << name.toStdString() << std::endl;
         }
     };
     const ExitStatus status = plotAll(plan, readToPlot, console, tell, records);

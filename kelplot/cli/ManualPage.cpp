@@ -42,7 +42,7 @@ QString presetNames() {
 QString manualPage() {
     QString page = QStringLiteral(R"(.TH KELPLOT 1
 .SH NAME
-kelplot \- plot DXF drawings to PDF, PNG or SVG files
+kelplot \- plot DXF drawings to files or printers
 .SH SYNOPSIS
 .B kelplot
 [\fIOPTION\fR]... \fIFILE\fR...

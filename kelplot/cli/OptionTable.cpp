@@ -222,7 +222,7 @@ void act(Request& request, const QString& /*value*/) {
 
 const std::vector<OptionRow> rows = {
     {"o", "output", "FILE",
-     "Write to FILE, or to standard output if it is -. Several drawings become the pages of one PDF file.",
+     "Write to FILE, or to standard output if it is -. Several drawings become the pages of one PDF or HP-GL/2 file.",
      setOutputFile},
     {"t", "target-directory", "DIR",
      "Write the plots to DIR, each with the name of its drawing; it is made if need be. [beside the drawings]",

@@ -17,8 +17,8 @@ OutputDevice& PageSequence::begin(const PageLayout& layout, const QString& name)
     if (!m_plan.madeFolder.isEmpty() && !QDir().mkpath(m_plan.madeFolder)) {
         throw outputError(m_plan.madeFolder, QStringLiteral("the folder cannot be made"));
     }
-    const OutputSetup setup{m_file.path,       m_file.title,  layout.sheet,         m_plan.dotsPerInch,
-                            m_plan.pixelWidth, m_plan.pixels, layout.visiblePart(), name};
+    const OutputSetup setup{m_file.path,       m_file.title,  layout.sheet, m_plan.dotsPerInch,
+                            m_plan.pixelWidth, m_plan.pixels, name};
     m_device = createOutputDevice(m_plan.format, setup);
     return *m_device;
 }

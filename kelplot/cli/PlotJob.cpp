@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "cli/PlotJob.h"
 
-#include <QFileInfo>
 #include <utility>
 
 #include "cli/ChosenPens.h"
+#include "cli/DrawingInput.h"
 #include "cli/PlotMessages.h"
 #include "cli/RenderSession.h"
 #include "cli/SpaceChoice.h"
@@ -14,10 +14,6 @@
 
 namespace kelplot {
 namespace {
-
-QString titleOf(const QString& input) {
-    return QFileInfo(input).completeBaseName();
-}
 
 /// One drawing on its way to paper.
 class PlotJob {
@@ -156,6 +152,7 @@ void PlotJob::plotTiles(const DrawingPlot& plot, const Space& space, const QStri
         const QString place = QStringLiteral("%1 (%2, %3)").arg(name).arg(tile.row + 1).arg(tile.column + 1);
         OutputDevice& device = pages.begin(tile.page, tiles.size() > 1 ? place : name);
         draw(plot, space, tile.page, device, record);
+        device.layerChanged({}); // the marks belong to none
         RenderSession session(device);
         drawTileMarks(tile, titleOf(m_input).toStdWString(), device.grid(), session.surface().renderer);
         record.tile = {tile.row + 1, tile.column + 1};

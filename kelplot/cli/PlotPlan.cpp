@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "base/Numbers.h"
+#include "cli/DrawingInput.h"
 #include "cli/PaperListing.h"
 #include "cli/SpaceChoice.h"
 #include "device/PlotMark.h"
@@ -181,19 +182,15 @@ QString identityOf(const QString& path) {
     return info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
 }
 
-bool isStandardStream(const QString& path) {
-    return path == QLatin1String("-");
-}
-
 QString outputPath(const QString& input, const Request& request) {
     if (!request.outputFile.isEmpty()) {
         return request.outputFile;
     }
-    if (isStandardStream(input)) {
+    if (isStandardStream(input) && request.outputDirectory.isEmpty()) {
         return input;
     }
     const QFileInfo info(input);
-    const QString name = info.completeBaseName() + QLatin1Char('.') + suffixOf(request.format);
+    const QString name = titleOf(input) + QLatin1Char('.') + suffixOf(request.format);
     if (!request.outputDirectory.isEmpty()) {
         return QDir::cleanPath(QDir(request.outputDirectory).filePath(name));
     }
@@ -208,9 +205,7 @@ std::vector<PlannedFile> plannedFiles(const Request& request) {
             files.back().inputs << input;
             files.back().title = QFileInfo(request.outputFile).completeBaseName();
         } else {
-            const QString title =
-                isStandardStream(input) ? QStringLiteral("drawing") : QFileInfo(input).completeBaseName();
-            files.push_back({outputPath(input, request), title, {input}});
+            files.push_back({outputPath(input, request), titleOf(input), {input}});
         }
     }
     return files;
@@ -233,8 +228,8 @@ void checkOutputs(const std::vector<PlannedFile>& files, const Request& request)
         }
         takenBy.insert(identity, file.inputs[0]);
         if (!request.replaceAny && !isReplaceable(file.path)) {
-            throw UsageError(QStringLiteral("%1: is there already and no plot of kelplot's; give --force to replace it")
-                                 .arg(file.path));
+            throw outputError(file.path,
+                              QStringLiteral("is there already and no plot of kelplot's; give --force to replace it"));
         }
     }
 }

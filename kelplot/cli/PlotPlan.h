@@ -50,9 +50,8 @@ struct PlotPlan {
 };
 
 /// Works out what a request to plot, or to save a paper, comes to. Throws `UsageError` for papers that are unknown or
-/// leave no room, where two inputs would share an output, and where an output would replace an input or what is no
-/// plot of kelplot's; `SettingsError`
-/// for a faulty file of papers or pens.
+/// leave no room, where two inputs would share an output, and where an output would replace an input; `OutputError`
+/// where it would replace what is no plot of kelplot's; `SettingsError` for a faulty file of papers or pens.
 PlotPlan planFor(const Request& request);
 
 /// Saves the plan's paper to the user's own paper file, and returns what to tell the user. Throws `SettingsError`.

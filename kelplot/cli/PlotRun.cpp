@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <new>
+#include <optional>
 
 #include "cli/PageSequence.h"
 #include "cli/PlotJob.h"
@@ -84,15 +85,16 @@ ExitStatus plotFile(const PlannedFile& file, const PlotRun& run, FileRecord& rec
 
 /// Plots a file's pages where only the printer sees them.
 ExitStatus printFile(const PlannedFile& file, const PlotRun& run, FileRecord& record) {
-    PrintSpool spool;
+    std::optional<PrintSpool> spool;
     PlannedFile spooled = file;
-    spooled.path = spool.path();
-    const ExitStatus status = plotPages(spooled, run.plan, run.source, run.console, record);
+    QString failure;
+    ExitStatus status = guarded(run.plan.printer, run.console, failure, [&] { spooled.path = spool.emplace().path(); });
+    status = status == ExitStatus::done ? plotPages(spooled, run.plan, run.source, run.console, record) : status;
     if (status != ExitStatus::done) {
         return status;
     }
     return guarded(run.plan.printer, run.console, record.drawings.back().error, [&] {
-        const std::unique_ptr<PrintJob> job = startPrinting(file, run.plan, spool, record);
+        const std::unique_ptr<PrintJob> job = startPrinting(file, run.plan, *spool, record);
         record.file = job->name();
         record.written = true;
         run.tell(job->name());

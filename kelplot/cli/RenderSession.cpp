@@ -10,9 +10,7 @@ constexpr int painterRenderer = 4;
 
 RenderSession::RenderSession(OutputDevice& device)
     : m_renderer(HT_RendererFactory::CreateRenderer(painterRenderer, 0), HT_RendererFactory::DestroyRenderer),
-      m_direct(
-          device.painter(), [&device](bool isCut) { device.clipChanged(isCut); },
-          [&device](const DeviceText& text) { return device.drawText(text); }) {
+      m_direct(device.painter(), &device) {
     QPainter& painter = device.painter();
     const QRect window = painter.window();
     m_renderer->AttachDriver(&painter, HT_Int_Size{window.width(), window.height()}, false);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "device/DirectPainter.h"
 
-#include <QPaintEngine>
 #include <QPainter>
 #include <QPainterPath>
 #include <QTransform>
@@ -30,7 +29,7 @@ private:
 
 void DirectPainter::drawText(const QString& text, const QFont& font, const Affine2& place, const QColor& ink) {
     const QTransform transform = transformOf(place);
-    if (m_textDrawer && m_textDrawer({text, font, transform, ink})) {
+    if (m_device != nullptr && m_device->drawText({text, font, transform, ink})) {
         return;
     }
     const PainterState state(m_painter);
@@ -60,10 +59,6 @@ double DirectPainter::dotsAlong(Vec2 vector) const {
 
 void DirectPainter::mixPixels(bool mix) {
     m_painter.setRenderHint(QPainter::SmoothPixmapTransform, mix);
-}
-
-bool DirectPainter::passesClipsOver() const {
-    return m_painter.paintEngine()->type() == QPaintEngine::SVG;
 }
 
 } // namespace kelplot

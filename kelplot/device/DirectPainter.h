@@ -6,9 +6,8 @@
 #include <QFont>
 #include <QString>
 #include <functional>
-#include <utility>
 
-#include "device/DeviceText.h"
+#include "device/DirectDevice.h"
 #include "geometry/Affine2.h"
 #include "geometry/Vec.h"
 
@@ -21,19 +20,14 @@ namespace kelplot {
 /// gradients, and the transform for pictures that are turned. The renderer knows none of these.
 class DirectPainter {
 public:
-    /// Hears whether the painter has a clip besides that of the page.
-    using ClipListener = std::function<void(bool isCut)>;
-    /// Draws a text by the device's own means, or answers false.
-    using TextDrawer = std::function<bool(const DeviceText& text)>;
-
     /// @param painter  borrowed; has no world transform except during the calls below
-    explicit DirectPainter(QPainter& painter, ClipListener listener = {}, TextDrawer textDrawer = {})
-        : m_painter(painter), m_listener(std::move(listener)), m_textDrawer(std::move(textDrawer)) {}
+    /// @param device   what the painter draws on, borrowed; null: it can do no more than the painter
+    explicit DirectPainter(QPainter& painter, DirectDevice* device = nullptr) : m_painter(painter), m_device(device) {}
 
-    /// Tells the device that the painter's clip has changed.
-    void tellClip(bool isCut) const {
-        if (m_listener) {
-            m_listener(isCut);
+    /// Tells the device the name of the layer to which what is drawn from here on belongs.
+    void tellLayer(const QString& name) const {
+        if (m_device != nullptr) {
+            m_device->layerChanged(name);
         }
     }
 
@@ -53,13 +47,10 @@ public:
     /// Sets whether pixels are averaged where a picture has more of them than the device has dots; else some are
     /// skipped.
     void mixPixels(bool mix);
-    /// Tells whether the device ignores the clip, as Qt's SVG generator does.
-    bool passesClipsOver() const;
 
 private:
     QPainter& m_painter;
-    ClipListener m_listener;
-    TextDrawer m_textDrawer;
+    DirectDevice* m_device;
 };
 
 } // namespace kelplot

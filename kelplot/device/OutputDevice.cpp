@@ -3,10 +3,10 @@
 
 #include <QStringList>
 
-#include "device/SvgDevice.h"
 #include "device/hpgl/HpglDevice.h"
 #include "device/pdf/PdfDevice.h"
 #include "device/png/PngDevice.h"
+#include "device/svg/SvgDevice.h"
 
 namespace kelplot {
 namespace {

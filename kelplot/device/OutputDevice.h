@@ -8,30 +8,21 @@
 #include <optional>
 #include <string>
 
-#include "device/DeviceText.h"
+#include "device/DirectDevice.h"
 #include "device/OutputFile.h"
 #include "page/PageSetup.h"
 
 namespace kelplot {
 
 /// A sheet that takes a plot through the painter it lends, and puts it into a file.
-class OutputDevice {
+class OutputDevice : public DirectDevice {
 public:
-    virtual ~OutputDevice() = default;
-    OutputDevice(const OutputDevice&) = delete;
-    OutputDevice& operator=(const OutputDevice&) = delete;
-
     /// The units in which the painter takes coordinates. The painter's world transform is free for drawing:
     /// the map from these units to the device is set below it.
     virtual DeviceGrid grid() const = 0;
 
     /// The painter, begun and ready; lent until `finish`.
     virtual QPainter& painter() = 0;
-
-    /// Is to be called whenever the painter's clip has changed during a plot.
-    ///
-    /// @param isCut  false: to the part of the page that shows, as it was at first
-    virtual void clipChanged(bool isCut) { static_cast<void>(isCut); }
 
     /// How often the plot of a page is to be drawn: a device that does not hold a large page whole takes it in parts.
     virtual int partCount() const { return 1; }
@@ -44,14 +35,6 @@ public:
         return std::nullopt;
     }
 
-    /// Draws a text as characters of its font, where the painter would make other texts of it.
-    ///
-    /// @return false: this device leaves it to the painter
-    virtual bool drawText(const DeviceText& text) {
-        static_cast<void>(text);
-        return false;
-    }
-
     /// Begins a further page. Throws `OutputError` for formats of one page.
     ///
     /// @param name  for the document's outline
@@ -62,9 +45,6 @@ public:
 
     /// Ends the plot and puts the file in its place, or throws `OutputError` and leaves none.
     virtual void finish() = 0;
-
-protected:
-    OutputDevice() = default;
 };
 
 /// What the pixels of an image tell apart.
@@ -78,8 +58,6 @@ struct OutputSetup {
     int dotsPerInch = 200; ///< of an image
     int pixelWidth = 0;    ///< of an image, in place of the dots per inch; 0: as these say
     PixelKind pixels = PixelKind::colour;
-    /// Millimetres from the sheet's upper left corner: the part that shows, for formats whose painter knows no clip.
-    std::optional<Box2> visible = std::nullopt;
     QString pageName = {}; ///< of the first page, for the outline of formats of several
 };
 

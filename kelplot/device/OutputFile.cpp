@@ -71,8 +71,10 @@ OutputError outputError(const QString& path, const QString& reason) {
     return OutputError((path + QStringLiteral(": ") + reason).toStdString());
 }
 
-OutputFile::OutputFile(const QString& path) : m_path(path) {
+OutputFile::OutputFile(const QString& path)
+    : m_path(path == QLatin1String("-") ? QStringLiteral("standard output") : path) {
     constexpr auto mode = QIODevice::WriteOnly | QIODevice::Unbuffered;
+    const SignalPause pause; // until the file is known
     bool isOpen = false;
     if (path == QLatin1String("-")) {
         auto stream = std::make_unique<QFile>();
@@ -86,7 +88,7 @@ OutputFile::OutputFile(const QString& path) : m_path(path) {
         isOpen = m_file->open(mode);
     }
     if (!isOpen) {
-        throw outputError(path, m_file->errorString());
+        throw outputError(m_path, m_file->errorString());
     }
     m_stream.emplace(*m_file);
     keepPath(path.toUtf8(), unfinished.path);
@@ -97,17 +99,24 @@ OutputFile::OutputFile(const QString& path) : m_path(path) {
 }
 
 OutputFile::~OutputFile() {
+    const SignalPause pause; // until it is gone
+    m_stream.reset();
+    m_file.reset();
     keepPath({}, unfinished.temporary);
     keepPath({}, unfinished.path);
 }
 
 void OutputFile::write(const QByteArray& bytes) {
     m_stream->write(bytes);
+    check();
+}
+
+void OutputFile::check() const {
     throwIfFailed(m_stream->failure());
 }
 
 void OutputFile::commit() {
-    throwIfFailed(m_stream->failure());
+    check();
     if (auto* const saved = qobject_cast<QSaveFile*>(m_file.get())) {
         throwIfFailed(syncFailure(*saved));
         const SignalPause pause;

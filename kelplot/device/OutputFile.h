@@ -36,6 +36,9 @@ public:
     /// Writes all of `bytes`, or throws `OutputError`.
     void write(const QByteArray& bytes);
 
+    /// Throws `OutputError` if any byte so far could not be written.
+    void check() const;
+
     /// Puts the finished file in its place, or throws `OutputError` if any byte could not be written.
     void commit();
 

@@ -7,7 +7,7 @@
 namespace kelplot {
 
 bool isReplaceable(const QString& path) {
-    constexpr qint64 beginning = 1024;
+    constexpr qint64 beginning = 4096; // with a title before the mark
     const QFileInfo info(path);
     if (!info.isFile() || info.size() == 0) {
         return true;

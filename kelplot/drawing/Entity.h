@@ -6,9 +6,11 @@
 #include <limits>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <variant>
 #include <vector>
 
+#include "base/Boxed.h"
 #include "drawing/Colour.h"
 #include "drawing/Image.h"
 #include "drawing/Text.h"
@@ -272,8 +274,10 @@ struct Unplotted {
     uint32_t kind = 0; ///< index into Drawing::unplottedKinds
 };
 
-using Geometry = std::variant<PointEntity, Line, Circle, Arc, Ellipse, Polyline, Spline, Solid, Face3d, Hatch, Text,
-                              MText, Image, Wipeout, ConstructionLine, Mline, Mesh, Viewport, Unplotted, Insert>;
+/// Kinds that are large and seldom are boxed, so that drawings of many entities take less memory.
+using Geometry = std::variant<PointEntity, Line, Circle, Arc, Ellipse, Polyline, Spline, Solid, Face3d, Boxed<Hatch>,
+                              Text, Boxed<MText>, Boxed<Image>, Wipeout, ConstructionLine, Mline, Mesh, Boxed<Viewport>,
+                              Unplotted, Insert>;
 
 /// One entity; unless its type says otherwise, coordinates belong to the plane that `extrusion` names.
 struct Entity {
@@ -282,5 +286,41 @@ struct Entity {
     Geometry geometry;
     uint64_t handle = 0; ///< by which the drawing refers to it; 0: none
 };
+
+/// What `Geometry` holds, without its box.
+template <typename Kind>
+const Kind& unboxed(const Kind& geometry) {
+    return geometry;
+}
+template <typename Kind>
+Kind& unboxed(Kind& geometry) {
+    return geometry;
+}
+template <typename Kind>
+const Kind& unboxed(const Boxed<Kind>& geometry) {
+    return *geometry;
+}
+template <typename Kind>
+Kind& unboxed(Boxed<Kind>& geometry) {
+    return *geometry;
+}
+
+/// Calls a visitor with the record of an entity, whatever its kind is.
+template <typename Visitor, typename AnyEntity>
+decltype(auto) visitGeometry(Visitor&& visitor, AnyEntity& entity) {
+    return std::visit([&](auto& geometry) -> decltype(auto) { return visitor(unboxed(geometry)); }, entity.geometry);
+}
+
+/// The record of an entity if it is of this kind; else null.
+template <typename Kind, typename AnyEntity>
+auto* geometryAs(AnyEntity& entity) {
+    constexpr bool isBoxed = std::is_constructible_v<Geometry, std::in_place_type_t<Boxed<Kind>>, Kind>;
+    if constexpr (isBoxed) {
+        auto* const boxed = std::get_if<Boxed<Kind>>(&entity.geometry);
+        return boxed == nullptr ? nullptr : &**boxed;
+    } else {
+        return std::get_if<Kind>(&entity.geometry);
+    }
+}
 
 } // namespace kelplot

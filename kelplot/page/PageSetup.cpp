@@ -193,15 +193,6 @@ PageLayout layOutPage(const Box2& extents, double millimetresPerUnit, const Page
     return layout;
 }
 
-std::optional<Box2> PageLayout::visiblePart() const {
-    const Box2 whole = sheetBox(sheet);
-    Box2 visible = whole;
-    for (const Box2& limit : limits) {
-        visible = visible.intersected(limit);
-    }
-    return visible.contains(whole) ? std::nullopt : std::optional(visible);
-}
-
 PlotTarget plotTargetFor(const PageLayout& layout, const DeviceGrid& grid) {
     const double units = grid.unitsPerMillimetre;
     PlotTarget target;

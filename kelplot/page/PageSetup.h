@@ -42,9 +42,6 @@ struct PageLayout {
     /// Millimetres from the sheet's upper left corner; only what lies in all of them shows. A drawing
     /// that fits may use the margins: its outermost lines reach half their width beyond its extents.
     std::vector<Box2> limits;
-
-    /// The part of the sheet within the limits; no value when that is the whole sheet.
-    std::optional<Box2> visiblePart() const;
 };
 
 /// Reads "1:50", "2:1" or "0.5": a finite scale above zero.

@@ -63,7 +63,7 @@ bool isUprightRectangle(const std::vector<Vec2>& polygon) {
 
 /// Tells whether an entity is a viewport through which the model is drawn.
 bool showsModel(const Entity& entity) {
-    const auto* const viewport = std::get_if<Viewport>(&entity.geometry);
+    const auto* const viewport = geometryAs<Viewport>(entity);
     return viewport != nullptr && viewport->on && !viewport->perspective;
 }
 
@@ -125,11 +125,12 @@ public:
             return;
         }
         if (m_isSheet && showsModel(entity)) {
-            drawModel(std::get<Viewport>(entity.geometry), map);
+            drawModel(*geometryAs<Viewport>(entity), map);
         }
+        m_tools.useLayer(style);
         const PlacedEntity place{entity, style, map};
         const size_t tintedBefore = m_tools.tintedHatches;
-        std::visit([&](const auto& geometry) { draw(geometry, place, m_tools); }, entity.geometry);
+        visitGeometry([&](const auto& geometry) { draw(geometry, place, m_tools); }, entity);
         if (m_tools.tintedHatches != tintedBefore) {
             report.tintedHatches.insert(&entity);
         }
@@ -138,6 +139,7 @@ public:
 
     void beginClip(const WalkClip& clip) override {
         if (clip.frame != nullptr) {
+            m_tools.useLayer(*clip.frame);
             m_tools.useLinePen(*clip.frame);
             m_tools.canvas.drawOutline(clip.border);
         }
@@ -212,6 +214,7 @@ private:
         ++report.viewports;
         m_tools.clips.pop();
         m_tools.pens.forget();
+        m_tools.forgetLayer();
     }
 
     /// For what is drawn as a part of one entity: it tells that the plot goes on, so that it can be ended there too.
@@ -262,11 +265,7 @@ Box2 DrawingPlot::extents(const std::vector<Entity>& entities, ExtentsReport* re
 
 PlotReport DrawingPlot::draw(const std::vector<Entity>& entities, const PlotTarget& target, const PlotSurface& surface,
                              const Progress& progress) const {
-    ClipStack clips(surface.renderer, target, [&](bool isCut) {
-        if (surface.direct != nullptr) {
-            surface.direct->tellClip(isCut);
-        }
-    });
+    ClipStack clips(surface.renderer, target);
     PictureStore pictures(m_drawing);
     PlotTools tools(m_drawing, target, m_style, m_texts, pictures, surface, clips);
     EntityPlotter plotter(tools, &entities != &m_drawing.modelSpace);

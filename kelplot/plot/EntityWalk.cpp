@@ -94,7 +94,7 @@ bool EntityWalk::spendVisits(size_t count) {
 
 /// Spends what an entity costs apart from its visit: pictures may be cut along borders of their own.
 bool EntityWalk::spendFor(const Entity& entity) {
-    const auto* const image = std::get_if<Image>(&entity.geometry);
+    const auto* const image = geometryAs<Image>(entity);
     return image == nullptr || !image->clipped || spendVisits(costOfCutting(image->clip.size(), image->crossings));
 }
 

@@ -179,6 +179,7 @@ void PrintJob::follow(const std::function<void(const QString&)>& tell) {
         }
         std::this_thread::sleep_for(pause);
     }
+    tell(QStringLiteral("the queue no longer knows the job, nor what became of it"));
 }
 
 } // namespace kelplot

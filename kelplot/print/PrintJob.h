@@ -67,7 +67,6 @@ private:
     QString m_printer;
     Destination m_destination;
     std::unique_ptr<_cups_dinfo_s, DetailsDeleter> m_details; ///< what the queue can do
-    QByteArray m_resource;                                    ///< the path of the queue on its server
     int m_number = 0;
 };
 

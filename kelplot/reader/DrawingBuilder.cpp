@@ -288,7 +288,7 @@ void DrawingBuilder::addViewport(const RecordHeader& header, Viewport&& viewport
 void DrawingBuilder::resolveClips() {
     for (auto sheet = m_pendingClips.cbegin(); sheet != m_pendingClips.cend(); ++sheet) {
         for (const PendingClip& pending : *sheet) {
-            auto& viewport = std::get<Viewport>(entityAt({sheet.key(), pending.viewport}).geometry);
+            Viewport& viewport = *geometryAs<Viewport>(entityAt({sheet.key(), pending.viewport}));
             const auto border = m_sheetEntities.constFind(pending.border);
             if (border != m_sheetEntities.constEnd()) {
                 viewport.clip = closedLoopOf(entityAt(*border));
@@ -325,7 +325,7 @@ void DrawingBuilder::resolveOverrides() {
         return;
     }
     forEachEntity([&](Entity& entity) {
-        if (auto* const viewport = std::get_if<Viewport>(&entity.geometry)) {
+        if (auto* const viewport = geometryAs<Viewport>(entity)) {
             viewport->overrides = overrides.value(entity.handle);
         }
     });

@@ -7,6 +7,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -237,6 +238,30 @@ TEST_F(TextTest, PlotsThatRepeatTextsDrawThemAsBefore) {
     QFont::removeSubstitutions(QStringLiteral("Goes away!!!"));
     EXPECT_TRUE(isSameOutline(other, drawnAnew()));
     plot.DetachDriver();
+}
+
+// Each renderer keeps its own outlines, in whatever thread it draws.
+TEST(TextThreads, DrawPlotsSideBySide) {
+    PlotRecorder recorders[2];
+    std::vector<std::thread> threads;
+    for (PlotRecorder& recorder : recorders) {
+        threads.emplace_back([&recorder] {
+            QPainter painter(&recorder);
+            QTRenderer renderer;
+            renderer.AttachDriver(&painter, {1000, 1000}, false);
+            renderer.StartRender();
+            for (int i = 0; i < 300; ++i) {
+                std::wstring text = L"N " + std::to_wstring(i % 100);
+                renderer.DrawText(text.data(), 0, fontOf(height), {0, 0}, 0, 1, nullptr);
+            }
+            renderer.DetachDriver();
+        });
+    }
+    std::for_each(threads.begin(), threads.end(), [](std::thread& thread) { thread.join(); });
+    ASSERT_TRUE(recorders[0].calls().size() == 300 && recorders[1].calls().size() == 300);
+    for (size_t i = 0; i < 300; ++i) {
+        EXPECT_TRUE(isSameOutline(recorders[0].calls()[i].path, recorders[1].calls()[i].path)) << i;
+    }
 }
 
 TEST_F(TextTest, HeavyAndSlantedFonts) {

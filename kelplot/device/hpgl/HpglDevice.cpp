@@ -40,7 +40,7 @@ void HpglDevice::nextPage(const SheetSize& sheet, const QString& /*name*/) {
     m_writer.endPage();
     m_writer.beginPage(size, m_title);
     m_sink.setPage(size);
-    m_page.setSize(size);
+    m_page.beginPage(size);
     m_painter.setWindow(QRect(QPoint(), size));
     m_painter.setViewport(QRect(QPoint(), size));
 }

@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QRgb>
+#include <QSize>
 #include <functional>
 #include <vector>
 

@@ -71,7 +71,8 @@ std::optional<int64_t> operandOf(std::string_view dictionary, uint32_t wanted) {
             operand = static_cast<int64_t>(byte) - 139;
         } else {
             const int64_t rest = reader.number(1);
-            operand = byte < 251 ? (byte - 247) * 256 + rest + 108 : -int64_t{byte - 251} * 256 - rest - 108;
+            const int64_t high = (int64_t{byte} - (byte < 251 ? 247 : 251)) * 256 + rest + 108;
+            operand = byte < 251 ? high : -high;
         }
     }
     return std::nullopt;

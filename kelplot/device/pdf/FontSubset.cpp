@@ -2,8 +2,10 @@
 #include "device/pdf/FontSubset.h"
 
 #include <hb-subset.h>
+#include <map>
 #include <memory>
 #include <new>
+#include <stdexcept>
 
 namespace kelplot {
 namespace {
@@ -16,15 +18,24 @@ struct Release {
 template <typename T>
 using Owned = std::unique_ptr<T, Release>;
 
+/// The tables of a font that were asked for. The subsetter reads them after it has given them back, so they are kept
+/// until it has ended.
+struct FontTables {
+    const QRawFont& font;
+    std::map<hb_tag_t, QByteArray> kept = {};
+};
+
 /// Hands a table of the font to the font library.
-hb_blob_t* tableOf(hb_face_t* /*face*/, hb_tag_t tag, void* font) {
+hb_blob_t* tableOf(hb_face_t* /*face*/, hb_tag_t tag, void* source) {
+    auto& tables = *static_cast<FontTables*>(source);
     const char name[] = {static_cast<char>(tag >> 24), static_cast<char>(tag >> 16), static_cast<char>(tag >> 8),
                          static_cast<char>(tag), '\0'};
-    auto bytes = std::make_unique<QByteArray>(static_cast<const QRawFont*>(font)->fontTable(name));
-    const char* const data = bytes->constData();
-    const auto size = static_cast<unsigned>(bytes->size());
-    return hb_blob_create(data, size, HB_MEMORY_MODE_READONLY, bytes.release(),
-                          [](void* kept) { delete static_cast<QByteArray*>(kept); });
+    const auto table = tables.kept.find(tag);
+    const QByteArray& bytes = table != tables.kept.end()
+                                  ? table->second
+                                  : tables.kept.emplace(tag, tables.font.fontTable(name)).first->second;
+    return hb_blob_create(bytes.constData(), static_cast<unsigned>(bytes.size()), HB_MEMORY_MODE_READONLY, nullptr,
+                          nullptr);
 }
 
 /// What a document has no use for: it finds glyphs by their numbers, and places them itself.
@@ -38,8 +49,8 @@ constexpr hb_tag_t dropped[] = {
 } // namespace
 
 PdfBytes fontSubset(const QRawFont& font, const std::vector<uint32_t>& glyphs, const char* table) {
-    QRawFont source = font;
-    const Owned<hb_face_t> face(hb_face_create_for_tables(tableOf, &source, nullptr));
+    FontTables tables{font};
+    const Owned<hb_face_t> face(hb_face_create_for_tables(tableOf, &tables, nullptr));
     const Owned<hb_subset_input_t> input(hb_subset_input_create_or_fail());
     if (!input) {
         throw std::bad_alloc();
@@ -53,7 +64,8 @@ PdfBytes fontSubset(const QRawFont& font, const std::vector<uint32_t>& glyphs, c
     }
     const Owned<hb_face_t> subset(hb_subset_or_fail(face.get(), input.get()));
     if (!subset) {
-        throw std::bad_alloc();
+        throw std::runtime_error("the font " + font.familyName().toStdString() +
+                                 " cannot be embedded; texts can be drawn as outlines (--text=outlines)");
     }
     const Owned<hb_blob_t> blob(table == nullptr
                                     ? hb_face_reference_blob(subset.get())

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -16,6 +17,8 @@ public:
     bool isEmpty() const { return m_used == 0; }
     std::string_view view() const { return {m_bytes.data(), m_used}; }
     void clear() { m_used = 0; }
+    /// Takes memory for so many bytes in all, before they come.
+    void reserve(size_t bytes) { m_bytes.resize(std::max(bytes, m_bytes.size())); }
 
     PdfBytes& operator<<(std::string_view text);
     PdfBytes& operator<<(char letter);

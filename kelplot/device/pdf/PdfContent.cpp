@@ -2,6 +2,7 @@
 #include "device/pdf/PdfContent.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "device/pdf/PdfPath.h"
 
@@ -40,6 +41,16 @@ int joinOf(const QPen& pen) {
     default:
         return 0;
     }
+}
+
+/// Tells whether readers find the order of a text by the places of its letters: mirrored, they run backwards, and on a
+/// slope each seems to begin a line.
+bool isReadInOrder(const QTransform& place) {
+    constexpr double slight = 1e-3;
+    const double along = std::abs(place.m11());
+    const double across = std::abs(place.m12());
+    const bool isMirrored = place.m11() * place.m22() - place.m12() * place.m21() > 0.0;
+    return !isMirrored && std::min(along, across) <= slight * std::max(along, across);
 }
 
 } // namespace
@@ -201,13 +212,25 @@ void PdfContent::stroke(const PageShape& shape) {
     PdfPath(m_bytes, shape, m_pen.style() == Qt::SolidLine ? PathUse::solidLine : PathUse::dashedLine).paint("S\n");
 }
 
-void PdfContent::show(const TextPiece& piece, const QTransform& place) {
-    constexpr int decimals = 3; // of the letters' size: a text is many times as long as that
+void PdfContent::show(const QString& text, const PreparedText& prepared, const QTransform& place) {
+    if (prepared.pieces.empty()) {
+        return;
+    }
     update();
     if (!m_isInText) {
         m_bytes << "BT\n";
         m_isInText = true;
     }
+    const bool needsSpan = !prepared.hasSpans && !isReadInOrder(place);
+    m_bytes << (needsSpan ? beginSpan(text) : std::string());
+    for (const TextPiece& piece : prepared.pieces) {
+        show(piece, place);
+    }
+    m_bytes << (needsSpan ? endSpan : "");
+}
+
+void PdfContent::show(const TextPiece& piece, const QTransform& place) {
+    constexpr int decimals = 3; // of the letters' size: a text is many times as long as that
     if (m_state.font != piece.font) {
         m_state.font = piece.font;
         m_bytes << "/F" << piece.font << " 1 Tf\n";

@@ -36,8 +36,10 @@ public:
 
     void fill(const PageShape& shape);
     void stroke(const PageShape& shape);
+    /// Shows a text; its outlines are left to the caller.
+    ///
     /// @param place  from em squares, y upwards, to page units
-    void show(const TextPiece& piece, const QTransform& place);
+    void show(const QString& text, const PreparedText& prepared, const QTransform& place);
     /// Maps what follows.
     void concatenate(const QTransform& map);
 
@@ -46,6 +48,7 @@ private:
     void updateClips();
     void endText();
     void endLayer();
+    void show(const TextPiece& piece, const QTransform& place);
     void setDashes(const QPen& pen);
 
     PdfBytes m_bytes;

@@ -37,8 +37,8 @@ bool PdfDevice::drawText(const DeviceText& text) {
 }
 
 void PdfDevice::nextPage(const SheetSize& sheet, const QString& name) {
-    m_page.setSize(sizeOf(sheet));
     m_sink.beginPage(sheet, name);
+    m_page.beginPage(sizeOf(sheet));
     const QRect page(QPoint(0, 0), sizeOf(sheet));
     m_painter.setWindow(page);
     m_painter.setViewport(page);

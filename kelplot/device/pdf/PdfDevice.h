@@ -15,6 +15,7 @@ public:
 
     DeviceGrid grid() const override;
     QPainter& painter() override { return m_painter; }
+    void layerChanged(const QString& name) override { m_sink.setLayer(name); }
     bool drawText(const DeviceText& text) override;
     void nextPage(const SheetSize& sheet, const QString& name) override;
     void finish() override;

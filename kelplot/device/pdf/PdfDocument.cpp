@@ -13,14 +13,12 @@ PdfDocument::PdfDocument(OutputFile& file, QString title) : m_file(file), m_titl
 }
 
 std::string PdfDocument::layer(const QString& name) {
-    const auto known =
-        std::find_if(m_layers.begin(), m_layers.end(), [&](const Layer& layer) { return layer.title == name; });
-    if (known != m_layers.end()) {
-        return known->name;
+    std::string& resource = m_layerNames[name];
+    if (resource.empty()) {
+        m_layers.push_back(m_file.addObject("<</Type/OCG/Name" + pdfText(name) + ">>"));
+        resource = m_resources.add("Properties", 'L', m_layers.back());
     }
-    const int number = m_file.addObject("<</Type/OCG/Name" + pdfText(name) + ">>");
-    m_layers.push_back({name, number, m_resources.add("Properties", 'L', number)});
-    return m_layers.back().name;
+    return resource;
 }
 
 void PdfDocument::beginPage(const SheetSize& sheet, const QString& name) {
@@ -86,8 +84,8 @@ std::string PdfDocument::layerEntries() const {
         return {};
     }
     std::string all;
-    for (const Layer& layer : m_layers) {
-        all += pdfReference(layer.number) + ' ';
+    for (const int layer : m_layers) {
+        all += pdfReference(layer) + ' ';
     }
     return "/OCProperties<</OCGs[" + all + "]/D<</Order[" + all + "]>>>>";
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <string>
 #include <vector>
@@ -41,11 +42,6 @@ private:
         QString name;
         std::vector<int> contents;
     };
-    struct Layer {
-        QString title;
-        int number;
-        std::string name;
-    };
 
     void writePages(int tree, int resources);
     std::string outlineEntries();
@@ -56,7 +52,8 @@ private:
     PdfResources m_resources;
     QString m_title;
     std::vector<Page> m_pages;
-    std::vector<Layer> m_layers;
+    std::vector<int> m_layers;                ///< the numbers of their objects
+    QHash<QString, std::string> m_layerNames; ///< among the resources
 };
 
 } // namespace kelplot

@@ -70,19 +70,22 @@ PdfFont::Kind PdfFont::findKind() const {
     return numbersGlyphsInOrder(m_font.fontTable("CFF ")) ? Kind::compact : Kind::none;
 }
 
-double PdfFont::width(uint32_t glyph) const {
+double PdfFont::widthOf(uint32_t glyph) const {
     constexpr double steps = 10.0; // of a unit that are stated
     QPointF advance;
     m_font.advancesForGlyphIndexes(&glyph, &advance, 1);
     return std::round(advance.x() / m_font.pixelSize() * unitsPerEm * steps) / steps;
 }
 
-bool PdfFont::use(uint32_t glyph, const QString& characters) {
-    QString& known = m_glyphs[glyph];
-    if (known.isEmpty()) {
-        known = characters;
+PdfFont::Use PdfFont::use(uint32_t glyph, const QString& characters) {
+    Glyph& known = m_glyphs[glyph];
+    if (known.width < 0.0) {
+        known.width = widthOf(glyph);
     }
-    return known == characters && !characters.isEmpty();
+    if (known.characters.isEmpty()) {
+        known.characters = characters;
+    }
+    return {known.width, known.characters == characters && !characters.isEmpty()};
 }
 
 /// The font's name with six letters before it that tell this subset from others.
@@ -90,7 +93,7 @@ std::string PdfFont::baseName() const {
     constexpr int letters = 6;
     constexpr uint32_t alphabet = 26;
     uint32_t sum = 0;
-    for (const auto& [glyph, characters] : m_glyphs) {
+    for (const auto& [glyph, facts] : m_glyphs) {
         sum = libdeflate_crc32(sum, &glyph, sizeof glyph);
     }
     std::string name;
@@ -108,7 +111,7 @@ std::string PdfFont::baseName() const {
 
 int PdfFont::writeProgram(PdfFile& file) const {
     std::vector<uint32_t> glyphs;
-    for (const auto& [glyph, characters] : m_glyphs) {
+    for (const auto& [glyph, facts] : m_glyphs) {
         glyphs.push_back(glyph);
     }
     PdfBytes program = fontSubset(m_font, glyphs, m_kind == Kind::compact ? "CFF " : nullptr);
@@ -148,15 +151,15 @@ PdfBytes PdfFont::characterMap() const {
            "/CIDSystemInfo<</Registry(Adobe)/Ordering(UCS)/Supplement 0>>def\n"
            "/CMapName/Adobe-Identity-UCS def/CMapType 2 def\n"
            "1 begincodespacerange<0000><FFFF>endcodespacerange\n";
-    std::vector<std::pair<uint32_t, QString>> lines;
+    std::vector<std::pair<uint32_t, Glyph>> lines;
     std::copy_if(m_glyphs.begin(), m_glyphs.end(), std::back_inserter(lines),
-                 [](const auto& glyph) { return !glyph.second.isEmpty(); });
+                 [](const auto& glyph) { return !glyph.second.characters.isEmpty(); });
     for (size_t from = 0; from < lines.size(); from += mostLines) {
         const size_t to = std::min(from + mostLines, lines.size());
         map << static_cast<int64_t>(to - from) << " beginbfchar\n";
         for (size_t i = from; i < to; ++i) {
             map << '<';
-            map.hex4(lines[i].first) << "><" << utf16Hex(lines[i].second) << ">\n";
+            map.hex4(lines[i].first) << "><" << utf16Hex(lines[i].second.characters) << ">\n";
         }
         map << "endbfchar\n";
     }
@@ -168,11 +171,11 @@ PdfBytes PdfFont::characterMap() const {
 std::string PdfFont::widths() const {
     PdfBytes list;
     int64_t next = -1;
-    for (const auto& [glyph, characters] : m_glyphs) {
+    for (const auto& [glyph, facts] : m_glyphs) {
         if (glyph != next) {
             list << (next < 0 ? "" : "]") << int64_t{glyph} << '[';
         }
-        list.decimal(width(glyph), 1);
+        list.decimal(facts.width, 1);
         next = int64_t{glyph} + 1;
     }
     list << ']';

@@ -20,22 +20,30 @@ public:
     bool isUsed() const { return !m_glyphs.empty(); }
     /// How far letters lean to the right for each unit of height, because the font itself has no slanted ones.
     double slant() const { return m_slant; }
-    /// How far a glyph moves on, in thousandths of the em square, as the document states it.
-    double width(uint32_t glyph) const;
+
+    /// What the document makes of a glyph.
+    struct Use {
+        double width;      ///< by which it moves on, in thousandths of the em square
+        bool isUnderstood; ///< it is taken for the characters wherever it shows
+    };
 
     /// Notes that a glyph is shown.
     ///
-    /// @param characters  for which it stands
-    /// @return whether the document takes the glyph for these characters wherever it shows
-    bool use(uint32_t glyph, const QString& characters);
+    /// @param characters  for which it stands; empty: for none alone
+    Use use(uint32_t glyph, const QString& characters);
 
-    /// Writes the font with all that belongs to it, under the number of its dictionary.
-    void write(PdfFile& file, int number) const;
+    /// Writes the font with all that belongs to it, its dictionary under this number.
+    void write(PdfFile& file, int dictionary) const;
 
 private:
     enum class Kind { none, trueType, compact };
+    struct Glyph {
+        double width = -1.0; ///< in thousandths of the em square, as the document states it; below 0: not known yet
+        QString characters;  ///< for which it stands; empty: for none that are known
+    };
 
     Kind findKind() const;
+    double widthOf(uint32_t glyph) const;
     std::string baseName() const;
     int writeProgram(PdfFile& file) const;
     int writeDescriptor(PdfFile& file, const std::string& name, int program) const;
@@ -45,7 +53,7 @@ private:
     QRawFont m_font;
     Kind m_kind;
     double m_slant;
-    std::map<uint32_t, QString> m_glyphs; ///< those that are used, and what they stand for
+    std::map<uint32_t, Glyph> m_glyphs; ///< those that are used
 };
 
 } // namespace kelplot

@@ -11,7 +11,7 @@ namespace kelplot {
 namespace {
 
 /// The operators of a page go to the file in parts of this size.
-constexpr size_t partBytes = size_t{1} << 20;
+constexpr size_t partBytes = size_t{1} << 18;
 
 QRectF boxOf(const PageShape& shape) {
     QRectF box;
@@ -123,9 +123,7 @@ void PdfSink::drawText(const QString& text, const QFont& font, const QTransform&
     setBlend(ink, blend);
     const double em = font.pixelSize();
     const QTransform letters = QTransform::fromScale(em, -em) * place;
-    for (const TextPiece& piece : prepared.pieces) {
-        m_content.show(piece, letters);
-    }
+    m_content.show(text, prepared, letters);
     if (!prepared.outlines.isEmpty()) {
         fillOutlines(prepared.outlines, place, ink, blend);
     }
@@ -155,10 +153,11 @@ void PdfSink::beginPage(const SheetSize& sheet, const QString& name) {
     m_document.beginPage(sheet, name);
     m_base = QTransform(m_pointsPerUnit, 0.0, 0.0, -m_pointsPerUnit, 0.0, sheet.height * pointsPerMillimetre);
     m_content.beginPage(m_base);
+    m_hasPage = true;
 }
 
 void PdfSink::endPage() {
-    if (!m_content.bytes().isEmpty()) {
+    if (m_hasPage) {
         m_content.endPage();
         passOn(0);
     }
@@ -172,7 +171,9 @@ void PdfSink::finish() {
 /// Hands the operators on when there are enough of them.
 void PdfSink::passOn(size_t most) {
     if (m_content.bytes().size() > most) {
-        m_document.addContent(std::exchange(m_content.bytes(), PdfBytes()));
+        PdfBytes next;
+        next.reserve(partBytes + partBytes / 4);
+        m_document.addContent(std::exchange(m_content.bytes(), std::move(next)));
     }
 }
 

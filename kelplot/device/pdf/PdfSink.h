@@ -48,6 +48,7 @@ private:
 
     PdfDocument& m_document;
     double m_pointsPerUnit;
+    bool m_hasPage = false;
     QTransform m_base; ///< of the page, from page units to points
     PdfContent m_content;
     PdfTexts m_texts;

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 namespace kelplot {
 namespace {
@@ -16,25 +15,26 @@ public:
     PieceWriter(PdfFont& font, int index, double start) : m_font(font), m_start(start) { m_piece.font = index; }
 
     void add(const GlyphCluster& cluster, double pixelsPerEm) {
-        // The font keeps the glyph whatever is known of it.
-        bool isKnown = m_font.use(cluster.glyphs[0].index, cluster.glyphs.size() == 1 ? cluster.characters : QString());
-        for (size_t i = 1; i < cluster.glyphs.size(); ++i) {
-            isKnown = m_font.use(cluster.glyphs[i].index, {});
-        }
+        const bool isAlone = cluster.glyphs.size() == 1;
+        const PdfFont::Use first = m_font.use(cluster.glyphs[0].index, isAlone ? cluster.characters : QString());
+        const bool isKnown = first.isUnderstood;
         if (!isKnown) {
             endShowing();
-            m_bytes << "/Span<</ActualText" << pdfText(cluster.characters) << ">>BDC\n";
+            m_hasSpans = true;
+            m_bytes << beginSpan(cluster.characters);
         }
         for (const PlacedGlyph& glyph : cluster.glyphs) {
             moveTo((glyph.at.x() / pixelsPerEm - m_start) * perEm, -glyph.at.y() / pixelsPerEm);
             m_shown.hex4(glyph.index);
-            m_pen += m_font.width(glyph.index);
+            m_pen += isAlone ? first.width : m_font.use(glyph.index, {}).width;
         }
         if (!isKnown) {
             endShowing();
-            m_bytes << "EMC\n";
+            m_bytes << endSpan;
         }
     }
+
+    bool hasSpans() const { return m_hasSpans; }
 
     TextPiece finish() {
         endShowing();
@@ -81,6 +81,7 @@ private:
     PdfBytes m_bytes;
     PdfBytes m_shown; ///< what the next operator shows
     bool m_isMoved = false;
+    bool m_hasSpans = false;
     double m_pen = 0.0;
     double m_rise = 0.0;
 };
@@ -102,6 +103,10 @@ bool isShowable(const GlyphCluster& cluster, const PdfFont& font) {
 
 } // namespace
 
+std::string beginSpan(const QString& characters) {
+    return "/Span<</ActualText" + pdfText(characters) + ">>BDC\n";
+}
+
 int PdfTexts::indexOf(const QRawFont& font) {
     const auto known = std::find_if(m_fonts.begin(), m_fonts.end(),
                                     [&](const std::unique_ptr<PdfFont>& other) { return other->font() == font; });
@@ -115,14 +120,8 @@ int PdfTexts::indexOf(const QRawFont& font) {
 PreparedText PdfTexts::prepared(const QString& text, const QFont& font) {
     PreparedText prepared;
     prepared.outlines.setFillRule(Qt::WindingFill);
-    std::optional<PieceWriter> piece;
+    std::vector<PieceWriter> pieces;
     int pieceFont = -1;
-    const auto endPiece = [&] {
-        if (piece) {
-            prepared.pieces.push_back(piece->finish());
-            piece.reset();
-        }
-    };
     const double pixelsPerEm = font.pixelSize();
     for (const GlyphCluster& cluster : glyphClusters(text, font)) {
         if (cluster.glyphs.empty()) {
@@ -134,14 +133,16 @@ PreparedText PdfTexts::prepared(const QString& text, const QFont& font) {
             addOutlines(cluster, prepared.outlines);
             continue;
         }
-        if (!piece || index != pieceFont) {
-            endPiece();
-            piece.emplace(used, index, cluster.glyphs[0].at.x() / pixelsPerEm);
+        if (index != pieceFont) {
+            pieces.emplace_back(used, index, cluster.glyphs[0].at.x() / pixelsPerEm);
             pieceFont = index;
         }
-        piece->add(cluster, pixelsPerEm);
+        pieces.back().add(cluster, pixelsPerEm);
     }
-    endPiece();
+    for (PieceWriter& piece : pieces) {
+        prepared.hasSpans = prepared.hasSpans || piece.hasSpans();
+        prepared.pieces.push_back(piece.finish());
+    }
     return prepared;
 }
 

@@ -23,9 +23,14 @@ struct TextPiece {
     std::string showing; ///< the operators
 };
 
+/// Begins a part of a page for which other characters stand than those of its glyphs.
+std::string beginSpan(const QString& characters);
+constexpr const char* endSpan = "EMC\n";
+
 /// A text as a document shows it.
 struct PreparedText {
     std::vector<TextPiece> pieces;
+    bool hasSpans = false; ///< parts of it state the characters for which they stand
     QPainterPath outlines; ///< of glyphs that the document cannot show as text, in the units of the font, y downwards
 };
 

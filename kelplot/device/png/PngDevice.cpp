@@ -83,6 +83,7 @@ std::optional<Box2> PngDevice::beginPart(int index) {
 }
 
 void PngDevice::writeBand() {
+    m_file.check(); // a large page takes long to draw
     const int top = m_parts.band(m_bandIndex).top();
     for (int row = 0; row < m_band.height(); ++row) {
         if (!m_encoder.writeRow(m_rows.bytesOf(m_band, row, top + row).data())) {

@@ -5,6 +5,7 @@
 #include <QPixmap>
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace kelplot {
 namespace {
@@ -25,6 +26,15 @@ std::optional<double> scaleOf(const QTransform& map) {
     return isSimilar && along > 0.0 && map.isAffine() ? std::optional(along) : std::nullopt;
 }
 
+/// Of the dashes of a line; more would take for ever, and are finer than anything that shows.
+constexpr double mostPeriods = 1e5;
+
+/// How long the dashes of a pen are until they begin anew; 0 for a continuous line.
+double periodOf(const QPen& pen) {
+    const QVector<qreal> entries = pen.style() == Qt::SolidLine ? QVector<qreal>() : pen.dashPattern();
+    return std::accumulate(entries.begin(), entries.end(), 0.0) * std::max(pen.widthF(), 1.0);
+}
+
 } // namespace
 
 VectorEngine::VectorEngine(VectorSink& sink) : QPaintEngine(common | sink.features()), m_sink(sink) {
@@ -36,6 +46,12 @@ bool VectorEngine::begin(QPaintDevice* /*device*/) {
 
 bool VectorEngine::end() {
     return true;
+}
+
+void VectorEngine::beginPage() {
+    m_clipsSent.clear();
+    m_sink.setClips(m_clipsSent);
+    m_clipChanged = true;
 }
 
 void VectorEngine::updateState(const QPaintEngineState& change) {
@@ -179,7 +195,11 @@ void VectorEngine::strokeOutline(const QPainterPath& line) {
     if (m_pen.style() == Qt::NoPen) {
         return;
     }
-    mapPath(QPainterPathStroker(m_pen).createStroke(line), m_shape);
+    QPainterPathStroker stroker(m_pen);
+    if (!(line.length() <= mostPeriods * periodOf(m_pen))) {
+        stroker.setDashPattern(Qt::SolidLine);
+    }
+    mapPath(stroker.createStroke(line), m_shape);
     fillShape(m_pen.brush());
 }
 

@@ -18,6 +18,8 @@ public:
 
     bool begin(QPaintDevice* device) override;
     bool end() override;
+    /// Goes on with the painter's state on a page on which the sink has no clip yet.
+    void beginPage();
     Type type() const override { return QPaintEngine::User; }
 
     void updateState(const QPaintEngineState& change) override;

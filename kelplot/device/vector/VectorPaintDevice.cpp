@@ -29,9 +29,12 @@ int VectorPaintDevice::metric(PaintDeviceMetric metric) const {
         return std::numeric_limits<int>::max();
     case PdmDepth:
         return 32;
-    default:
-        return QPaintDevice::metric(metric);
+    case PdmDevicePixelRatio:
+        return 1;
+    case PdmDevicePixelRatioScaled:
+        return static_cast<int>(devicePixelRatioFScale());
     }
+    return 0;
 }
 
 } // namespace kelplot

@@ -16,8 +16,11 @@ public:
     VectorPaintDevice(VectorSink& sink, QSize size, int unitsPerInch)
         : m_engine(sink), m_size(size), m_unitsPerInch(unitsPerInch) {}
 
-    /// Changes the size, for a further page. A painter that is at work keeps the window that it has.
-    void setSize(QSize size) { m_size = size; }
+    /// Begins a further page, which the sink has begun already. A painter that is at work keeps its state.
+    void beginPage(QSize size) {
+        m_size = size;
+        m_engine.beginPage();
+    }
 
     QPaintEngine* paintEngine() const override { return &m_engine; }
 

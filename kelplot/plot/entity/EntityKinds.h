@@ -96,7 +96,7 @@ inline Box2 boxOf(const Insert& /*reference*/, const MeasuredEntity& /*place*/) 
 
 /// What an entity of any kind covers.
 inline Box2 boxOf(const MeasuredEntity& place) {
-    return std::visit([&](const auto& geometry) { return boxOf(geometry, place); }, place.entity.geometry);
+    return visitGeometry([&](const auto& geometry) { return boxOf(geometry, place); }, place.entity);
 }
 
 } // namespace kelplot

@@ -39,6 +39,15 @@ const PenRule& PlotTools::ruleFor(const EntityStyle& style) const {
     return options.pens.ruleFor(style.colour);
 }
 
+void PlotTools::useLayer(const EntityStyle& style) {
+    const bool isTold = m_layer == style.layer;
+    if (isTold || surface.direct == nullptr || drawing.layers.size() < 2 || style.layer >= drawing.layers.size()) {
+        return;
+    }
+    m_layer = style.layer;
+    surface.direct->tellLayer(QString::fromStdString(drawing.layers[style.layer].name));
+}
+
 HT_Color PlotTools::inkOf(const EntityStyle& style, InkUse use) const {
     return inkFor(style.colour, use, ruleFor(style), options.monochrome);
 }

@@ -34,6 +34,10 @@ public:
     Pen linePen(const EntityStyle& style) const;
     void useLinePen(const EntityStyle& style) { pens.setPen(linePen(style)); }
     void useFill(const EntityStyle& style) { pens.setFill(inkOf(style, InkUse::fill), style.opacity); }
+    /// Tells the device to which layer an entity belongs, where the drawing has several.
+    void useLayer(const EntityStyle& style);
+    /// Has the next layer told anew, after other tools have told theirs.
+    void forgetLayer() { m_layer.reset(); }
     double lineTypeUnits() const { return m_lineTypeUnits; }
     /// How large the mark of a point is, in device units.
     double pointSize() const { return m_pointSize; }
@@ -52,6 +56,7 @@ public:
     size_t tintedHatches = 0;       ///< of which the pattern would take too many lines
 
 private:
+    std::optional<uint32_t> m_layer; ///< that the device was told last
     double m_lineTypeUnits;
     double m_pointSize;
     std::vector<PenRule> m_namedRules; ///< of the drawing's plot styles, in their order

@@ -41,10 +41,10 @@ std::string shownName(const std::string& name) {
 } // namespace
 
 std::string unplottedPart(const Entity& entity, const Drawing& drawing, const PatternTable& patterns) {
-    if (const auto* const unplotted = std::get_if<Unplotted>(&entity.geometry)) {
+    if (const auto* const unplotted = geometryAs<Unplotted>(entity)) {
         return drawing.unplottedKinds[unplotted->kind];
     }
-    const auto* const viewport = std::get_if<Viewport>(&entity.geometry);
+    const auto* const viewport = geometryAs<Viewport>(entity);
     if (viewport && viewport->on && viewport->perspective) {
         return "VIEWPORT in perspective";
     }
@@ -54,23 +54,23 @@ std::string unplottedPart(const Entity& entity, const Drawing& drawing, const Pa
     if (viewport && viewport->on && losesBorder(*viewport)) {
         return "clip of a VIEWPORT";
     }
-    const auto* const image = std::get_if<Image>(&entity.geometry);
+    const auto* const image = geometryAs<Image>(entity);
     if (image && image->lostBorder) {
         return "clip of an IMAGE";
     }
-    const auto* const hatch = std::get_if<Hatch>(&entity.geometry);
+    const auto* const hatch = geometryAs<Hatch>(entity);
     return hatch && !canBeDrawn(*hatch, patterns) ? "HATCH with the pattern " + shownName(hatch->pattern.name) : "";
 }
 
 bool hasLines(const Entity& entity) {
-    return std::visit(
+    return visitGeometry(
         [](const auto& geometry) {
             using Kind = std::decay_t<decltype(geometry)>;
             return !(std::is_same_v<Kind, PointEntity> || std::is_same_v<Kind, Solid> || std::is_same_v<Kind, Hatch> ||
                      std::is_same_v<Kind, Text> || std::is_same_v<Kind, MText> || std::is_same_v<Kind, Image> ||
                      std::is_same_v<Kind, Wipeout> || std::is_same_v<Kind, Unplotted>);
         },
-        entity.geometry);
+        entity);
 }
 
 } // namespace kelplot

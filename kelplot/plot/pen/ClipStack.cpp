@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plot/pen/ClipStack.h"
 
-#include <utility>
-
 namespace kelplot {
 
-ClipStack::ClipStack(HT_Renderer& renderer, const PlotTarget& target, Listener listener)
-    : m_renderer(renderer), m_listener(std::move(listener)) {
+ClipStack::ClipStack(HT_Renderer& renderer, const PlotTarget& target) : m_renderer(renderer) {
     m_regions.push_back(visibleRegion(target));
     m_renderer.SetClipRgn(m_regions.back().get());
 }
@@ -27,9 +24,6 @@ void ClipStack::pop() {
 
 void ClipStack::apply() {
     m_renderer.SetClipRgn(m_regions.back().get());
-    if (m_listener) {
-        m_listener(m_regions.size() > 1);
-    }
 }
 
 } // namespace kelplot

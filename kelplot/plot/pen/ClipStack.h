@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include <functional>
 #include <vector>
 
 #include "keldriver/Renderer.h"
@@ -12,11 +11,8 @@ namespace kelplot {
 /// The regions that a plot is cut to, each within the one before it. The last one is in force on the renderer.
 class ClipStack {
 public:
-    /// Hears of every change, and whether anything but the page cuts the plot after it.
-    using Listener = std::function<void(bool isCut)>;
-
     /// Cuts the plot to the visible part of the target's page.
-    ClipStack(HT_Renderer& renderer, const PlotTarget& target, Listener listener = {});
+    ClipStack(HT_Renderer& renderer, const PlotTarget& target);
 
     /// Cuts what is drawn from here on to what `region` has in common with the region in force, or leaves out what
     /// lies in it.
@@ -31,7 +27,6 @@ private:
     void apply();
 
     HT_Renderer& m_renderer;
-    Listener m_listener;
     std::vector<ClipRegion> m_regions;
 };
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "plot/picture/PicturePlotter.h"
 
-#include <QPainter>
-#include <QPainterPath>
 #include <algorithm>
 #include <cmath>
 
@@ -59,33 +57,6 @@ HT_RasterImagePtr reduced(const HT_RasterImage& picture, Vec2 dots) {
     return pictureOf(pixelsOf(picture).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
 }
 
-/// A picture that is see-through where its clip leaves nothing, with pixels small enough for a smooth edge.
-HT_RasterImagePtr cutOut(const HT_RasterImage& picture, const Image& image) {
-    constexpr int fineSide = 1000; // pixels
-    QImage pixels = pixelsOf(picture);
-    if (pixels.isNull()) {
-        return {};
-    }
-    const int finer = std::max(1, fineSide / std::max(pixels.width(), pixels.height()));
-    pixels = pixels.scaled(pixels.size() * finer);
-    QPolygonF polygon;
-    for (const Vec2 p : image.clip) {
-        polygon << QPointF(p.x / image.size.x * pixels.width(), p.y / image.size.y * pixels.height());
-    }
-    QPainterPath removed;
-    removed.addPolygon(polygon);
-    removed.closeSubpath();
-    if (!image.clipInverted) {
-        removed.addRect(pixels.rect());
-    }
-    QPainter painter(&pixels);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
-    painter.fillPath(removed, Qt::black);
-    painter.end();
-    return pictureOf(pixels);
-}
-
 } // namespace
 
 /// Parallel to the edges of the page as nearly as the device can tell, and within the renderer's range of numbers.
@@ -135,12 +106,6 @@ HT_RasterImagePtr PicturePlotter::fittingDevice(const Place& place, const HT_Ras
 }
 
 void PicturePlotter::drawClipped(const Image& image, const PlanMap& map, const Place& place, HT_RasterImage& picture) {
-    if (m_direct != nullptr && m_direct->passesClipsOver()) {
-        if (const HT_RasterImagePtr cut = cutOut(picture, image)) {
-            drawPixels(place, *cut);
-        }
-        return;
-    }
     m_clips.push(clipOf(image, map), ClipStack::Keeps::inside);
     drawPixels(place, picture);
     m_clips.pop();

@@ -43,7 +43,7 @@ struct Renumbering {
             entity.attributes.layer = at(layers, entity.attributes.layer, 0U);
             entity.attributes.lineType = at(lineTypes, entity.attributes.lineType, entity.attributes.lineType);
             entity.attributes.plotStyle = at(plotStyles, entity.attributes.plotStyle, entity.attributes.plotStyle);
-            std::visit(*this, entity.geometry);
+            visitGeometry(*this, entity);
         }
     }
 

@@ -30,13 +30,13 @@ void sortByHandles(std::vector<Entity>& entities, const SortHandles& handles) {
 void stackViewports(std::vector<Entity>& entities) {
     std::vector<size_t> places;
     for (size_t i = 0; i < entities.size(); ++i) {
-        if (std::holds_alternative<Viewport>(entities[i].geometry)) {
+        if (geometryAs<Viewport>(entities[i]) != nullptr) {
             places.push_back(i);
         }
     }
     const auto liesBelow = [&](size_t left, size_t right) {
-        const int below = std::get<Viewport>(entities[left].geometry).stackNumber;
-        const int above = std::get<Viewport>(entities[right].geometry).stackNumber;
+        const int below = geometryAs<Viewport>(entities[left])->stackNumber;
+        const int above = geometryAs<Viewport>(entities[right])->stackNumber;
         return above != 0 && (below == 0 || below > above);
     };
     std::vector<size_t> order = places;

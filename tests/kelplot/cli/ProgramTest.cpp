@@ -47,4 +47,24 @@ TEST(Kelplot, TextsOfAPdfCanBeSearchedUnlessTheyAreOutlines) {
     }
 }
 
+TEST(Kelplot, StandardOutputTakesNothingButThePlot) {
+    const TemporaryDirectory directory;
+    directory.write("line.dxf", "0\nSECTION\n2\nENTITIES\n0\nLINE\n11\n500\n0\nENDSEC\n0\nEOF\n");
+    const struct {
+        const char* arguments;
+        const char* output;   ///< the last line
+        const char* messages; ///< the last words
+    } rows[] = {{"-", "%%EOF\n", ""},
+                {"- line.dxf", "%%EOF\n", "line.pdf\n"},
+                {"-o - line.dxf", "%%EOF\n", ""},
+                {"-t d -", "d/drawing.pdf\n", ""},
+                {"--save-paper Own --paper 100x100 -o - line.dxf", "%%EOF\n", "saved as \"Own\"\n"}};
+    for (const auto& row : rows) {
+        const QString command = QString(KELPLOT_PROGRAM " %1 <line.dxf | tail -n 1").arg(row.arguments);
+        const Outcome outcome = run(directory, {"-c", command}, "/bin/sh");
+        EXPECT_EQ(outcome.output, row.output) << row.arguments;
+        EXPECT_EQ(outcome.messages.section(' ', -3), row.messages) << row.arguments;
+    }
+}
+
 } // namespace

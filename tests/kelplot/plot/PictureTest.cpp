@@ -46,7 +46,7 @@ protected:
     void plot(const PlotStyleOptions& style = {}) { page = paintedPage(drawing, target, style, &report); }
     /// What the page shows at a point of the picture.
     QRgb at(double x, double y) const {
-        const auto& image = std::get<Image>(drawing.modelSpace.back().geometry);
+        const Image& image = *geometryAs<Image>(drawing.modelSpace.back());
         const Vec2 p = PlanMap(target.toDevice).mapPoint(image.pointAt({x, y}));
         return page.pixel(static_cast<int>(std::floor(p.x)), static_cast<int>(std::floor(p.y)));
     }

@@ -70,7 +70,7 @@ size_t kept(const Drawing& drawing) {
     size_t count = 0;
     const auto add = [&](const std::vector<Entity>& entities) {
         for (const Entity& entity : entities) {
-            count += (std::holds_alternative<Kinds>(entity.geometry) || ...) ? 1 : 0;
+            count += ((geometryAs<Kinds>(entity) != nullptr) || ...) ? 1 : 0;
         }
     };
     add(drawing.modelSpace);

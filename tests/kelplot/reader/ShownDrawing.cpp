@@ -24,7 +24,7 @@ public:
     std::string text(const Entity& entity) const {
         const Attributes& own = entity.attributes;
         const std::string colour = text(own.colour);
-        return std::visit([&](const auto& geometry) { return text(geometry); }, entity.geometry) +
+        return visitGeometry([&](const auto& geometry) { return text(geometry); }, entity) +
                unless(" extruded ", entity.extrusion, Vec3{0, 0, 1}) +
                (own.layer != 0 ? " on " + m_drawing.layers.at(own.layer).name : "") +
                (own.visible ? "" : " invisible") + (colour != "byLayer" ? " colour " + colour : "") +

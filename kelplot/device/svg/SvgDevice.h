@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #pragma once
 
-#include <QSvgGenerator>
-
 #include "device/OutputDevice.h"
-#include "device/SvgClipStream.h"
+#include "device/svg/SvgSink.h"
+#include "device/vector/VectorPaintDevice.h"
 
 namespace kelplot {
 
@@ -15,14 +14,14 @@ public:
 
     DeviceGrid grid() const override;
     QPainter& painter() override { return m_painter; }
-    void clipChanged(bool isCut) override;
     void finish() override;
 
 private:
     QString m_path;
     OutputFile m_file;
-    SvgClipStream m_stream;
-    QSvgGenerator m_generator;
+    QSize m_size;
+    SvgSink m_sink;
+    VectorPaintDevice m_device;
     QPainter m_painter;
 };
 

@@ -1,0 +1,294 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainterPath>
+#include <QPdfWriter>
+#include <cmath>
+#include <functional>
+
+#include "device/pdf/PdfDevice.h"
+#include "kelplot/cli/KelplotRun.h"
+#include "page/DeviceGrid.h"
+
+// What a painter draws, through the device and by Qt's own means, as the same program shows both.
+
+namespace kelplot {
+namespace {
+
+using Paint = std::function<void(QPainter&)>;
+
+constexpr SheetSize sheet{76.2, 50.8}; // 216 x 144 points
+constexpr int dotsPerInch = 150;
+
+QImage pageOf(const TemporaryDirectory& directory, const QString& name) {
+    EXPECT_EQ(run(directory, {"--check", name}, "qpdf").status, 0);
+    EXPECT_EQ(run(directory, {"-r", QString::number(dotsPerInch), "-singlefile", name, "page"}, "pdftoppm").status, 0);
+    return QImage(QString::fromStdString(directory.path("page.ppm"))).convertToFormat(QImage::Format_RGB32);
+}
+
+/// Draws through the device.
+QImage drawn(const TemporaryDirectory& directory, const std::function<void(PdfDevice&)>& draw) {
+    PdfDevice device({QString::fromStdString(directory.path("own.pdf")), "", sheet});
+    draw(device);
+    device.finish();
+    return pageOf(directory, "own.pdf");
+}
+
+QImage drawnByQtToPdf(const TemporaryDirectory& directory, const Paint& paint) {
+    QPdfWriter writer(QString::fromStdString(directory.path("qt.pdf")));
+    writer.setPageLayout({QPageSize(QSizeF(216, 144), QPageSize::Point), QPageLayout::Portrait, QMarginsF()});
+    writer.setResolution(fineDotsPerInch);
+    QPainter painter(&writer);
+    paint(painter);
+    painter.end();
+    return pageOf(directory, "qt.pdf");
+}
+
+QImage drawnByQtToImage(const TemporaryDirectory&, const Paint& paint) {
+    QImage image(450, 300, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setWindow(0, 0, 7620, 5080);
+    paint(painter);
+    return image;
+}
+
+/// How many pixels of `a` have a colour part that none within `reach` of them in `b` comes near: edges that are
+/// smoothed otherwise do not count.
+int strangers(const QImage& a, const QImage& b, int tolerance, int reach) {
+    int count = 0;
+    const int side = 2 * reach + 1;
+    for (int y = reach; y + reach < a.height(); ++y) {
+        for (int x = reach; x + reach < a.width(); ++x) {
+            bool isStranger = false;
+            for (const int shift : {0, 8, 16}) {
+                int least = 255, most = 0;
+                for (int i = 0; i < side * side; ++i) {
+                    const int part =
+                        static_cast<int>(b.pixel(x + i % side - reach, y + i / side - reach) >> shift & 0xFFU);
+                    least = std::min(least, part);
+                    most = std::max(most, part);
+                }
+                const int part = static_cast<int>(a.pixel(x, y) >> shift & 0xFFU);
+                isStranger = isStranger || part < least - tolerance || part > most + tolerance;
+            }
+            count += isStranger ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+void expectAlike(const QImage& own, const QImage& other, const char* name, int allowed = 8, int reach = 1) {
+    constexpr int tolerance = 48;
+    ASSERT_EQ(own.size(), other.size()) << name;
+    const int different = strangers(own, other, tolerance, reach) + strangers(other, own, tolerance, reach);
+    EXPECT_LE(different, allowed) << name;
+}
+
+QPainterPath star() {
+    QPainterPath path;
+    for (int i = 0; i < 5; ++i) {
+        const QPointF point(3000 + 2000 * std::sin(i * 4 * M_PI / 5), 2500 - 2000 * std::cos(i * 4 * M_PI / 5));
+        i == 0 ? path.moveTo(point) : path.lineTo(point);
+    }
+    path.closeSubpath();
+    path.addEllipse(5000, 500, 2000, 1500);
+    return path;
+}
+
+QImage picture(QImage::Format format) {
+    QImage image(8, 6, QImage::Format_ARGB32);
+    for (int y = 0; y < 6; ++y) {
+        for (int x = 0; x < 8; ++x) {
+            image.setPixel(x, y, qRgba(x * 36, y * 50, 128, (x + y) % 4 == 0 ? 0 : 255));
+        }
+    }
+    return image.convertToFormat(format);
+}
+
+void drawPictures(QPainter& painter) {
+    int column = 0;
+    for (const auto format : {QImage::Format_RGB32, QImage::Format_ARGB32, QImage::Format_Grayscale8,
+                              QImage::Format_Indexed8, QImage::Format_Mono}) {
+        painter.drawImage(QRectF(300 + 1400 * column, 300, 1200, 1800), picture(format));
+        painter.save();
+        painter.translate(1200 + 1400 * column++, 3200);
+        painter.rotate(90);
+        painter.scale(1, -1);
+        painter.drawImage(QRectF(-600, -600, 1200, 1200), picture(format), QRectF(2, 1, 4, 4));
+        painter.restore();
+    }
+}
+
+void drawPens(QPainter& painter) {
+    int row = 0;
+    for (const Qt::PenCapStyle cap : {Qt::FlatCap, Qt::SquareCap, Qt::RoundCap}) {
+        for (const Qt::PenJoinStyle join : {Qt::MiterJoin, Qt::BevelJoin, Qt::RoundJoin}) {
+            painter.setPen(
+                QPen(QColor(40 * row, 0, 200), 150, row % 2 == 0 ? Qt::SolidLine : Qt::DashDotLine, cap, join));
+            const QPointF points[] = {{300 + 750.0 * row, 4700}, {600 + 750.0 * row, 300}, {900 + 750.0 * row, 4700}};
+            painter.drawPolyline(points, 3);
+            ++row;
+        }
+    }
+}
+
+void drawClips(QPainter& painter) {
+    painter.setClipPath(star());
+    painter.fillRect(0, 0, 8000, 2500, Qt::red);
+    painter.save();
+    painter.setClipRect(1000, 1000, 5000, 2000, Qt::IntersectClip);
+    painter.fillRect(0, 0, 8000, 5000, Qt::blue);
+    painter.restore();
+    painter.fillRect(0, 4000, 8000, 500, Qt::green);
+    painter.setClipping(false);
+    painter.drawRect(100, 100, 7000, 4800);
+}
+
+void drawOpacities(QPainter& painter) {
+    for (int i = 0; i < 6; ++i) {
+        painter.setOpacity(1.0 - i * 0.15);
+        painter.setPen(QPen(QColor(255, 0, 0, 128), 300));
+        painter.setBrush(QColor(0, 40 * i, 255, 200));
+        painter.drawEllipse(300 + 900 * i, 500, 2000, 3500);
+    }
+}
+
+void drawBlends(QPainter& painter) {
+    int column = 0;
+    painter.fillRect(0, 0, 7620, 5080, Qt::white); // else what is blended with is the colour of the paper, or nothing
+    for (const auto mode : {QPainter::CompositionMode_Multiply, QPainter::CompositionMode_Screen,
+                            QPainter::CompositionMode_Darken, QPainter::CompositionMode_Difference}) {
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+        painter.fillRect(300 + 1800 * column, 500, 1500, 2500, QColor(230, 180, 40));
+        painter.setCompositionMode(mode);
+        painter.fillRect(600 + 1800 * column++, 1500, 1500, 2500, QColor(60, 200, 120));
+    }
+}
+
+void drawGradients(QPainter& painter) {
+    int column = 0;
+    for (const auto spread : {QGradient::PadSpread, QGradient::RepeatSpread, QGradient::ReflectSpread}) {
+        QLinearGradient linear(1000, 500, 1700, 900);
+        QRadialGradient radial(1200, 3700, 500, 1100, 3600);
+        for (QGradient* const gradient : {static_cast<QGradient*>(&linear), static_cast<QGradient*>(&radial)}) {
+            gradient->setColorAt(0.1, Qt::yellow);
+            gradient->setColorAt(0.6, Qt::blue);
+            gradient->setColorAt(1.0, Qt::red);
+            gradient->setSpread(spread);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(*gradient);
+            painter.drawRect(300, gradient == &linear ? 200 : 2700, 1900, 2200);
+        }
+        painter.translate(2400, 60 * ++column);
+    }
+}
+
+void drawBrushes(QPainter& painter) {
+    painter.scale(101.6, 101.6); // a pattern's pixel becomes six of the page: readers round tiles to whole ones
+    int column = 0;
+    for (const Qt::BrushStyle style : {Qt::Dense3Pattern, Qt::HorPattern, Qt::VerPattern, Qt::CrossPattern}) {
+        painter.fillRect(QRectF(3 + 18 * column++, 3, 16, 20), QBrush(Qt::darkGreen, style));
+    }
+    QBrush texture(picture(QImage::Format_ARGB32));
+    texture.setTransform(QTransform::fromScale(2, 2));
+    painter.fillRect(QRectF(3, 28, 40, 20), texture);
+    painter.setPen(QPen(QBrush(Qt::red, Qt::Dense4Pattern), 6));
+    painter.drawLine(50, 38, 70, 38);
+}
+
+struct Row {
+    const char* name;
+    QImage (*other)(const TemporaryDirectory&, const Paint&);
+    void (*paint)(QPainter&);
+    int reach = 1; ///< pixels by which a reader may be off
+};
+
+TEST(PdfDevice, ShowsWhatQtShows) {
+    const Row rows[] = {
+        {"shapes", drawnByQtToPdf,
+         [](QPainter& painter) {
+             painter.drawPath(star());
+             painter.fillPath(star(), Qt::cyan);
+         }},
+        {"pens", drawnByQtToPdf, drawPens},
+        {"clips", drawnByQtToPdf, drawClips},
+        {"opacities", drawnByQtToPdf, drawOpacities},
+        {"pictures", drawnByQtToImage, drawPictures},
+        {"blends", drawnByQtToImage, drawBlends},
+        {"gradients", drawnByQtToImage, drawGradients},
+        {"brushes", drawnByQtToImage, drawBrushes, 3},
+    };
+    for (const Row& row : rows) {
+        const TemporaryDirectory directory;
+        const QImage own = drawn(directory, [&](PdfDevice& device) { row.paint(device.painter()); });
+        expectAlike(own, row.other(directory, row.paint), row.name, 8, row.reach);
+    }
+}
+
+struct TextRow {
+    const char* family;
+    bool isItalic;
+    QString text;
+    QTransform place;
+};
+
+void showOutlines(QPainter& painter, const QFont& font, const TextRow& row) {
+    QPainterPath outlines;
+    outlines.addText(0.0, 0.0, font, row.text);
+    painter.setTransform(row.place);
+    painter.fillPath(outlines, Qt::darkBlue);
+}
+
+TEST(PdfDevice, LeavesNoStateToTheNextPage) {
+    const TemporaryDirectory directory;
+    QPolygonF longLine; // more than is handed on at once, as the last thing on its page
+    for (int i = 0; i < 150'000; ++i) {
+        longLine << QPointF(i * 7919 % 500, i * 104729 % 500);
+    }
+    drawn(directory, [&](PdfDevice& device) {
+        device.painter().setClipRect(100, 100, 500, 500);
+        device.layerChanged("a");
+        device.painter().drawPolyline(longLine);
+        device.nextPage(sheet, "next");
+        device.painter().drawRect(0, 0, 900, 900);
+    });
+    for (const char* const page : {"1", "2"}) {
+        const Outcome outcome = run(directory, {"-f", page, "-l", page, "-r", "20", "own.pdf", "p"}, "pdftoppm");
+        EXPECT_EQ(outcome.messages.toStdString(), "") << "page " << page;
+    }
+}
+
+TEST(PdfDevice, TextsLieWhereTheirOutlinesLieAndCanBeReadBack) {
+    const QTransform level = QTransform::fromTranslate(300, 2500).scale(0.6, 0.6);
+    const TextRow rows[] = {
+        {"DejaVu Sans", false, "AVATo ffi ffl", level},
+        {"DejaVu Sans", false, "Größe Ø25 ±0,1", QTransform::fromTranslate(300, 2500).scale(0.4, 0.8)},
+        {"DejaVu Sans", false, QString::fromUtf8("x\u0304\u0323y\u0302"), level},
+        {"DejaVu Sans", false, "Жук Ωμέγα 轴承盖", level},
+        {"DejaVu Sans", false, "שלום עולם", level},
+        {"DejaVu Sans", false, "مرحبا", level},
+        {"osifont", true, "leaning", level},
+        {"Liberation Serif", false, "on a slope", QTransform::fromTranslate(900, 4500).rotate(-30).scale(0.7, 0.7)},
+        {"Liberation Serif", true, "mirrored", QTransform::fromTranslate(5900, 2500).scale(-0.7, 0.7)},
+    };
+    for (const TextRow& row : rows) {
+        const TemporaryDirectory directory;
+        QFont font(row.family, -1, QFont::Normal, row.isItalic);
+        font.setPixelSize(1024);
+        font.setStyleStrategy(QFont::PreferAntialias);
+        const QImage texts = drawn(directory, [&](PdfDevice& device) {
+            EXPECT_TRUE(device.drawText({row.text, font, row.place, Qt::darkBlue}));
+        });
+        const QString read = run(directory, {"own.pdf", "-"}, "pdftotext").output;
+        EXPECT_EQ(read.trimmed().remove(QChar(0x202A)).remove(QChar(0x202B)).remove(QChar(0x202C)).toStdString(),
+                  row.text.toStdString());
+        expectAlike(texts, drawn(directory, [&](PdfDevice& device) { showOutlines(device.painter(), font, row); }),
+                    row.text.toUtf8().constData(), 12);
+    }
+}
+
+} // namespace
+} // namespace kelplot

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <cmath>
+#include <limits>
+#include <random>
+
+#include "device/pdf/PdfDevice.h"
+#include "support/TemporaryDirectory.h"
+
+namespace kelplot {
+namespace {
+
+TEST(PdfBytes, NumbersHaveNoMoreDigitsThanTheyNeed) {
+    struct Row {
+        double number;
+        int decimals;
+        const char* text;
+    };
+    const Row rows[] = {
+        {0.0, 1, "0 "},
+        {-0.04, 1, "0 "},
+        {0.05001, 1, ".1 "},
+        {-0.5, 1, "-.5 "},
+        {12.96, 1, "13 "},
+        {-120.0, 1, "-120 "},
+        {1234567.89, 1, "1234567.9 "},
+        {1e9, 1, "1000000000 "},
+        {-1.0203, 4, "-1.0203 "},
+        {2.0, 8, "2 "},
+        {1e300, 0, "9000000000000000 "},
+        {std::nan(""), 1, "0 "},
+        {std::numeric_limits<double>::infinity(), 1, "0 "},
+    };
+    for (const Row& row : rows) {
+        PdfBytes bytes;
+        bytes.decimal(row.number, row.decimals);
+        EXPECT_EQ(bytes.view(), row.text) << row.number;
+    }
+}
+
+/// Draws more than waits to be written at a time, by chance but always the same.
+void drawMuch(QPainter& painter, int lines) {
+    std::minstd_rand random(7);
+    for (int i = 0; i < lines; ++i) {
+        QPointF points[20];
+        for (QPointF& point : points) {
+            point = QPointF(static_cast<int>(random() % 9000), static_cast<int>(random() % 9000));
+        }
+        painter.drawPolyline(points, 20);
+    }
+}
+
+TEST(PdfDevice, WritesTheSameBytesAgain) {
+    qputenv("SOURCE_DATE_EPOCH", "1700000000");
+    const TemporaryDirectory directory;
+    for (const char* const name : {"first.pdf", "second.pdf"}) {
+        PdfDevice device({QString::fromStdString(directory.path(name)), "Title", {100, 100}});
+        drawMuch(device.painter(), 20000);
+        device.finish();
+    }
+    qunsetenv("SOURCE_DATE_EPOCH");
+    EXPECT_GT(directory.read("first.pdf").size(), 1U << 20);
+    EXPECT_TRUE(directory.read("first.pdf") == directory.read("second.pdf"));
+}
+
+TEST(PdfDevice, AFailureOfTheWritingThreadReachesTheCaller) {
+    for (const int lines : {1, 40000}) {
+        PdfDevice device({"/dev/full", "", {100, 100}});
+        EXPECT_THROW(
+            {
+                drawMuch(device.painter(), lines);
+                device.finish();
+            },
+            OutputError)
+            << lines;
+    }
+}
+
+} // namespace
+} // namespace kelplot
