@@ -4,6 +4,8 @@
 #include <QRectF>
 #include <cmath>
 
+#include "device/vector/ShapeParts.h"
+
 namespace kelplot {
 namespace {
 
@@ -18,23 +20,35 @@ void PdfPath::paint(std::string_view operation) {
         m_bytes << operation;
         return;
     }
-    const QPointF start(std::round(m_shape.elements[0].x), std::round(m_shape.elements[0].y));
-    const bool isMapped = m_shape.elements.size() >= fewestMapped && start != m_origin;
-    if (isMapped) {
-        m_bytes << "q 1 0 0 1 ";
-        m_bytes.decimal(start.x() - m_origin.x(), 0).decimal(start.y() - m_origin.y(), 0) << "cm\n";
-        m_origin = start;
+    const size_t count = m_shape.elements.size();
+    if (count < fewestMapped) {
+        m_bytes << (writeSubpaths(0, count) ? operation : "");
+        return;
     }
-    if (writeSubpaths()) {
-        m_bytes << operation;
+    std::vector<size_t> parts = m_use == PathUse::area ? partsOfArea(m_shape) : std::vector<size_t>{0};
+    m_originDecimals = parts.size() > 1 ? m_decimals : 0;
+    parts.push_back(count);
+    m_bytes << "q ";
+    for (size_t i = 0; i + 1 < parts.size(); ++i) {
+        moveOrigin(m_shape.elements[parts[i]]);
+        m_bytes << (writeSubpaths(parts[i], parts[i + 1]) ? operation : "");
     }
-    if (isMapped) {
-        m_bytes << "Q\n";
-    }
+    m_bytes << "Q\n";
+}
+
+/// Has coordinates counted from a point, so that equal shapes get equal ones wherever they lie.
+void PdfPath::moveOrigin(const PageShape::Element& point) {
+    const double steps = m_originDecimals == 0 ? 1.0 : 10.0;
+    const QPointF place(std::round(point.x * steps) / steps, std::round(point.y * steps) / steps);
+    m_bytes << "1 0 0 1 ";
+    m_bytes.decimal(place.x() - m_place.x(), m_originDecimals).decimal(place.y() - m_place.y(), m_originDecimals)
+        << "cm\n";
+    m_place = place;
+    m_origin = m_originDecimals == 0 ? place : QPointF(point.x, point.y);
 }
 
 void PdfPath::write() {
-    if (!writeRectangle() && !writeSubpaths()) {
+    if (!writeRectangle() && !writeSubpaths(0, m_shape.elements.size())) {
         m_bytes << "0 0 0 0 re\n"; // an empty path would not count
     }
 }
@@ -66,9 +80,9 @@ bool PdfPath::writeRectangle() {
     return true;
 }
 
-bool PdfPath::writeSubpaths() {
+bool PdfPath::writeSubpaths(size_t from, size_t end) {
     bool isAny = false;
-    for (size_t from = 0; from < m_shape.elements.size();) {
+    while (from < end) {
         const size_t to = m_shape.endOfSubpath(from);
         if (to - from > 1) {
             writeSubpath(from, to);

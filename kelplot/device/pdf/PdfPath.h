@@ -15,7 +15,7 @@ class PdfPath {
 public:
     /// @param base  a point of whole page units where the coordinates begin that are in force
     PdfPath(PdfBytes& bytes, const PageShape& shape, PathUse use, QPointF base = {})
-        : m_bytes(bytes), m_shape(shape), m_use(use), m_origin(base) {}
+        : m_bytes(bytes), m_shape(shape), m_use(use), m_place(base), m_origin(base) {}
 
     /// Writes the shape and the operator that paints it.
     void paint(std::string_view operation);
@@ -24,7 +24,8 @@ public:
 
 private:
     bool writeRectangle();
-    bool writeSubpaths();
+    void moveOrigin(const PageShape::Element& point);
+    bool writeSubpaths(size_t from, size_t end);
     void writeSubpath(size_t from, size_t to);
     void put(const PageShape::Element& element);
     int decimalsNeeded() const;
@@ -33,7 +34,9 @@ private:
     const PageShape& m_shape;
     PathUse m_use;
     int m_decimals = 1;
-    QPointF m_origin; ///< from which coordinates are counted
+    int m_originDecimals = 0;
+    QPointF m_place;  ///< where the coordinates begin that are in force
+    QPointF m_origin; ///< from which coordinates are counted; as near to that as they are exact
 };
 
 } // namespace kelplot
