@@ -35,6 +35,16 @@ double periodOf(const QPen& pen) {
     return std::accumulate(entries.begin(), entries.end(), 0.0) * std::max(pen.widthF(), 1.0);
 }
 
+/// No shorter than the path; Qt measures curves of great size without an end.
+double longestOf(const QPainterPath& path) {
+    double length = 0.0;
+    for (int i = 1; i < path.elementCount(); ++i) {
+        const QPointF side = QPointF(path.elementAt(i)) - QPointF(path.elementAt(i - 1));
+        length += std::hypot(side.x(), side.y());
+    }
+    return length;
+}
+
 } // namespace
 
 VectorEngine::VectorEngine(VectorSink& sink) : QPaintEngine(common | sink.features()), m_sink(sink) {
@@ -196,7 +206,7 @@ void VectorEngine::strokeOutline(const QPainterPath& line) {
         return;
     }
     QPainterPathStroker stroker(m_pen);
-    if (!(line.length() <= mostPeriods * periodOf(m_pen))) {
+    if (!(longestOf(line) <= mostPeriods * periodOf(m_pen))) {
         stroker.setDashPattern(Qt::SolidLine);
     }
     mapPath(stroker.createStroke(line), m_shape);
