@@ -90,7 +90,7 @@ void PdfContent::endCopy() {
 /// Begins a run within a copy, unless there is one already.
 void PdfContent::beginRun(QPointF at) {
     const QPointF base(std::round(at.x()), std::round(at.y()));
-    const bool isNear = std::max(std::abs(base.x()), std::abs(base.y())) <= PdfForms::farthest;
+    const bool isNear = std::abs(base.x()) <= PdfForms::farthest && std::abs(base.y()) <= PdfForms::farthest;
     if (m_copies == 0 || m_run || !isNear) {
         return;
     }

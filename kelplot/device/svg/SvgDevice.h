@@ -14,6 +14,7 @@ public:
 
     DeviceGrid grid() const override;
     QPainter& painter() override { return m_painter; }
+    void layerChanged(const QString& name) override { m_sink.setLayer(name); }
     void pictureFollows(const QByteArray& file) override { m_sink.setPictureFile(file); }
     void finish() override;
 

@@ -115,18 +115,27 @@ void SvgSink::setClips(const std::vector<PageShape>& clips) {
     m_clip = cutting.empty() ? QByteArray() : nameOfClips(cutting);
 }
 
-void SvgSink::closeGroups() {
+void SvgSink::closeLayer() {
     if (!m_style.isEmpty()) {
         m_stream << "</g>\n";
     }
-    if (!m_groupClip.isEmpty()) {
+    if (!m_groupLayer.isEmpty()) {
         m_stream << "</g>\n";
     }
     m_style.clear();
+    m_groupLayer.clear();
+}
+
+void SvgSink::closeGroups() {
+    closeLayer();
+    if (!m_groupClip.isEmpty()) {
+        m_stream << "</g>\n";
+    }
     m_groupClip.clear();
 }
 
-/// Sees to it that a group with these attributes is open.
+/// Sees to it that a group with these attributes is open, within one for the layer and that within one for the clip:
+/// layers change more often than clips.
 void SvgSink::useStyle(const QByteArray& style) {
     if (m_groupClip != m_clip) {
         closeGroups();
@@ -134,6 +143,13 @@ void SvgSink::useStyle(const QByteArray& style) {
             m_stream << "<g clip-path=\"url(#" << m_clip << ")\">\n";
         }
         m_groupClip = m_clip;
+    }
+    if (m_groupLayer != m_layer) {
+        closeLayer();
+        if (!m_layer.isEmpty()) {
+            m_stream << "<g data-layer=\"" << m_layer << "\">\n";
+        }
+        m_groupLayer = m_layer;
     }
     if (m_style != style) {
         if (!m_style.isEmpty()) {
@@ -155,6 +171,9 @@ void SvgSink::beginElement(const char* element, const QByteArray& style, const P
     }
     closeGroups();
     m_stream << "<" << element << style;
+    if (!m_layer.isEmpty()) {
+        m_stream << " data-layer=\"" << m_layer << "\"";
+    }
     if (!m_clip.isEmpty()) {
         m_stream << attribute("clip-path", "url(#" + m_clip + ")");
     }

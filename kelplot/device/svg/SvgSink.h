@@ -24,6 +24,9 @@ public:
     /// The file from which the images that are drawn next come, if they come from one.
     void setPictureFile(const QByteArray& file) { m_paints.setFile(file); }
 
+    /// What is drawn from here on belongs to a layer; an empty name: to none.
+    void setLayer(const QString& name) { m_layer = name; }
+
     /// Ends the document.
     void finish();
 
@@ -39,6 +42,7 @@ private:
     QByteArray nameOfClips(const std::vector<PageShape>& clips);
     void useStyle(const QByteArray& style);
     void closeGroups();
+    void closeLayer();
     void beginElement(const char* element, const QByteArray& style, const PageBlend& blend);
     QByteArray penStyle(const QPen& pen, double opacity) const;
 
@@ -52,6 +56,8 @@ private:
     int m_clipCount = 0;
     QByteArray m_clip;      ///< the name of the clip in force; empty: none
     QByteArray m_groupClip; ///< of the group that is open
+    QString m_layer;        ///< of what is drawn next; empty: none
+    QString m_groupLayer;   ///< of the group that is open within that
     QPen m_pen{Qt::NoPen};  ///< that was used last
     double m_penOpacity = 1.0;
     QByteArray m_penStyle; ///< its attributes

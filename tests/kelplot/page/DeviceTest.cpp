@@ -15,11 +15,11 @@ namespace kelplot {
 namespace {
 
 /// What is drawn with a device, as an SVG document without its head.
-QByteArray documentOf(const std::function<void(QPainter& painter)>& draw, const QString& title = {}) {
+QByteArray documentOfDevice(const std::function<void(OutputDevice&)>& draw, const QString& title = {}) {
     const TemporaryDirectory directory;
     const auto device = createOutputDevice(OutputFormat::svg,
                                            {QString::fromStdString(directory.path("plot.svg")), title, {25.4, 25.4}});
-    draw(device->painter());
+    draw(*device);
     device->finish();
     const QByteArray document = QByteArray::fromStdString(directory.read("plot.svg"));
     QXmlStreamReader reader(document);
@@ -30,6 +30,10 @@ QByteArray documentOf(const std::function<void(QPainter& painter)>& draw, const 
     EXPECT_TRUE(document.contains("width=\"25.4mm\" height=\"25.4mm\" viewBox=\"0 0 2540 2540\""));
     const QByteArray endOfHead = "</desc>\n", end = "</svg>\n";
     return document.mid(document.indexOf(endOfHead) + endOfHead.size()).chopped(end.size());
+}
+
+QByteArray documentOf(const std::function<void(QPainter&)>& draw, const QString& title = {}) {
+    return documentOfDevice([&](OutputDevice& device) { draw(device.painter()); }, title);
 }
 
 TEST(SvgDevice, WritesStateWhereItChanges) {
@@ -86,6 +90,36 @@ TEST(SvgDevice, NestsClipsAndKeepsThem) {
                   pen + " clip-path=\"url(#c3)\" style=\"mix-blend-mode:multiply\" d=\"M0 2h9\"/>\n" +
                   "<g clip-path=\"url(#c1)\">\n<g" + pen + ">\n<path d=\"M0 3h9\"/>\n</g>\n</g>\n<g" + pen +
                   ">\n<path d=\"M0 4h9\"/>\n</g>\n");
+}
+
+TEST(SvgDevice, GroupsByLayersWithinClips) {
+    const QByteArray document = documentOfDevice([](OutputDevice& device) {
+        QPainter& painter = device.painter();
+        painter.setPen(QPen(Qt::black, 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawLine(0, 0, 9, 0);
+        device.layerChanged("a<\"b\">");
+        painter.setClipRect(QRect(5, 6, 70, 80));
+        painter.drawLine(0, 1, 9, 1);
+        device.layerChanged("never drawn on");
+        device.layerChanged("c");
+        painter.drawLine(0, 2, 9, 2);
+        painter.setCompositionMode(QPainter::CompositionMode_Multiply);
+        painter.drawLine(0, 3, 9, 3);
+        device.layerChanged("");
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+        painter.drawLine(0, 4, 9, 4);
+    });
+    const std::string pen = " stroke=\"#000000\" stroke-width=\"1\"", clip = " clip-path=\"url(#c1)\"";
+    const auto line = [&](const char* y) {
+        return "<g" + pen + ">\n<path d=\"M0 " + y + "h9\"/>\n</g>\n";
+    };
+    EXPECT_EQ(document.toStdString(),
+              line("0") +
+                  "<clipPath id=\"c1\"><rect x=\"5\" y=\"6\" width=\"70\" height=\"80\"/></clipPath>\n"
+                  "<g clip-path=\"url(#c1)\">\n<g data-layer=\"a&lt;&quot;b&quot;&gt;\">\n" +
+                  line("1") + "</g>\n<g data-layer=\"c\">\n" + line("2") + "</g>\n</g>\n<path" + pen +
+                  " data-layer=\"c\"" + clip + " style=\"mix-blend-mode:multiply\" d=\"M0 3h9\"/>\n<g" + clip + ">\n" +
+                  line("4") + "</g>\n");
 }
 
 TEST(SvgDevice, WritesAnImageOnceAndGradientsAndPatternsInPlace) {
