@@ -125,7 +125,7 @@ def write_blocks(writer):
 def write_mixed(writer, count):
     columns = math.ceil(math.sqrt(count))
     for i in range(count):
-        kind = MIX[i % 20]
+        kind = MIX[i % len(MIX)]
         kind(writer, CELL * (i % columns), CELL * (i // columns))
 
 

@@ -168,7 +168,7 @@ bool PrintJob::hasLeft(QString& words) const {
     return now.number == 0 || now.number == IPP_JSTATE_COMPLETED;
 }
 
-void PrintJob::follow(const std::function<void(const QString&)>& tell) {
+void PrintJob::follow(const std::function<void(const QString&)>& tell) const {
     constexpr std::chrono::milliseconds pause(300);
     QString told;
     QString words;

@@ -9,7 +9,7 @@
 #include "page/SheetSize.h"
 #include "print/Printers.h"
 
-struct _cups_dinfo_s;
+struct _cups_dinfo_s; // NOLINT(bugprone-reserved-identifier): the name is the print library's
 
 namespace kelplot {
 
@@ -47,7 +47,7 @@ public:
     /// Waits until the job has left the queue. Throws `PrintError` if it was aborted or cancelled.
     ///
     /// @param tell  hears what the queue says of the job, whenever that changes
-    void follow(const std::function<void(const QString&)>& tell);
+    void follow(const std::function<void(const QString&)>& tell) const;
 
     /// By which the queue knows it, "PRINTER-7".
     QString name() const;

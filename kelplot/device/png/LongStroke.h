@@ -4,6 +4,7 @@
 #include <QPainterPath>
 #include <QPen>
 #include <QTransform>
+#include <utility>
 
 class QPainter;
 
@@ -18,7 +19,9 @@ namespace kelplot {
 class LongStroke {
 public:
     /// @param toPixels  from the coordinates of the lines to pixels
-    LongStroke(const QPen& pen, const QTransform& toPixels) : m_pen(pen), m_toPixels(toPixels) {}
+    LongStroke(QPen pen, const QTransform& toPixels)
+        : m_pen(std::move(pen)), m_toPixels(toPixels) {
+    } // NOLINT(modernize-pass-by-value): moving a QTransform copies it
 
     /// Tells whether the pen draws such lines at all: others are drawn by other means.
     bool applies() const;
