@@ -19,9 +19,7 @@ namespace kelplot {
 class LongStroke {
 public:
     /// @param toPixels  from the coordinates of the lines to pixels
-    LongStroke(QPen pen, const QTransform& toPixels)
-        : m_pen(std::move(pen)), m_toPixels(toPixels) {
-    } // NOLINT(modernize-pass-by-value): moving a QTransform copies it
+    LongStroke(QPen pen, QTransform toPixels) : m_pen(std::move(pen)), m_toPixels(std::move(toPixels)) {}
 
     /// Tells whether the pen draws such lines at all: others are drawn by other means.
     bool applies() const;
