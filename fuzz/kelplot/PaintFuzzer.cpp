@@ -50,8 +50,8 @@ public:
 private:
     bool flag() { return m_input.take<uint8_t>() % 2 != 0; }
     bool isDashed() const { return m_painter.pen().style() > Qt::SolidLine; }
-    /// Small where lines have dashes: Qt lays them out one by one.
-    double number() { return m_input.takeCoordinate(isDashed() ? 2 : m_input.take<uint8_t>() % 4U); }
+    /// Small where lines have dashes, which Qt lays out one by one, and in clips, of which it makes lists of rows.
+    double number() { return m_input.takeCoordinate(isDashed() || m_isClip ? 2 : m_input.take<uint8_t>() % 4U); }
     QPointF point() {
         const double x = number();
         return {x, number()};
@@ -171,11 +171,13 @@ private:
     }
     void setClip() {
         const auto operation = static_cast<Qt::ClipOperation>(m_input.take<uint8_t>() % 3);
+        m_isClip = true;
         if (flag()) {
             m_painter.setClipRect(box(), operation);
         } else {
             m_painter.setClipPath(path(), operation);
         }
+        m_isClip = false;
     }
     void setLook() {
         m_painter.setOpacity(m_input.take<uint8_t>() / 255.0);
@@ -257,6 +259,7 @@ private:
     OutputDevice& m_device;
     QPainter& m_painter;
     bool m_hasPages;
+    bool m_isClip = false;
     int m_saved = 0;
     int m_pages = 1;
 };

@@ -111,8 +111,10 @@ void HpglSink::stroke(const PageShape& shape, const QPen& pen, const PageBlend& 
                 drawLine(dash, style);
                 return;
             }
-            for (const std::vector<QPointF>& part : m_clip.partsInside(dash)) {
-                drawLine(part, style);
+            if (m_clip.mayShow(QPolygonF(QVector<QPointF>(dash.begin(), dash.end())).boundingRect())) {
+                for (const std::vector<QPointF>& part : m_clip.partsInside(dash)) {
+                    drawLine(part, style);
+                }
             }
         });
     }
