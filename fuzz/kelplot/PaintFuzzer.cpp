@@ -105,8 +105,8 @@ private:
         }
         for (int y = 0; y < made.height(); ++y) {
             for (int x = 0; x < made.bytesPerLine(); ++x) {
-                made.scanLine(y)[x] =
-                    format == QImage::Format_Indexed8 ? m_input.take<uint8_t>() % 2 : m_input.take<uint8_t>();
+                const auto byte = m_input.take<uint8_t>();
+                made.scanLine(y)[x] = format == QImage::Format_Indexed8 ? static_cast<uint8_t>(byte & 1U) : byte;
             }
         }
         return made;
@@ -172,6 +172,7 @@ private:
     void setClip() {
         const auto operation = static_cast<Qt::ClipOperation>(m_input.take<uint8_t>() % 3);
         m_isClip = true;
+        m_painter.resetTransform();
         if (flag()) {
             m_painter.setClipRect(box(), operation);
         } else {
