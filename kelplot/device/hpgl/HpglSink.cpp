@@ -44,7 +44,7 @@ QPoint HpglSink::onPlotter(const QPointF& point) const {
 }
 
 /// What a colour looks like on white paper.
-QRgb HpglSink::inkOf(QColor colour, const PageBlend& blend) {
+QRgb HpglSink::inkOf(const QColor& colour, const PageBlend& blend) {
     const double opacity = colour.alphaF() * blend.opacity;
     if (opacity < 1.0) {
         ++m_shortcomings[QStringLiteral("translucent parts drawn opaque")];

@@ -29,7 +29,7 @@ public:
 private:
     void fillOutlines(const std::vector<QPolygonF>& polygons, bool evenOdd, QRgb colour);
     void drawLine(const std::vector<QPointF>& points, const HpglWriter::Pen& pen);
-    QRgb inkOf(QColor colour, const PageBlend& blend);
+    QRgb inkOf(const QColor& colour, const PageBlend& blend);
     QRgb inkOf(const PageBrush& brush, const PageBlend& blend);
     QPoint onPlotter(const QPointF& point) const;
 
