@@ -89,8 +89,7 @@ void deriveFormat(Request& request) {
 
 void checkTogether(const QCommandLineParser& parser, Request& request) {
     refuseExclusivePairs(parser);
-    const bool plots = request.action == Action::plot;
-    if (request.json && !plots && request.action != Action::listPapers) {
+    if (request.json && request.action != Action::plot && request.action != Action::listPapers) {
         throw UsageError(QStringLiteral("--json: allowed for plots and with --list-papers"));
     }
     if (parser.isSet(QStringLiteral("tile-overlap")) && !parser.isSet(QStringLiteral("tile"))) {
@@ -111,12 +110,6 @@ void checkTogether(const QCommandLineParser& parser, Request& request) {
     }
     if (request.inputs.count(QStringLiteral("-")) > 1) {
         throw UsageError(QStringLiteral("standard input holds one drawing only"));
-    }
-    const bool writesStream = request.outputFile == QLatin1String("-") ||
-                              (request.outputFile.isEmpty() && request.outputDirectory.isEmpty() &&
-                               request.inputs.contains(QStringLiteral("-")));
-    if (request.json && plots && writesStream && request.printer.isEmpty()) {
-        throw UsageError(QStringLiteral("--json: the plot goes to standard output already; give --output FILE"));
     }
     if (!parser.isSet(QStringLiteral("format"))) {
         deriveFormat(request);

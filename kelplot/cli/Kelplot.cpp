@@ -70,9 +70,13 @@ ExitStatus plot(const Request& request, Console& console) {
     if (!passOn(request.warnings + plan.warnings, plan.strict, console)) {
         return ExitStatus::notADrawing;
     }
-    const bool writesStream = std::any_of(plan.files.begin(), plan.files.end(),
-                                          [](const PlannedFile& file) { return isStandardStream(file.path); });
-    if (writesStream && plan.printer.isEmpty() && isatty(STDOUT_FILENO)) {
+    const bool writesStream =
+        plan.printer.isEmpty() && std::any_of(plan.files.begin(), plan.files.end(),
+                                              [](const PlannedFile& file) { return isStandardStream(file.path); });
+    if (writesStream && request.json) {
+        throw UsageError(QStringLiteral("--json: the plot goes to standard output already; give --output FILE"));
+    }
+    if (writesStream && isatty(STDOUT_FILENO)) {
         throw UsageError(QStringLiteral("standard output is a terminal; give --output FILE"));
     }
     std::ostream& told = writesStream ? std::cerr : std::cout;

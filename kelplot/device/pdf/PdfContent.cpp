@@ -160,8 +160,7 @@ void PdfContent::updateClips() {
     for (size_t i = kept; i < m_nextClips.size(); ++i) {
         const PageShape& clip = m_nextClips[i];
         m_bytes << "q\n";
-        PdfPath(m_bytes, clip, PathUse::area).write();
-        m_bytes << (clip.rule == Qt::OddEvenFill ? "W* n\n" : "W n\n");
+        PdfPath(m_bytes, clip, PathUse::area).clip();
         m_outer.push_back(m_state);
         m_clips.push_back(clip);
     }

@@ -53,6 +53,11 @@ void PdfPath::write() {
     }
 }
 
+void PdfPath::clip() {
+    write();
+    m_bytes << (m_shape.rule == Qt::OddEvenFill ? "W* n\n" : "W n\n");
+}
+
 /// Curves that are large against the page's grid need no finer coordinates than that; lines lie on it anyway.
 int PdfPath::decimalsNeeded() const {
     constexpr double largeStep = 10.0;

@@ -19,8 +19,10 @@ public:
 
     /// Writes the shape and the operator that paints it.
     void paint(std::string_view operation);
-    /// Writes the shape where it lies, for a clip.
+    /// Writes the shape where it lies.
     void write();
+    /// Writes the shape where it lies, and has it cut what follows.
+    void clip();
 
 private:
     bool writeRectangle();

@@ -26,10 +26,6 @@ QRectF boxOf(const PageShape& shape) {
     return box;
 }
 
-const char* clipOperator(const PageShape& shape) {
-    return shape.rule == Qt::OddEvenFill ? "W* n\n" : "W n\n";
-}
-
 const char* fillOperator(const PageShape& shape) {
     return shape.rule == Qt::OddEvenFill ? "f*\n" : "f\n";
 }
@@ -78,8 +74,7 @@ void PdfSink::fillGradient(const PageShape& shape, const PageBrush& brush, const
     PdfBytes& bytes = m_content.drawing();
     setBlend(Qt::black, blend);
     bytes << "q\n";
-    PdfPath(bytes, shape, PathUse::area).write();
-    bytes << clipOperator(shape);
+    PdfPath(bytes, shape, PathUse::area).clip();
     m_content.concatenate(brush.place);
     if (!mask.empty()) {
         bytes << '/' << mask << " gs\n";

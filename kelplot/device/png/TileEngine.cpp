@@ -7,8 +7,6 @@
 namespace kelplot {
 namespace {
 
-constexpr double millimetresPerInch = 25.4;
-
 /// The extent of points in the device's coordinates.
 QRectF boxOf(const QPointF* points, int count, const QTransform& map) {
     double left = HUGE_VAL, top = HUGE_VAL, right = -HUGE_VAL, bottom = -HUGE_VAL;
@@ -210,36 +208,6 @@ void TileEngine::drawImage(const QRectF& target, const QImage& image, const QRec
 
 void TileEngine::drawTiledPixmap(const QRectF& target, const QPixmap& pixmap, const QPointF& offset) {
     m_painter.drawTiledPixmap(target, pixmap, offset);
-}
-
-int TileDevice::metric(PaintDeviceMetric metric) const {
-    const auto millimetres = [&](int pixels) {
-        return static_cast<int>(std::lround(pixels / m_dotsPerInch * millimetresPerInch));
-    };
-    switch (metric) {
-    case PdmWidth:
-        return m_page.width();
-    case PdmHeight:
-        return m_page.height();
-    case PdmWidthMM:
-        return millimetres(m_page.width());
-    case PdmHeightMM:
-        return millimetres(m_page.height());
-    case PdmDpiX:
-    case PdmDpiY:
-    case PdmPhysicalDpiX:
-    case PdmPhysicalDpiY:
-        return static_cast<int>(std::lround(m_dotsPerInch));
-    case PdmNumColors:
-        return 1 << 24;
-    case PdmDepth:
-        return 32;
-    case PdmDevicePixelRatio:
-        return 1;
-    case PdmDevicePixelRatioScaled:
-        return static_cast<int>(devicePixelRatioFScale());
-    }
-    return 0;
 }
 
 } // namespace kelplot

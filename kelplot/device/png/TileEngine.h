@@ -2,10 +2,10 @@
 #pragma once
 
 #include <QImage>
-#include <QPaintDevice>
 #include <QPaintEngine>
 #include <QPainter>
 
+#include "device/PagePaintDevice.h"
 #include "device/png/LongStroke.h"
 
 namespace kelplot {
@@ -61,19 +61,14 @@ private:
 };
 
 /// What the page's painter draws on: it has the page's size, whatever part of it is being drawn.
-class TileDevice final : public QPaintDevice {
+class TileDevice final : public PagePaintDevice {
 public:
-    TileDevice(QSize page, double dotsPerInch) : m_page(page), m_dotsPerInch(dotsPerInch) {}
+    TileDevice(QSize page, double dotsPerInch) : PagePaintDevice(page, dotsPerInch) {}
 
     TileEngine& engine() { return m_engine; }
     QPaintEngine* paintEngine() const override { return &m_engine; }
 
-protected:
-    int metric(PaintDeviceMetric metric) const override;
-
 private:
-    QSize m_page;
-    double m_dotsPerInch;
     mutable TileEngine m_engine; ///< the base class asks for it without saying what for
 };
 

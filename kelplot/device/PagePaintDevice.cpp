@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "device/vector/VectorPaintDevice.h"
+#include "device/PagePaintDevice.h"
 
 #include <cmath>
 #include <limits>
 
 namespace kelplot {
 
-int VectorPaintDevice::metric(PaintDeviceMetric metric) const {
+int PagePaintDevice::metric(PaintDeviceMetric metric) const {
     constexpr double millimetresPerInch = 25.4;
     const auto millimetres = [&](int units) {
-        return static_cast<int>(std::lround(units * millimetresPerInch / m_unitsPerInch));
+        return static_cast<int>(std::lround(units / m_unitsPerInch * millimetresPerInch));
     };
     switch (metric) {
     case PdmWidth:
@@ -24,7 +24,7 @@ int VectorPaintDevice::metric(PaintDeviceMetric metric) const {
     case PdmDpiY:
     case PdmPhysicalDpiX:
     case PdmPhysicalDpiY:
-        return m_unitsPerInch;
+        return static_cast<int>(std::lround(m_unitsPerInch));
     case PdmNumColors:
         return std::numeric_limits<int>::max();
     case PdmDepth:
