@@ -66,7 +66,12 @@ bool EllipticArc::isFinite() const {
 }
 
 Box2 EllipticArc::box() const {
-    return boxOfPart(*this, start, end);
+    return isWhole() ? hull() : boxOfPart(*this, start, end);
+}
+
+Box2 EllipticArc::hull() const {
+    const Vec2 reach{std::hypot(u.x, v.x), std::hypot(u.y, v.y)};
+    return {center - reach, center + reach};
 }
 
 double EllipticArc::majorRadius() const {

@@ -28,6 +28,8 @@ struct EllipticArc {
     bool isWhole() const;
     bool isFinite() const;
     Box2 box() const;
+    /// The box of the whole ellipse, which is quick to tell.
+    Box2 hull() const;
     double majorRadius() const;
 
     /// Appends the points of a polyline along the arc to `out`, both ends included.

@@ -74,7 +74,7 @@ public:
 
     void visit(const Entity& entity, const EntityStyle& style, const PlanMap& map) override {
         if (m_pointsShow || !std::holds_alternative<PointEntity>(entity.geometry)) {
-            m_extents.add(visiblePart(boxOf(MeasuredEntity{entity, map, CurveBox::exact, m_texts})));
+            add(entity, map);
         }
         m_unplotted.visit(entity, style, map);
         m_seesModel = m_seesModel || showsModel(entity);
@@ -92,6 +92,13 @@ public:
     bool seesModel() const { return m_seesModel; }
 
 private:
+    /// Most entities lie within what has been seen before, which is quick to tell.
+    void add(const Entity& entity, const PlanMap& map) {
+        if (!m_extents.contains(boxOf(MeasuredEntity{entity, map, CurveBox::hull, m_texts}))) {
+            m_extents.add(visiblePart(boxOf(MeasuredEntity{entity, map, CurveBox::exact, m_texts})));
+        }
+    }
+
     /// What the clips leave of a box, or a little more; empty where that is nothing.
     Box2 visiblePart(Box2 box) const {
         for (const WalkClip& clip : m_clips) {

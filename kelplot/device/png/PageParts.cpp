@@ -9,9 +9,9 @@ namespace {
 constexpr qint64 bytesPerPixel = 4;
 
 /// A band takes as much. Each costs a walk through the drawing, so larger pages get larger bands.
-constexpr qint64 smallBand = qint64(32) << 20;
+constexpr qint64 smallBand = qint64(20) << 20;
 constexpr qint64 largeBand = qint64(112) << 20;
-constexpr int mostSmallBands = 6;
+constexpr int mostSmallBands = 8;
 
 /// The painter draws coordinates up to 32,767 pixels; this leaves room for what reaches over the edge.
 constexpr int widestTile = 16384;

@@ -10,7 +10,7 @@ namespace kelplot {
 namespace {
 
 /// Plots are mostly plain ground: a filter finds nothing that the compression does not, and more effort saves little.
-constexpr int compression = 3;
+constexpr int compression = 1;
 
 /// Bytes that are passed on together.
 constexpr size_t pieceSize = size_t(1) << 18;

@@ -20,20 +20,6 @@ QRectF boxOf(const QPointF* points, int count, const QTransform& map) {
     return {QPointF(left, top), QPointF(right, bottom)};
 }
 
-/// The path of a polyline. One that ends at its start gets ends there and no corner, as the painter draws it: by less
-/// than can be seen it stays open.
-QPainterPath pathOf(const QPointF* points, int count) {
-    constexpr double opening = 1.0 / 1024.0;
-    QPainterPath path(points[0]);
-    for (int i = 1; i < count; ++i) {
-        path.lineTo(points[i]);
-    }
-    if (points[0] == points[count - 1]) {
-        path.lineTo(points[0] + QPointF(opening, 0.0));
-    }
-    return path;
-}
-
 /// A pen for lines that meet at the edges of tiles. Lines up to a pixel wide are drawn by a shortcut that begins anew
 /// where the tile begins, which moves them by up to half a pixel.
 QPen joiningPen(QPen pen, const QTransform& toPixels) {
@@ -57,6 +43,7 @@ void TileEngine::setTile(QImage& pixels, const QRect& place, bool isPart) {
 }
 
 bool TileEngine::begin(QPaintDevice* /*device*/) {
+    m_isInPixels = false;
     return m_pixels != nullptr && m_painter.begin(m_pixels);
 }
 
@@ -65,11 +52,12 @@ void TileEngine::updateState(const QPaintEngineState& now) {
     if (changes & DirtyTransform) {
         m_toTile = now.transform() * QTransform::fromTranslate(-m_place.x(), -m_place.y());
         m_painter.setTransform(m_toTile);
+        m_isInPixels = false;
     }
     if (changes & (DirtyPen | DirtyTransform)) {
         const QPen pen = m_isPart ? joiningPen(now.pen(), m_toTile) : now.pen();
         m_painter.setPen(pen);
-        m_stroke = LongStroke(pen, m_toTile);
+        m_stroke = OutlineStroke(pen, m_toTile);
     }
     if (changes & DirtyBrush) {
         m_painter.setBrush(now.brush());
@@ -100,10 +88,10 @@ void TileEngine::updateState(const QPaintEngineState& now) {
 void TileEngine::updateClip(const QPaintEngineState& now) {
     const DirtyFlags changes = now.state();
     if (changes & DirtyClipPath) {
-        m_painter.setClipPath(now.clipPath(), now.clipOperation());
+        inUnits().setClipPath(now.clipPath(), now.clipOperation());
     }
     if (changes & DirtyClipRegion) {
-        m_painter.setClipRegion(now.clipRegion(), now.clipOperation());
+        inUnits().setClipRegion(now.clipRegion(), now.clipOperation());
     }
     if (changes & DirtyClipEnabled) {
         m_painter.setClipping(now.isClipEnabled());
@@ -117,28 +105,44 @@ bool TileEngine::touchesTile(const QRectF& box) const {
            box.top() - reach <= m_place.height();
 }
 
-bool TileEngine::cutsLines(const QRectF& box) const {
-    return LongStroke::isLong(box) && m_stroke.applies() && m_painter.testRenderHint(QPainter::Antialiasing);
+bool TileEngine::drawsOutline(const QRectF& box) const {
+    return m_stroke.applies() && m_stroke.isWorthIt(box) && m_painter.testRenderHint(QPainter::Antialiasing);
 }
 
-void TileEngine::drawCut(const QPainterPath& lines) {
-    m_painter.resetTransform();
-    m_stroke.draw(lines, QRect(QPoint(0, 0), m_place.size()), m_painter);
-    m_painter.setTransform(m_toTile);
+QRect TileEngine::tilePixels() const {
+    return {QPoint(0, 0), m_place.size()};
+}
+
+/// The painter in the coordinates in force. Its transform is changed where it has to be only, since that costs it more
+/// than a short line.
+QPainter& TileEngine::inUnits() {
+    if (m_isInPixels) {
+        m_painter.setTransform(m_toTile);
+        m_isInPixels = false;
+    }
+    return m_painter;
+}
+
+QPainter& TileEngine::inPixels() {
+    if (!m_isInPixels) {
+        m_painter.resetTransform();
+        m_isInPixels = true;
+    }
+    return m_painter;
 }
 
 void TileEngine::drawRects(const QRectF* rects, int count) {
-    m_painter.drawRects(rects, count);
+    inUnits().drawRects(rects, count);
 }
 
 void TileEngine::drawLines(const QLineF* lines, int count) {
     for (int i = 0; i < count; ++i) {
         const QPointF ends[] = {lines[i].p1(), lines[i].p2()};
         const QRectF box = boxOf(ends, 2, m_toTile);
-        if (touchesTile(box) && cutsLines(box)) {
-            drawCut(pathOf(ends, 2));
+        if (touchesTile(box) && drawsOutline(box)) {
+            m_stroke.drawLine(ends, 2, tilePixels(), inPixels());
         } else if (touchesTile(box)) {
-            m_painter.drawLine(lines[i]);
+            inUnits().drawLine(lines[i]);
         }
     }
 }
@@ -149,7 +153,7 @@ void TileEngine::drawEllipse(const QRectF& rect) {
     if (m_painter.brush() == Qt::NoBrush) {
         drawPath(ellipse);
     } else {
-        m_painter.drawEllipse(rect);
+        inUnits().drawEllipse(rect);
     }
 }
 
@@ -158,18 +162,18 @@ void TileEngine::drawPath(const QPainterPath& path) {
     if (!touchesTile(box)) {
         return;
     }
-    if (!cutsLines(box)) {
-        m_painter.drawPath(path);
+    if (!drawsOutline(box)) {
+        inUnits().drawPath(path);
         return;
     }
     if (m_painter.brush() != Qt::NoBrush) {
-        m_painter.fillPath(path, m_painter.brush());
+        inUnits().fillPath(path, m_painter.brush());
     }
-    drawCut(path);
+    m_stroke.drawPath(path, tilePixels(), inPixels());
 }
 
 void TileEngine::drawPoints(const QPointF* points, int count) {
-    m_painter.drawPoints(points, count);
+    inUnits().drawPoints(points, count);
 }
 
 void TileEngine::drawPolygon(const QPointF* points, int count, PolygonDrawMode mode) {
@@ -179,35 +183,35 @@ void TileEngine::drawPolygon(const QPointF* points, int count, PolygonDrawMode m
     }
     switch (mode) {
     case PolylineMode:
-        if (cutsLines(box)) {
-            drawCut(pathOf(points, count));
+        if (drawsOutline(box)) {
+            m_stroke.drawLine(points, count, tilePixels(), inPixels());
         } else {
-            m_painter.drawPolyline(points, count);
+            inUnits().drawPolyline(points, count);
         }
         break;
     case ConvexMode:
-        m_painter.drawConvexPolygon(points, count);
+        inUnits().drawConvexPolygon(points, count);
         break;
     case OddEvenMode:
     case WindingMode:
-        m_painter.drawPolygon(points, count, mode == OddEvenMode ? Qt::OddEvenFill : Qt::WindingFill);
+        inUnits().drawPolygon(points, count, mode == OddEvenMode ? Qt::OddEvenFill : Qt::WindingFill);
         break;
     }
 }
 
 void TileEngine::drawPixmap(const QRectF& target, const QPixmap& pixmap, const QRectF& source) {
-    m_painter.drawPixmap(target, pixmap, source);
+    inUnits().drawPixmap(target, pixmap, source);
 }
 
 void TileEngine::drawImage(const QRectF& target, const QImage& image, const QRectF& source,
                            Qt::ImageConversionFlags flags) {
     if (touchesTile(m_toTile.mapRect(target.normalized()))) {
-        m_painter.drawImage(target, image, source, flags);
+        inUnits().drawImage(target, image, source, flags);
     }
 }
 
 void TileEngine::drawTiledPixmap(const QRectF& target, const QPixmap& pixmap, const QPointF& offset) {
-    m_painter.drawTiledPixmap(target, pixmap, offset);
+    inUnits().drawTiledPixmap(target, pixmap, offset);
 }
 
 } // namespace kelplot

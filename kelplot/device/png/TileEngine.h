@@ -6,7 +6,7 @@
 #include <QPainter>
 
 #include "device/PagePaintDevice.h"
-#include "device/png/LongStroke.h"
+#include "device/png/OutlineStroke.h"
 
 namespace kelplot {
 
@@ -48,16 +48,19 @@ public:
 private:
     void updateClip(const QPaintEngineState& state);
     bool touchesTile(const QRectF& box) const;
-    bool cutsLines(const QRectF& box) const;
-    void drawCut(const QPainterPath& lines);
+    bool drawsOutline(const QRectF& box) const;
+    QRect tilePixels() const;
+    QPainter& inUnits();
+    QPainter& inPixels();
 
     QImage* m_pixels = nullptr;
     QRect m_place;
     bool m_isPart = false;
     bool m_smooth = true;
-    QTransform m_toTile; ///< from the coordinates in force to the tile's pixels
-    LongStroke m_stroke; ///< with the pen in force
+    QTransform m_toTile;    ///< from the coordinates in force to the tile's pixels
+    OutlineStroke m_stroke; ///< with the pen in force
     QPainter m_painter;
+    bool m_isInPixels = false; ///< the painter is, rather than in the coordinates in force
 };
 
 /// What the page's painter draws on: it has the page's size, whatever part of it is being drawn.

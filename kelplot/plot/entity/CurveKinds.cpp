@@ -38,15 +38,15 @@ void draw(const Spline& spline, const PlacedEntity& place, PlotTools& tools) {
 }
 
 Box2 boxOf(const Circle& circle, const MeasuredEntity& place) {
-    return boxOfArc(arcOf(circle, place.map));
+    return boxOfArc(arcOf(circle, place.map), place.curves);
 }
 
 Box2 boxOf(const Arc& arc, const MeasuredEntity& place) {
-    return boxOfArc(arcOf(arc, place.map));
+    return boxOfArc(arcOf(arc, place.map), place.curves);
 }
 
 Box2 boxOf(const Ellipse& ellipse, const MeasuredEntity& place) {
-    return boxOfArc(arcOf(ellipse, place.entity.extrusion, place.map));
+    return boxOfArc(arcOf(ellipse, place.entity.extrusion, place.map), place.curves);
 }
 
 Box2 boxOf(const Spline& spline, const MeasuredEntity& place) {

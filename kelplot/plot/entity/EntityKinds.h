@@ -53,9 +53,9 @@ std::string unplottedPart(const Entity& entity, const Drawing& drawing, const Pa
 /// Tells whether an entity has lines, which may be of some line type.
 bool hasLines(const Entity& entity);
 
-/// How exact the box of a free-form curve is.
+/// How exact the box of a curve is.
 enum class CurveBox {
-    hull, ///< that of the points that shape the curve: quick, never too small
+    hull, ///< that of what shapes the curve, such as its control points: quick, never too small
     exact ///< that of the curve
 };
 

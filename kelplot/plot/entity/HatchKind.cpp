@@ -20,10 +20,10 @@ namespace {
 
 Box2 boxOfEdge(const HatchEdge& edge, const PlanMap& map, CurveBox curves) {
     if (const auto* arc = std::get_if<HatchArc>(&edge)) {
-        return boxOfArc(arcOf(*arc, map));
+        return boxOfArc(arcOf(*arc, map), curves);
     }
     if (const auto* ellipse = std::get_if<HatchEllipse>(&edge)) {
-        return boxOfArc(arcOf(*ellipse, map));
+        return boxOfArc(arcOf(*ellipse, map), curves);
     }
     if (const auto* spline = std::get_if<HatchSpline>(&edge)) {
         return boxOfCurve(curveOf(spline->curve, map), curves);
@@ -153,7 +153,7 @@ Box2 boxOf(const Hatch& hatch, const MeasuredEntity& place) {
             box.add(boxOfEdge(edge, map, place.curves));
         }
         if (loop.edges.empty()) {
-            box.add(boxOfSegments(segmentsOf(loop.polyline, true), map));
+            box.add(boxOfSegments(segmentsOf(loop.polyline, true), map, place.curves));
         }
     }
     return box;

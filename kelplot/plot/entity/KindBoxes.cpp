@@ -2,6 +2,7 @@
 #include "plot/entity/KindBoxes.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace kelplot {
 
@@ -19,6 +20,18 @@ Box2 boxOfControls(const NurbsCurve& curve) {
         addFinite(control.scaled * (1.0 / control.weight), box);
     }
     return box;
+}
+
+/// Adds a piece of at most half a circle: it lies between its chord and the chord's copies at the arc's height.
+void addChordBox(const PolylineSegment& segment, const PlanMap& map, Box2& box) {
+    const Vec2 height = leftNormal(segment.end() - segment.start()) * (segment.from.bulge / 2.0);
+    const Vec2 moved = map.mapDirection(height);
+    for (const Vec3& end : {segment.from.position, segment.to.position}) {
+        const Vec2 mapped = map.mapPoint(end);
+        addFinite(mapped, box);
+        addFinite(mapped + moved, box);
+        addFinite(mapped - moved, box);
+    }
 }
 
 } // namespace
@@ -39,8 +52,11 @@ Box2 boxOfPoints(const std::vector<Vec2>& points) {
     return box;
 }
 
-Box2 boxOfArc(const std::optional<EllipticArc>& arc) {
-    return arc ? arc->box() : Box2{};
+Box2 boxOfArc(const std::optional<EllipticArc>& arc, CurveBox precision) {
+    if (!arc) {
+        return {};
+    }
+    return precision == CurveBox::hull ? arc->hull() : arc->box();
 }
 
 Box2 boxOfCurve(const std::optional<NurbsCurve>& curve, CurveBox precision) {
@@ -58,15 +74,17 @@ Box2 boxOfCurve(const std::optional<NurbsCurve>& curve, CurveBox precision) {
     return boxOfPoints(points);
 }
 
-Box2 boxOfSegments(const std::vector<PolylineSegment>& segments, const PlanMap& map) {
+Box2 boxOfSegments(const std::vector<PolylineSegment>& segments, const PlanMap& map, CurveBox precision) {
     Box2 box;
     for (const PolylineSegment& segment : segments) {
-        if (const auto arc = segment.arc()) {
+        const bool isShallow = std::abs(segment.from.bulge) <= 1.0;
+        if (isShallow && precision == CurveBox::hull) {
+            addChordBox(segment, map, box);
+        } else if (const auto arc = segment.arc()) {
             const EllipticArc mapped = mapArc(*arc, segment.from.position.z, map);
             box.add(mapped.isFinite() ? mapped.box() : Box2{});
         } else {
-            addFinite(map.mapPoint(segment.from.position), box);
-            addFinite(map.mapPoint(segment.to.position), box);
+            addChordBox(segment, map, box);
         }
     }
     return box;

@@ -17,9 +17,9 @@ namespace kelplot {
 
 Box2 boxOfPoints(const Vec3* points, size_t count, const PlanMap& map);
 Box2 boxOfPoints(const std::vector<Vec2>& points);
-Box2 boxOfArc(const std::optional<EllipticArc>& arc);
+Box2 boxOfArc(const std::optional<EllipticArc>& arc, CurveBox precision);
 Box2 boxOfCurve(const std::optional<NurbsCurve>& curve, CurveBox precision);
 /// Of the segments' middle lines, without their widths.
-Box2 boxOfSegments(const std::vector<PolylineSegment>& segments, const PlanMap& map);
+Box2 boxOfSegments(const std::vector<PolylineSegment>& segments, const PlanMap& map, CurveBox precision);
 
 } // namespace kelplot

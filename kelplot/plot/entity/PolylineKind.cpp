@@ -91,7 +91,7 @@ void draw(const Polyline& polyline, const PlacedEntity& place, PlotTools& tools)
 
 Box2 boxOf(const Polyline& polyline, const MeasuredEntity& place) {
     const std::vector<PolylineSegment> segments = segmentsOf(polyline.vertices, polyline.closed);
-    Box2 box = boxOfSegments(segments, place.map);
+    Box2 box = boxOfSegments(segments, place.map, place.curves);
     if (segments.empty()) {
         if (const auto dot = dotOf(polyline, place.map)) {
             box.add(*dot);

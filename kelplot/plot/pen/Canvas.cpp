@@ -161,7 +161,9 @@ void Canvas::drawArc(const EllipticArc& arc) {
     const PageArc page = pageArcOf(arc);
     // Dashes run from the start to the end; clockwise means as seen on a page with y downwards.
     const bool runsOtherWay = m_pens.isDashed() && cross(arc.u, arc.v) > 0.0;
-    if (!runsOtherWay && page.minorRadius >= leastRadius && m_flattening.interest.contains(arc.box()) &&
+    const Box2& interest = m_flattening.interest;
+    const bool isNear = interest.contains(arc.hull()) || interest.contains(arc.box());
+    if (!runsOtherWay && page.minorRadius >= leastRadius && isNear &&
         (arc.isWhole() ? drawWhole(page) : drawPart(page))) {
         return;
     }
