@@ -11,11 +11,11 @@ packages=(
     libpolyclipping-dev
     libgtest-dev
     libbenchmark-dev
-    poppler-utils qpdf libqpdf-dev cups-daemon hp2xx
+    poppler-utils qpdf libqpdf-dev cups-daemon hp2xx abigail-tools python3
     locales
     fonts-dejavu-core fonts-droid-fallback fonts-liberation2 fonts-osifont
 )
-[ "${1:-}" = lint ] && packages+=(clang clang-format clang-tidy doxygen python3)
+[ "${1:-}" = lint ] && packages+=(clang clang-format clang-tidy doxygen)
 [ "${1:-}" = fuzz ] && packages+=(clang libclang-rt-14-dev)
 
 missing=()
