@@ -86,13 +86,26 @@ QPainterPath pathOf(const PageShape& shape) {
     return path;
 }
 
+QList<QPolygonF> evenOddOutlines(const PageShape& shape) {
+    const QList<QPolygonF> outlines = pathOf(shape).toSubpathPolygons();
+    if (shape.rule == Qt::OddEvenFill) {
+        return outlines;
+    }
+    QPainterPath straight; // Qt would go on simplifying curves of great size
+    straight.setFillRule(shape.rule);
+    for (const QPolygonF& outline : outlines) {
+        straight.addPolygon(outline);
+    }
+    return straight.simplified().toSubpathPolygons();
+}
+
 PlotterClip::PlotterClip(const std::vector<PageShape>& clips) {
     for (const PageShape& clip : clips) {
         QRectF rectangle;
         if (clip.isRectangle(rectangle)) {
             m_window = m_window ? m_window->intersected(rectangle) : rectangle;
         } else {
-            m_borders.push_back(pathOf(clip).toSubpathPolygons());
+            m_borders.push_back(evenOddOutlines(clip));
         }
     }
 }
