@@ -10,6 +10,7 @@
 
 #include "device/pdf/PdfDevice.h"
 #include "kelplot/cli/KelplotRun.h"
+#include "kelplot/device/Likeness.h"
 #include "page/DeviceGrid.h"
 
 // What a painter draws, through the device and by Qt's own means, as the same program shows both.
@@ -54,38 +55,6 @@ QImage drawnByQtToImage(const TemporaryDirectory&, const Paint& paint) {
     painter.setWindow(0, 0, 7620, 5080);
     paint(painter);
     return image;
-}
-
-/// How many pixels of `a` have a colour part that none within `reach` of them in `b` comes near: edges that are
-/// smoothed otherwise do not count.
-int strangers(const QImage& a, const QImage& b, int tolerance, int reach) {
-    int count = 0;
-    const int side = 2 * reach + 1;
-    for (int y = reach; y + reach < a.height(); ++y) {
-        for (int x = reach; x + reach < a.width(); ++x) {
-            bool isStranger = false;
-            for (const int shift : {0, 8, 16}) {
-                int least = 255, most = 0;
-                for (int i = 0; i < side * side; ++i) {
-                    const int part =
-                        static_cast<int>(b.pixel(x + i % side - reach, y + i / side - reach) >> shift & 0xFFU);
-                    least = std::min(least, part);
-                    most = std::max(most, part);
-                }
-                const int part = static_cast<int>(a.pixel(x, y) >> shift & 0xFFU);
-                isStranger = isStranger || part < least - tolerance || part > most + tolerance;
-            }
-            count += isStranger ? 1 : 0;
-        }
-    }
-    return count;
-}
-
-void expectAlike(const QImage& own, const QImage& other, const char* name, int allowed = 8, int reach = 1) {
-    constexpr int tolerance = 48;
-    ASSERT_EQ(own.size(), other.size()) << name;
-    const int different = strangers(own, other, tolerance, reach) + strangers(other, own, tolerance, reach);
-    EXPECT_LE(different, allowed) << name;
 }
 
 QPainterPath star() {
