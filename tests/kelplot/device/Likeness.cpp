@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QRegularExpression>
+
 namespace kelplot {
 namespace {
 
@@ -37,6 +39,13 @@ void expectAlike(const QImage& own, const QImage& other, const char* name, int a
     ASSERT_EQ(own.size(), other.size()) << name;
     const int different = strangers(own, other, tolerance, reach) + strangers(other, own, tolerance, reach);
     EXPECT_LE(different, allowed) << name;
+}
+
+bool isLike(const QString& text, const char* pattern) {
+    const QString expression = QRegularExpression::escape(QString::fromUtf8(pattern)).replace("\\*", ".*?");
+    return QRegularExpression("^" + expression + "$", QRegularExpression::DotMatchesEverythingOption)
+        .match(text)
+        .hasMatch();
 }
 
 } // namespace kelplot
