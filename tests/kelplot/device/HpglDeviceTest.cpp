@@ -215,22 +215,17 @@ TEST(HpglDevice, PlotsWhatQtPaints) {
                  painter.drawLine(0, y, 4000, y + 333);
              }
          }},
-        {"an area that overlaps itself within a border",
+        {"an area and a border that overlap themselves",
          [](QPainter& painter) {
-             painter.setClipPath(diamond());
-             QPainterPath both = rectangles({{1000, 300, 1200, 900}, {1600, 700, 1200, 900}});
-             both.setFillRule(Qt::WindingFill);
-             painter.fillPath(both, Qt::blue);
-         }},
-        {"a border that overlaps itself",
-         [](QPainter& painter) {
-             QPainterPath both = diamond();
-             both.addPath(diamond().translated(400, 0));
-             both.setFillRule(Qt::WindingFill);
-             painter.setClipPath(both);
-             painter.fillRect(0, 700, 4000, 300, Qt::blue);
+             QPainterPath border = diamond();
+             border.addPath(diamond().translated(400, 0));
+             QPainterPath area = rectangles({{1000, 300, 1200, 900}, {1600, 700, 1200, 900}});
+             border.setFillRule(Qt::WindingFill);
+             area.setFillRule(Qt::WindingFill);
+             painter.setClipPath(border);
+             painter.fillPath(area, Qt::blue);
              painter.setPen(QPen(Qt::red, 10));
-             painter.drawLine(0, 1200, 4000, 1100);
+             painter.drawLine(0, 1300, 4000, 1200);
          }},
     };
     for (const auto& [name, paint] : rows) {
@@ -255,18 +250,14 @@ TEST(HpglDevice, KeepsToWhatPlottersTake) {
         const char* commands;
     } rows[] = {
         {"a title within quotes", [](HpglDevice&) {}, "*CO\"say 'x'; then\";PS4000,2000;*"},
-        {"a hair line",
+        {"a hair line, and a pen of 12.5 metres",
          [](HpglDevice& device) {
-             device.painter().setPen(QPen(Qt::black, 0));
-             device.painter().drawLine(0, 0, 9, 9);
+             for (const int width : {0, 500000}) {
+                 device.painter().setPen(QPen(Qt::black, width));
+                 device.painter().drawLine(0, 0, 9, 9);
+             }
          },
-         "*PW0.025;*"},
-        {"a pen of 12.5 metres",
-         [](HpglDevice& device) {
-             device.painter().setPen(QPen(Qt::black, 500000));
-             device.painter().drawLine(0, 0, 9, 9);
-         },
-         "*PW12500;*"},
+         "*PW0.025;*PW12500;*"},
         {"half a red on white paper",
          [](HpglDevice& device) {
              device.painter().setOpacity(0.5);
