@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <QImage>
 #include <QPainterPath>
 #include <functional>
 #include <map>
+#include <random>
 
 #include "device/hpgl/HpglDevice.h"
 #include "kelplot/device/Likeness.h"
@@ -293,6 +295,23 @@ TEST(HpglDevice, KeepsToWhatPlottersTake) {
         const QString commands = QString::fromLatin1(commandsFor(row.draw, "say \"x\";\nthen"));
         EXPECT_TRUE(isLike(commands, row.commands)) << row.what << ": " << commands.right(300).toStdString();
     }
+}
+
+TEST(HpglDevice, CutsATangleInTime) {
+    QPainterPath tangle(QPointF(0, 0));
+    tangle.setFillRule(Qt::WindingFill);
+    std::minstd_rand random(7);
+    for (int i = 0; i < 1500; ++i) {
+        const auto across = static_cast<int>(random() % 4000);
+        tangle.lineTo(across, static_cast<int>(random() % 2000));
+    }
+    QElapsedTimer time;
+    time.start();
+    commandsFor([&](HpglDevice& device) {
+        device.painter().setClipPath(diamond());
+        device.painter().fillPath(tangle, Qt::red);
+    });
+    EXPECT_LT(time.elapsed(), 20000) << "milliseconds";
 }
 
 TEST(HpglDevice, StepsOverAnyDistance) {
