@@ -35,13 +35,13 @@ fi
 usage=$(! QT_QPA_PLATFORM=none "$work/example/example_driver" 2>&1)
 [[ $usage == usage:* ]]
 
-# The same pages come from a driver that pkg-config tells where an installation's libraries are.
-cp -r "$source/examples/driver/Drivers" "$work"
+# The same page comes from a driver that pkg-config tells where an installation's libraries are.
 draws_the_same() {
     local flags
     export PKG_CONFIG_PATH=$1/pkgconfig
     read -ra flags <<<"$(pkg-config --cflags --libs keldriver)"
     g++ -std=c++17 -fPIC "$source/examples/driver/main.cpp" -o "$work/example_pc" "${flags[@]}"
+    cp -r "$source/examples/driver/Drivers" "$work"
     LD_LIBRARY_PATH=$1 "$work/example_pc" "$work/example_pc.png"
     cmp "$work/example.png" "$work/example_pc.png"
     cmp "$work/example-2.png" "$work/example_pc-2.png"
