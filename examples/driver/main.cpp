@@ -5,6 +5,7 @@
 #include <keldriver/KelDriver.h>
 
 #include <QBuffer>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPageSize>
@@ -223,9 +224,13 @@ int main(int argc, char** argv) {
     const QGuiApplication application(argc, argv);
     const Job job = readJob(VornGetAppDataPath()); // the folder "Drivers" beside the program
     const QString name = QString::fromLocal8Bit(argv[1]);
-    if (name.endsWith(".pdf", Qt::CaseInsensitive)) {
-        return plotPdf(name, job) ? 0 : 1;
+    const QFileInfo file(name);
+    const QString second = file.path() + '/' + file.completeBaseName() + "-2.png";
+    const bool isWritten = name.endsWith(".pdf", Qt::CaseInsensitive)
+                               ? plotPdf(name, job)
+                               : plotPng(name, job, drawPlate) && plotPng(second, job, drawSamples);
+    if (!isWritten) {
+        std::fprintf(stderr, "example_driver: cannot write %s\n", argv[1]);
     }
-    const QString second = name.left(name.lastIndexOf('.')) + "-2.png";
-    return plotPng(name, job, drawPlate) && plotPng(second, job, drawSamples) ? 0 : 1;
+    return isWritten ? 0 : 1;
 }
