@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: BSD-3-Clause
-# Installs what building and testing need from Debian's packages, and with "lint", "fuzz" or "prove" what the script of that name
-# needs too; asks for nothing when all of it is there.
+# Installs what building and testing need from Debian's packages, and with "lint", "fuzz" or "prove" what the script of
+# that name needs too; asks for nothing when all of it is there.
 set -euo pipefail
 
 packages=(
