@@ -24,6 +24,7 @@
 #include "cli/PlotRun.h"
 #include "cli/PrinterListing.h"
 #include "cli/ProgramFrame.h"
+#include "keldriver/Version.h"
 #include "print/Printers.h"
 
 namespace kelplot {
@@ -103,6 +104,14 @@ ExitStatus plot(const Request& request, Console& console) {
     return status;
 }
 
+void showVersion() {
+    constexpr int place = 100; // of each number in the library's version
+    const int library = HT_GetLibraryVersion();
+    std::cout << "kelplot " KELPLOT_VERSION "\nLicence GPL-2.0-or-later; plots through libKelDriver "
+              << library / (place * place) << '.' << library / place % place << '.' << library % place
+              << " (BSD-3-Clause)" << std::endl;
+}
+
 ExitStatus run(const Request& request) {
     Console console(std::cerr, progressMode(request), !request.quiet);
     switch (request.action) {
@@ -116,9 +125,7 @@ ExitStatus run(const Request& request) {
         std::cout << completionFor(request.shell).toStdString();
         return ExitStatus::done;
     case Action::showVersion:
-        std::cout << "kelplot " KELPLOT_VERSION "\n"
-                     "Licence GPL-2.0-or-later; plots through libKelDriver (BSD-3-Clause)"
-                  << std::endl;
+        showVersion();
         return ExitStatus::done;
     case Action::listLayers:
         return listAll(request.inputs, listLayers, console);
