@@ -8,6 +8,7 @@
 #include <cstring>
 #include <functional>
 #include <iostream>
+#include <optional>
 #include <unistd.h>
 
 #include "cli/CommandLine.h"
@@ -24,6 +25,7 @@
 #include "cli/PlotRun.h"
 #include "cli/PrinterListing.h"
 #include "cli/ProgramFrame.h"
+#include "cli/SessionFolder.h"
 #include "keldriver/Version.h"
 #include "print/Printers.h"
 
@@ -177,7 +179,9 @@ int runKelplot(int argc, char** argv) {
     char name[] = "kelplot";
     char* nameOnly[] = {name, nullptr};
     int count = 1;
+    std::optional<SessionFolder> session(std::in_place);
     const QGuiApplication application(count, nameOnly);
+    session.reset();
     useNeutralLocale();
     return statusOf([&] {
         const Request request = requestFromArguments(argumentsOf(argc, argv));
