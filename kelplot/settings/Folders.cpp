@@ -47,7 +47,7 @@ QString ownFolder() {
 QString driverCacheOf(const QString& file) {
     const QFileInfo info(file);
     const QString name = info.completeBaseName();
-    const QString beside = info.dir().filePath(name + QStringLiteral(".PER"));
+    QString beside = info.dir().filePath(name + QStringLiteral(".PER"));
     const bool mayWriteBeside = info.path() == folderBesideProgram() && QFileInfo(info.path()).isWritable();
     if (mayWriteBeside || QFile::exists(beside)) {
         return beside;

@@ -19,7 +19,7 @@ needs() {
     local asked
     asked=$(dpkg-deb -f "$packages/$1"_*.deb Depends)
     for pattern in "${@:2}"; do
-        [[ ", $asked," == *", "$pattern","* ]] || fail "$1 asks for $asked, not for $pattern"
+        [[ ", $asked," == *', '$pattern,* ]] || fail "$1 asks for $asked, not for $pattern"
     done
 }
 version=$(sed -n '1s/.*(\(.*\)).*/\1/p' "$source/packaging/debian/changelog")
