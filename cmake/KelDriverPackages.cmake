@@ -29,6 +29,7 @@ foreach(component package IN ZIP_LISTS components packages)
     keldriver_install_compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog ${documents_of_${component}} ${component})
 endforeach()
 install(FILES THIRD-PARTY.md DESTINATION ${documents_of_runtime} COMPONENT runtime)
+install(FILES docs/driver-author.md docs/formats.md DESTINATION ${documents_of_development}/docs COMPONENT development)
 install(DIRECTORY examples/driver DESTINATION ${documents_of_development}/examples COMPONENT development)
 install(DIRECTORY examples/drawings examples/pens DESTINATION ${documents_of_kelplot}/examples COMPONENT kelplot
         PATTERN *.png EXCLUDE)

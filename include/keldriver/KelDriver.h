@@ -6,6 +6,7 @@
 #include "keldriver/ClipLine.h"
 #include "keldriver/ClipRgn.h"
 #include "keldriver/Dib.h"
+#include "keldriver/DriverKit.h"
 #include "keldriver/EllipArc.h"
 #include "keldriver/Export.h"
 #include "keldriver/FontName.h"

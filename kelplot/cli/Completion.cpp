@@ -27,7 +27,9 @@ QString bashValuesOf(const OptionRow& row) {
         return QStringLiteral("compgen -W '%1' -- \"$word\"").arg(QLatin1String(row.choices));
     }
     if (takes(row, "PAPER")) {
-        return QStringLiteral("IFS=$'\\n'; compgen -W \"$(kelplot --list-papers 2>/dev/null | cut -f1)\" -- \"$word\"");
+        // Unlike the other choices, names hold blanks and marks that the shell would act on.
+        return QStringLiteral("IFS=$'\\n'; compgen -W \"$(kelplot --list-papers 2>/dev/null | cut -f1 | "
+                              "sed 's/[^[:alnum:]]/\\\\&/g')\" -- \"$word\"");
     }
     if (takes(row, "DIR")) {
         return QStringLiteral("compgen -d -- \"$word\"");

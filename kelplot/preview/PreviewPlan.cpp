@@ -14,7 +14,15 @@ Request requestOf(const Request& request, const QString& input, const QString& l
     one.layers.clear(); // the drawing's layers are switched already
     one.excludedLayers.clear();
     one.savedPaper.clear();
+    one.outputDirectory.clear();
     return one;
+}
+
+/// What was asked for images does not keep the pages from being shown, saved or printed in other formats.
+void dropImageOptions(Request& request) {
+    for (const char* const name : {"grey", "bilevel", "width"}) {
+        request.given.removeAll(QLatin1String(name));
+    }
 }
 
 } // namespace
@@ -25,9 +33,7 @@ std::shared_ptr<const PlotPlan> planToShow(const Request& request) {
     shown.inputs = QStringList(QStringLiteral("-"));
     shown.printer.clear();
     shown.format = OutputFormat::pdf; // whose pages are those of all formats
-    for (const char* const ofImages : {"grey", "bilevel", "width"}) {
-        shown.given.removeAll(QLatin1String(ofImages));
-    }
+    dropImageOptions(shown);
     return std::make_shared<const PlotPlan>(planFor(shown));
 }
 
@@ -43,6 +49,7 @@ std::shared_ptr<const PlotPlan> planToSave(const Request& request, const QString
     saved.outputFile = file;
     saved.replaceAny = true;
     saved.printer.clear();
+    dropImageOptions(saved);
     return std::make_shared<const PlotPlan>(planFor(saved));
 }
 
@@ -50,6 +57,7 @@ std::shared_ptr<const PlotPlan> planToPrint(const Request& request, const QStrin
     Request printed = requestOf(request, input, layout);
     printed.outputFile.clear();
     printed.format = OutputFormat::pdf;
+    dropImageOptions(printed);
     return std::make_shared<const PlotPlan>(planFor(printed));
 }
 

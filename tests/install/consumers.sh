@@ -29,7 +29,15 @@ grep -qF "$libdir/keldriver-" <<<"$(ldd "$library" | grep libTarsel)" || fail "$
 cmake -G Ninja -S "$source/examples/driver" -B "$work/example" -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
 cmake --build "$work/example"
 "$work/example/example_driver" "$work/example.png"
-test -s "$work/example.png"
+"$work/example/example_driver" "$work/example.pdf"
+grep -aq '/Count 2$' "$work/example.pdf"
+sed -i 's/^Title=.*/Title=Other title/' "$work/example/Drivers/driver.ini"
+"$work/example/example_driver" "$work/other.png"
+cmp "$work/example-2.png" "$work/other-2.png"
+if cmp -s "$work/example.png" "$work/other.png"; then
+    echo "the settings beside the driver do not reach its first page"
+    exit 1
+fi
 usage=$(! QT_QPA_PLATFORM=none "$work/example/example_driver" 2>&1)
 [[ $usage == usage:* ]]
 
@@ -47,8 +55,10 @@ draws_the_same() {
     export PKG_CONFIG_PATH=$1/pkgconfig
     read -ra flags <<<"$(pkg-config --cflags --libs keldriver)"
     g++ -std=c++17 -fPIC "$source/examples/driver/main.cpp" -o "$work/example_pc" "${flags[@]}"
+    cp -r "$source/examples/driver/Drivers" "$work"
     LD_LIBRARY_PATH=$1 "$work/example_pc" "$work/example_pc.png"
     cmp "$work/example.png" "$work/example_pc.png"
+    cmp "$work/example-2.png" "$work/example_pc-2.png"
 }
 draws_the_same "$libdir"
 moved=$work/moved

@@ -40,7 +40,8 @@ grep -qx "libKelDriver 0 libkeldriver0 (.*)" <<<"$(dpkg-deb -I "$packages"/libke
 
 # Programs and libraries find one another.
 root=$work/root/usr
-for file in "$root"/bin/* "$root"/lib/*/libKelDriver.so "$root"/lib/*/keldriver-*/*.so; do
+for file in "$root"/bin/* "$root"/lib/*/libKelDriver.so "$root"/lib/*/keldriver-*/{libTarsel,libImgo,vnbase}.so; do
+    [ -e "$file" ] || fail "there is no $file"
     missing=$(ldd "$file" | grep 'not found' || true)
     [ -z "$missing" ] || fail "$file: $missing"
 done

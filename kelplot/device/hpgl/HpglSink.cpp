@@ -70,11 +70,11 @@ void HpglSink::fill(const PageShape& shape, const PageBrush& brush, const PageBl
     if (!m_clip.mayShow(path.boundingRect())) {
         return;
     }
-    const QList<QPolygonF> outlines = path.toSubpathPolygons();
     const QRgb ink = inkOf(brush, blend);
     if (m_clip.hasBorders()) {
-        fillOutlines(m_clip.partInside(outlines), true, ink);
+        fillOutlines(m_clip.partInside(evenOddOutlines(shape)), true, ink);
     } else {
+        const QList<QPolygonF> outlines = path.toSubpathPolygons();
         fillOutlines({outlines.begin(), outlines.end()}, shape.rule == Qt::OddEvenFill, ink);
     }
 }

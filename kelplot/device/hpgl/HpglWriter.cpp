@@ -86,8 +86,9 @@ void HpglWriter::select(QRgb colour) {
 
 void HpglWriter::setWidth(double width) {
     if (width != m_width) {
+        constexpr double wide = 1000.0; // from there on four digits might be written with an exponent
         m_width = width;
-        m_text += "PW" + QByteArray::number(width, 'g', 4) + ';';
+        m_text += "PW" + (width < wide ? QByteArray::number(width, 'g', 4) : QByteArray::number(width, 'f', 0)) + ';';
     }
 }
 

@@ -12,6 +12,9 @@ namespace kelplot {
 
 QPainterPath pathOf(const PageShape& shape);
 
+/// The outlines of an area, by the even-odd rule whatever its own is unless they have very many points.
+QList<QPolygonF> evenOddOutlines(const PageShape& shape);
+
 /// The clip of a page, parted into what a plotter does by itself, an upright window, and borders of other forms, along
 /// which lines and areas are cut before they are sent.
 class PlotterClip {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QSet>
 #include <cmath>
 
 #include "kelplot/cli/KelplotRun.h"
@@ -68,6 +69,42 @@ TEST(Pictures, ShowNothingOutsideTheirPart) {
         const QRect ink = inkIn(directory, "d.png", 255);
         EXPECT_TRUE(shown.adjusted(-1, -1, 1, 1).contains(ink)) << part.join(' ').toStdString();
         EXPECT_TRUE(ink.contains(shown.adjusted(2, 2, -2, -2))) << "the shapes reach all edges";
+    }
+}
+
+TEST(Pictures, AreOfTheSizeAndColoursThatAreAskedFor) {
+    const TemporaryDirectory directory;
+    directory.write("red.dxf",
+                    drawingOf("0\nSOLID\n62\n1\n10\n0\n20\n0\n11\n90\n21\n0\n12\n0\n22\n40\n13\n90\n23\n40\n"));
+    const struct {
+        QStringList options;
+        QSize size;
+        QImage::Format format;
+        QSet<QRgb> colours;
+    } rows[] = {
+        {{"--dpi", "254"}, {1000, 500}, QImage::Format_RGB32, {0xFFFFFFFF, 0xFFFF0000}},
+        {{"--width", "300"}, {300, 150}, QImage::Format_RGB32, {0xFFFFFFFF, 0xFFFF0000}},
+        {{"--width", "1"}, {1, 1}, QImage::Format_RGB32, {}},
+        {{"--grey", "--width", "100"},
+         {100, 50},
+         QImage::Format_Grayscale8,
+         {0xFFFFFFFF, 0xFF575757}}, // red counts 11 of 32
+        {{"--bilevel", "--dpi", "127"}, {500, 250}, QImage::Format_Mono, {0xFFFFFFFF, 0xFF000000}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.options.join(' ').toStdString());
+        EXPECT_EQ(
+            run(directory, QStringList{"-o", "r.png", "--paper", "100x50", "--scale", "1:1", "red.dxf"} + row.options)
+                .status,
+            0);
+        const QImage image(QString::fromStdString(directory.path("r.png")));
+        EXPECT_EQ(image.size(), row.size);
+        EXPECT_EQ(image.format(), row.format);
+        QSet<QRgb> colours;
+        for (int i = 0; i < image.width() * image.height(); ++i) {
+            colours << image.pixel(i % image.width(), i / image.width());
+        }
+        EXPECT_TRUE(colours.contains(row.colours));
     }
 }
 

@@ -47,6 +47,40 @@ TEST(Kelplot, TextsOfAPdfCanBeSearchedUnlessTheyAreOutlines) {
     }
 }
 
+TEST(Kelplot, BashCompletesOptionsTheirValuesAndFiles) {
+    const TemporaryDirectory directory;
+    for (const char* const name : {"a.dxf", "two words.DXF", "b.ini"}) {
+        directory.write(name, "");
+    }
+    for (const char* const name : {"Bob's", "B `echo x` \\ $(echo y)", "Bänner"}) {
+        EXPECT_EQ(run(directory, {"--paper", "90x90", "--save-paper", name}).status, 0);
+    }
+    const std::pair<const char*, const char*> rows[] = {
+        // the words as bash parts them, the last one cut short
+        {"''", "a.dxf\nconfig\ntwo words.DXF\n"},
+        {"a.dxf t", "two words.DXF\n"},
+        {"--lay", "--layers\n--layout\n"},
+        {"--grey b", ""},
+        {"--pens b", "b.ini\n"},
+        {"-t ''", "config\n"},
+        {"--sides ''", "long\none\nshort\n"},
+        {"--format = p", "pdf\npng\n"},
+        {"--units =", "cm\nft\nin\nm\nmm\nnone\n"},
+        {"--scale 1", ""},
+        {"--paper 'ANSI '", "ANSI A\nANSI B\nANSI C\nANSI D\nANSI E\n"},
+        {"--tile B", "B `echo x` \\ $(echo y)\nB0\nB1\nB2\nB3\nB4\nB5\nBob's\nBänner\n"},
+    };
+    for (const auto& [words, found] : rows) {
+        const QString script =
+            QString("kelplot() { '" KELPLOT_PROGRAM "' \"$@\"; }; source <(kelplot --completion bash); "
+                    "COMP_WORDS=(kelplot %1) COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _kelplot; "
+                    "[ ${#COMPREPLY[@]} = 0 ] || printf '%s\\n' \"${COMPREPLY[@]}\" | LC_ALL=C sort")
+                .arg(words);
+        const Outcome outcome = run(directory, {"-c", script}, "bash");
+        EXPECT_EQ(outcome.output.toStdString() + outcome.messages.toStdString(), found) << words;
+    }
+}
+
 TEST(Kelplot, StandardOutputTakesNothingButThePlot) {
     const TemporaryDirectory directory;
     directory.write("line.dxf", "0\nSECTION\n2\nENTITIES\n0\nLINE\n11\n500\n0\nENDSEC\n0\nEOF\n");

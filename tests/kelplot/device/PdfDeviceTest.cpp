@@ -3,13 +3,18 @@
 
 #include <QFile>
 #include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QPainterPath>
 #include <QPdfWriter>
+#include <QRegularExpression>
 #include <cmath>
 #include <functional>
 
 #include "device/pdf/PdfDevice.h"
 #include "kelplot/cli/KelplotRun.h"
+#include "kelplot/device/Likeness.h"
 #include "page/DeviceGrid.h"
 
 // What a painter draws, through the device and by Qt's own means, as the same program shows both.
@@ -54,38 +59,6 @@ QImage drawnByQtToImage(const TemporaryDirectory&, const Paint& paint) {
     painter.setWindow(0, 0, 7620, 5080);
     paint(painter);
     return image;
-}
-
-/// How many pixels of `a` have a colour part that none within `reach` of them in `b` comes near: edges that are
-/// smoothed otherwise do not count.
-int strangers(const QImage& a, const QImage& b, int tolerance, int reach) {
-    int count = 0;
-    const int side = 2 * reach + 1;
-    for (int y = reach; y + reach < a.height(); ++y) {
-        for (int x = reach; x + reach < a.width(); ++x) {
-            bool isStranger = false;
-            for (const int shift : {0, 8, 16}) {
-                int least = 255, most = 0;
-                for (int i = 0; i < side * side; ++i) {
-                    const int part =
-                        static_cast<int>(b.pixel(x + i % side - reach, y + i / side - reach) >> shift & 0xFFU);
-                    least = std::min(least, part);
-                    most = std::max(most, part);
-                }
-                const int part = static_cast<int>(a.pixel(x, y) >> shift & 0xFFU);
-                isStranger = isStranger || part < least - tolerance || part > most + tolerance;
-            }
-            count += isStranger ? 1 : 0;
-        }
-    }
-    return count;
-}
-
-void expectAlike(const QImage& own, const QImage& other, const char* name, int allowed = 8, int reach = 1) {
-    constexpr int tolerance = 48;
-    ASSERT_EQ(own.size(), other.size()) << name;
-    const int different = strangers(own, other, tolerance, reach) + strangers(other, own, tolerance, reach);
-    EXPECT_LE(different, allowed) << name;
 }
 
 QPainterPath star() {
@@ -187,6 +160,37 @@ void drawGradients(QPainter& painter) {
     }
 }
 
+/// Gradients that fade out and repeat, pictures with holes and dashes, all faint and within clips within clips.
+void drawFades(QPainter& painter) {
+    QPainterPath circle;
+    circle.addEllipse(QPointF(2500, 2500), 2300, 2300);
+    painter.setClipPath(circle);
+    painter.setOpacity(0.7);
+    QLinearGradient linear(0, 0, 900, 500);
+    QRadialGradient radial(5500, 2500, 700, 5700, 2600);
+    for (QGradient* const gradient : {static_cast<QGradient*>(&linear), static_cast<QGradient*>(&radial)}) {
+        gradient->setColorAt(0, QColor(255, 0, 0, 255));
+        gradient->setColorAt(0.5, QColor(0, 255, 0, 40));
+        gradient->setColorAt(1, QColor(0, 0, 255, 200));
+        gradient->setSpread(QGradient::ReflectSpread);
+    }
+    painter.fillRect(300, 300, 4000, 4000, linear);
+    painter.save();
+    painter.setClipRect(1000, 1500, 2500, 2500, Qt::IntersectClip);
+    painter.rotate(20);
+    painter.drawImage(QRectF(1500, 500, 2400, 1800), picture(QImage::Format_ARGB32));
+    painter.restore();
+    painter.setClipRect(4000, 200, 3400, 4600);
+    painter.fillRect(4500, 500, 2500, 4500, radial);
+    QPen pen(QColor(0, 0, 0, 150), 80, Qt::CustomDashLine, Qt::FlatCap);
+    pen.setDashPattern({6, 2, 1, 2});
+    pen.setDashOffset(7);
+    painter.setPen(pen);
+    painter.drawLine(3000, 400, 7600, 4700);
+    painter.setPen(QPen(Qt::darkRed, 80, Qt::DotLine, Qt::RoundCap)); // as it leaves the dashes before
+    painter.drawEllipse(4500, 1000, 2000, 3000);
+}
+
 void drawBrushes(QPainter& painter) {
     painter.scale(101.6, 101.6); // a pattern's pixel becomes six of the page: readers round tiles to whole ones
     int column = 0;
@@ -220,6 +224,7 @@ TEST(PdfDevice, ShowsWhatQtShows) {
         {"pictures", drawnByQtToImage, drawPictures},
         {"blends", drawnByQtToImage, drawBlends},
         {"gradients", drawnByQtToImage, drawGradients},
+        {"fades", drawnByQtToImage, drawFades},
         {"brushes", drawnByQtToImage, drawBrushes, 3},
     };
     for (const Row& row : rows) {
@@ -273,6 +278,10 @@ TEST(PdfDevice, TextsLieWhereTheirOutlinesLieAndCanBeReadBack) {
         {"DejaVu Sans", false, "مرحبا", level},
         {"osifont", true, "leaning", level},
         {"Liberation Serif", false, "on a slope", QTransform::fromTranslate(900, 4500).rotate(-30).scale(0.7, 0.7)},
+        {"DejaVu Sans", false, QString::fromUtf8("\u2126\u03A9 \u00B5\u03BC \u00C5\u212B"), level}, // of one glyph each
+        {"DejaVu Sans", false, QString::fromUtf8("x\u0304 轴 up"),
+         QTransform::fromTranslate(3900, 4700).rotate(-60).scale(0.9, 0.4)},
+        {"osifont", true, "stretched", QTransform::fromTranslate(900, 900).rotate(25).scale(1.1, 0.5)},
         {"Liberation Serif", true, "mirrored", QTransform::fromTranslate(5900, 2500).scale(-0.7, 0.7)},
     };
     for (const TextRow& row : rows) {
@@ -289,6 +298,33 @@ TEST(PdfDevice, TextsLieWhereTheirOutlinesLieAndCanBeReadBack) {
         expectAlike(texts, drawn(directory, [&](PdfDevice& device) { showOutlines(device.painter(), font, row); }),
                     row.text.toUtf8().constData(), 12);
     }
+}
+
+TEST(PdfDevice, NamesThePagesOfABook) {
+    const TemporaryDirectory directory;
+    const QString names[] = {"A (1)", QString::fromUtf8("Größe \\ 轴"), ""};
+    PdfDevice device({QString::fromStdString(directory.path("own.pdf")), "B(", sheet, 0, 0, {}, names[0]});
+    for (int page = 0; page < 3; ++page) {
+        page > 0 ? device.nextPage({50.8 + 25.4 * page, 25.4}, names[page]) : void();
+        device.layerChanged(page < 2 ? "(both" : "");
+        device.painter().drawLine(0, 0, 900, 900);
+    }
+    device.finish();
+    const auto json = QJsonDocument::fromJson(run(directory, {"--json", "own.pdf"}, "qpdf").output.toUtf8()).object();
+    const QJsonArray pages = json["pages"].toArray(), outlines = json["outlines"].toArray();
+    ASSERT_EQ(pages.size(), 3);
+    ASSERT_EQ(outlines.size(), 3);
+    for (int page = 0; page < 3; ++page) {
+        EXPECT_EQ(outlines[page].toObject()["title"].toString(), names[page]);
+        EXPECT_EQ(outlines[page].toObject()["destpageposfrom1"].toInt(), page + 1);
+        EXPECT_EQ(pages[page].toObject()["label"].toObject()["/P"].toString(), "u:" + names[page]);
+    }
+    const QString facts = run(directory, {"-l", "3", "own.pdf"}, "pdfinfo").output;
+    EXPECT_TRUE(isLike(facts, "Title: *B(\n*1 size:*216 x 144 *2 size:*216 x 72 *3 size:*288 x 72 *"))
+        << facts.toStdString();
+    const QString content = run(directory, {"--qdf", "--object-streams=disable", "own.pdf", "-"}, "qpdf").output;
+    EXPECT_EQ(content.count("/Type /OCG"), 1);
+    EXPECT_EQ(content.count(QRegularExpression("/OC ?/L\\d+ BDC")), 2) << "the last page has no layer";
 }
 
 /// A symbol with much in it that must not leak from one copy to the next: a colour, a clip, a layer, a text.

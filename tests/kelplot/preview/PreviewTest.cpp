@@ -2,14 +2,23 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFileDialog>
 #include <QImage>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
 #include <QTreeWidget>
 
 #include "cli/CommandLine.h"
 #include "kelplot/cli/KelplotRun.h"
+#include "preview/PreviewPlan.h"
 #include "preview/PreviewWindow.h"
+#include "preview/PrintDialog.h"
+#include "preview/SaveDialog.h"
 
 using namespace kelplot;
 
@@ -127,6 +136,86 @@ TEST(Preview, ShowsEachLayoutAndTellsWhatItLeavesOut) {
     ASSERT_TRUE(waitFor([&] { return window->isSettled(); }));
     EXPECT_TRUE(isWide());
     EXPECT_FALSE(told().contains("3DSOLID")) << "on this sheet there is none";
+}
+
+TEST(Preview, SavesWhatKelplotPlotsAndTellsWhatItCannotSave) {
+    qputenv("SOURCE_DATE_EPOCH", "1700000000");
+    const TemporaryDirectory directory;
+    const auto window = windowOn({"--format", "png", "--grey", "--width", "300", "-t", "nowhere", plate});
+    ASSERT_TRUE(waitFor([&] { return window->isSettled(); }));
+    auto* const list = window->layers().findChild<QTreeWidget*>();
+    list->findItems("OUTLINE", Qt::MatchExactly).at(0)->setCheckState(0, Qt::Unchecked);
+    for (const char* const name : {"plate.pdf", "plate.SVG", "plate.plt", "plate.png"}) {
+        const QString saved = QString::fromStdString(directory.path(std::string("saved ") + name));
+        QStringList options{"--exclude-layers", "OUTLINE", "-o", QString("saved ") + name, plate};
+        options += QString(name) == "plate.png" ? QStringList{"--grey", "--width", "300"} : QStringList();
+        ASSERT_EQ(run(directory, options).status, 0);
+        const std::string plotted = directory.read(std::string("saved ") + name);
+        ASSERT_TRUE(QFile::remove(saved));
+        window->save(saved);
+        ASSERT_TRUE(waitFor([&] { return QFile::exists(saved); }));
+        EXPECT_TRUE(directory.read(std::string("saved ") + name) == plotted) << name;
+    }
+    const QString unsaved[][2] = {{"plate.jpg", "unknown ending"}, {"missing/plate.pdf", "No such file"}};
+    for (const auto& [name, words] : unsaved) {
+        window->save(QString::fromStdString(directory.path(name.toStdString())));
+        QMessageBox* box = nullptr;
+        ASSERT_TRUE(waitFor([&] { return (box = window->findChild<QMessageBox*>()) != nullptr; }));
+        EXPECT_TRUE(box->text().contains(words)) << box->text().toStdString();
+        delete box;
+    }
+    EXPECT_FALSE(QFile::exists("nowhere"));
+    qunsetenv("SOURCE_DATE_EPOCH");
+}
+
+TEST(Preview, PrintsAsTheRequestAndTheDialogSay) {
+    const std::vector<Printer> printers{
+        {"a", "", "idle", true, false}, {"b", "Hall", "idle", true, true}, {"c", "", "", false, false}};
+    const struct {
+        QStringList options;
+        const char* printer;
+        int copies;
+        Sides sides;
+    } rows[] = {{{"--format", "png", "--grey"}, "b", 1, Sides::asSetUp},
+                {{"-d", "c", "-n", "7", "--sides", "short"}, "c", 7, Sides::twoShortEdge},
+                {{"-d", "gone"}, "a", 1, Sides::asSetUp}};
+    for (const auto& row : rows) {
+        Request request = requestFromArguments(QStringList{"kelplot", "--preview", plate} + row.options);
+        PrintDialog(nullptr, printers, request, false).apply(request);
+        const auto plan = planToPrint(request, plate, "First");
+        EXPECT_EQ(plan->printer, row.printer);
+        EXPECT_EQ(plan->print.copies, row.copies);
+        EXPECT_EQ(plan->print.sides, row.sides);
+        EXPECT_EQ(plan->format, OutputFormat::pdf);
+        EXPECT_EQ(plan->layout, "First");
+    }
+}
+
+TEST(Preview, OffersNamesOfTheFormatThatIsChosen) {
+    const TemporaryDirectory directory;
+    const QString folder = QString::fromStdString(directory.path());
+    const struct {
+        OutputFormat format;
+        bool pagesInOne;
+        int kind;
+        const char* name;
+    } rows[] = {{OutputFormat::png, false, -1, "a.b.png"},
+                {OutputFormat::png, false, 2, "a.b.svg"},
+                {OutputFormat::svg, true, -1, "a.b.pdf"},
+                {OutputFormat::pdf, true, 1, "a.b.hpgl"}};
+    for (const auto& row : rows) {
+        QTimer::singleShot(0, [&] {
+            auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            auto* const kinds = dialog->findChild<QComboBox*>("fileTypeCombo");
+            if (row.kind >= 0) {
+                kinds->setCurrentIndex(row.kind);
+                emit kinds->activated(row.kind);
+            }
+            dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
+        });
+        const QString chosen = chooseFile(nullptr, folder + "/a.b.dxf", row.format, row.pagesInOne);
+        EXPECT_EQ(chosen.toStdString(), directory.path(row.name));
+    }
 }
 
 TEST(Preview, EndsAtOnceWhileAPageIsDrawn) {

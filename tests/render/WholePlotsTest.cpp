@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <cwchar>
+#include <malloc.h>
+#include <memory>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <QPainter>
+
+#include "keldriver/KelDriver.h"
+#include "support/ImageBytes.h"
+
+// Plots as a driver makes them, from the renderer's birth to its end.
+
+namespace {
+
+struct RendererRelease {
+    void operator()(HT_Renderer* renderer) const { HT_RendererFactory::DestroyRenderer(renderer); }
+};
+struct RegionRelease {
+    void operator()(HT_ClipRgn* region) const { KelDriver::HT_DeleteRgn(region); }
+};
+
+void drawLines(HT_Renderer& renderer, double step) {
+    double dashes[] = {6, 3};
+    renderer.SetLineType(HT_PlotStyle::LineTypeSolid, nullptr, 0);
+    renderer.SetLineWeight(2.5);
+    std::vector<HT_Double_Point> curve;
+    for (int i = 0; i < 60; ++i) {
+        curve.push_back({i * step, 60 + 40 * std::sin(i * 0.3)});
+    }
+    renderer.DrawPolyline(curve.data(), static_cast<int>(curve.size()));
+    renderer.SetLineType(HT_PlotStyle::LineTypeCustom, dashes, 2);
+    renderer.DrawArc({100, 100}, 50, 30, 0.4, 0.2, 4.0);
+}
+
+void drawAreas(HT_Renderer& renderer) {
+    const std::unique_ptr<HT_ClipRgn, RegionRelease> clip(KelDriver::HT_CreateRectRgnData({20, 20}, {170, 130}));
+    renderer.SetClipRgn(clip.get());
+    const HT_Double_Point triangle[] = {{10, 10}, {190, 75}, {40, 140}};
+    for (const auto style : {HT_PlotStyle::FillSolid, HT_PlotStyle::FillSquares, HT_PlotStyle::FillDiagCross}) {
+        renderer.SetFillStyle(style);
+        renderer.SetColor(0x00204080U + static_cast<unsigned>(style) * 0x20U);
+        renderer.FillPolygon(triangle, 3);
+    }
+    renderer.SetClipRgn(nullptr);
+}
+
+void drawTexts(HT_Renderer& renderer, int number) {
+    HT_Font font{};
+    font.height = 18;
+    std::wcscpy(font.faceName, L"DejaVu Sans");
+    for (std::wstring text : {L"Sheet " + std::to_wstring(number), std::wstring(L"\u042F\u4E2D\u0639")}) {
+        renderer.DrawText(text.data(), 0, font, {30, 40}, 0.3, 1, nullptr);
+    }
+}
+
+void drawPicture(HT_Renderer& renderer) {
+    QImage pixels(8, 8, QImage::Format_RGB32);
+    pixels.fill(qRgb(200, 30, 60));
+    const HT_RasterImagePtr image = decode(imageBytes(pixels));
+    HT_RasterImage_Record record{image.get(), 120, 20, 4, {}, 4};
+    renderer.DrawImage(&record);
+}
+
+/// The page that a plot leaves, with this number on it.
+QImage plot(int number) {
+    QImage page(200, 150, QImage::Format_RGB32);
+    page.fill(Qt::white);
+    QPainter painter(&page);
+    const std::unique_ptr<HT_Renderer, RendererRelease> renderer(HT_RendererFactory::CreateRenderer(4, 0));
+    renderer->AttachDriver(&painter, {page.width(), page.height()}, false);
+    renderer->StartRender();
+    drawLines(*renderer, 1.0 + number % 3);
+    drawAreas(*renderer);
+    drawTexts(*renderer, number);
+    drawPicture(*renderer);
+    renderer->FinishRender();
+    renderer->DetachDriver();
+    return page;
+}
+
+TEST(WholePlots, OfTwoThreadsAreThoseOfOne) {
+    constexpr int plots = 40;
+    std::vector<QImage> alone;
+    for (int i = 0; i < plots; ++i) {
+        alone.push_back(plot(i));
+    }
+    std::vector<std::vector<QImage>> pages(2);
+    std::vector<std::thread> threads;
+    for (std::vector<QImage>& own : pages) {
+        threads.emplace_back([&own] {
+            for (int i = 0; i < plots; ++i) {
+                own.push_back(plot(i));
+            }
+        });
+    }
+    std::for_each(threads.begin(), threads.end(), [](std::thread& thread) { thread.join(); });
+    EXPECT_NE(alone[0], alone[1]);
+    EXPECT_EQ(pages[0], alone);
+    EXPECT_EQ(pages[1], alone);
+}
+
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // which have allocators of their own
+/// From the environment, so that the same test may run for long.
+int plotsToMake() {
+    const char* const given = std::getenv("KELDRIVER_PLOTS");
+    return given == nullptr ? 200 : std::max(100, std::atoi(given));
+}
+
+TEST(WholePlots, LeaveNothingInMemory) {
+    constexpr size_t slack = 16 << 10; // bytes; caches of fonts fill up in the first plots
+    const int plots = plotsToMake();
+    size_t early = 0;
+    for (int i = 0; i < plots; ++i) {
+        plot(i % 10);
+        if (i == plots / 10) {
+            early = mallinfo2().uordblks;
+        }
+    }
+    const size_t late = mallinfo2().uordblks;
+    EXPECT_LT(late, early + slack) << plots << " plots, in use early on: " << early;
+    RecordProperty("bytes_early", std::to_string(early));
+    RecordProperty("bytes_late", std::to_string(late));
+}
+#endif
+
+} // namespace
