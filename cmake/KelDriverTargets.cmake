@@ -32,13 +32,21 @@ function(keldriver_precompile_headers target)
     endif()
 endfunction()
 
-# keldriver_own_libraries_in_run_path(<target>)
-# Lets the installed target find a host application's own libraries where they were when it was linked.
-function(keldriver_own_libraries_in_run_path target)
+# The folder, below the one for libraries, of the open versions of what a host application supplies. Their names have
+# no version, because an application's own go by the same ones, so the folder has it.
+set(KELDRIVER_STAND_INS keldriver-${KelDriver_VERSION_MAJOR})
+
+# keldriver_run_path(<target> <folder>)
+# Lets the installed target look for libraries in the folder, for a host application's own ones where they were when it
+# was linked, and last for the open versions.
+function(keldriver_run_path target folder)
+    set(path "${folder}")
     foreach(library IN LISTS KELDRIVER_TARSEL KELDRIVER_IMGO)
-        cmake_path(GET library PARENT_PATH folder)
-        set_property(TARGET ${target} APPEND PROPERTY INSTALL_RPATH "${folder}")
+        cmake_path(GET library PARENT_PATH own)
+        list(APPEND path "${own}")
     endforeach()
+    list(APPEND path "${folder}/${KELDRIVER_STAND_INS}")
+    set_property(TARGET ${target} PROPERTY INSTALL_RPATH "${path}")
 endfunction()
 
 # keldriver_version_script(<target> <file>)

@@ -23,5 +23,6 @@
 #include "keldriver/Types.h"
 #include "keldriver/UCS33.h"
 #include "keldriver/Utility.h"
+#include "keldriver/Version.h"
 #include "keldriver/VornRgn.h"
 #include "keldriver/Win32Types.h"

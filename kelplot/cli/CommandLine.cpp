@@ -6,7 +6,7 @@
 
 #include "cli/Defaults.h"
 #include "cli/OptionTable.h"
-#include "settings/SettingsFile.h"
+#include "settings/Folders.h"
 
 namespace kelplot {
 namespace {

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <functional>
 #include <iostream>
+#include <optional>
 #include <unistd.h>
 
 #include "cli/CommandLine.h"
@@ -24,6 +25,8 @@
 #include "cli/PlotRun.h"
 #include "cli/PrinterListing.h"
 #include "cli/ProgramFrame.h"
+#include "cli/SessionFolder.h"
+#include "keldriver/Version.h"
 #include "print/Printers.h"
 
 namespace kelplot {
@@ -103,6 +106,14 @@ ExitStatus plot(const Request& request, Console& console) {
     return status;
 }
 
+void showVersion() {
+    constexpr int place = 100; // of each number in the library's version
+    const int library = HT_GetLibraryVersion();
+    std::cout << "kelplot " KELPLOT_VERSION "\nLicence GPL-2.0-or-later; plots through libKelDriver "
+              << library / (place * place) << '.' << library / place % place << '.' << library % place
+              << " (BSD-3-Clause)" << std::endl;
+}
+
 ExitStatus run(const Request& request) {
     Console console(std::cerr, progressMode(request), !request.quiet);
     switch (request.action) {
@@ -116,9 +127,7 @@ ExitStatus run(const Request& request) {
         std::cout << completionFor(request.shell).toStdString();
         return ExitStatus::done;
     case Action::showVersion:
-        std::cout << "kelplot " KELPLOT_VERSION "\n"
-                     "Licence GPL-2.0-or-later; plots through libKelDriver (BSD-3-Clause)"
-                  << std::endl;
+        showVersion();
         return ExitStatus::done;
     case Action::listLayers:
         return listAll(request.inputs, listLayers, console);
@@ -170,7 +179,9 @@ int runKelplot(int argc, char** argv) {
     char name[] = "kelplot";
     char* nameOnly[] = {name, nullptr};
     int count = 1;
+    std::optional<SessionFolder> session(std::in_place);
     const QGuiApplication application(count, nameOnly);
+    session.reset();
     useNeutralLocale();
     return statusOf([&] {
         const Request request = requestFromArguments(argumentsOf(argc, argv));

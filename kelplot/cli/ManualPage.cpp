@@ -59,11 +59,16 @@ replaced only with \fB\-\-force\fR. A \fIFILE\fR of \- is standard input, whose 
     return page + QStringLiteral(R"(.SH FILES
 .TP
 .I Drivers/kelplot.ini
-Beside the program: defaults for options (section "Defaults", one option=value per line), pens and fonts.
+Beside the program, or else in the installation's
+.IR share/kelplot :
+defaults for options (section "Defaults", one option=value per line), pens and fonts.
 It may set these options: %1.
 .TP
 .I $XDG_CONFIG_HOME/kelplot/kelplot.ini
 Your own defaults, which take precedence key by key. The papers that you save are in papers.ini beside it.
+.TP
+.I $XDG_CACHE_HOME/kelplot
+Copies of lists of papers that are quicker to read. They can be removed at any time.
 .SH EXIT STATUS
 .TP
 0

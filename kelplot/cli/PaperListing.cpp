@@ -63,8 +63,8 @@ ExitStatus listPapers(bool json, std::ostream& stream, Console& console) {
             status = ExitStatus::cannotOpen;
         }
     };
-    const PaperFile device(driverFolder());
-    addFrom(PaperFile(ownFolder()), true);
+    const PaperFile device = PaperFile::ofDevice();
+    addFrom(PaperFile::ofUser(), true);
     addFrom(device, false);
     if (!device.exists()) {
         console.error((device.path() + QStringLiteral(": no such file")).toStdString());

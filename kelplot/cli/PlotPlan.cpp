@@ -12,6 +12,7 @@
 #include "cli/PaperListing.h"
 #include "cli/SpaceChoice.h"
 #include "device/PlotMark.h"
+#include "settings/Folders.h"
 #include "settings/PaperFile.h"
 #include "settings/PaperTable.h"
 #include "settings/PenSection.h"
@@ -24,7 +25,7 @@ namespace {
 const QLatin1String sizeRule("WIDTHxHEIGHT in millimetres, 5 to 20000 each");
 
 void useSize(const AskedPaper& asked, const SheetSize& size, PlotPlan& plan) {
-    if (!PaperFile(driverFolder()).takes(size)) {
+    if (!PaperFile::ofDevice().takes(size)) {
         throw UsageError(QStringLiteral("%1: \"%2\" is larger than the device takes").arg(asked.origin, asked.text));
     }
     plan.page.paper = {size, true};
@@ -32,7 +33,7 @@ void useSize(const AskedPaper& asked, const SheetSize& size, PlotPlan& plan) {
 
 /// Without the device's papers no name can be looked up. Only the built-in default is still known.
 void useUnlistedPaper(const AskedPaper& asked, PlotPlan& plan) {
-    const QString missing = PaperFile(driverFolder()).path();
+    const QString missing = PaperFile::ofDevice().path();
     if (!asked.origin.isEmpty()) {
         throw SettingsError(
             missing, QStringLiteral("no such file, so \"%1\" cannot be looked up; give %2").arg(asked.text, sizeRule));
@@ -49,7 +50,7 @@ void useName(const AskedPaper& asked, PlotPlan& plan) {
         plan.page.margins = paper->margins;
         return;
     }
-    if (!PaperFile(driverFolder()).exists()) {
+    if (!PaperFile::ofDevice().exists()) {
         useUnlistedPaper(asked, plan);
         return;
     }
@@ -296,7 +297,7 @@ PlotPlan planFor(const Request& request) {
 }
 
 QString savePaper(const PlotPlan& plan) {
-    const PaperFile file(ownFolder());
+    const PaperFile file = PaperFile::ofUser();
     file.add(plan.savedPaper.value());
     return QStringLiteral("%1: %2, saved as \"%3\"").arg(file.path(), sizeText(plan.page.paper.size), plan.savedName);
 }

@@ -2,6 +2,7 @@
 #include "settings/PaperCache.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
@@ -47,10 +48,14 @@ std::vector<PaperSize> PaperCache::records() const {
 std::vector<PaperSize> PaperCache::remake(const std::function<std::vector<PaperSize>()>& read) const {
     const QDateTime change = QFileInfo(m_text).metadataChangeTime();
     std::vector<PaperSize> records = read();
+    if (m_cache.isEmpty()) {
+        return records;
+    }
     if (records.empty() || !std::all_of(records.begin(), records.end(), fitsCache)) {
         QFile::remove(m_cache);
         return records;
     }
+    QDir().mkpath(QFileInfo(m_cache).path());
     HT_WritePaperFile(m_cache.toStdWString().c_str(), records.data(), static_cast<int>(records.size()));
     if (QFileInfo(m_text).metadataChangeTime() != change) {
         QFile::remove(m_cache);

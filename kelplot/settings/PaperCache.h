@@ -9,7 +9,7 @@
 
 namespace kelplot {
 
-/// The binary file that the library keeps beside a text file of papers, and reads in less time.
+/// The binary copy of a text file of papers, which the library reads in less time.
 class PaperCache {
 public:
     PaperCache(QString text, QString cache) : m_text(std::move(text)), m_cache(std::move(cache)) {}
@@ -22,7 +22,7 @@ public:
     std::vector<PaperSize> records() const;
     /// Reads the text file with `read` and makes the cache from the result. No cache is made for a list without papers,
     /// which would look damaged, for a name with characters that it has no room for, or when the file changes
-    /// meanwhile. If the cache cannot be written, there is none.
+    /// meanwhile. If the cache cannot be written, or its path is empty, there is none.
     std::vector<PaperSize> remake(const std::function<std::vector<PaperSize>()>& read) const;
 
 private:

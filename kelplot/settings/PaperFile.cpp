@@ -6,15 +6,35 @@
 #include <QFileInfo>
 #include <array>
 
+#include "settings/Folders.h"
 #include "settings/PaperRecords.h"
 #include "settings/PaperRewrite.h"
 #include "settings/SettingsFile.h"
 
 namespace kelplot {
 
-PaperFile::PaperFile(const QString& folder)
-    : m_folder(folder), m_text(QDir(folder).filePath(QStringLiteral("papers.ini"))),
-      m_cache(m_text, QDir(folder).filePath(QStringLiteral("papers.PER"))) {
+namespace {
+
+QString textIn(const QString& folder) {
+    return QDir(folder).filePath(QStringLiteral("papers.ini"));
+}
+
+} // namespace
+
+PaperFile::PaperFile(const QString& folder) : PaperFile(folder, QDir(folder).filePath(QStringLiteral("papers.PER"))) {
+}
+
+PaperFile::PaperFile(const QString& folder, const QString& cache)
+    : m_folder(folder), m_text(textIn(folder)), m_cache(m_text, cache) {
+}
+
+PaperFile PaperFile::ofDevice() {
+    const QString folder = driverFolder();
+    return {folder, driverCacheOf(textIn(folder))};
+}
+
+PaperFile PaperFile::ofUser() {
+    return PaperFile(ownFolder());
 }
 
 bool PaperFile::exists() const {

@@ -11,13 +11,20 @@
 
 namespace kelplot {
 
-/// The papers of one folder: a text file that people edit, and the binary cache of it that the library keeps beside it.
+/// The papers of one folder: a text file that people edit, and a binary cache of it, which stands beside it unless it
+/// is told another place.
 ///
 /// The text is the master. A cache older than its text is made again; one that is damaged is passed over, with a
 /// warning, and never touched. Nothing is written to a text file that cannot be read back whole.
 class PaperFile {
 public:
     explicit PaperFile(const QString& folder);
+    PaperFile(const QString& folder, const QString& cache);
+
+    /// The papers of the device.
+    static PaperFile ofDevice();
+    /// The papers that the user saved.
+    static PaperFile ofUser();
 
     /// The path of the text file.
     const QString& path() const { return m_text; }

@@ -7,7 +7,6 @@
 
 #include "settings/NearestNames.h"
 #include "settings/PaperFile.h"
-#include "settings/SettingsFile.h"
 
 namespace kelplot {
 namespace {
@@ -58,8 +57,8 @@ bool isInTenths(double millimetres) {
 
 PaperTable PaperTable::load(QStringList& warnings) {
     PaperTable table;
-    table.add(PaperFile(ownFolder()).read(warnings), true);
-    table.add(PaperFile(driverFolder()).read(warnings), false);
+    table.add(PaperFile::ofUser().read(warnings), true);
+    table.add(PaperFile::ofDevice().read(warnings), false);
     return table;
 }
 

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "settings/SettingsFile.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QSet>
-#include <QStandardPaths>
 #include <algorithm>
 
 #include "keldriver/IniFile.h"
-#include "keldriver/Utility.h"
 
 namespace kelplot {
 namespace {
@@ -51,19 +47,6 @@ void load(const QString& path, inifile::IniFile& file) {
 }
 
 } // namespace
-
-QString driverFolder() {
-    QString folder = QString::fromWCharArray(VornGetAppDataPath());
-    if (folder.isEmpty()) {
-        throw SettingsError(QStringLiteral("Drivers"), QStringLiteral("the program's folder cannot be found"));
-    }
-    return folder;
-}
-
-QString ownFolder() {
-    return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation))
-        .filePath(QStringLiteral("kelplot"));
-}
 
 void requireSettings(const QString& path) {
     inifile::IniFile file;

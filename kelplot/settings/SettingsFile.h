@@ -15,13 +15,6 @@ public:
         : std::runtime_error((path + QStringLiteral(": ") + reason).toStdString()) {}
 };
 
-/// The folder with the settings that belong to the program. Throws `SettingsError` when the system cannot say where it
-/// is.
-QString driverFolder();
-
-/// The folder with the user's own settings. It need not exist.
-QString ownFolder();
-
 /// Throws `SettingsError` when there is no such file or it is not wholly a settings file.
 void requireSettings(const QString& path);
 

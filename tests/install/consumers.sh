@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: BSD-3-Clause
-# Installs the library into an empty prefix and builds the example driver there: through the CMake package, through
-# pkg-config, and through pkg-config once more after the prefix was moved.
+# Installs the library's components into an empty prefix and builds the example driver there: through the CMake package,
+# through pkg-config, and through pkg-config once more after the prefix was moved.
 set -euo pipefail
 export LC_ALL=C.UTF-8
 source=$1 build=$2
@@ -10,15 +10,21 @@ trap 'rm -rf "$work"' EXIT
 export XDG_CONFIG_HOME=$work # without settings of the user's own
 prefix=$work/prefix
 
-cmake --install "$build" --prefix "$prefix" >/dev/null
-"$prefix/bin/kelplot" --version
-grep -q $'^A0\t841x1189\t' <<<"$("$prefix/bin/kelplot" --list-papers)"
-for licence in LICENSE COPYING.kelplot THIRD-PARTY.md; do
-    test -s "$prefix/share/doc/KelDriver/$licence"
-done
+fail() {
+    echo "$1"
+    exit 1
+}
+install_component() { cmake --install "$build" --prefix "$prefix" --component "$1" >/dev/null; }
+files_in() { (cd "$1" && find . -type f,l | LC_ALL=C sort); }
+
+# The library and what drivers are built with work without the reference driver.
+install_component runtime
+install_component development
+[ -e "$prefix/bin" ] && fail "a program came with the library"
 library=$(find "$prefix" -name libKelDriver.so)
 libdir=$(dirname "$library")
 grep -Eq 'SONAME +libKelDriver\.so\.[0-9]+$' <<<"$(objdump -p "$library")"
+grep -qF "$libdir/keldriver-" <<<"$(ldd "$library" | grep libTarsel)" || fail "$(ldd "$library")"
 
 cmake -G Ninja -S "$source/examples/driver" -B "$work/example" -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
 cmake --build "$work/example"
@@ -34,6 +40,14 @@ if cmp -s "$work/example.png" "$work/other.png"; then
 fi
 usage=$(! QT_QPA_PLATFORM=none "$work/example/example_driver" 2>&1)
 [[ $usage == usage:* ]]
+
+# All components together are the whole.
+install_component kelplot
+cmake --install "$build" --prefix "$work/whole" >/dev/null
+diff <(files_in "$prefix") <(files_in "$work/whole") || fail "a file belongs to no component"
+for licence in LICENSE COPYING.kelplot THIRD-PARTY.md; do
+    test -s "$prefix/share/doc/KelDriver/$licence"
+done
 
 # The same page comes from a driver that pkg-config tells where an installation's libraries are.
 draws_the_same() {
@@ -53,3 +67,26 @@ libdir=$moved${libdir#"$prefix"}
 draws_the_same "$libdir"
 [ "$moved/include" -ef "$(pkg-config --define-prefix --variable=includedir keldriver)" ]
 [ "$libdir" -ef "$(pkg-config --define-prefix --variable=libdir keldriver)" ]
+test -e "$(pkg-config --variable=standinsdir keldriver)/vnbase.so"
+version=$(pkg-config --modversion keldriver)
+[[ $("$moved/bin/kelplot" --version) == "kelplot $version"$'\n'*"libKelDriver $version "* ]]
+
+# The installed kelplot finds its papers and writes to the output and the user's folders only, whoever runs it.
+mkdir "$work/home" "$work/temporary"
+touch "$work/before"
+has_paper() {
+    grep -q "^$1"$'\t' <<<"$(env -u XDG_RUNTIME_DIR HOME="$work/home" XDG_CACHE_HOME= TMPDIR="$work/temporary" \
+        "$moved/bin/kelplot" --list-papers)"
+}
+has_paper A0
+written=$(find "$moved" "$work/temporary" -mindepth 1 -newer "$work/before")
+[ -z "$written" ] || fail "kelplot wrote $written"
+[ "$(find "$work/home" -type f | wc -l)" -eq 1 ] || fail "no papers are kept in the user's caches"
+sed -i 's/^Name=A0$/Name=Poster/' "$moved/share/kelplot/Drivers/papers.ini"
+has_paper Poster || fail "kelplot does not see that its papers were edited"
+
+# An installation goes with what was put there, and no more.
+touch "$work/whole/share/kelplot/Drivers/added.ini"
+(cd "$build" && cmake -P "$source/cmake/KelDriverUninstall.cmake" >/dev/null 2>&1)
+[ "$(files_in "$work/whole")" = ./share/kelplot/Drivers/added.ini ] || fail "left: $(files_in "$work/whole")"
+[ ! -e "$work/whole/include/keldriver" ] || fail "an empty folder is left"

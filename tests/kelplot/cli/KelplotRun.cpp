@@ -21,6 +21,7 @@ Outcome run(const TemporaryDirectory& directory, const QStringList& arguments, c
         environment.remove(QString::fromLatin1(name));
     }
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), QString::fromStdString(directory.path("config")));
+    environment.insert(QStringLiteral("XDG_CACHE_HOME"), QString::fromStdString(directory.path("cache")));
     // For builds with sanitizers; to others this variable means nothing.
     environment.insert(QStringLiteral("LSAN_OPTIONS"),
                        QStringLiteral("print_suppressions=0:suppressions=" LEAK_SUPPRESSIONS));
