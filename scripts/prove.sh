@@ -58,12 +58,14 @@ valgrind_tests() {
     ./scripts/install-deps.sh prove
     build dev all
     local program
-    for program in build/dev/tests/{geometry,host,image,paper,port,region,render,settings}/*_test; do
+    for program in build/dev/tests/{geometry,image,kit,paper,port,region,render,settings}/*_test; do
+        case $program in
+        */region_oracle_test) continue ;; # as long as all others together, in the code of region_test
+        esac
         echo "== ${program##*/}"
-        # The tests of damaged shared memory and of killed processes measure time, which runs slower here.
         valgrind --quiet --error-exitcode=1 --leak-check=full --errors-for-leak-kinds=definite \
-            --suppressions=tests/valgrind.supp --trace-children=no "$program" --gtest_brief=1 \
-            --gtest_filter="-SafeWriting.*:*Kill*"
+            --show-leak-kinds=definite --suppressions=tests/valgrind.supp "$program" --gtest_brief=1 \
+            --gtest_filter=-ImageTest.ImagesOfOtherDepthsEndWithTheirBytes # looks at the padding of Qt's rows
     done
 }
 

@@ -79,7 +79,7 @@ void SvgStream::addTenths(qint64 tenths) {
     char* const end = digits + sizeof digits;
     char* at = end;
     const bool isNegative = tenths < 0;
-    quint64 rest = static_cast<quint64>(isNegative ? -tenths : tenths);
+    auto rest = static_cast<quint64>(isNegative ? -tenths : tenths);
     const auto tenth = static_cast<char>('0' + rest % 10);
     rest /= 10;
     if (tenth != '0') {

@@ -35,11 +35,13 @@ void expectPenArea(const QPolygonF& line, double radius) {
     area.closeSubpath();
     area.setFillRule(Qt::WindingFill);
     const QRectF box = line.boundingRect().adjusted(-radius - 1, -radius - 1, radius + 1, radius + 1);
-    for (double x = box.left(); x < box.right(); x += box.width() / 40) {
-        for (double y = box.top(); y < box.bottom(); y += box.height() / 40) {
-            const double away = distance({x, y}, line) - radius;
+    constexpr int steps = 40;
+    for (int column = 0; column < steps; ++column) {
+        for (int row = 0; row < steps; ++row) {
+            const QPointF at = box.topLeft() + QPointF(box.width() * column, box.height() * row) / steps;
+            const double away = distance(at, line) - radius;
             if (std::abs(away) > edge) {
-                ASSERT_EQ(area.contains(QPointF(x, y)), away < 0.0) << x << "," << y << ": " << away;
+                ASSERT_EQ(area.contains(at), away < 0.0) << at.x() << "," << at.y() << ": " << away;
             }
         }
     }
