@@ -234,7 +234,8 @@ TEST(HpglDevice, PlotsWhatQtPaints) {
         QImage plotted(800, 400, QImage::Format_RGB32);
         plotted.fill(Qt::white);
         QImage painted = plotted;
-        Plotter(plotted).run(commandsFor([&](HpglDevice& device) { paint(device.painter()); }));
+        const auto& draw = paint; // a name of its own, which a lambda can refer to
+        Plotter(plotted).run(commandsFor([&](HpglDevice& device) { draw(device.painter()); }));
         QPainter painter(&painted);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setWindow(0, 0, 4000, 2000);
