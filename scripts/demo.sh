@@ -9,11 +9,11 @@ drawing=examples/drawings/showcase.dxf
 cmake --preset release -DKELDRIVER_BUILD_BENCHMARKS=OFF >/dev/null
 cmake --build --preset release
 
-mkdir -p plots
+mkdir -p plots # for what this script plots, and so replaces
 for format in pdf png svg; do
     plot="plots/$(basename "$drawing" .dxf).$format"
     started=$(date +%s%N)
-    ./build/release/kelplot/kelplot --paper A3 --margins 0 --scale 1:1 -o "$plot" "$drawing"
+    ./build/release/kelplot/kelplot --paper A3 --margins 0 --scale 1:1 --force -o "$plot" "$drawing"
     printf '%s: plotted in %d ms\n' "$PWD/$plot" $((($(date +%s%N) - started) / 1000000))
 done
 
