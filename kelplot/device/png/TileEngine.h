@@ -26,7 +26,7 @@ public:
 
     bool begin(QPaintDevice* device) override;
     bool end() override { return m_painter.end(); }
-    void updateState(const QPaintEngineState& state) override;
+    void updateState(const QPaintEngineState& now) override;
     Type type() const override { return QPaintEngine::User; }
 
     using QPaintEngine::drawEllipse;
@@ -46,7 +46,7 @@ public:
     void drawTiledPixmap(const QRectF& target, const QPixmap& pixmap, const QPointF& offset) override;
 
 private:
-    void updateClip(const QPaintEngineState& state);
+    void updateClip(const QPaintEngineState& now);
     bool touchesTile(const QRectF& box) const;
     bool drawsOutline(const QRectF& box) const;
     QRect tilePixels() const;

@@ -76,7 +76,7 @@ void SvgPaints::writeGradient(const PageBrush& brush, const QByteArray& name) {
     const QGradient& gradient = *brush.brush.gradient();
     const bool isRadial = gradient.type() == QGradient::RadialGradient;
     const char* const element = isRadial ? "radialGradient" : "linearGradient";
-    m_stream << "<" << element << " id=\"" << name << "\" gradientUnits=\"userSpaceOnUse\"";
+    m_stream << "<" << element << " id=\"" << name << R"(" gradientUnits="userSpaceOnUse")";
     const auto attribute = [&](const char* key, double value) {
         m_stream << " " << key << "=\"";
         m_stream.addExact(value);
@@ -118,7 +118,7 @@ void SvgPaints::writeGradient(const PageBrush& brush, const QByteArray& name) {
 void SvgPaints::writePattern(const PageBrush& brush, const QByteArray& name) {
     const QImage tile = tileOf(brush.brush);
     const QByteArray image = imageOf(tile);
-    m_stream << "<pattern id=\"" << name << "\" patternUnits=\"userSpaceOnUse\" width=\"" << tile.width()
+    m_stream << "<pattern id=\"" << name << R"(" patternUnits="userSpaceOnUse" width=")" << tile.width()
              << "\" height=\"" << tile.height() << "\" patternTransform=\"";
     m_stream.addMatrix(brush.place);
     m_stream << "\"><use xlink:href=\"" << image << "\"/></pattern>\n";
@@ -132,7 +132,7 @@ QByteArray SvgPaints::imageOf(const QImage& image) {
     if (!m_images.contains(name)) {
         m_images.insert(name);
         m_stream << "<defs><image id=\"" << name << "\" width=\"" << image.width() << "\" height=\"" << image.height()
-                 << "\" preserveAspectRatio=\"none\" xlink:href=\"data:image/" << (jpeg.isEmpty() ? "png" : "jpeg")
+                 << R"(" preserveAspectRatio="none" xlink:href="data:image/)" << (jpeg.isEmpty() ? "png" : "jpeg")
                  << ";base64," << file.toBase64() << "\"/></defs>\n";
     }
     return "#" + name;

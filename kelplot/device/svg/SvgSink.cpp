@@ -196,7 +196,7 @@ void SvgSink::fill(const PageShape& shape, const PageBrush& brush, const PageBle
     m_stream << "\"/>\n";
 }
 
-QByteArray SvgSink::penStyle(const QPen& pen, double opacity) const {
+QByteArray SvgSink::penStyle(const QPen& pen, double opacity) {
     QByteArray style = attribute("stroke", svgColour(pen.color()));
     const double width = pen.widthF();
     style += width > 0.0 ? attribute("stroke-width", lengthText(width))
@@ -274,7 +274,7 @@ bool SvgSink::drawText(const PageText& text, const PageBlend& blend) {
     beginElement("text", style, blend);
     const QTransform upright(place.m11() / scale, place.m12() / scale, place.m21() / scale, place.m22() / scale,
                              place.dx(), place.dy());
-    m_stream << " font-family=\"" << font.family() << "\" xml:space=\"preserve\" transform=\"";
+    m_stream << " font-family=\"" << font.family() << R"(" xml:space="preserve" transform=")";
     m_stream.addMatrix(upright);
     m_stream << "\">" << text.item.text() << "</text>\n";
     return true;

@@ -44,7 +44,7 @@ private:
     void closeGroups();
     void closeLayer();
     void beginElement(const char* element, const QByteArray& style, const PageBlend& blend);
-    QByteArray penStyle(const QPen& pen, double opacity) const;
+    static QByteArray penStyle(const QPen& pen, double opacity);
 
     /// Clips with the name of the last of them, which has the others in it.
     using NamedClips = std::pair<std::vector<PageShape>, QByteArray>;
