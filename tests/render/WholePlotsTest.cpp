@@ -30,8 +30,10 @@ void drawLines(HT_Renderer& renderer, double step) {
     double dashes[] = {6, 3};
     renderer.SetLineType(HT_PlotStyle::LineTypeSolid, nullptr, 0);
     renderer.SetLineWeight(2.5);
+    constexpr int corners = 60;
     std::vector<HT_Double_Point> curve;
-    for (int i = 0; i < 60; ++i) {
+    curve.reserve(corners);
+    for (int i = 0; i < corners; ++i) {
         curve.push_back({i * step, 60 + 40 * std::sin(i * 0.3)});
     }
     renderer.DrawPolyline(curve.data(), static_cast<int>(curve.size()));
@@ -88,11 +90,13 @@ QImage plot(int number) {
 TEST(WholePlots, OfTwoThreadsAreThoseOfOne) {
     constexpr int plots = 40;
     std::vector<QImage> alone;
+    alone.reserve(plots);
     for (int i = 0; i < plots; ++i) {
         alone.push_back(plot(i));
     }
     std::vector<std::vector<QImage>> pages(2);
     std::vector<std::thread> threads;
+    threads.reserve(pages.size());
     for (std::vector<QImage>& own : pages) {
         threads.emplace_back([&own] {
             for (int i = 0; i < plots; ++i) {

@@ -78,9 +78,8 @@ Box2 boxOfSegments(const std::vector<PolylineSegment>& segments, const PlanMap& 
     Box2 box;
     for (const PolylineSegment& segment : segments) {
         const bool isShallow = std::abs(segment.from.bulge) <= 1.0;
-        if (isShallow && precision == CurveBox::hull) {
-            addChordBox(segment, map, box);
-        } else if (const auto arc = segment.arc()) {
+        const auto arc = isShallow && precision == CurveBox::hull ? std::nullopt : segment.arc();
+        if (arc) {
             const EllipticArc mapped = mapArc(*arc, segment.from.position.z, map);
             box.add(mapped.isFinite() ? mapped.box() : Box2{});
         } else {

@@ -56,12 +56,12 @@ TEST(Hpgl, AnotherInterpreterDrawsThePageOfThePdf) {
         run(directory, {"-q", "-m", "png", "-d", "100", "-t", "-f", "plt.png", "x.plt"}, "hp2xx");
         run(directory, {"-r", "100", "-png", "-singlefile", "x.pdf", "pdf"}, "pdftoppm");
         const QImage plotted = inked(QString::fromStdString(directory.path("plt.png")));
-        const QImage page = inked(QString::fromStdString(directory.path("pdf.png")));
-        ASSERT_FALSE(plotted.isNull() || page.isNull());
-        EXPECT_NEAR(plotted.width(), page.width(), 2);
-        EXPECT_NEAR(plotted.height(), page.height(), 2);
-        EXPECT_LE(strayInk(plotted, page), 20);
-        EXPECT_LE(strayInk(page, plotted), 20);
+        const QImage printed = inked(QString::fromStdString(directory.path("pdf.png")));
+        ASSERT_FALSE(plotted.isNull() || printed.isNull());
+        EXPECT_NEAR(plotted.width(), printed.width(), 2);
+        EXPECT_NEAR(plotted.height(), printed.height(), 2);
+        EXPECT_LE(strayInk(plotted, printed), 20);
+        EXPECT_LE(strayInk(printed, plotted), 20);
     }
 }
 

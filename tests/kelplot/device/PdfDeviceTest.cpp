@@ -353,7 +353,8 @@ TEST(PdfDevice, CopiesThatRepeatAreWrittenOnceAndLookTheSame) {
         const TemporaryDirectory directory;
         pages[isTold] = drawn(directory, [&](PdfDevice& device) {
             for (int i = 0; i < copies; ++i) {
-                device.painter().setTransform(QTransform::fromTranslate(100 + i % 8 * 907, 400 + i / 8 * 771));
+                const int row = i / 8;
+                device.painter().setTransform(QTransform::fromTranslate(100 + i % 8 * 907, 400 + row * 771));
                 isTold ? device.copyBegins() : void();
                 drawSymbol(device, i);
                 isTold ? device.copyEnds() : void();
