@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <cwchar>
 #include <malloc.h>
-#include <memory>
 #include <thread>
 #include <vector>
 
@@ -18,13 +17,6 @@
 // Plots as a driver makes them, from the renderer's birth to its end.
 
 namespace {
-
-struct RendererRelease {
-    void operator()(HT_Renderer* renderer) const { HT_RendererFactory::DestroyRenderer(renderer); }
-};
-struct RegionRelease {
-    void operator()(HT_ClipRgn* region) const { KelDriver::HT_DeleteRgn(region); }
-};
 
 void drawLines(HT_Renderer& renderer, double step) {
     double dashes[] = {6, 3};
@@ -42,7 +34,7 @@ void drawLines(HT_Renderer& renderer, double step) {
 }
 
 void drawAreas(HT_Renderer& renderer) {
-    const std::unique_ptr<HT_ClipRgn, RegionRelease> clip(KelDriver::HT_CreateRectRgnData({20, 20}, {170, 130}));
+    const KelDriver::Kit::RegionPtr clip(KelDriver::HT_CreateRectRgnData({20, 20}, {170, 130}));
     renderer.SetClipRgn(clip.get());
     const HT_Double_Point triangle[] = {{10, 10}, {190, 75}, {40, 140}};
     for (const auto style : {HT_PlotStyle::FillSolid, HT_PlotStyle::FillSquares, HT_PlotStyle::FillDiagCross}) {
@@ -75,15 +67,11 @@ QImage plot(int number) {
     QImage page(200, 150, QImage::Format_RGB32);
     page.fill(Qt::white);
     QPainter painter(&page);
-    const std::unique_ptr<HT_Renderer, RendererRelease> renderer(HT_RendererFactory::CreateRenderer(4, 0));
-    renderer->AttachDriver(&painter, {page.width(), page.height()}, false);
-    renderer->StartRender();
+    const KelDriver::Kit::RenderSession renderer(painter);
     drawLines(*renderer, 1.0 + number % 3);
     drawAreas(*renderer);
     drawTexts(*renderer, number);
     drawPicture(*renderer);
-    renderer->FinishRender();
-    renderer->DetachDriver();
     return page;
 }
 
