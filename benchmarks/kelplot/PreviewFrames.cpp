@@ -8,8 +8,8 @@
 #include <functional>
 #include <vector>
 
-#include "cli/CommandLine.h"
 #include "cli/ProgramFrame.h"
+#include "cli/options/CommandLine.h"
 #include "preview/PreviewWindow.h"
 
 namespace {

@@ -3,8 +3,8 @@
 
 #include <QApplication>
 
-#include "cli/CommandLine.h"
 #include "cli/ProgramFrame.h"
+#include "cli/options/CommandLine.h"
 #include "preview/PreviewWindow.h"
 
 namespace kelplot {
