@@ -234,7 +234,7 @@ const std::vector<OptionRow> rows = {
     {nullptr, "no-wait", nullptr, "With --printer: do not wait until the job has left the queue.",
      choose<&Request::doesNotWait>},
     {nullptr, "force", nullptr, "Replace files too that kelplot did not write.", choose<&Request::replaceAny>},
-    {nullptr, "format", "FORMAT", "pdf, png, svg or hpgl; by default as the ending of -o FILE says, or else pdf.",
+    {nullptr, "format", "FORMAT", "pdf, png, svg or hpgl; by default as the ending of -o FILE says (.plt for hpgl), or else pdf.",
      setFormat, Default::inSettings, "pdf png svg hpgl"},
     {nullptr, "paper", "PAPER", "A name such as A3 or Letter, or WIDTHxHEIGHT in millimetres. [A4]", setPaper,
      Default::inSettings},
