@@ -94,6 +94,13 @@ TEST(DimensionText, BreaksTheLineThatItStandsIn) {
     }
 }
 
+TEST(DimensionText, OutsideOfACircleLeavesRoomForItsCentreLines) {
+    const std::string circle = "70=4 10=50 20=50 15=80 25=50 11=120 21=90 1=8";
+    std::vector<double> ends = levelEnds(dimensioned(circle, "1070=141 1040=-2")); // the sign asks for lines, too
+    std::sort(ends.begin(), ends.end());
+    EXPECT_EQ(ends, (std::vector<double>{18, 46, 48, 52, 54, 82}));
+}
+
 TEST(DimensionText, KeepsClearOfTheLineThatItStandsBeside) {
     const std::string tolerance = " 1070=71 1070=1 1070=47 1040=0.2 1070=48 1040=0.1 1070=272 1070=1";
     const std::string limits = " 1070=72 1070=1 1070=47 1040=2 1070=48 1040=1";
