@@ -138,7 +138,7 @@ void drawPlate(HT_Renderer& renderer, const Job& job) {
     usePen(renderer, black, 0.5 * mm * job.scale, HT_PlotStyle::LineTypeSolid);
     for (const HT_ClipRgn* contour = contours; contour != nullptr; contour = contour->next) {
         Points ring(contour->points, contour->points + contour->pointCount);
-        ring.insert(ring.end(), {ring[0], ring[1]}); // polylines do not close themselves; past the first corner, its join
+        ring.insert(ring.end(), {ring[0], ring[1]}); // closes it, with a join at the first corner, too
         drawLine(renderer, ring);
     }
     renderer.SetLineWeight(0.18 * mm * job.scale);
@@ -183,7 +183,7 @@ void drawSamples(HT_Renderer& renderer, const Job& job) {
     drawText(renderer, job, L"30°: αβγ 中文", {88 * mm, 115 * mm}, 5, 30);
 }
 
-/// The painter does not tell when a disk is full, so the pages are gathered first. A file is replaced when all is there.
+/// No painter tells of a full disk, so pages are gathered before. A file is replaced when the new one is whole.
 bool save(const QString& name, const QByteArray& bytes) {
     QSaveFile file(name);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();

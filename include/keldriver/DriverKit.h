@@ -143,8 +143,8 @@ inline bool hasGeometryModule() {
 /// The font of a `DrawText` call that shows a run of an `HT_Text`.
 ///
 /// `lfHeight`, without its sign, is taken for plot units; 0 leaves the height to the caller. The rotation comes from
-/// `lfEscapement`, which no other call reads. A weight from 550 on, which is nearer to 700 than to 400, is bold. Lines under and through the text,
-/// and the average width, have no place in an `HT_Font`.
+/// `lfEscapement`, which no other call reads. A weight from 550 on, which is nearer to 700 than to 400, is bold. Lines
+/// under and through the text, and the average width, have no place in an `HT_Font`.
 inline HT_Font fontOf(const tagLOGFONTW& record) {
     HT_Font font{};
     font.height = std::fabs(static_cast<double>(record.lfHeight));
