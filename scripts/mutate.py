@@ -6,9 +6,10 @@ The places are taken in turn from each kind of change: operators, constants, con
 change places, and statements that are dropped. Each mutant is written into the tree, built and tested, first with the
 tests of its own folder and, where it survives them, with all others; the source is restored afterwards, also on Ctrl-C.
 The same seed and the same sources give the same mutants. Mutants that do not compile are counted apart and replaced by
-others.
+others. What survived can be tried again when there are tests for it.
 
-    scripts/mutate.py --seed 7 --count 60 src host
+    scripts/mutate.py --seed 7 --count 60 src host >log
+    scripts/mutate.py --again log src host
 """
 import argparse
 import os
@@ -34,6 +35,7 @@ NOT_CODE = re.compile(
 
 SWAPS = {"<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "==", "+": "-", "-": "+", "&&": "||",
          "||": "&&", "+=": "-=", "-=": "+=", "true": "false", "false": "true"}
+SYMMETRIC = re.compile(r"\b(?:min|max|swap|hypot)(?:<\w+>)?$")  # calls whose arguments may change places
 # clang-format puts blanks around binary operators only, which tells them from template arguments and signs.
 BINARY = re.compile(r"(?<= )(<=|>=|<|>|==|!=|\+=|-=|\+|-|&&|\|\|)(?= )")
 BOOLEAN = re.compile(r"\b(true|false)\b")
@@ -83,6 +85,8 @@ def arguments(code, opening):
 def swapped_arguments(path, source, code):
     """The first two neighbours that can change places in each call and each braced value."""
     for match in CALLEE.finditer(code):
+        if SYMMETRIC.search(code[max(0, match.start() - 30):match.start()]):
+            continue
         found = [(start, end, source[start:end].strip()) for start, end in arguments(code, match.start())]
         if any(DECLARED.fullmatch(text) for _, _, text in found):
             continue
@@ -189,9 +193,22 @@ def try_out(place, runner, near):
         place.path.write_text(source, encoding="utf-8")
 
 
+def survivors_in(log, places):
+    """The places that a log of an earlier run tells as survived, wherever their files have moved to."""
+    def without_folder(text):
+        return re.sub(r"^\S*/", "", text)
+
+    lines = Path(log).read_text(encoding="utf-8").splitlines()
+    told = {without_folder(line.removesuffix(": SURVIVED")) for line in lines if line.endswith(": SURVIVED")}
+    return [place for place in places
+            if without_folder(place.describe(place.path.read_text(encoding="utf-8"))) in told]
+
+
 def chosen_places(options):
     """All places in the order of the seed, one of each kind after the other until a kind has no more."""
     places = [place for path in sorted(set(sources_in(options.sources))) for place in places_in(path)]
+    if options.again:
+        return survivors_in(options.again, places)
     random.Random(options.seed).shuffle(places)
     kinds = {}
     for place in places:
@@ -207,6 +224,7 @@ def parsed_arguments():
     parser.add_argument("--count", type=int, default=100, help="number of mutants that compile")
     parser.add_argument("--build", default=str(ROOT / "build" / "dev"), help="a configured build folder")
     parser.add_argument("--timeout", type=int, default=60, help="seconds of one test; a build has ten times as long")
+    parser.add_argument("--again", metavar="LOG", help="only what survived in an earlier run, by its output")
     parser.add_argument("--near", action="store_true", help="only the tests of the mutant's own folder")
     parser.add_argument("--list", action="store_true", help="print the mutants and stop")
     return parser.parse_args()
