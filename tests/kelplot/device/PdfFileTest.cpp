@@ -2,10 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QtEndian>
 #include <cmath>
 #include <limits>
 #include <random>
 
+#include "device/pdf/CompactFont.h"
 #include "device/pdf/PdfDevice.h"
 #include "support/TemporaryDirectory.h"
 
@@ -49,6 +51,48 @@ void drawMuch(QPainter& painter, int lines) {
             point = QPointF(static_cast<int>(random() % 9000), static_cast<int>(random() % 9000));
         }
         painter.drawPolyline(points, 20);
+    }
+}
+
+QByteArray listOfOne(const QByteArray& bytes) {
+    return QByteArray("\0\1\1\1", 4) + char(bytes.size() + 1) + bytes;
+}
+
+template <typename Number>
+QByteArray bigEndian(Number number) {
+    const Number turned = qToBigEndian(number);
+    return {reinterpret_cast<const char*>(&turned), sizeof turned};
+}
+
+/// A font of five glyphs in the compact format: a dictionary that begins with `entries`, and the numbers of its glyphs.
+QByteArray compactFont(const QByteArray& entries, const QByteArray& numbers) {
+    const QByteArray head = QByteArray("\1\0\4\1", 4) + listOfOne("A");
+    const int dictionarySize = entries.size() + 6 + 4;
+    const int at = head.size() + listOfOne(QByteArray()).size() + dictionarySize;
+    const QByteArray dictionary =
+        entries + '\x1D' + bigEndian(qint32(at)) + '\x0F' + '\x1C' + bigEndian(qint16(at + numbers.size())) + '\x11';
+    return head + listOfOne(dictionary) + numbers + QByteArray("\0\5", 2);
+}
+
+TEST(CompactFont, FindsGlyphsByTheirOrderUnlessTheyHaveNumbersOfTheirOwn) {
+    const QByteArray collection("\x8B\xF7\0\xFB\1\x0C\x1E", 7); // 0, 108 and -109, as many names do not matter
+    const QByteArray decimal("\x1E\x0A\x14\x1F\x0C\x08", 6);    // 0.141, with an operator of two bytes
+    const QByteArray inOrder("\2\0\1\0\3", 5);                  // one range, of 1 and 3 more
+    const struct {
+        const char* name;
+        QByteArray table;
+        bool isInOrder;
+    } rows[] = {
+        {"one range", compactFont(collection, inOrder), true},
+        {"behind a decimal number", compactFont(collection + decimal, inOrder), true},
+        {"from 2 on", compactFont(collection, QByteArray("\2\0\2\0\3", 5)), false},
+        {"too few", compactFont(collection, QByteArray("\2\0\1\0\2", 5)), false},
+        {"one by one", compactFont(collection, QByteArray("\0\0\1\0\3", 5)), false},
+        {"of no collection", compactFont(decimal, QByteArray("\2\0\2\0\3", 5)), true},
+        {"no table", QByteArray(), false},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(numbersGlyphsInOrder(row.table), row.isInOrder) << row.name;
     }
 }
 

@@ -54,6 +54,8 @@ TEST(PlotStyleFile, StylesSayHowTheirColoursArePlotted) {
         {"linetype=0", " line"},
         {"linetype=19\n linepattern_size=0.5\n adaptive_linetype=TRUE", " fitted line 12 -1.5 0 -1.5"},
         {"linetype=18\n linepattern_size=1\n adaptive_linetype=FALSE", " line 12 -18"},
+        {"linetype=18\n linepattern_size=-1", " line 6 -9"}, // the usual size is a half
+        {"linetype=18\n linepattern_size=1001", " line 6 -9"},
         {"linetype=32\n linepattern_size=-1", ""},
         {"end_style=0\n join_style=0\n fill_style=64", " ends 0 joins 0 fill 0"},
         {"end_style=3\n join_style=3\n fill_style=72", " ends 2 joins 2 fill 8"},
