@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "BoostClipper.h"
 
+#ifdef KELDRIVER_HAS_BOOST
+
 #include <exception>
 
 #include <boost/geometry.hpp>
@@ -59,3 +61,5 @@ void clipByBoost(benchmark::State& state, gpc_op op, const Outline& first, const
     }
     state.counters["result"] = area;
 }
+
+#endif

@@ -102,6 +102,7 @@ class Pairs:
     filter: str
     sides: dict  # from the names of sides to headings; the first is ours
     goals: tuple = ()
+    first: str = ""  # the heading of the rows' names
     repetitions: int = 9
     counts_allocations: bool = False  # none beyond those of the other side are allowed
     is_code: bool = False  # whether the names of rows are code
@@ -117,10 +118,12 @@ class Pairs:
             columns += ["allocations", "by hand"]
         pictures = len({key.split("/")[0] for key in rows})
         yield Sheet(columns, [self.row(row_name(key, pictures, self.is_code), key, sides, others)
-                              for key, sides in rows.items()])
+                              for key, sides in rows.items()], self.first)
 
     def row(self, name, key, sides, others):
         ours = sides[next(iter(self.sides))]
+        if ours.error:
+            raise SystemExit(f"{key}: {ours.error}")
         cells = [time_text(ours.time)]
         ratios = {}
         for side in others:
@@ -151,12 +154,15 @@ class Growth:
     program: str
     filter: str
     at_most: float  # for ten times as many
+    first: str = ""
     repetitions: int = 3
 
     def sheets(self, options):
         times = {}
         for key, sides in measure(self, options).items():
             row, _, size = key.rpartition("/")
+            if sides["ours"].error:
+                raise SystemExit(f"{key}: {sides['ours'].error}")
             times.setdefault(row, {})[int(size)] = sides["ours"].time
         sizes = sorted({size for row in times.values() for size in row})
         pictures = len({row.split("/")[0] for row in times})
@@ -167,4 +173,4 @@ class Growth:
             cells = [time_text(of_size[size]) if size in of_size else "" for size in sizes]
             rows.append(Row(row_name(row, pictures, False), [*cells, Ratio("a tenth", growth)],
                             [(f"≤ {self.at_most:g}", growth <= self.at_most)]))
-        yield Sheet([f"{size:,}" for size in sizes] + ["growth"], rows)
+        yield Sheet([f"{size:,}" for size in sizes] + ["growth"], rows, self.first)

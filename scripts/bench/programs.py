@@ -51,28 +51,31 @@ class Drawings:
                    "--timeout", "60"]
         drawings = json.loads(subprocess.run(command, check=True, stdout=subprocess.PIPE).stdout)
         for drawing in drawings:
-            yield self.of_drawing(drawing)
+            if drawing["count"] > 10000:
+                yield self.of_drawing(drawing)
         yield self.growth([drawing for drawing in drawings if drawing["content"] == "mixed"])
 
     def of_drawing(self, drawing):
         title = f"{drawing['count']:,} {CONTENTS[drawing['content']]}"
-        rows = [self.row(f"{name}, {title}", drawing, name) for name in drawing["results"]]
+        rows = [self.row(name, drawing, f"{title}: {name}") for name in drawing["results"]]
         return Sheet(["CPU (s)", "of parsing", "memory (MB)", "output (MB)"], rows,
-                     f"{title}, {drawing['megabytes']:.1f} MB:")
+                     caption=f"{title}, {drawing['megabytes']:.1f} MB:")
 
-    def row(self, label, drawing, name):
+    def row(self, name, drawing, key):
         result, parsing = drawing["results"][name], drawing["results"][PARSING]
-        if result["failure"]:
-            return Row(label, [result["failure"], "", f"{result['megabytes']:.0f}", ""])
-        ratio = result["seconds"] / parsing["seconds"]
         is_ours = name.startswith("kelplot")
+        if result["failure"]:
+            cells = [result["failure"], "", f"{result['megabytes']:.0f}", ""]
+            return Row(name, cells, [("runs", False)] if is_ours else [], key)
+        ratio = result["seconds"] / parsing["seconds"]
         goals = []
         for goal in self.goals:
             if (goal.content, goal.count) == (drawing["content"], drawing["count"]) and re.search(goal.programs, name):
                 read, text = FIGURES[goal.figure]
                 goals.append((text.format(goal.at_most), read(result, parsing) <= goal.at_most))
-        return Row(label, [f"{result['seconds']:.2f}", Ratio(PARSING, ratio) if is_ours else f"{ratio:.2f}",
-                           f"{result['megabytes']:.0f}", f"{result['output']:.1f}" if result["output"] else ""], goals)
+        return Row(name, [f"{result['seconds']:.2f}", Ratio(PARSING, ratio) if is_ours else f"{ratio:.2f}",
+                           f"{result['megabytes']:.0f}", f"{result['output']:.1f}" if result["output"] else ""],
+                   goals, key)
 
     def growth(self, drawings):
         """What one entity costs, the share of starting the program included."""
@@ -91,9 +94,9 @@ class Drawings:
             if re.search(self.growth_formats, name) and len(costs) == len(drawings):
                 worst = max(last / first for first, last in zip(costs[0], costs[-1]))
                 goals = [(f"last ≤ {self.growth_at_most:g} of first", worst <= self.growth_at_most)]
-            rows.append(Row(f"{name}, an entity", cells, goals))
+            rows.append(Row(name, cells, goals))
         return Sheet([f"{drawing['count']:,}" for drawing in drawings], rows,
-                     "CPU time and peak memory an entity, in drawings of different sizes:")
+                     caption="CPU time and peak memory an entity, in drawings of different sizes:")
 
 
 @dataclass(frozen=True)
@@ -108,9 +111,9 @@ class Frames:
         program = options.build / "benchmarks/kelplot/preview_frames"
         display = [] if os.environ.get("DISPLAY") else ["xvfb-run", "-a", "-s", "-screen 0 1920x1080x24"]
         if not program.exists():
-            yield Sheet([], [], "Skipped: the preview is not built.")
+            yield Sheet([], [], caption="Skipped: the preview is not built.")
         elif display and not shutil.which(display[0]):
-            yield Sheet([], [], "Skipped: there is neither a display nor xvfb-run.")
+            yield Sheet([], [], caption="Skipped: there is neither a display nor xvfb-run.")
         else:
             with tempfile.TemporaryDirectory() as folder:
                 drawing = Path(folder) / "drawing.dxf"
@@ -127,4 +130,4 @@ class Frames:
             cells = [f"{move[key]:.1f} ms" for key in ("median", "most", "worst")]
             rows.append(Row(move["page"], [*cells, f"{move['settled'] / 1000:.1f} s"],
                             [(f"95 % ≤ {self.milliseconds:g} ms", move["most"] <= self.milliseconds)]))
-        return Sheet(["median", "95 %", "worst", "drawn afresh after"], rows)
+        return Sheet(["median", "95 %", "worst", "drawn afresh after"], rows, "the page")

@@ -18,6 +18,10 @@ class Row:
     name: str
     cells: list  # of texts and ratios
     goals: list = field(default_factory=list)  # of pairs: the text, and whether it is met
+    key: str = ""  # what its ratios are kept under; empty: its name
+
+    def __post_init__(self):
+        self.key = self.key or self.name
 
     def ratios(self):
         return {cell.against: cell.value for cell in self.cells if isinstance(cell, Ratio)}
@@ -27,6 +31,7 @@ class Row:
 class Sheet:
     columns: list  # the headings of the cells
     rows: list
+    first: str = ""  # the heading of the rows' names
     caption: str = ""
 
     def write(self, kept, out):
@@ -36,25 +41,25 @@ class Sheet:
             print(f"{self.caption}\n", file=out)
         if not self.rows:
             return worse
-        print("| | " + " | ".join([*self.columns, "goal", "met"]) + " |", file=out)
+        print(f"| {self.first} | " + " | ".join([*self.columns, "goal", "met"]) + " |", file=out)
         print("|---|" + "---:|" * len(self.columns) + "---|---|", file=out)
         for row in self.rows:
-            known = kept.get(row.name, {})
+            known = kept.get(row.key, {})
             cells = []
             for cell in row.cells:
                 before = known.get(cell.against) if isinstance(cell, Ratio) else None
                 is_worse = before is not None and cell.value > before * WORSE
                 cells.append(ratio_text(cell, before if is_worse else None) if isinstance(cell, Ratio) else cell)
                 if is_worse:
-                    worse.append(f"{row.name}: {cell.value:.2f} of {cell.against}, kept {before:.2f}")
+                    worse.append(f"{row.key}: {cell.value:.3g} of {cell.against}, kept {before:.3g}")
             goal = "; ".join(text for text, _ in row.goals) or "none"
             met = "" if not row.goals else "yes" if all(met for _, met in row.goals) else "**no**"
             print(f"| {row.name} | " + " | ".join([*cells, goal, met]) + " |", file=out)
-        print(file=out, flush=True)
+        print(file=out)
         return worse
 
 
 def ratio_text(ratio, before):
-    digits = 3 if ratio.value < 0.1 else 2
-    text = f"{ratio.value:.{digits}f}"
+    digits = 3 if ratio.value < 0.1 else 2 if ratio.value < 10 else 0
+    text = f"{ratio.value:,.{digits}f}"
     return text if before is None else f"**{text}, worse than {before:.{digits}f}**"

@@ -9,11 +9,14 @@ ENGINES = {"ours": "ours", "clipper": "Clipper", "boost": "Boost.Geometry"}
 
 SECTIONS = {
     "The renderer against hand-written painter code": [
-        Pairs("renderer", "render_benchmark", "Polyline|Polygon|Points|Arc|Style", BY_HAND, counts_allocations=True,
+        Pairs("renderer", "render_benchmark", "Polyline|Polygon|Points|Arc|Style", BY_HAND,
+              first="picture, device, points", counts_allocations=True,
               goals=(Goal(1.10, rows="/counting"), Goal(1.02, rows="/raster"))),
-        Pairs("long-lines", "render_benchmark", "LongLines", BY_HAND, goals=(Goal(1.02),), counts_allocations=True),
+        Pairs("long-lines", "render_benchmark", "LongLines", BY_HAND, first="device, lines",
+              counts_allocations=True, goals=(Goal(1.02),)),
         Pairs("clips", "render_benchmark", "ClipList",
               {"ours": "ours", "united": "united by hand", "winding": "one path, not evaluated"},
+              first="device, contours",
               goals=(Goal(1.10, "united", "/counting"), Goal(1.02, "united", "/raster"))),
     ],
     "kelplot against parsing alone, and against others": [
@@ -29,12 +32,12 @@ SECTIONS = {
         )),
     ],
     "Regions": [
-        Pairs("regions", "clipper_benchmark", ".", ENGINES, repetitions=3,
+        Pairs("regions", "clipper_benchmark", ".", ENGINES, first="operation, outlines, vertices", repetitions=3,
               goals=(Goal(1.7, "clipper", "/(100|1000|10000)$"), Goal(1.15, "clipper", "/100000$"))),
         Pairs("combined-regions", "region_benchmark", "Combine|Circles", {"ours": "ours", "clip": "the clipper alone"},
-              repetitions=5, goals=(Goal(1.15, rows="Combine/|Circles"),)),
-        Pairs("region-lists", "region_benchmark", "Evaluate", {"ours": "ours", "clipper": "Clipper"}, repetitions=5,
-              goals=(Goal(1.7),)),
+              first="operation, vertices", repetitions=5, goals=(Goal(1.15, rows="Combine/|Circles"),)),
+        Pairs("region-lists", "region_benchmark", "Evaluate", {"ours": "ours", "clipper": "Clipper"},
+              first="contours", repetitions=5, goals=(Goal(1.7),)),
     ],
     "Images and palette": [
         Pairs("pixels", "image_benchmark", "Transparency|AddAlpha",
@@ -49,18 +52,18 @@ SECTIONS = {
               goals=(Goal(1, "qsettings", "all keys|Save|WriteKey"), Goal(1, "gkeyfile"))),
         Pairs("papers", "paper_benchmark", ".", {"ours": "ours", "bare": "the bare file"},
               goals=(Goal(3, rows="Query"), Goal(20, rows="Write"))),
-        Pairs("formats", "format_benchmark", ".", {"ours": "ours", "platform": "the platform's"}, goals=(Goal(3),),
-              is_code=True),
+        Pairs("formats", "format_benchmark", ".", {"ours": "ours", "platform": "the platform's"}, first="format",
+              goals=(Goal(3),), is_code=True),
     ],
     "Text and transforms": [
-        Pairs("texts", "text_benchmark", "DrawText/", BY_HAND, goals=(Goal(1.1),)),
+        Pairs("texts", "text_benchmark", "DrawText/", BY_HAND, first="text", goals=(Goal(1.1),)),
         Pairs("texts-again", "text_benchmark", "DrawTextAgain|DrawNumbers", BY_HAND, goals=(Goal(1),)),
         Pairs("transforms", "matrix_benchmark", ".", {"ours": "CUCS33", "qtransform": "QTransform"}),
     ],
     "Polylines clipped to a region": [
-        Growth("clipped-lines", "clip_line_benchmark", "ClipLine", at_most=12),
+        Growth("clipped-lines", "clip_line_benchmark", "ClipLine", at_most=12, first="line, contours"),
         Pairs("clipped-at-teeth", "clip_line_benchmark", "ClipTeeth", {"lying": "lying", "standing": "standing"},
-              goals=(Goal(1.5),), repetitions=5),
+              first="points", repetitions=5, goals=(Goal(1.5),)),
     ],
     "The preview while it moves": [Frames("preview", milliseconds=16.7)],
 }
