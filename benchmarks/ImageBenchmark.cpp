@@ -25,18 +25,23 @@ namespace {
 
 constexpr int side = 3000;
 
-QImage opaquePicture() {
+QByteArray pictureBytes() {
     QImage image(side, side, QImage::Format_ARGB32);
     image.fill(0xFF336699);
-    return image;
-}
-
-HT_RasterImagePtr decodedPicture() {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    opaquePicture().save(&buffer, "PNG", 100);
+    image.save(&buffer, "PNG", 100);
+    return bytes;
+}
+
+HT_RasterImagePtr decodedPicture() {
+    QByteArray bytes = pictureBytes();
     return RasterImageFactory::CreateFromDibImage(reinterpret_cast<unsigned char*>(bytes.data()), bytes.size());
+}
+
+QImage opaquePicture() {
+    return QImage::fromData(pictureBytes()); // decoded, too, so that the memory of both has the same history
 }
 
 void transparencyOurs(benchmark::State& state) {

@@ -16,9 +16,10 @@ esac
 
 ./scripts/install-deps.sh bench >&2
 log=$(mktemp)
-trap 'rm -f "$log"' EXIT
 if ! { cmake --preset release && cmake --build --preset release; } >"$log" 2>&1; then
     tail -n 40 "$log" >&2
+    rm "$log"
     exit 1
 fi
-./scripts/bench/report.py "$@"
+rm "$log"
+exec ./scripts/bench/report.py "$@"

@@ -10,7 +10,7 @@ import tempfile
 from dataclasses import dataclass
 from pathlib import Path
 
-from sheet import Ratio, Row, Sheet
+from sheet import Ratio, Row, Sheet, ratio_text
 
 PEERS = Path("benchmarks/peers")
 PARSING = "parsing alone"
@@ -67,13 +67,13 @@ class Drawings:
         if result["failure"]:
             cells = [result["failure"], "", f"{result['megabytes']:.0f}", ""]
             return Row(name, cells, [("runs", False)] if is_ours else [], key)
-        ratio = result["seconds"] / parsing["seconds"]
+        ratio = Ratio(PARSING, result["seconds"] / parsing["seconds"])
         goals = []
         for goal in self.goals:
             if (goal.content, goal.count) == (drawing["content"], drawing["count"]) and re.search(goal.programs, name):
                 read, text = FIGURES[goal.figure]
                 goals.append((text.format(goal.at_most), read(result, parsing) <= goal.at_most))
-        return Row(name, [f"{result['seconds']:.2f}", Ratio(PARSING, ratio) if is_ours else f"{ratio:.2f}",
+        return Row(name, [f"{result['seconds']:.2f}", ratio if is_ours else ratio_text(ratio),
                            f"{result['megabytes']:.0f}", f"{result['output']:.1f}" if result["output"] else ""],
                    goals, key)
 

@@ -59,7 +59,11 @@ class Sheet:
         return worse
 
 
-def ratio_text(ratio, before):
-    digits = 3 if ratio.value < 0.1 else 2 if ratio.value < 10 else 0
-    text = f"{ratio.value:,.{digits}f}"
-    return text if before is None else f"**{text}, worse than {before:.{digits}f}**"
+def ratio_text(ratio, before=None):
+    text = rounded(ratio.value)
+    return text if before is None else f"**{text}, worse than {rounded(before)}**"
+
+
+def rounded(value):
+    digits = 3 if value < 0.1 else 2 if value < 10 else 1 if value < 100 else 0
+    return f"{value:,.{digits}f}"
