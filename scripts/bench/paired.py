@@ -11,7 +11,7 @@ import subprocess
 import tempfile
 from dataclasses import dataclass
 
-from sheet import Ratio, Row, Sheet
+from sheet import Ratio, Row, Sheet, keeps_to
 
 NANOSECONDS = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
 SAME = 1e-3  # how far apart the counters "result" of the sides may be, in relation
@@ -143,7 +143,7 @@ class Pairs:
 
     def goal_of(self, goal, ratio, others):
         whose = f" ({self.sides[goal.against or others[0]]})" if len(others) > 1 else ""
-        return f"≤ {goal.at_most:.3g}{whose}", ratio <= goal.at_most
+        return f"≤ {goal.at_most:.3g}{whose}", keeps_to(ratio, goal.at_most)
 
 
 @dataclass(frozen=True)
@@ -172,5 +172,5 @@ class Growth:
             growth = of_size[largest] / of_size[largest // 10]
             cells = [time_text(of_size[size]) if size in of_size else "" for size in sizes]
             rows.append(Row(row_name(row, pictures, False), [*cells, Ratio("a tenth", growth)],
-                            [(f"≤ {self.at_most:g}", growth <= self.at_most)]))
+                            [(f"≤ {self.at_most:g}", keeps_to(growth, self.at_most))]))
         yield Sheet([f"{size:,}" for size in sizes] + ["growth"], rows, self.first)

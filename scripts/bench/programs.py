@@ -10,7 +10,7 @@ import tempfile
 from dataclasses import dataclass
 from pathlib import Path
 
-from sheet import Ratio, Row, Sheet, ratio_text
+from sheet import Ratio, Row, Sheet, keeps_to, ratio_text
 
 PEERS = Path("benchmarks/peers")
 PARSING = "parsing alone"
@@ -72,7 +72,7 @@ class Drawings:
         for goal in self.goals:
             if (goal.content, goal.count) == (drawing["content"], drawing["count"]) and re.search(goal.programs, name):
                 read, text = FIGURES[goal.figure]
-                goals.append((text.format(goal.at_most), read(result, parsing) <= goal.at_most))
+                goals.append((text.format(goal.at_most), keeps_to(read(result, parsing), goal.at_most)))
         return Row(name, [f"{result['seconds']:.2f}", ratio if is_ours else ratio_text(ratio),
                            f"{result['megabytes']:.0f}", f"{result['output']:.1f}" if result["output"] else ""],
                    goals, key)
@@ -93,7 +93,7 @@ class Drawings:
             goals = []
             if re.search(self.growth_formats, name) and len(costs) == len(drawings):
                 worst = max(last / first for first, last in zip(costs[0], costs[-1]))
-                goals = [(f"last ≤ {self.growth_at_most:g} of first", worst <= self.growth_at_most)]
+                goals = [(f"last ≤ {self.growth_at_most:g} of first", keeps_to(worst, self.growth_at_most))]
             rows.append(Row(name, cells, goals))
         return Sheet([f"{drawing['count']:,}" for drawing in drawings], rows,
                      caption="CPU time and peak memory an entity, in drawings of different sizes:")

@@ -19,8 +19,8 @@ def parse_arguments():
     parser.add_argument("tables", nargs="*", metavar="TABLE", help="one of these, all when none is named: "
                         + ", ".join(NAMES))
     parser.add_argument("--keep", action="store_true", help=f"write the ratios to {KEPT}, to compare later runs with")
-    parser.add_argument("--quick", action="store_true", help="measure just enough to try the command; nothing is kept or "
-                        "compared")
+    parser.add_argument("--quick", action="store_true", help="measure just enough to try the command; nothing is kept "
+                        "or compared")
     parser.add_argument("--write", action="store_true", help=f"put the tables into {PAGE}, too")
     parser.add_argument("--plan", action="store_true", help="only name the tables")
     parser.add_argument("--build", type=Path, default=Path("build/release"), help="folder of the build [%(default)s]")

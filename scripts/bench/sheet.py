@@ -64,6 +64,14 @@ def ratio_text(ratio, before=None):
     return text if before is None else f"**{text}, worse than {rounded(before)}**"
 
 
+def digits_of(value):
+    return 3 if value < 0.1 else 2 if value < 10 else 1 if value < 100 else 0
+
+
 def rounded(value):
-    digits = 3 if value < 0.1 else 2 if value < 10 else 1 if value < 100 else 0
-    return f"{value:,.{digits}f}"
+    return f"{value:,.{digits_of(value)}f}"
+
+
+def keeps_to(value, at_most):
+    """Whether a ratio meets a goal as it is printed."""
+    return round(value, digits_of(value)) <= at_most
