@@ -15,7 +15,8 @@ import sys
 TREES = {
     "src": ["port", "geometry", "region", "settings", "image", "paper", "render"],
     "kelplot": ["base", "geometry", "drawing", "page", "print", "device", "settings", "reader", "plot/pen", "plot/shape",
-                "plot/picture", "plot/text", "plot/annotation", "plot/entity", "plot", "cli", "preview"],
+                "plot/picture", "plot/text", "plot/annotation", "plot/entity", "plot", "cli/console", "cli/options",
+                "cli/job", "cli/listing", "cli", "preview"],
 }
 PUBLIC = ("keldriver/", "gpc.h", "imgo.h")
 

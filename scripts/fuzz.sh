@@ -22,11 +22,14 @@ targets=("$@")
 for target in "${targets[@]}"; do
     program=$(printf '%s\n' "${programs[@]}" | grep "/${target}_fuzzer$") ||
         { echo "no such target: $target" >&2; exit 2; }
-    dictionary=fuzz/dict/$target.dict
-    [ "$target" = settings ] && dictionary=fuzz/dict/ini.dict
-    [ "$target" = plot ] && dictionary=fuzz/dict/dxf.dict
-    options=(-max_total_time=$((minutes * 60)) -timeout=20 -print_final_stats=1)
-    [ -f "$dictionary" ] && options+=(-dict="$dictionary")
+    case $target in
+    gpc | vnbase) words=coordinates ;;
+    settings) words=ini ;;
+    plot) words=dxf ;;
+    *) words=$target ;;
+    esac
+    options=(-max_total_time=$((minutes * 60)) -timeout=20 -print_final_stats=1
+        -dict="fuzz/dict/$words.dict")
     mkdir -p build/fuzz/findings "build/fuzz/corpus/$target"
     echo "== $target"
     "$program" "${options[@]}" -artifact_prefix="build/fuzz/findings/$target-" \

@@ -13,7 +13,7 @@ sample=(
     src/settings/IniSections.cpp
     host/tarsel/src/Junction.cpp
     host/vnbase/src/PolylineClipper.cpp
-    kelplot/cli/PlotPlan.cpp
+    kelplot/cli/job/PlotPlan.cpp
     kelplot/reader/entity/PolylineDecoder.cpp
     tests/geometry/MatrixTest.cpp
     tests/render/SessionTest.cpp

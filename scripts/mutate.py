@@ -2,11 +2,14 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """Changes the sources in one small place at a time and reports which changes no test notices.
 
-Each mutant is written into the tree, built and tested, first with the tests of its own folder and, where it
-survives them, with all others; the source is restored afterwards, also on Ctrl-C. The same seed and the same sources
-give the same mutants. Mutants that do not compile are counted apart and replaced by others.
+The places are taken in turn from each kind of change: operators, constants, conditions turned round, arguments that
+change places, and statements that are dropped. Each mutant is written into the tree, built and tested, first with the
+tests of its own folder and, where it survives them, with all others; the source is restored afterwards, also on Ctrl-C.
+The same seed and the same sources give the same mutants. Mutants that do not compile are counted apart and replaced by
+others. What survived can be tried again when there are tests for it.
 
-    scripts/mutate.py --seed 7 --count 60 src host
+    scripts/mutate.py --seed 7 --count 60 src host >log
+    scripts/mutate.py --again log src host
 """
 import argparse
 import os
@@ -16,6 +19,7 @@ import signal
 import subprocess
 import sys
 from collections import Counter
+from itertools import zip_longest
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -31,19 +35,24 @@ NOT_CODE = re.compile(
 
 SWAPS = {"<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "==", "+": "-", "-": "+", "&&": "||",
          "||": "&&", "+=": "-=", "-=": "+=", "true": "false", "false": "true"}
+SYMMETRIC = re.compile(r"\b(?:min|max|swap|hypot)(?:<\w+>)?$")  # calls whose arguments may change places
 # clang-format puts blanks around binary operators only, which tells them from template arguments and signs.
 BINARY = re.compile(r"(?<= )(<=|>=|<|>|==|!=|\+=|-=|\+|-|&&|\|\|)(?= )")
 BOOLEAN = re.compile(r"\b(true|false)\b")
 INTEGER = re.compile(r"(?<![\w.'])\d+(?=[uUlL]*(?![\w.']))")
 CONDITION = re.compile(r"\b(?:if|while) \(")
-CALL = re.compile(r"^(?P<indent> +)(?:[\w:]+(?:\.|->|::))*\w+\(.*\);$", re.MULTILINE)
+CALLEE = re.compile(r"(?<=\w)[({](?=[^\s)}])")
+DECLARED = re.compile(r"(?:const )?[\w:]+(?:<.*>)?(?: const)?[&*]* [&*]*\w+(?: = .*)?")  # a parameter, not an argument
+STATEMENT = re.compile(r"^(?P<indent> +)(?:(?:[\w:]+(?:\.|->|::))*\w+\(.*\)|[-\w.\[\]>*]+ [-+*/|&]?= .*);$",
+                       re.MULTILINE)
+OUTCOMES = ("killed", "survived", "timeout", "not compiled")
 
 
 class Place:
-    """A stretch of a source and the text to put there."""
+    """A stretch of a source, the text to put there, and which kind of change that is."""
 
-    def __init__(self, path, start, end, text):
-        self.path, self.start, self.end, self.text = path, start, end, text
+    def __init__(self, kind, path, start, end, text):
+        self.kind, self.path, self.start, self.end, self.text = kind, path, start, end, text
 
     def mutated(self, source):
         return source[:self.start] + self.text + source[self.end:]
@@ -58,14 +67,33 @@ def code_of(source):
     return NOT_CODE.sub(lambda match: re.sub(r"[^\n]", " ", match.group()), source)
 
 
-def closing(code, opening):
-    """The position of the bracket that closes the one at `opening`, or None."""
-    depth = 0
+def arguments(code, opening):
+    """The (start, end) of each argument between the bracket at `opening` and the one that closes it."""
+    depth, start, found = 0, opening + 1, []
     for position in range(opening, len(code)):
-        depth += {"(": 1, ")": -1}.get(code[position], 0)
+        depth += {"(": 1, "{": 1, "[": 1, ")": -1, "}": -1, "]": -1}.get(code[position], 0)
+        if code[position] == ";":
+            return []
+        if depth == 0 or depth == 1 and code[position] == ",":
+            found.append((start, position))
+            start = position + 1
         if depth == 0:
-            return position
-    return None
+            return found
+    return []
+
+
+def swapped_arguments(path, source, code):
+    """The first two neighbours that can change places in each call and each braced value."""
+    for match in CALLEE.finditer(code):
+        if SYMMETRIC.search(code[max(0, match.start() - 30):match.start()]):
+            continue
+        found = [(start, end, source[start:end].strip()) for start, end in arguments(code, match.start())]
+        if any(DECLARED.fullmatch(text) for _, _, text in found):
+            continue
+        for (start, _, one), (_, end, other) in zip(found, found[1:]):
+            if one != other:
+                yield Place("arguments", path, start, end, f"{other}, {one}")
+                break
 
 
 def places_in(path):
@@ -73,16 +101,18 @@ def places_in(path):
     code = code_of(source)
     for pattern in (BINARY, BOOLEAN):
         for match in pattern.finditer(code):
-            yield Place(path, match.start(), match.end(), SWAPS[match.group()])
+            yield Place("operators", path, match.start(), match.end(), SWAPS[match.group()])
     for match in INTEGER.finditer(code):
         if not (len(match.group()) > 1 and match.group().startswith("0")):  # octal digits are not ours to add to
-            yield Place(path, match.start(), match.end(), str(int(match.group()) + 1))
+            yield Place("constants", path, match.start(), match.end(), str(int(match.group()) + 1))
     for match in CONDITION.finditer(code):
-        end = closing(code, match.end() - 1)
-        if end and ";" not in code[match.end():end]:
-            yield Place(path, match.end(), end, f"!({source[match.end():end]})")
-    for match in CALL.finditer(code):
-        yield Place(path, match.end("indent"), match.end(), ";")
+        found = arguments(code, match.end() - 1)
+        if found:
+            start, end = found[0][0], found[-1][1]
+            yield Place("conditions", path, start, end, f"!({source[start:end]})")
+    yield from swapped_arguments(path, source, code)
+    for match in STATEMENT.finditer(code):
+        yield Place("statements", path, match.end("indent"), match.end(), ";")
 
 
 def sources_in(names):
@@ -163,11 +193,28 @@ def try_out(place, runner, near):
         place.path.write_text(source, encoding="utf-8")
 
 
+def survivors_in(log, places):
+    """The places that a log of an earlier run tells as survived, wherever their files have moved to."""
+    def without_folder(text):
+        return re.sub(r"^\S*/", "", text)
+
+    lines = Path(log).read_text(encoding="utf-8").splitlines()
+    told = {without_folder(line.removesuffix(": SURVIVED")) for line in lines if line.endswith(": SURVIVED")}
+    return [place for place in places
+            if without_folder(place.describe(place.path.read_text(encoding="utf-8"))) in told]
+
+
 def chosen_places(options):
-    """All places, in the order of the seed."""
+    """All places in the order of the seed, one of each kind after the other until a kind has no more."""
     places = [place for path in sorted(set(sources_in(options.sources))) for place in places_in(path)]
+    if options.again:
+        return survivors_in(options.again, places)
     random.Random(options.seed).shuffle(places)
-    return places
+    kinds = {}
+    for place in places:
+        kinds.setdefault(place.kind, []).append(place)
+    rounds = zip_longest(*(kinds[kind] for kind in sorted(kinds)))
+    return [place for places in rounds for place in places if place]
 
 
 def parsed_arguments():
@@ -177,6 +224,7 @@ def parsed_arguments():
     parser.add_argument("--count", type=int, default=100, help="number of mutants that compile")
     parser.add_argument("--build", default=str(ROOT / "build" / "dev"), help="a configured build folder")
     parser.add_argument("--timeout", type=int, default=60, help="seconds of one test; a build has ten times as long")
+    parser.add_argument("--again", metavar="LOG", help="only what survived in an earlier run, by its output")
     parser.add_argument("--near", action="store_true", help="only the tests of the mutant's own folder")
     parser.add_argument("--list", action="store_true", help="print the mutants and stop")
     return parser.parse_args()
@@ -195,15 +243,18 @@ def main():
         verdict = runner.verdict([folder])
         if verdict != "SURVIVED":
             sys.exit(f"mutate.py: {folder} fails before any change: {verdict}")
-    sums = Counter()
+    sums, kinds = Counter(), {}
     for place in places:
         if sums["killed"] + sums["survived"] + sums["timeout"] == options.count:
             break
         text = place.describe(place.path.read_text(encoding="utf-8"))
         verdict = try_out(place, runner, options.near)
-        sums[{"SURVIVED": "survived", "compile": "not compiled", "timeout": "timeout"}.get(verdict, "killed")] += 1
-        print(f"{text}: {verdict if verdict in ('SURVIVED', 'timeout') else 'killed by ' + verdict}", flush=True)
-    print(", ".join(f"{name}: {sums[name]}" for name in ("killed", "survived", "timeout", "not compiled")))
+        outcome = {"SURVIVED": "survived", "compile": "not compiled", "timeout": "timeout"}.get(verdict, "killed")
+        for counter in (sums, kinds.setdefault(place.kind, Counter())):
+            counter[outcome] += 1
+        print(f"{text}: {'killed by ' + verdict if outcome == 'killed' else outcome.upper()}", flush=True)
+    for kind, counter in [*sorted(kinds.items()), ("all", sums)]:
+        print(f"{kind}: " + ", ".join(f"{counter[name]} {name}" for name in OUTCOMES))
 
 
 if __name__ == "__main__":

@@ -34,7 +34,8 @@ coverage() {
     ./scripts/install-deps.sh prove
     build coverage all
     find build/coverage -name '*.gcda' -delete
-    ctest --preset coverage -j "$(nproc)" --output-on-failure >build/coverage/tests.log || {
+    # Without the tests whose programs are not allowed to write files: they could not leave their counts whole.
+    ctest --preset coverage -j "$(nproc)" --output-on-failure -E '^OutputLimits\.' >build/coverage/tests.log || {
         tail -n 40 build/coverage/tests.log >&2
         exit 1
     }

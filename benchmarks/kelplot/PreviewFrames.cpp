@@ -12,8 +12,8 @@
 #include <iostream>
 #include <vector>
 
-#include "cli/CommandLine.h"
 #include "cli/ProgramFrame.h"
+#include "cli/options/CommandLine.h"
 #include "preview/PreviewWindow.h"
 
 namespace {

@@ -11,6 +11,7 @@
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -54,8 +55,8 @@ Job readJob(const std::wstring& folder) {
     const std::wstring file = folder + L"/driver.ini";
     const int paper = GetPrivateProfileIntEx(L"Plot", L"Paper", 9, file.c_str());
     const int dotsPerInch = GetPrivateProfileIntEx(L"Plot", L"Resolution", 300, file.c_str());
-    wchar_t title[64];
-    GetPrivateProfileStringEx(L"Plot", L"Title", L"Cover plate", title, 64, file.c_str());
+    wchar_t title[512]; // counts bytes of UTF-8: a text that does not fit is not cut but left out
+    GetPrivateProfileStringEx(L"Plot", L"Title", L"Cover plate", title, 512, file.c_str());
     Job job{title, readPaper(folder + L"/papers.ini", paper), std::clamp(dotsPerInch, 72, 1200) / (25.4 * mm), {}};
     tagLOGFONTW han{};
     std::wcscpy(han.lfFaceName, L"Droid Sans Fallback"); // where it is missing, the system's choice follows
@@ -137,7 +138,7 @@ void drawPlate(HT_Renderer& renderer, const Job& job) {
     usePen(renderer, black, 0.5 * mm * job.scale, HT_PlotStyle::LineTypeSolid);
     for (const HT_ClipRgn* contour = contours; contour != nullptr; contour = contour->next) {
         Points ring(contour->points, contour->points + contour->pointCount);
-        ring.push_back(ring.front()); // contours close themselves, polylines do not
+        ring.insert(ring.end(), {ring[0], ring[1]}); // closes it, with a join at the first corner, too
         drawLine(renderer, ring);
     }
     renderer.SetLineWeight(0.18 * mm * job.scale);
@@ -182,15 +183,21 @@ void drawSamples(HT_Renderer& renderer, const Job& job) {
     drawText(renderer, job, L"30°: αβγ 中文", {88 * mm, 115 * mm}, 5, 30);
 }
 
+/// No painter tells of a full disk, so pages are gathered before. A file is replaced when the new one is whole.
+bool save(const QString& name, const QByteArray& bytes) {
+    QSaveFile file(name);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
+
 bool plotPdf(const QString& name, const Job& job) {
-    QPdfWriter writer(name);
+    QBuffer pages;
+    pages.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&pages);
     writer.setResolution(qRound(job.scale * 25.4 * mm));
     writer.setPageSize(QPageSize(QSizeF(job.paper.Width, job.paper.Length) / 10, QPageSize::Millimeter));
     writer.setPageMargins({});
     QPainter painter(&writer);
-    if (!painter.isActive()) {
-        return false;
-    }
+    painter.setRenderHint(QPainter::LosslessImageRendering); // or images become JPEG
     {
         const Kit::RenderSession renderer(painter); // one for all pages, and gone before the painter ends
         renderer->setScale(job.scale);
@@ -198,7 +205,7 @@ bool plotPdf(const QString& name, const Job& job) {
         writer.newPage();
         drawSamples(*renderer, job);
     }
-    return painter.end();
+    return painter.end() && save(name, pages.data());
 }
 
 bool plotPng(const QString& name, const Job& job, void (*drawPage)(HT_Renderer&, const Job&)) {
@@ -211,7 +218,8 @@ bool plotPng(const QString& name, const Job& job, void (*drawPage)(HT_Renderer&,
         renderer->setScale(job.scale);
         drawPage(*renderer, job);
     }
-    return page.save(name, "PNG");
+    QBuffer png;
+    return png.open(QIODevice::WriteOnly) && page.save(&png, "PNG") && save(name, png.data());
 }
 
 } // namespace
@@ -223,6 +231,9 @@ int main(int argc, char** argv) {
     }
     const QGuiApplication application(argc, argv);
     const Job job = readJob(VornGetAppDataPath()); // the folder "Drivers" beside the program
+    if (!Kit::hasGeometryModule()) {
+        std::fprintf(stderr, "example_driver: there is no geometry module, so nothing is hatched\n");
+    }
     const QString name = QString::fromLocal8Bit(argv[1]);
     const QFileInfo file(name);
     const QString second = file.path() + '/' + file.completeBaseName() + "-2.png";

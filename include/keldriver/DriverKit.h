@@ -107,7 +107,8 @@ public:
 
     /// The number of pieces; 0 also when there is no geometry module, or it failed.
     int count() const { return m_records.GetCount(); }
-    /// True when the geometry module reported a failure. A missing one cannot be told from a line that does not show.
+    /// True when the geometry module reported a failure. A missing one cannot be told from a line that does not
+    /// show: ask `hasGeometryModule`.
     bool hasFailed() const { return m_answer < 0; }
     /// The points of the piece at `index`, from 0, in order along the line; empty for another index, and for a piece
     /// that there was no memory for.
@@ -131,11 +132,19 @@ private:
     int32_t m_answer = 0;
 };
 
+/// Tells whether there is a geometry module, without which `HT_ClipLine` answers that no line shows: a line across a
+/// rectangle has one piece.
+inline bool hasGeometryModule() {
+    const RegionPtr box(KelDriver::HT_CreateRectRgnData({0, 0}, {2, 2}));
+    const HT_Double_Point across[] = {{-1, 1}, {3, 1}};
+    return PolylinePieces(box.get(), across, 2).count() == 1;
+}
+
 /// The font of a `DrawText` call that shows a run of an `HT_Text`.
 ///
-/// The height is that of the record without its sign, in plot units; 0 leaves it to the caller. The rotation comes from
-/// `lfEscapement`. A weight from 550 on, which is nearer to 700 than to 400, is bold. Lines under and through the text,
-/// and the average width, have no place in an `HT_Font`.
+/// `lfHeight`, without its sign, is taken for plot units; 0 leaves the height to the caller. The rotation comes from
+/// `lfEscapement`, which no other call reads. A weight from 550 on, which is nearer to 700 than to 400, is bold. Lines
+/// under and through the text, and the average width, have no place in an `HT_Font`.
 inline HT_Font fontOf(const tagLOGFONTW& record) {
     HT_Font font{};
     font.height = std::fabs(static_cast<double>(record.lfHeight));

@@ -113,7 +113,7 @@ public:
     /// Sets how lines are dashed; an unknown type means solid. Until it is called, pens are dotted.
     ///
     /// A custom pattern is converted to multiples of the line weight in force now: a driver that changes the
-    /// weight calls this again after it. Each length is rounded to whole device units and gaps are shortened by the
+    /// weight calls this again after it. Each length is rounded to a whole number and gaps are shortened by the
     /// weight, below zero too; a zero length counts as one pen width; then the scale multiplies each. With a weight of
     /// 0 lengths stay in device units. A null pattern counts as an empty one, which leaves a custom pen without dashes.
     void SetLineType(HT_PlotStyle::LineType type, double* pattern, unsigned int count) override;

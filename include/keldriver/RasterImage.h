@@ -110,7 +110,8 @@ struct HT_RasterImage_Record {
     double y;            ///< top edge, plot units
     double widthFactor;  ///< plot units per column
     double reserved[2];  ///< for the drivers' own use
-    double heightFactor; ///< plot units per row; negative: upside down, growing upward from `y`
+    double heightFactor; ///< plot units per row, for one row more than there are; negative: upside down, growing
+                         ///< upward from `y`
 };
 
 static_assert(sizeof(HT_RasterImage_Record) == 56 && offsetof(HT_RasterImage_Record, x) == 8 &&

@@ -101,8 +101,8 @@ public:
     virtual void SetLineJoinStyle(HT_PlotStyle::LineJoinStyle style) = 0;
     /// Sets how lines are dashed.
     ///
-    /// @param pattern  `count` lengths in device units before the scale: a dash, a gap and so on in turn. Read for
-    ///                 `LineTypeCustom` only
+    /// @param pattern  `count` lengths, which the scale makes device units: a dash, a gap and so on in turn. Read
+    ///                 for `LineTypeCustom` only
     virtual void SetLineType(HT_PlotStyle::LineType type, double* pattern, unsigned int count) = 0;
     /// Sets what polygons are filled with.
     virtual void SetFillStyle(HT_PlotStyle::FillStyle style) = 0;

@@ -12,7 +12,7 @@
 #include <new>
 #include <unistd.h>
 
-#include "cli/Request.h"
+#include "cli/options/Request.h"
 #include "device/OutputFile.h"
 #include "print/Printers.h"
 #include "settings/SettingsFile.h"

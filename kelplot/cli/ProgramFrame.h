@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <functional>
 
-#include "cli/ExitStatus.h"
+#include "cli/console/ExitStatus.h"
 
 namespace kelplot {
 

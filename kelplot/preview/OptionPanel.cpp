@@ -5,7 +5,7 @@
 #include <QLineEdit>
 #include <algorithm>
 
-#include "cli/OptionTable.h"
+#include "cli/options/OptionTable.h"
 
 namespace kelplot {
 namespace {

@@ -8,7 +8,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "cli/Request.h"
+#include "cli/options/Request.h"
 
 namespace kelplot {
 

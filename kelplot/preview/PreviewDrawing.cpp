@@ -4,11 +4,11 @@
 #include <QElapsedTimer>
 #include <algorithm>
 
-#include "cli/ChosenPens.h"
-#include "cli/DrawingInput.h"
-#include "cli/PlotMessages.h"
-#include "cli/RenderSession.h"
-#include "cli/SpaceLayout.h"
+#include "cli/job/ChosenPens.h"
+#include "cli/job/DrawingInput.h"
+#include "cli/job/PlotMessages.h"
+#include "cli/job/RenderSession.h"
+#include "cli/job/SpaceLayout.h"
 #include "plot/pen/Ink.h"
 #include "preview/PictureDevice.h"
 

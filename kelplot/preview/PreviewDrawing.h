@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "base/Progress.h"
-#include "cli/PlotPlan.h"
-#include "cli/SpaceChoice.h"
+#include "cli/job/PlotPlan.h"
+#include "cli/job/SpaceChoice.h"
 #include "plot/DrawingPlot.h"
 #include "preview/PagePicture.h"
 

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "cli/PlotPlan.h"
+#include "cli/job/PlotPlan.h"
 
 namespace kelplot {
 

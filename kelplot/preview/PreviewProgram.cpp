@@ -3,8 +3,8 @@
 
 #include <QApplication>
 
-#include "cli/CommandLine.h"
 #include "cli/ProgramFrame.h"
+#include "cli/options/CommandLine.h"
 #include "preview/PreviewWindow.h"
 
 namespace kelplot {
@@ -22,10 +22,21 @@ Request requestToShow(const QStringList& arguments) {
     return request;
 }
 
+/// Whether there is anything to show a window on. Qt would end the program by a signal.
+bool hasDisplay() {
+    return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
 } // namespace
 
 int runPreview(int argc, char** argv) {
     prepareProgram();
+    if (!hasDisplay()) {
+        return statusOf([]() -> ExitStatus {
+            throw UsageError(QStringLiteral("--preview: there is no display: DISPLAY and WAYLAND_DISPLAY are not set"));
+        });
+    }
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     // The application gets the program's name only: it would take some options for its own.

@@ -6,7 +6,7 @@
 #include <new>
 #include <sstream>
 
-#include "cli/PlotRun.h"
+#include "cli/job/PlotRun.h"
 #include "reader/DrawingReader.h"
 
 namespace kelplot {

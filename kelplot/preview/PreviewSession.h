@@ -6,9 +6,9 @@
 #include <optional>
 #include <vector>
 
-#include "cli/ExitStatus.h"
-#include "cli/PlotPlan.h"
-#include "cli/PlotRecord.h"
+#include "cli/console/ExitStatus.h"
+#include "cli/job/PlotPlan.h"
+#include "cli/job/PlotRecord.h"
 #include "preview/PreviewDrawing.h"
 #include "preview/PreviewWorker.h"
 #include "print/PrintJob.h"

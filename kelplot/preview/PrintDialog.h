@@ -7,7 +7,7 @@
 #include <QSpinBox>
 #include <vector>
 
-#include "cli/Request.h"
+#include "cli/options/Request.h"
 #include "print/Printers.h"
 
 namespace kelplot {

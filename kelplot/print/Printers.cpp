@@ -34,6 +34,16 @@ QString stateOf(const QString& number) {
     return number == QLatin1String("5") ? QStringLiteral("stopped") : QStringLiteral("idle");
 }
 
+/// Throws `PrintError` when no print server answers.
+void requireServer() {
+    constexpr int patience = 5000; // milliseconds
+    const std::unique_ptr<http_t, void (*)(http_t*)> connection(
+        httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1, patience, nullptr), &httpClose);
+    if (!connection) {
+        throw PrintError(QString::fromUtf8(cupsServer()), QStringLiteral("no print server answers"));
+    }
+}
+
 } // namespace
 
 QString lastPrintFailure() {
@@ -42,12 +52,7 @@ QString lastPrintFailure() {
 }
 
 std::vector<Printer> printers() {
-    constexpr int patience = 5000; // milliseconds
-    const std::unique_ptr<http_t, void (*)(http_t*)> connection(
-        httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1, patience, nullptr), &httpClose);
-    if (!connection) {
-        throw PrintError(QString::fromUtf8(cupsServer()), QStringLiteral("no print server answers"));
-    }
+    requireServer();
     std::vector<Printer> found;
     for (const cups_dest_t& destination : DestinationList()) {
         if (destination.instance == nullptr) {
@@ -67,7 +72,9 @@ void DestinationDeleter::operator()(cups_dest_s* destination) const {
 Destination findPrinter(const QString& name) {
     Destination destination(cupsGetNamedDest(CUPS_HTTP_DEFAULT, name.toUtf8().constData(), nullptr));
     if (!destination) {
-        throw PrintError(name, lastPrintFailure());
+        const QString reason = lastPrintFailure();
+        requireServer(); // without which every printer is unknown
+        throw PrintError(name, reason);
     }
     return destination;
 }

@@ -87,6 +87,10 @@ QStringList PaperTable::nearest(const QString& name) const {
     return nearestNames(name, names, mostNames, plainName);
 }
 
+QString sizeText(const SheetSize& size) {
+    return QStringLiteral("%1x%2").arg(size.width, 0, 'g', 9).arg(size.height, 0, 'g', 9);
+}
+
 std::optional<PaperSize> recordFor(const QString& name, const SheetSize& size, const Margins& margins) {
     PaperSize record{};
     const QVector<uint> characters = name.toUcs4();

@@ -42,6 +42,9 @@ private:
     std::vector<NamedPaper> m_papers;
 };
 
+/// A size as people give and read it: its width and height in millimetres, as in "210x297".
+QString sizeText(const SheetSize& size);
+
 /// The record for a paper of this name. Nothing when the name cannot be kept in a paper file: it is empty, longer
 /// than 63 bytes, or holds a number sign, a quote, a control character or one beyond the basic plane.
 std::optional<PaperSize> recordFor(const QString& name, const SheetSize& size, const Margins& margins);

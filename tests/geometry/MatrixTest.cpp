@@ -68,6 +68,7 @@ TEST(MatrixTest, OperationsGiveOrRefuse) {
         {"negative size", [] { return Matrix(-1, 2); }, "Invalid matrix size"},
         {"sum", [&] { return a + a; }, "2 4 6, 8 10 12"},
         {"sum of others", [&] { return a + b; }, "Invalid operation"},
+        {"sum and difference", [&] { return a + a - a; }, "1 2 3, 4 5 6"},
         {"difference", [&] { return changed(a, [](Matrix& m) { m.operator-=(m); }); }, "0 0 0, 0 0 0"},
         {"difference of others", [&] { return changed(a, [&](Matrix& m) { m -= b; }); }, "Invalid operation"},
         {"product", [&] { return a * b; }, "14 32, 32 77"},

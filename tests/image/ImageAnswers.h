@@ -19,6 +19,6 @@ inline std::string answersOf(const HT_RasterImage& image) {
     text << ' ' << count << ' ' << image.numPaletteColors();
     text << ", alpha " << image.hasAlpha() << ' ' << image.getTransparency() << ", format " << image.pixelFormat();
     text << ", rows of " << image.scanLineSize() << mark(image.scanLinesBase());
-    text << ", header" << mark(image.getBitmapInfo());
+    text << ", header" << mark(image.getBitmapInfo()) << (image.isMapViewOfFile() ? ", mapped" : "");
     return text.str();
 }

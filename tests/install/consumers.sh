@@ -29,11 +29,17 @@ grep -qF "$libdir/keldriver-" <<<"$(ldd "$library" | grep libTarsel)" || fail "$
 cmake -G Ninja -S "$source/examples/driver" -B "$work/example" -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
 cmake --build "$work/example"
 "$work/example/example_driver" "$work/example.png"
-"$work/example/example_driver" "$work/example.pdf"
+said=$("$work/example/example_driver" "$work/example.pdf" 2>&1)
+[ -z "$said" ] || { echo "$said"; exit 1; }
 grep -aq '/Count 2$' "$work/example.pdf"
 sed -i 's/^Title=.*/Title=Other title/' "$work/example/Drivers/driver.ini"
 "$work/example/example_driver" "$work/other.png"
 cmp "$work/example-2.png" "$work/other-2.png"
+if (ulimit -f 1; trap '' XFSZ; "$work/example/example_driver" "$work/example.pdf" 2>/dev/null); then
+    echo "a disk without room for the pages is not noticed"
+    exit 1
+fi
+grep -aq '/Count 2$' "$work/example.pdf" # still whole
 if cmp -s "$work/example.png" "$work/other.png"; then
     echo "the settings beside the driver do not reach its first page"
     exit 1

@@ -77,6 +77,8 @@ TEST(DriverKitTest, PiecesAreCopiedOutAndReleased) {
     }
     EXPECT_EQ(liveBlocks, 0);
     EXPECT_TRUE(PolylinePieces(nullptr, line, 2).hasFailed());
+    g_ClipProc = nullptr;
+    EXPECT_FALSE(hasGeometryModule());
 }
 
 // A painter that ends with saved states, or is restored too often, makes Qt warn, which fails a test.

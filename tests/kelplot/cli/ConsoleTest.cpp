@@ -3,7 +3,7 @@
 
 #include <sstream>
 
-#include "cli/Console.h"
+#include "cli/console/Console.h"
 
 namespace kelplot {
 namespace {

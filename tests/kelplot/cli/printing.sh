@@ -93,3 +93,4 @@ kill "$server"
 wait "$server" || true
 server=
 expect 5 "kelplot: 127.0.0.1: *" --list-printers
+expect 5 "kelplot: 127.0.0.1: no print server answers" -d good "$drawing"

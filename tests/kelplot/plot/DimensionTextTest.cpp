@@ -72,22 +72,33 @@ TEST(DimensionText, BreaksTheLineThatItStandsIn) {
     const double half = halfWidth("80");
     const struct {
         const char* name;
-        const char* groups;
+        std::string groups;
+        std::string changes;
         double left;
         double right;
     } rows[] = {
-        {"straight", "10=90 20=50 13=10 14=90", 50.0 - half - 1.0, 50.0 + half + 1.0},
-        {"straight, to one side", "10=90 20=50 13=10 14=90 11=30 21=50", 30.0 - half - 1.0, 30.0 + half + 1.0},
-        {"through a circle", "70=3 10=10 20=50 15=90 25=50 11=50 21=50 1=80", 50.0 - half - 1.0, 50.0 + half + 1.0},
+        {"straight", "10=90 20=50 13=10 14=90", "", 50.0 - half - 1.0, 50.0 + half + 1.0},
+        {"straight, to one side", "10=90 20=50 13=10 14=90 11=30 21=50", "", 30.0 - half - 1.0, 30.0 + half + 1.0},
+        {"through a circle", "70=3 10=10 20=50 15=90 25=50 11=50 21=50 1=80", "", 50.0 - half - 1.0, 50.0 + half + 1.0},
+        // Its line bends under it, an arrow head before the gap.
+        {"over the end of a line", "70=4 20=50 15=10 25=50 21=52.5 1=80 11=" + std::to_string(88.0 - half),
+         "1070=77 1070=1", 88.0 - 2.0 * half - 3.0, 88.0 - 2.0 * half - 3.0},
     };
     for (const auto& row : rows) {
-        const std::vector<double> ends = levelEnds(dimensioned(row.groups, ""));
+        const std::vector<double> ends = levelEnds(dimensioned(row.groups, row.changes));
         ASSERT_EQ(ends.size(), 4U) << row.name;
         EXPECT_NEAR(ends[0], 12.0, 0.1) << row.name;
         EXPECT_NEAR(ends[1], row.left, 0.1) << row.name;
         EXPECT_NEAR(ends[2], row.right, 0.1) << row.name;
         EXPECT_NEAR(ends[3], 88.0, 0.1) << row.name;
     }
+}
+
+TEST(DimensionText, OutsideOfACircleLeavesRoomForItsCentreLines) {
+    const std::string circle = "70=4 10=50 20=50 15=80 25=50 11=120 21=90 1=8";
+    std::vector<double> ends = levelEnds(dimensioned(circle, "1070=141 1040=-2")); // the sign asks for lines, too
+    std::sort(ends.begin(), ends.end());
+    EXPECT_EQ(ends, (std::vector<double>{18, 46, 48, 52, 54, 82}));
 }
 
 TEST(DimensionText, KeepsClearOfTheLineThatItStandsBeside) {

@@ -13,7 +13,7 @@
 #include <QTimer>
 #include <QTreeWidget>
 
-#include "cli/CommandLine.h"
+#include "cli/options/CommandLine.h"
 #include "kelplot/cli/KelplotRun.h"
 #include "preview/PreviewPlan.h"
 #include "preview/PreviewWindow.h"

@@ -16,6 +16,10 @@ cleanup() {
 }
 trap cleanup EXIT
 
+# Without a screen it says so.
+said=$(env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM "$kelplot" --preview "$drawing" 2>&1) && exit 1
+[[ $said == *"there is no display"* ]] || { echo "$said" >&2; exit 1; }
+
 exec 5>"$work/display"
 Xvfb -displayfd 5 -screen 0 1200x840x24 -nolisten tcp >/dev/null 2>&1 &
 pids+=($!)

@@ -57,11 +57,13 @@ TEST(PatternFile, StatesTheUnitOfItsLengths) {
     const TemporaryDirectory directory;
     PatternTable table;
     addPatterns(QString::fromStdString(directory.write("own.pat", "*a\n0, 0,0, 0,2\n; %units=inch\n*B, twice\n"
-                                                                  "90, 0,0, 0,2, 1,-0.5\n0, 0,0, 0,1\n")),
+                                                                  "90, 1,3, 0,2, 1,-0.5\n0, 0,0, 0,1\n")),
                 table);
     EXPECT_EQ(table.find("A")->front().offset.y, 2.0);
     ASSERT_EQ(table.find("b")->size(), 2U);
     EXPECT_NEAR(table.find("b")->front().offset.x, -50.8, 1e-9);
+    EXPECT_EQ(table.find("b")->front().base.x, 25.4);
+    EXPECT_NEAR(table.find("b")->front().base.y, 76.2, 1e-9);
     EXPECT_EQ(table.find("b")->front().dashes, (std::vector<double>{25.4, -12.7}));
 }
 
