@@ -2,10 +2,10 @@
 
 // A polyline clipped to a region, with the growth of the time in the polyline's points.
 //
-// Names read BM_clipLine/<line>/<contours>/<points>. "walk" is a line of short segments such as drawings have;
+// Names read BM_ClipLine/ours/<line>/<contours>/<points>. "walk" is a line of short segments such as drawings have;
 // each segment of "zigzag" crosses the whole region. "items_per_second" counts points and stays level where growth
-// is linear; "pieces" is what comes out. BM_clipTeeth/<direction>/<points>: a walk along a region that is a row of as
-// many teeth, which lies along the x axis or stands along the y axis.
+// is linear; "pieces" is what comes out. BM_ClipTeeth/<lying or standing>/<points>: a walk along a region that is a row
+// of as many teeth, which lies along the x axis or stands along the y axis.
 
 #include <cmath>
 #include <memory>
@@ -141,15 +141,15 @@ int main(int argc, char** argv) {
     for (const LineKind& kind : lineKinds) {
         for (const int contourCount : {1, 10, 100}) {
             for (size_t points = 1000; points <= kind.longest; points *= 10) {
-                const std::string name = std::string("BM_clipLine/") + kind.name + '/' + std::to_string(contourCount) +
-                                         '/' + std::to_string(points);
+                const std::string name = std::string("BM_ClipLine/ours/") + kind.name + '/' +
+                                         std::to_string(contourCount) + '/' + std::to_string(points);
                 benchmark::RegisterBenchmark(name.c_str(), clipLine, kind, contourCount, points)
                     ->Unit(benchmark::kMicrosecond);
             }
         }
     }
     for (const bool lying : {true, false}) {
-        benchmark::RegisterBenchmark(lying ? "BM_clipTeeth/lying" : "BM_clipTeeth/standing", clipTeeth, lying)
+        benchmark::RegisterBenchmark(lying ? "BM_ClipTeeth/lying" : "BM_ClipTeeth/standing", clipTeeth, lying)
             ->Arg(2000)
             ->Arg(20000)
             ->Unit(benchmark::kMicrosecond);

@@ -2,7 +2,7 @@
 
 // swprintf_s beside the platform's own swprintf, on formats that paper files and drivers use.
 //
-// Names read BM_format/<format>/<library|platform>. Both write to a buffer on the stack; the library also keeps the
+// Names read BM_Format/<ours or platform>/<format>. Both write to a buffer on the stack; the library also keeps the
 // UTF-8 form of what it wrote.
 
 #include <cwchar>
@@ -20,14 +20,14 @@ namespace {
 
 template <typename... Arguments>
 void addFormat(const std::wstring& format, const std::wstring& platformFormat, Arguments... arguments) {
-    const std::string name = "BM_format/" + toUtf8(format) + "/";
-    benchmark::RegisterBenchmark((name + "library").c_str(), [=](benchmark::State& state) {
+    const std::string name = "/" + toUtf8(format);
+    benchmark::RegisterBenchmark(("BM_Format/ours" + name).c_str(), [=](benchmark::State& state) {
         wchar_t buffer[256];
         for ([[maybe_unused]] auto _ : state) {
             benchmark::DoNotOptimize(swprintf_s(buffer, format.c_str(), arguments...));
         }
     });
-    benchmark::RegisterBenchmark((name + "platform").c_str(), [=](benchmark::State& state) {
+    benchmark::RegisterBenchmark(("BM_Format/platform" + name).c_str(), [=](benchmark::State& state) {
         wchar_t buffer[256];
         for ([[maybe_unused]] auto _ : state) {
             benchmark::DoNotOptimize(std::swprintf(buffer, std::size(buffer), platformFormat.c_str(), arguments...));

@@ -90,6 +90,34 @@ void HandPainter::arc(const HT_Double_Point& center, double radiusX, double radi
     painter.restore();
 }
 
+QPolygonF HandPainter::snapped(const Outline& contour) const {
+    QPolygonF polygon;
+    for (const HT_Double_Point& point : contour) {
+        polygon.append(QPointF(rounded(point.x * scale), rounded(point.y * scale)));
+    }
+    return polygon;
+}
+
+void HandPainter::clipUnited(const std::vector<Outline>& contours) {
+    QPainterPath clip;
+    for (const Outline& contour : contours) {
+        QPainterPath path;
+        path.addPolygon(snapped(contour));
+        clip = clip.isEmpty() ? path : clip.united(path);
+    }
+    painter.setClipPath(clip);
+}
+
+void HandPainter::clipWinding(const std::vector<Outline>& contours) {
+    QPainterPath clip;
+    clip.setFillRule(Qt::WindingFill);
+    for (const Outline& contour : contours) {
+        clip.addPolygon(snapped(contour));
+        clip.closeSubpath();
+    }
+    painter.setClipPath(clip);
+}
+
 void HandPainter::ink(const QColor& colour) {
     color = colour;
     lastX = INT32_MAX;

@@ -2,10 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include <QColor>
 #include <QPainter>
+#include <QPolygonF>
 
+#include "RegionShapes.h"
 #include "keldriver/Types.h"
 
 /// The same picture as the renderer draws, painted by hand: what a driver's author would write straight on a
@@ -18,11 +21,16 @@ public:
     void polyline(const HT_Double_Point* points, int count);
     void polygon(const HT_Double_Point* points, int count);
     void arc(const HT_Double_Point& center, double radiusX, double radiusY, double rotation, double start, double end);
+    /// Clips to the union of contours, by Qt's operations on paths.
+    void clipUnited(const std::vector<Outline>& contours);
+    /// Clips to the same area by one path of all contours, which must go round the same way; it is not evaluated.
+    void clipWinding(const std::vector<Outline>& contours);
     void ink(const QColor& colour);
     void width(int units);
 
 private:
     void installPen();
+    QPolygonF snapped(const Outline& contour) const;
 
     QPainter& painter;
     double scale;

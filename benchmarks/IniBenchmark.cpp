@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
-// A settings file of 1 MB, loaded and saved by this library, by QSettings and, where it is found, by GLib's key file.
+// Settings files through this library ("ours"), QSettings ("qsettings") and, where it is found, GLib's key file
+// ("gkeyfile"). Names read BM_<operation>/<side>/<rest>.
 //
-// Files lie in memory where the system has such a directory, so that no disk is measured. QSettings parses a section
-// when a key of it is asked for: "first_key" stops there, as its users do, "all_keys" has it parse everything, as
-// the others always do.
+// Load and Save take a file of 1 MB. QSettings parses a section when a key of it is asked for: "first key" stops there,
+// as its users do, "all keys" has it parse everything, as the others always do. WriteKey opens a file of 100 keys,
+// changes one and writes it back. Files lie in memory where the system has such a directory, so that no disk is
+// measured.
 
 #include <cstdio>
 #include <filesystem>
@@ -73,11 +75,24 @@ Files& files() {
     return shared;
 }
 
+/// Settings of 100 keys in two sections, in a file of their own.
+std::string smallFile(const std::string& name) {
+    std::string path = files().path(name);
+    std::ofstream file(path, std::ios::binary);
+    for (int i = 0; i < 100; ++i) {
+        file << (i == 0 ? "[Sheet]\n" : i == 50 ? "[Pens]\n" : "") << "Key" << i << '=' << i * 7 << '\n';
+    }
+    return path;
+}
+
 void loadIniFile(benchmark::State& state) {
     const std::string path = files().path("sample.ini");
     for (auto _ : state) {
         inifile::IniFile file;
         benchmark::DoNotOptimize(file.Load(path));
+        int width = 0;
+        file.GetIntValue("Paper 1", "Width", width);
+        benchmark::DoNotOptimize(width);
     }
 }
 
@@ -118,32 +133,54 @@ void saveQSettings(benchmark::State& state) {
     std::filesystem::remove(path);
 }
 
-BENCHMARK(loadIniFile)->Name("load/IniFile")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(loadQSettings, first_key, false)->Name("load/QSettings/first_key")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(loadQSettings, all_keys, true)->Name("load/QSettings/all_keys")->Unit(benchmark::kMillisecond);
-BENCHMARK(saveIniFile)->Name("save/IniFile")->Unit(benchmark::kMillisecond);
-BENCHMARK(saveQSettings)->Name("save/QSettings")->Unit(benchmark::kMillisecond);
+void writeKeyOurs(benchmark::State& state) {
+    const std::wstring path = std::filesystem::path(smallFile("ours.ini")).wstring();
+    int value = 0;
+    for (auto _ : state) {
+        WritePrivateProfileStringEx(L"Pens", L"Key70", std::to_wstring(++value).c_str(), path.c_str());
+    }
+}
+
+void writeKeyQSettings(benchmark::State& state) {
+    const QString path = QString::fromStdString(smallFile("qsettings.ini"));
+    int value = 0;
+    for (auto _ : state) {
+        QSettings settings(path, QSettings::IniFormat);
+        settings.setValue("Pens/Key70", ++value);
+        settings.sync();
+    }
+}
+
+BENCHMARK(loadIniFile)->Name("BM_Load/ours/all keys")->Unit(benchmark::kMillisecond);
+BENCHMARK(loadIniFile)->Name("BM_Load/ours/first key")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(loadQSettings, all, true)->Name("BM_Load/qsettings/all keys")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(loadQSettings, first, false)->Name("BM_Load/qsettings/first key")->Unit(benchmark::kMillisecond);
+BENCHMARK(saveIniFile)->Name("BM_Save/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(saveQSettings)->Name("BM_Save/qsettings")->Unit(benchmark::kMillisecond);
+BENCHMARK(writeKeyOurs)->Name("BM_WriteKey/ours");
+BENCHMARK(writeKeyQSettings)->Name("BM_WriteKey/qsettings");
 
 #ifdef KELDRIVER_HAS_GLIB
 
-void load(GKeyFile* file) {
-    const std::string path = files().path("sample.ini");
+void load(GKeyFile* file, const std::string& path) {
     if (!g_key_file_load_from_file(file, path.c_str(), G_KEY_FILE_KEEP_COMMENTS, nullptr)) {
         throw std::runtime_error("GLib does not read the sample");
     }
 }
 
 void loadKeyFile(benchmark::State& state) {
+    const std::string path = files().path("sample.ini");
     for (auto _ : state) {
         GKeyFile* const file = g_key_file_new();
-        load(file);
+        load(file, path);
+        benchmark::DoNotOptimize(g_key_file_get_integer(file, "Paper 1", "Width", nullptr));
         g_key_file_unref(file);
     }
 }
 
 void saveKeyFile(benchmark::State& state) {
     GKeyFile* const file = g_key_file_new();
-    load(file);
+    load(file, files().path("sample.ini"));
     const std::string path = files().path("saved.ini");
     for (auto _ : state) {
         g_key_file_save_to_file(file, path.c_str(), nullptr);
@@ -151,19 +188,22 @@ void saveKeyFile(benchmark::State& state) {
     g_key_file_unref(file);
 }
 
-/// Only the text, without the file that is written beside and renamed.
-void textOfKeyFile(benchmark::State& state) {
-    GKeyFile* const file = g_key_file_new();
-    load(file);
+void writeKeyKeyFile(benchmark::State& state) {
+    const std::string path = smallFile("gkeyfile.ini");
+    int value = 0;
     for (auto _ : state) {
-        g_free(g_key_file_to_data(file, nullptr, nullptr));
+        GKeyFile* const file = g_key_file_new();
+        load(file, path);
+        g_key_file_set_integer(file, "Pens", "Key70", ++value);
+        g_key_file_save_to_file(file, path.c_str(), nullptr);
+        g_key_file_unref(file);
     }
-    g_key_file_unref(file);
 }
 
-BENCHMARK(loadKeyFile)->Name("load/GKeyFile")->Unit(benchmark::kMillisecond);
-BENCHMARK(saveKeyFile)->Name("save/GKeyFile")->Unit(benchmark::kMillisecond);
-BENCHMARK(textOfKeyFile)->Name("save/GKeyFile/text_only")->Unit(benchmark::kMillisecond);
+BENCHMARK(loadKeyFile)->Name("BM_Load/gkeyfile/all keys")->Unit(benchmark::kMillisecond);
+BENCHMARK(loadKeyFile)->Name("BM_Load/gkeyfile/first key")->Unit(benchmark::kMillisecond);
+BENCHMARK(saveKeyFile)->Name("BM_Save/gkeyfile")->Unit(benchmark::kMillisecond);
+BENCHMARK(writeKeyKeyFile)->Name("BM_WriteKey/gkeyfile");
 
 #endif
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
-// The coordinate transform beside Qt's, in one run: a 3x3 product and the mapping of a point.
+// The coordinate transform beside Qt's, in one run: a 3x3 product and the mapping of a point. Names read
+// BM_<operation>/<ours or qtransform>.
 //
 // There is no target: the transform keeps its elements on the heap and works on matrices of any size, Qt's does
 // neither.
@@ -39,7 +40,7 @@ void productQt(benchmark::State& state) {
         benchmark::DoNotOptimize(first * second);
     }
 }
-BENCHMARK(productQt)->Name("BM_Product/qt");
+BENCHMARK(productQt)->Name("BM_Product/qtransform");
 
 void mapOurs(benchmark::State& state) {
     const CUCS33 ucs = ours();
@@ -63,7 +64,7 @@ void mapQt(benchmark::State& state) {
         benchmark::DoNotOptimize(y);
     }
 }
-BENCHMARK(mapQt)->Name("BM_MapPoint/qt");
+BENCHMARK(mapQt)->Name("BM_MapPoint/qtransform");
 
 } // namespace
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 
-// Texts through the renderer and painted by hand, in one run, and the splitting of texts by font.
+// Texts through the renderer and painted by hand, in one run, and how texts are split by font.
 //
-// Names read BM_DrawText/<ours or hand>/<text>, the target being that ours takes at most 1.1 times as long;
-// BM_DrawTextAgain, the same in a plot that repeats the text; BM_DrawNumbers, a plot of numbers that all differ; and
-// BM_SubText/<text>, whose counter "characters" is a rate.
+// Names read BM_<picture>/<ours or hand>/<text>. DrawText is a text by itself, DrawTextAgain the same in a plot that
+// repeats the text, DrawNumbers a plot of numbers that all differ.
+// BM_SubText/ours/<text> stands alone; its counter "characters" is a rate.
 
 #include <cmath>
 #include <cwchar>
@@ -42,9 +42,9 @@ struct Sample {
 
 constexpr Sample samples[] = {
     {"word", L"Section", false},
-    {"word fitted", L"Section", true},
+    {"word fitted to a width", L"Section", true},
     {"line", L"All dimensions in millimetres unless stated otherwise", false},
-    {"scripts", L"Ось Ω 中文 é", true},
+    {"mixed scripts", L"Ось Ω 中文 é", true},
 };
 
 HT_Font plotFont() {
@@ -177,7 +177,7 @@ void registerAll() {
     for (const auto& [name, text] : {std::pair("short", std::wstring(L"Section A")),
                                      std::pair("one font", repeated(L"All dimensions in mm. ", 500)),
                                      std::pair("two fonts", repeated(L"Maße 中文 ", 500))}) {
-        benchmark::RegisterBenchmark((std::string("BM_SubText/") + name).c_str(),
+        benchmark::RegisterBenchmark((std::string("BM_SubText/ours/") + name).c_str(),
                                      [text = text](benchmark::State& state) { split(state, text); });
     }
 }

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: BSD-3-Clause
-# Installs what building and testing need from Debian's packages, and with "lint", "fuzz", "prove" or "package" what the
-# script of that name needs too; asks for nothing when all of it is there.
+# Installs what building and testing need from Debian's packages, and with "lint", "fuzz", "prove", "package" or "bench"
+# what the script of that name needs too; asks for nothing when all of it is there.
 set -euo pipefail
 
 packages=(
@@ -18,6 +18,7 @@ packages=(
 [ "${1:-}" = lint ] && packages+=(clang clang-format clang-tidy doxygen)
 [ "${1:-}" = prove ] && packages+=(gcovr valgrind)
 [ "${1:-}" = package ] && packages+=(dpkg-dev file lintian)
+[ "${1:-}" = bench ] && packages+=(libboost-dev libglib2.0-dev xvfb xauth)
 [ "${1:-}" = fuzz ] && packages+=(clang libclang-rt-14-dev)
 
 missing=()

@@ -1,15 +1,16 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: BSD-3-Clause
-"""Measures kelplot beside parsing alone and beside other programs, and prints Markdown tables.
+"""Measures kelplot beside parsing alone and beside other programs, and prints the figures as JSON.
 
     cmake --preset release && cmake --build --preset release
     benchmarks/peers/compare.py build/release
 
-For each drawing: CPU seconds (user and system), how often that of parsing alone, peak memory and the size of what was
-written; then what an entity costs in drawings of different sizes. Programs that are not installed are left out;
-LibreCAD is in the Debian package librecad.
+For each drawing and program: CPU seconds (user and system), peak memory, of which 16 MB is the least that this script
+can tell, and the size of what was written, both in megabytes, or the reason why there are none. Programs that are not
+installed are left out. scripts/bench.sh makes tables of it.
 """
 import argparse
+import json
 import os
 import shutil
 import signal
@@ -17,7 +18,7 @@ import statistics
 import subprocess
 import sys
 import tempfile
-from dataclasses import dataclass
+from dataclasses import asdict, dataclass
 from pathlib import Path
 
 MAKE_DRAWING = Path(__file__).with_name("make_drawing.py")
@@ -110,34 +111,6 @@ def compare(drawing, compared, options):
     return {name: median_of(done) for name, done in runs.items()}
 
 
-def print_table(title, results):
-    parsing = results[PARSING].seconds
-    print(f"\n{title}\n")
-    print("| | CPU (s) | of parsing | peak memory (MB) | output (MB) |")
-    print("|---|---:|---:|---:|---:|")
-    for name, result in results.items():
-        if result.failure:
-            print(f"| {name} | {result.failure} | | {result.megabytes:.0f} | |")
-            continue
-        output = f"{result.output:.1f}" if result.output else ""
-        print(f"| {name} | {result.seconds:.2f} | {result.seconds / parsing:.2f} | {result.megabytes:.0f} | {output} |")
-
-
-def print_growth(results_of):
-    """What one entity costs, the share of starting the program included."""
-    counts = sorted(results_of)
-    print("\nCPU time an entity, microseconds / peak memory an entity, bytes\n")
-    print("| |" + "".join(f" {count:,} |" for count in counts))
-    print("|---|" + "---:|" * len(counts))
-    for name in results_of[counts[0]]:
-        cells = []
-        for count in counts:
-            result = results_of[count][name]
-            cells.append(result.failure or
-                         f"{result.seconds * 1e6 / count:.1f} / {result.megabytes * 1048576 / count:.0f}")
-        print(f"| {name} | " + " | ".join(cells) + " |")
-
-
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("build", type=Path, help="folder of a release build with the benchmarks")
@@ -150,20 +123,15 @@ def main():
     compared = programs(options.build.resolve())
     drawings = [("mixed", int(count)) for count in options.counts.split(",")]
     drawings += [("references", options.references)] if options.references else []
-    growth = {}
+    figures = []
     with tempfile.TemporaryDirectory() as name:
         drawing = Path(name) / "drawing.dxf"
         for content, count in drawings:
             subprocess.run([sys.executable, MAKE_DRAWING, content, str(count), drawing], check=True)
-            results = compare(drawing, compared, options)
-            title = {"mixed": "mixed entities", "references": "references to one block"}[content]
-            size = drawing.stat().st_size / 1e6
-            print_table(f"{count:,} {title}, {size:.1f} MB, medians of {options.runs} runs", results)
-            sys.stdout.flush()
-            if content == "mixed":
-                growth[count] = results
-    if len(growth) > 1:
-        print_growth(growth)
+            results = {name: asdict(result) for name, result in compare(drawing, compared, options).items()}
+            figures.append({"content": content, "count": count, "megabytes": drawing.stat().st_size / 1e6,
+                            "results": results})
+    json.dump(figures, sys.stdout, indent=1)
 
 
 if __name__ == "__main__":
