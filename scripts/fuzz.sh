@@ -14,7 +14,7 @@ shift $(($# > 0))
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz
 export QT_QPA_PLATFORM=offscreen
-export LSAN_OPTIONS=suppressions=$PWD/fuzz/leaks.supp:print_suppressions=0
+export LSAN_OPTIONS=suppressions=fuzz/leaks.supp:print_suppressions=0
 
 programs=(build/fuzz/fuzz/*_fuzzer build/fuzz/fuzz/kelplot/*_fuzzer)
 targets=("$@")

@@ -169,7 +169,9 @@ class Runner:
         failed = re.findall(r"^\s*\d+ - (\S+) \((.+)\)$", output, re.MULTILINE)
         if code is None or failed and failed[0][1] == "Timeout":
             return "timeout"
-        return failed[0][0] if failed else "no test ran: " + output.strip()[-200:]
+        if not failed:
+            sys.exit("mutate.py: no test ran: " + output.strip()[-500:])
+        return failed[0][0]
 
     def verdict(self, folders):
         """What becomes of the tree as it is: "compile", "timeout", a test's name or "SURVIVED"."""
@@ -219,7 +221,7 @@ def chosen_places(options):
 
 def parsed_arguments():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("sources", nargs="*", default=["src", "host", "kelplot"], help="files or folders")
+    parser.add_argument("sources", nargs="*", default=["src", "include", "host", "kelplot"], help="files or folders")
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--count", type=int, default=100, help="number of mutants that compile")
     parser.add_argument("--build", default=str(ROOT / "build" / "dev"), help="a configured build folder")
@@ -254,7 +256,9 @@ def main():
             counter[outcome] += 1
         print(f"{text}: {'killed by ' + verdict if outcome == 'killed' else outcome.upper()}", flush=True)
     for kind, counter in [*sorted(kinds.items()), ("all", sums)]:
-        print(f"{kind}: " + ", ".join(f"{counter[name]} {name}" for name in OUTCOMES))
+        tried = sum(counter[name] for name in OUTCOMES[:3])
+        share = f", {100 * (tried - counter['survived']) // tried} % noticed" if tried else ""
+        print(f"{kind}: " + ", ".join(f"{counter[name]} {name}" for name in OUTCOMES) + share)
 
 
 if __name__ == "__main__":

@@ -3,8 +3,9 @@
 # Runs one of the checks of docs/quality.md, which take too long for every change:
 #   coverage              lines and branches that the tests reach, by folder
 #   mutation [OPTION...]  small faults that the tests notice, at least 150 of them; options of scripts/mutate.py
-#   fuzz [MINUTES]        every fuzz target, one minute each unless told otherwise
-#   valgrind              the library's tests under memcheck
+#   fuzz [MINUTES [TARGET...]]
+#                         every fuzz target, or these, one minute each unless told otherwise
+#   valgrind              the tests of the library and of the open stand-ins under memcheck
 #   soak [PLOTS]          plots in one process, 10,000 unless told otherwise, whose memory stays flat
 #   threads               plots in two threads at a time, under the thread sanitizer
 #   abi                   exported names, layouts, slots and signatures against the kept lists
@@ -13,7 +14,7 @@ cd "$(dirname "$0")/.."
 export QT_QPA_PLATFORM=offscreen
 
 usage() {
-    sed -n '3,10s/^# \?//p' "$0" >&2
+    sed -n '3,11s/^# \?//p' "$0" >&2
     exit 2
 }
 
@@ -21,13 +22,12 @@ usage() {
 build() {
     local preset=$1 log
     shift
-    log=$(mktemp)
+    mkdir -p "build/$preset"
+    log=build/$preset/prove.log
     if ! { cmake --preset "$preset" && cmake --build "build/$preset" --target "$@"; } >"$log" 2>&1; then
         tail -n 40 "$log" >&2
-        rm "$log"
         exit 1
     fi
-    rm "$log"
 }
 
 coverage() {
@@ -52,14 +52,14 @@ mutation() {
 }
 
 fuzz() {
-    ./scripts/fuzz.sh "${1:-1}"
+    ./scripts/fuzz.sh "$@"
 }
 
 valgrind_tests() {
     ./scripts/install-deps.sh prove
     build dev all
     local program
-    for program in build/dev/tests/{geometry,image,kit,paper,port,region,render,settings}/*_test; do
+    for program in build/dev/tests/{geometry,host/*,image,kit,paper,port,region,render,settings}/*_test; do
         case $program in
         */region_oracle_test) continue ;; # as long as all others together, in the code of region_test
         esac
@@ -81,7 +81,7 @@ soak() {
 threads() {
     ./scripts/install-deps.sh
     build tsan render_test
-    TSAN_OPTIONS=suppressions=$PWD/tests/tsan.supp:halt_on_error=1 \
+    TSAN_OPTIONS=suppressions=tests/tsan.supp:halt_on_error=1 \
         build/tsan/tests/render/render_test --gtest_filter='WholePlots.*:TextThreads.*'
 }
 
@@ -94,6 +94,9 @@ abi() {
 [ $# -gt 0 ] || usage
 check=$1
 shift
+case $check in
+coverage | valgrind | threads | abi) [ $# -eq 0 ] || usage ;;
+esac
 case $check in
 coverage | mutation | fuzz | soak | threads | abi) "$check" "$@" ;;
 valgrind) valgrind_tests ;;

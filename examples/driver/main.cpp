@@ -41,8 +41,11 @@ PaperSize readPaper(const std::wstring& file, int number) {
     const auto query = [&](char* output) {
         return HT_DefaultDeviceCapabilities(Kit::PaperRecords, output, nullptr, file.c_str());
     };
-    std::vector<PaperSize> papers(static_cast<size_t>(std::max(query(nullptr), 0)));
-    query(papers.empty() ? nullptr : reinterpret_cast<char*>(papers.data()));
+    const int count = query(nullptr);
+    std::vector<PaperSize> papers(count > 0 && count < 10000 ? static_cast<size_t>(count) : 0);
+    if (!papers.empty()) {
+        query(reinterpret_cast<char*>(papers.data()));
+    }
     for (const PaperSize& paper : papers) {
         if (paper.Paper == number) {
             return paper;
@@ -55,7 +58,7 @@ Job readJob(const std::wstring& folder) {
     const std::wstring file = folder + L"/driver.ini";
     const int paper = GetPrivateProfileIntEx(L"Plot", L"Paper", 9, file.c_str());
     const int dotsPerInch = GetPrivateProfileIntEx(L"Plot", L"Resolution", 300, file.c_str());
-    wchar_t title[512]; // counts bytes of UTF-8: a text that does not fit is not cut but left out
+    wchar_t title[512]; // counts bytes of UTF-8; the default stands for a text that does not fit
     GetPrivateProfileStringEx(L"Plot", L"Title", L"Cover plate", title, 512, file.c_str());
     Job job{title, readPaper(folder + L"/papers.ini", paper), std::clamp(dotsPerInch, 72, 1200) / (25.4 * mm), {}};
     tagLOGFONTW han{};
@@ -183,7 +186,7 @@ void drawSamples(HT_Renderer& renderer, const Job& job) {
     drawText(renderer, job, L"30°: αβγ 中文", {88 * mm, 115 * mm}, 5, 30);
 }
 
-/// No painter tells of a full disk, so pages are gathered before. A file is replaced when the new one is whole.
+/// No painter reports a full disk, so pages are gathered before. A file is replaced when the new one is whole.
 bool save(const QString& name, const QByteArray& bytes) {
     QSaveFile file(name);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
@@ -194,7 +197,8 @@ bool plotPdf(const QString& name, const Job& job) {
     pages.open(QIODevice::WriteOnly);
     QPdfWriter writer(&pages);
     writer.setResolution(qRound(job.scale * 25.4 * mm));
-    writer.setPageSize(QPageSize(QSizeF(job.paper.Width, job.paper.Length) / 10, QPageSize::Millimeter));
+    writer.setPageSize(
+        QPageSize(QSizeF(job.paper.Width, job.paper.Length) / 10, QPageSize::Millimeter, {}, QPageSize::ExactMatch));
     writer.setPageMargins({});
     QPainter painter(&writer);
     painter.setRenderHint(QPainter::LosslessImageRendering); // or images become JPEG

@@ -159,6 +159,9 @@ inline HT_Font fontOf(const tagLOGFONTW& record) {
 
 /// How far a text reaches along its base line, in plot units: where the next run starts, when `DrawText` gets the same
 /// font and width factor and no character widths. It needs a `QGuiApplication`.
+///
+/// Compiled into the driver, it measures as the library of this header draws; a later one that chose sizes otherwise
+/// would ask for the driver to be compiled anew.
 inline double advanceOf(const std::wstring& text, const HT_Font& font, double widthFactor = 1.0) {
     const QScreen* const screen = QGuiApplication::primaryScreen();
     const int dotsPerInch = screen == nullptr ? 96 : static_cast<int>(screen->logicalDotsPerInch());

@@ -24,6 +24,10 @@ struct DibInfo {
     int32_t bitCount;            ///< bits per pixel: 1, 8, 24 or 32
 };
 
+static_assert(sizeof(DibInfo) == 32 && offsetof(DibInfo, paletteCount) == 8 && offsetof(DibInfo, pixels) == 16 &&
+                  offsetof(DibInfo, scanLineSize) == 24 && offsetof(DibInfo, bitCount) == 28,
+              "record shared with applications' own image libraries");
+
 /// A picture that was read from a file or from its bytes: PNG, JPEG, BMP, GIF, TIFF and whatever else Qt has plugins
 /// for. The format is recognised from the content.
 class IMGO_API Image {

@@ -79,6 +79,11 @@ TARSEL_API void* tarsel_malloc(size_t size);
 
 #ifdef __cplusplus
 }
+
+static_assert(sizeof(gpc_vertex) == 16 && offsetof(gpc_vertex, y) == 8 && sizeof(gpc_vertex_list) == 16 &&
+                  offsetof(gpc_vertex_list, vertex) == 8 && sizeof(gpc_polygon) == 24 &&
+                  offsetof(gpc_polygon, hole) == 8 && offsetof(gpc_polygon, contour) == 16,
+              "records shared with applications' own clippers");
 #endif
 // NOLINTEND(modernize-deprecated-headers, modernize-use-using)
 
