@@ -191,6 +191,18 @@ void drawFades(QPainter& painter) {
     painter.drawEllipse(4500, 1000, 2000, 3000);
 }
 
+/// As few colours as fit into bits of each number, and one more.
+void drawFewColours(QPainter& painter) {
+    int column = 0;
+    for (const int colours : {2, 3, 4, 5, 16, 17}) {
+        QImage image(6, 3, QImage::Format_RGB32);
+        for (int i = 0; i < 18; ++i) {
+            image.setPixel(i % 6, i / 6, qRgb(i % colours * 15, 255 - i % colours * 11, i % colours % 3 * 120));
+        }
+        painter.drawImage(QRectF(300 + 1200 * column++, 500, 1000, 3000), image);
+    }
+}
+
 void drawBrushes(QPainter& painter) {
     painter.scale(101.6, 101.6); // a pattern's pixel becomes six of the page: readers round tiles to whole ones
     int column = 0;
@@ -222,6 +234,7 @@ TEST(PdfDevice, ShowsWhatQtShows) {
         {"clips", drawnByQtToPdf, drawClips},
         {"opacities", drawnByQtToPdf, drawOpacities},
         {"pictures", drawnByQtToImage, drawPictures},
+        {"pictures of few colours", drawnByQtToImage, drawFewColours},
         {"blends", drawnByQtToImage, drawBlends},
         {"gradients", drawnByQtToImage, drawGradients},
         {"fades", drawnByQtToImage, drawFades},
