@@ -26,7 +26,7 @@ install(EXPORT KelDriverTargets NAMESPACE KelDriver:: DESTINATION ${package_dir}
 
 configure_package_config_file(cmake/KelDriverConfig.cmake.in KelDriverConfig.cmake INSTALL_DESTINATION ${package_dir}
                               PATH_VARS CMAKE_INSTALL_INCLUDEDIR)
-write_basic_package_version_file(KelDriverConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+write_basic_package_version_file(KelDriverConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/KelDriverConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/KelDriverConfigVersion.cmake
         DESTINATION ${package_dir} COMPONENT development)

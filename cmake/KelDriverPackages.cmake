@@ -72,8 +72,9 @@ to read and keep their papers and settings.
 .
 Open versions of the libraries that the application supplies are included;
 the application's own ones take precedence.")
-# The trigger runs ldconfig. CPack would add scripts that do so once more, unless it is given scripts of these names;
-# those that are not there it passes over.
+# The trigger runs ldconfig. CPack adds scripts that do so once more, to which lintian objects, and has no setting
+# against it: it leaves out those that it is given. Of these two there are no files, so that the package has no scripts;
+# CPack warns that it cannot find them.
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${debian}/triggers ${debian}/none/postinst ${debian}/none/postrm)
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libkeldriver-dev)
@@ -85,6 +86,8 @@ plotter drivers with libkeldriver.")
 
 set(CPACK_DEBIAN_KELPLOT_PACKAGE_NAME kelplot)
 set(CPACK_DEBIAN_KELPLOT_PACKAGE_SECTION graphics)
+# Of just this version, for kelplot links the libraries that come with KelDriver in its own folder, too. They have no
+# version in their names, and what they export may change with any release.
 set(CPACK_DEBIAN_KELPLOT_PACKAGE_DEPENDS "libkeldriver0 (${this_version})")
 set(CPACK_DEBIAN_KELPLOT_PACKAGE_RECOMMENDS
     "fonts-dejavu-core, fonts-liberation2 | fonts-liberation, fonts-osifont, fonts-droid-fallback")

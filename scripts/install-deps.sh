@@ -17,7 +17,7 @@ packages=(
 )
 [ "${1:-}" = lint ] && packages+=(clang clang-format clang-tidy doxygen)
 [ "${1:-}" = prove ] && packages+=(gcovr valgrind)
-[ "${1:-}" = package ] && packages+=(dpkg-dev file lintian)
+[ "${1:-}" = package ] && packages+=(dpkg-dev file lintian mmdebstrap)
 [ "${1:-}" = bench ] && packages+=(libboost-dev libglib2.0-dev xvfb xauth)
 [ "${1:-}" = fuzz ] && packages+=(clang libclang-rt-14-dev)
 

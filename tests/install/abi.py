@@ -10,6 +10,7 @@ information, and the machine `abidw` (Debian package abigail-tools).
 import argparse
 import difflib
 import re
+import shlex
 import subprocess
 import sys
 import tempfile
@@ -20,8 +21,9 @@ HERE = Path(__file__).resolve().parent
 HEADERS = HERE.parent.parent / "include" / "keldriver"
 BASELINE = HERE / "KelDriver.abi.txt"
 
-# What Qt, the standard library and the C library lay out is theirs to keep: their types are told by name only.
-FOREIGN = re.compile(r"^(typedef |Q[A-Z]|Qt(Private)?\b|std\b|_)|^(l?l?div_t|tm|max_align_t|mbstate_t)$")
+# What Qt, the standard library and the C library lay out is theirs to keep: their types are told by name only. The
+# library's own renderer has a name like those of Qt.
+FOREIGN = re.compile(r"^(typedef |Q(?!TRenderer\b)[A-Z]|Qt(Private)?\b|std\b|_)|^(l?l?div_t|tm|max_align_t|mbstate_t)$")
 
 
 def described(library):
@@ -88,7 +90,8 @@ class Interface:
             return
         if node.tag == "enum-decl":
             values = [f"    {entry.get('name')} = {entry.get('value')}" for entry in node.findall("enumerator")]
-            self.blocks[f"enum {name}: {self.name_of(node.find('underlying-type').get('type-id'))}"] = values
+            underlying, _ = self.types[node.find("underlying-type").get("type-id")]
+            self.blocks[f"enum {name}: {underlying.get('size-in-bits')} bits"] = values
         elif node.tag in ("class-decl", "union-decl"):
             self.blocks[f"{node.tag.split('-')[0]} {name}: {node.get('size-in-bits')} bits"] = self._members(node)
 
@@ -127,7 +130,8 @@ def main():
     kept = BASELINE.read_text(encoding="utf-8").splitlines(keepends=True)
     if found != kept:
         sys.stdout.writelines(difflib.unified_diff(kept, found, "kept", "built"))
-        sys.exit(f"the binary interface changed; where that is meant: {__file__} --refresh {options.library}")
+        refresh = shlex.join([__file__, "--refresh", options.library])
+        sys.exit(f"the binary interface changed; where that is meant: {refresh}")
 
 
 if __name__ == "__main__":

@@ -5,9 +5,11 @@
 set -euo pipefail
 export LC_ALL=C.UTF-8
 source=$1 build=$2
+. "$source/tests/install/installation.sh"
 work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-export XDG_CONFIG_HOME=$work # without settings of the user's own
+keep_manifests "$build" "$work/manifests"
+trap 'restore_manifests "$build" "$work/manifests"; rm -rf "$work"' EXIT
+export XDG_CONFIG_HOME=$work XDG_RUNTIME_DIR=$work # without settings of the user's own, or a warning of Qt
 prefix=$work/prefix
 
 fail() {
@@ -35,6 +37,12 @@ grep -aq '/Count 2$' "$work/example.pdf"
 sed -i 's/^Title=.*/Title=Other title/' "$work/example/Drivers/driver.ini"
 "$work/example/example_driver" "$work/other.png"
 cmp "$work/example-2.png" "$work/other-2.png"
+# The second page is not empty: it has its solid sample, and another look with margins that leave it a bare edge.
+[ "$(pdftoppm -r 25.4 -f 2 -l 2 -x 24 -y 57 -W 1 -H 1 "$work/example.pdf" | tail -c 3 | od -An -tx1)" = " 00 00 00" ] ||
+    fail "the second page of the PDF lacks its solid sample"
+sed -i 's/^LeftEdge=.*/LeftEdge=1420/' "$work/example/Drivers/papers.ini"
+"$work/example/example_driver" "$work/empty.png"
+cmp -s "$work/example-2.png" "$work/empty-2.png" && fail "the second page of the PNG is empty"
 if (ulimit -f 1; trap '' XFSZ; "$work/example/example_driver" "$work/example.pdf" 2>/dev/null); then
     echo "a disk without room for the pages is not noticed"
     exit 1
@@ -59,7 +67,7 @@ done
 draws_the_same() {
     local flags
     export PKG_CONFIG_PATH=$1/pkgconfig
-    read -ra flags <<<"$(pkg-config --cflags --libs keldriver)"
+    mapfile -t flags < <(ask_pkg_config --cflags --libs)
     g++ -std=c++17 -fPIC "$source/examples/driver/main.cpp" -o "$work/example_pc" "${flags[@]}"
     cp -r "$source/examples/driver/Drivers" "$work"
     LD_LIBRARY_PATH=$1 "$work/example_pc" "$work/example_pc.png"
@@ -71,22 +79,24 @@ moved=$work/moved
 mv "$prefix" "$moved"
 libdir=$moved${libdir#"$prefix"}
 draws_the_same "$libdir"
-[ "$moved/include" -ef "$(pkg-config --define-prefix --variable=includedir keldriver)" ]
-[ "$libdir" -ef "$(pkg-config --define-prefix --variable=libdir keldriver)" ]
-test -e "$(pkg-config --variable=standinsdir keldriver)/vnbase.so"
+[ "$moved/include" -ef "$(ask_pkg_config --define-prefix --variable=includedir)" ]
+[ "$libdir" -ef "$(ask_pkg_config --define-prefix --variable=libdir)" ]
+test -e "$(ask_pkg_config --variable=standinsdir)/vnbase.so"
 version=$(pkg-config --modversion keldriver)
 [[ $("$moved/bin/kelplot" --version) == "kelplot $version"$'\n'*"libKelDriver $version "* ]]
 
 # The installed kelplot finds its papers and writes to the output and the user's folders only, whoever runs it.
-mkdir "$work/home" "$work/temporary"
+mkdir "$work/home" "$work/temporary" "$work/plots"
 touch "$work/before"
-has_paper() {
-    grep -q "^$1"$'\t' <<<"$(env -u XDG_RUNTIME_DIR HOME="$work/home" XDG_CACHE_HOME= TMPDIR="$work/temporary" \
-        "$moved/bin/kelplot" --list-papers)"
+plotter() {
+    env -u XDG_RUNTIME_DIR HOME="$work/home" XDG_CACHE_HOME= TMPDIR="$work/temporary" "$moved/bin/kelplot" "$@"
 }
+has_paper() { grep -q "^$1"$'\t' <<<"$(plotter --list-papers)"; }
 has_paper A0
-written=$(find "$moved" "$work/temporary" -mindepth 1 -newer "$work/before")
+plotter --paper A0 -o "$work/plots/plate.pdf" "$source/examples/drawings/flange_plate.dxf"
+written=$(find "$moved" "$work/temporary" "$source/examples" -mindepth 1 -newer "$work/before")
 [ -z "$written" ] || fail "kelplot wrote $written"
+[ "$(ls "$work/plots")" = plate.pdf ] || fail "beside the plot there are $(ls "$work/plots")"
 [ "$(find "$work/home" -type f | wc -l)" -eq 1 ] || fail "no papers are kept in the user's caches"
 sed -i 's/^Name=A0$/Name=Poster/' "$moved/share/kelplot/Drivers/papers.ini"
 has_paper Poster || fail "kelplot does not see that its papers were edited"

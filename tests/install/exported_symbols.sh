@@ -12,6 +12,6 @@ if [ "$1" = --refresh ]; then
     exit 0
 fi
 if ! diff -u "$1" <(exported "$2"); then
-    echo "the exported symbols changed; where that is meant: $0 --refresh $1 $2"
+    echo "the exported symbols changed; where that is meant: $(printf '%q ' "$0" --refresh "$1" "$2")"
     exit 1
 fi

@@ -6,8 +6,10 @@ set -euo pipefail
 export LC_ALL=C.UTF-8
 source=$1 build=$2
 here=$source/tests/install
+. "$source/tests/install/installation.sh"
 work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+keep_manifests "$build" "$work/manifests"
+trap 'restore_manifests "$build" "$work/manifests"; rm -rf "$work"' EXIT
 export XDG_CONFIG_HOME=$work # without settings of the user's own
 prefix=$work/prefix
 
@@ -66,10 +68,10 @@ cmake --install "$work/host" --prefix "$work/installed" >/dev/null
 mv "$work/installed" "$prefix"
 libdir=$prefix/lib/x86_64-linux-gnu
 export PKG_CONFIG_PATH=$libdir/pkgconfig
-same_folder() { [ "$1" -ef "$(pkg-config --define-prefix --variable="$2" keldriver)" ]; }
+same_folder() { [ "$1" -ef "$(ask_pkg_config --define-prefix --variable="$2")" ]; }
 same_folder "$prefix/include" includedir
 same_folder "$libdir" libdir
-read -ra flags <<<"$(pkg-config --cflags --libs keldriver)"
+mapfile -t flags < <(ask_pkg_config --cflags --libs)
 g++ -std=c++17 -fPIC "$here/own/UseClipper.cpp" -o "$work/use_clipper" "${flags[@]}" "$own/libTarsel.so"
 LD_LIBRARY_PATH=$libdir:$own "$work/use_clipper"
 configure "$here/own" "$work/use" -DKelDriver_DIR="$libdir/cmake/KelDriver"
