@@ -45,6 +45,7 @@ given=(-DKELDRIVER_TARSEL="$own/libTarsel.so" -DKELDRIVER_IMGO="$own/libImgo.so"
 for variable in KELDRIVER_TARSEL KELDRIVER_IMGO; do
     said=$(configure "$source" "$work/$variable" -D$variable="$work/none.so" 2>&1) &&
         fail "$variable may lead nowhere"
+    said=$(tr -s '[:space:]' ' ' <<<"$said") # CMake breaks lines at blanks
     [[ $said == *"$variable names no library"*"$work/none.so"* ]] || fail "$said"
 done
 
