@@ -14,10 +14,10 @@ namespace KelDriver::Internal {
 /// A text with all that its outline depends on.
 struct TextShape {
     std::wstring text;
-    tagLOGFONTW font;     ///< never underlined or struck out
-    int32_t width = 0;    ///< that the text is fitted to, in pixels of the primary screen; below 1: it is not
-    int measured = 0;     ///< how many of its characters are to have that width
-    int dotsPerInch = 96; ///< of the primary screen
+    tagLOGFONTW font; ///< never underlined or struck out
+    int32_t width;    ///< that the text is fitted to, in pixels of the primary screen; below 1: it is not
+    int measured;     ///< how many of its characters are to have that width
+    int dotsPerInch;  ///< of the primary screen
 };
 
 /// The font that the text is drawn in, as large as its width asks for.

@@ -28,8 +28,8 @@ struct LineEnd {
 
 /// What finds its place between the extension lines.
 struct Fitting {
-    bool text = true;
-    bool heads = true;
+    bool text;
+    bool heads;
 };
 
 /// A dimension that is being drawn.
