@@ -24,7 +24,7 @@ def main():
     for entry in files:
         counts = [entry[key] for key in ("line_covered", "line_total", "branch_covered", "branch_total")]
         top = PurePath(entry["filename"]).parts[0]
-        for folder in {folder_of(entry["filename"]), f"**{top}**"}:
+        for folder in {folder_of(entry["filename"]), f"**{top}**"} - {top}:  # no row of its own for a tree's top
             sums[folder] = [a + b for a, b in zip(sums[folder], counts)]
     print("| folder | lines | lines (%) | branches | branches (%) |\n|---|---:|---:|---:|---:|")
     for folder, (lines, all_lines, branches, all_branches) in sorted(sums.items(), key=lambda x: x[0].strip("*")):
