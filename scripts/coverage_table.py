@@ -8,7 +8,7 @@ from pathlib import PurePath
 
 
 def folder_of(name):
-    """The folder that a row stands for: the rooms of src, and the first level of everything else."""
+    """The folder that a row stands for: the rooms of src, host and kelplot, and the first level of everything else."""
     parts = PurePath(name).parts[:-1]
     return "/".join(parts[:2] if parts[0] in ("src", "host", "kelplot") else parts[:1])
 

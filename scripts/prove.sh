@@ -95,10 +95,11 @@ abi() {
 check=$1
 shift
 case $check in
-coverage | valgrind | threads | abi) [ $# -eq 0 ] || usage ;;
-esac
-case $check in
-coverage | mutation | fuzz | soak | threads | abi) "$check" "$@" ;;
-valgrind) valgrind_tests ;;
+mutation | fuzz | soak) "$check" "$@" ;;
+coverage | valgrind | threads | abi)
+    [ $# -eq 0 ] || usage
+    [ "$check" != valgrind ] || check=valgrind_tests
+    "$check"
+    ;;
 *) usage ;;
 esac
